@@ -1,0 +1,36 @@
+# Compile options and target helpers shared by all folders.
+
+add_library(zq_options INTERFACE)
+target_compile_options(zq_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wcast-qual
+  -Wcast-align -Wformat=2 -Wmissing-declarations -Wundef -Wextra-semi -Wdouble-promotion
+  -Wnull-dereference -Wnon-virtual-dtor -Woverloaded-virtual
+  $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override>
+  $<$<BOOL:${ZQ_WARNINGS_AS_ERRORS}>:-Werror>)
+if(ZQ_SANITIZE)
+  add_compile_options(-fsanitize=${ZQ_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${ZQ_SANITIZE})
+else()
+  # clang leaves the sanitizer runtime undefined in shared objects, so only plain builds check this.
+  target_link_options(zq_options INTERFACE
+    $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,SHARED_LIBRARY>:-Wl,--no-undefined>)
+endif()
+
+# The feature browser links either the real camera side and widget or the tests' doubles of both.
+# CMake refuses a target that mixes them; the linker would silently take whichever comes first.
+function(zq_collaborators target kind)
+  set_property(TARGET ${target} PROPERTY INTERFACE_ZQ_COLLABORATORS ${kind})
+  set_property(TARGET ${target} APPEND PROPERTY COMPATIBLE_INTERFACE_STRING ZQ_COLLABORATORS)
+endfunction()
+
+# A public shared library: versioned, installed and exported as ZQ::<name>.
+function(zq_add_library name)
+  add_library(${name} SHARED ${ARGN})
+  add_library(ZQ::${name} ALIAS ${name})
+  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR})
+  target_compile_features(${name} PUBLIC cxx_std_17)
+  target_link_libraries(${name} PUBLIC ZQ::Contract PRIVATE $<BUILD_INTERFACE:zq_options>)
+  zq_collaborators(${name} real)
+  set_property(GLOBAL APPEND PROPERTY ZQ_LIBRARIES ${name})
+endfunction()

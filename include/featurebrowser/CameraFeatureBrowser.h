@@ -1,0 +1,122 @@
+#pragma once
+
+#include "Export.h"
+#include "FeatureItem.h"
+#include "FeatureTypes.h"
+#include "IEventFeatureReceiver.h"
+
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+class QWidget;
+
+namespace featurebrowser {
+
+/// The tree of features with its editors and description pane. It knows nothing of cameras: it
+/// shows what it is told and reports every user action to the receiver given when it was shown.
+///
+/// Needs a QApplication; all calls on its thread. Names are byte-exact keys; texts are UTF-8 and
+/// shown as plain text. Unknown categories and names are tolerated: a feature of an unknown
+/// category stands at the top level, changes of unknown features do nothing.
+///
+/// A change made through these operations never comes back as an event.
+///
+/// For automation, GetWidget() contains a QTreeView with the object name "featureTree". Its model
+/// names its roles (QAbstractItemModel::roleNames): "name" (QByteArray), "kind" (category, integer,
+/// float, string, enumeration, command, boolean, ipv4, mac, readonly-string), "value" (the shown
+/// text), "minimum", "maximum", "increment", "entries" (QStringList), "readOnly" (bool), "level"
+/// (int), "state" (int, FEATURE_STATE), "description" (last text of setItemDescription).
+class ZQ_EXPORT CameraFeatureBrowser {
+public:
+    /// `parent` may be null. The widget is not shown yet.
+    explicit CameraFeatureBrowser(QWidget* parent);
+    CameraFeatureBrowser(const CameraFeatureBrowser&) = delete;
+    CameraFeatureBrowser& operator=(const CameraFeatureBrowser&) = delete;
+    /// Deletes the window, also when an application has embedded it.
+    ~CameraFeatureBrowser();
+
+    void addCategory(std::string name, TYPE_LEVEL level);
+    void addSubCategory(std::string parent, std::string name, TYPE_LEVEL level);
+    /// In all add operations: `readOnly` blocks editing; `flag` says that there is a value to show;
+    /// `selectorText` names the features that select this one, comma separated.
+    void addIntFeature(std::string category, std::string name, long value, long min, long max,
+        unsigned int inc, TYPE_LEVEL level, bool readOnly, bool flag, TYPE_SELECTOR selector,
+        std::string selectorText);
+    void addDoubleFeature(std::string category, std::string name, double value, double min,
+        double max, double inc, TYPE_LEVEL level, TYPE_SLIDER slider, bool readOnly, bool flag,
+        TYPE_SELECTOR selector, std::string selectorText);
+    /// `maxLength` in bytes of UTF-8, 0 = no limit known.
+    void addStringFeature(std::string category, std::string name, std::string value,
+        TYPE_LEVEL level, unsigned int maxLength, bool readOnly, bool flag, TYPE_ADDRESS address,
+        TYPE_SELECTOR selector, std::string selectorText);
+    /// `index` counts from 0 in `entries`; one outside of it shows no entry.
+    void addEnumFeature(std::string category, std::string name, int index,
+        std::list<std::string> entries, TYPE_LEVEL level, bool readOnly, bool isBoolean, bool flag,
+        TYPE_SELECTOR selector, std::string selectorText);
+    /// `text` is the caption of the button.
+    void addCommandFeature(std::string category, std::string name, std::string text,
+        TYPE_LEVEL level, bool readOnly, bool flag, TYPE_SELECTOR selector,
+        std::string selectorText);
+
+    void modifyFeature(std::string name, long value, long min, long max, unsigned int inc,
+        bool readOnly, bool flag);
+    void modifyFeature(std::string name, double value, double min, double max, double inc,
+        bool readOnly, bool flag);
+    /// Enumerations and booleans: `value` is the decimal index of the entry in `entries`.
+    void modifyFeature(std::string name, std::string value, CAM_TYPE_VALUE kind,
+        std::list<std::string> entries, bool readOnly, bool flag);
+
+    /// Sets the shown value back after the camera refused or moved an edit and shows `message` at
+    /// the row, without blocking.
+    void setDefaultValue(std::string name, long value, std::string message);
+    void setDefaultValue(std::string name, double value, std::string message);
+
+    /// Shows `text` in the description pane.
+    void setItemDescription(std::string name, std::string text);
+    /// Shows which features are locked, not available or unread; names not in the map are
+    /// available.
+    void modifyFeatureStates(std::map<std::string, FEATURE_STATE>& states);
+
+    /// Number of steps of the sliders over their whole range.
+    void setNumberOfSteps(int steps);
+    /// Shows features of this level and below.
+    void setVisibility(TYPE_LEVEL level);
+
+    /// Shows the browser as a non-modal dialog. `receiver` hears all user actions until another one
+    /// is given; it is not owned and may be null. `width` and `height` in device-independent
+    /// pixels and `columns` (column widths); 0, negative or empty leave the widget's own choice.
+    void showDialog(IEventFeatureReceiver* receiver, int width, int height,
+        std::vector<int> columns, std::map<std::string, FEATURE_STATE> states);
+    /// As showDialog, as a window of its own with an entry in the task bar.
+    void showStandalone(IEventFeatureReceiver* receiver, int width, int height,
+        std::vector<int> columns, std::map<std::string, FEATURE_STATE> states);
+    /// Shows the browser again and brings it to the front.
+    void showDialog();
+    void hideDialog();
+    /// Closes the window; the receiver hears FeatureCloseDialog.
+    void closeDialog();
+    bool isVisible();
+    /// The browser's window, for embedding; owned by this object.
+    QWidget* GetWidget();
+    /// Removes all categories and features.
+    void clearFeatureItems();
+
+private:
+    class Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+/// Selector role of a record: whether it selects others, is selected, both or neither.
+ZQ_EXPORT TYPE_SELECTOR getSelectorState(FeatureItem* item);
+
+/// MAC address text of the low 48 bits: six upper-case hex pairs with colons, most significant
+/// first.
+ZQ_EXPORT std::string convertToMACAddress(long address);
+
+/// The fewest decimals (0 to 15) that show `value` to 9 significant digits without trailing zeros.
+ZQ_EXPORT int getNumberOfDecimals(double value);
+
+} // namespace featurebrowser

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Export.h"
+#include "ICameraDevice.h"
+
+#include <memory>
+
+namespace zqcameralib {
+class ZQCamera;
+class ZQDiscovery;
+} // namespace zqcameralib
+
+namespace featurebrowser {
+
+class ZQCameraRepository;
+
+/// A camera as the feature browser drives it: ICameraDevice over an open zqcameralib::ZQCamera,
+/// with the repository of its features.
+class ZQ_EXPORT ZQCameraDevice : public ICameraDevice {
+public:
+    /// Neither pointer is owned; `camera` has to outlive the device. `discovery` may be null and
+    /// is only used to find the camera again after it was lost.
+    ZQCameraDevice(zqcameralib::ZQCamera* camera, zqcameralib::ZQDiscovery* discovery);
+    ~ZQCameraDevice() override;
+
+    /// The camera's features; owned by the device, empty until ZQCameraRepository::Load.
+    ZQCameraRepository* GetRepository();
+
+    int SetIntegerValue(const char* name, long value, int flag) override;
+    int GetIntegerValue(const char* name, long* value) override;
+    int SetFloatValue(const char* name, double value) override;
+    int GetFloatValue(const char* name, double* value) override;
+    int SetStringValue(const char* name, const char* value) override;
+    int SetEnumValue(const char* name, const char* entry, int index) override;
+    int SetBooleanValue(const char* name, int value) override;
+    int GetBooleanValue(const char* name, bool* value) override;
+    int ExecuteCommand(const char* name, int flag) override;
+    void GetErrorText(int code, char* errorName, char* errorText) override;
+    int GetLastError() override;
+    int IsGrabbing() override;
+
+private:
+    class Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+} // namespace featurebrowser

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Export.h"
+#include "FeatureItem.h"
+#include "FeatureTypes.h"
+
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace featurebrowser {
+
+/// The features of one camera: what exists, in which order, with which value and in which state.
+///
+/// Owned by the ZQCameraDevice that hands it out. Lists the features under the camera's root
+/// category that the camera implements and that are not Invisible; one that is not available at
+/// the moment is listed and says so in its record and state. One thread at a time; nothing throws.
+class ZQ_EXPORT ZQCameraRepository {
+public:
+    class Impl;
+
+    /// Made by ZQCameraDevice, which keeps `impl`'s camera alive.
+    explicit ZQCameraRepository(std::unique_ptr<Impl> impl);
+    ZQCameraRepository(const ZQCameraRepository&) = delete;
+    ZQCameraRepository& operator=(const ZQCameraRepository&) = delete;
+    virtual ~ZQCameraRepository();
+
+    /// Whether Load has read the feature list and Clear has not emptied it since.
+    bool isLoaded();
+
+    /// Reads the feature list with all values and states from the camera. Returns 0, or a device
+    /// error code when the camera cannot be read; the repository is then not loaded.
+    virtual int Load();
+    /// Forgets all records and states.
+    virtual void Clear();
+    /// Recomputes the states of all features; returns 0 or a device error code.
+    virtual int UpdateFeatureStates();
+    /// The record of that name, null when there is none. Constant time.
+    virtual std::shared_ptr<FeatureItem> GetFeature(std::string name);
+    /// Brings a record up to date from the camera: value, limits, access, entries, state. On false
+    /// some access failed; the record keeps its value and its state becomes FEATURE_READ_FAILED.
+    virtual bool ReadFeature(const std::shared_ptr<FeatureItem>& item);
+    /// Every feature that can have changed when the named one changed or ran, directly or through
+    /// others, each once, in tree order, without the named feature itself. A command that changes
+    /// the whole camera lists a record named "Device", which stands for all features.
+    virtual std::list<std::shared_ptr<FeatureItem>> GetInvalidatedFeatures(std::string name);
+    /// Every feature that the named selector selects or that can change with it, each once, in
+    /// tree order.
+    virtual std::list<std::shared_ptr<FeatureItem>> GetSelectedFeatures(std::string name);
+    /// All records in tree order: a category stands before its members and sub-categories; each
+    /// name once. Valid until the next Load or Clear.
+    virtual std::list<std::shared_ptr<FeatureItem>>& GetFeatureList();
+    /// State by feature name, as of the last Load, ReadFeature or UpdateFeatureStates. Valid as
+    /// long as the repository.
+    virtual std::map<std::string, FEATURE_STATE>& GetFeatureStates();
+
+private:
+    std::unique_ptr<Impl> m_impl;
+};
+
+} // namespace featurebrowser
