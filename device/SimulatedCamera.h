@@ -1,0 +1,19 @@
+#pragma once
+
+#include "CameraBehaviour.h"
+
+#include <memory>
+#include <string_view>
+
+namespace zqcameralib {
+
+/// GenICam description (XML) of the built-in simulated area-scan camera. All its registers lie
+/// below 64 KB and those that Aravis' fake camera obeys stand at that camera's addresses, so that
+/// the description can be served over GigE Vision as well.
+std::string_view simulatedCameraDescription();
+
+/// What the simulated camera does in process: power-up values, commands, user sets, values that
+/// follow others, and readings that change by themselves.
+std::unique_ptr<CameraBehaviour> makeSimulatedCameraBehaviour();
+
+} // namespace zqcameralib
