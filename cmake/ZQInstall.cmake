@@ -1,0 +1,23 @@
+# cmake --install: headers, libraries, CMake package ZQFeatureBrowser and a pkg-config file each.
+include(CMakePackageConfigHelpers)
+
+get_property(libraries GLOBAL PROPERTY ZQ_LIBRARIES)
+install(TARGETS Contract ${libraries} EXPORT ZQFeatureBrowserTargets FILE_SET HEADERS)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ZQFeatureBrowser)
+install(EXPORT ZQFeatureBrowserTargets NAMESPACE ZQ:: DESTINATION ${package_dir}
+  FILE ZQFeatureBrowserConfig.cmake)
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/ZQFeatureBrowserConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/ZQFeatureBrowserConfigVersion.cmake DESTINATION ${package_dir})
+
+# The .pc files name their prefix by where they lie, so that the installed tree can be moved.
+file(RELATIVE_PATH pc_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+function(zq_install_pc name description requires)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/library.pc.in ${CMAKE_BINARY_DIR}/${name}.pc @ONLY)
+  install(FILES ${CMAKE_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endfunction()
+zq_install_pc(ZQDeviceManager "Camera side: GenICam features over Aravis" "")
+zq_install_pc(ZQFeatureBrowserWidget "Qt widget that shows and edits camera features" "")
+zq_install_pc(ZQFeatureBrowser "Ready-made browser for the features of a camera"
+  "ZQDeviceManager ZQFeatureBrowserWidget")

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "featurebrowser/FeatureTypes.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace zqviewer {
+
+/// What the user asked for on the command line.
+struct CommandLine {
+    QString description; ///< GenICam description to simulate; empty = the built-in camera
+    featurebrowser::TYPE_LEVEL level = featurebrowser::LEVEL_GURU;
+    bool dump = false; ///< print the tree as JSON and exit
+    bool print = false; ///< print the tree as readable text and exit
+    QString screenshot; ///< write a picture of the window to this file and exit; empty = do not
+
+    bool needsNoWindow() const { return dump || print || !screenshot.isEmpty(); }
+};
+
+/// Reads the arguments (the first is the program's name). Ends the program itself for --help and
+/// --version; on bad arguments returns false and sets `error` to one line.
+bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString& error);
+
+} // namespace zqviewer

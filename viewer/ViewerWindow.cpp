@@ -1,0 +1,152 @@
+#include "ViewerWindow.h"
+
+#include "featurebrowser/ZQCamera.h"
+#include "featurebrowser/ZQCameraRepository.h"
+
+#include <QLabel>
+#include <QStatusBar>
+#include <QStyle>
+#include <QTimer>
+#include <QTreeView>
+
+#include <algorithm>
+#include <array>
+
+using namespace featurebrowser;
+
+namespace zqviewer {
+namespace {
+
+QString errorText(ICameraDevice& device, int code)
+{
+    std::array<char, errorTextSize> name {};
+    std::array<char, errorTextSize> text {};
+    device.GetErrorText(code, name.data(), text.data());
+    return QString::fromUtf8(text.data());
+}
+
+auto featureCount(ZQCameraRepository& repository)
+{
+    const auto& items = repository.GetFeatureList();
+    return std::count_if(items.cbegin(), items.cend(),
+        [](const auto& item) { return item->type != FEATURE_CATEGORY; });
+}
+
+QString title(const zqcameralib::ZQCamera& camera)
+{
+    return QStringLiteral("%1 %2").arg(
+        QString::fromStdString(camera.vendor()), QString::fromStdString(camera.model()));
+}
+
+} // namespace
+
+ViewerWindow::ViewerWindow(zqcameralib::ZQCamera& camera, TYPE_LEVEL level, QString& error)
+    : m_device(&camera, nullptr)
+    , m_browser(&m_device, this)
+    , m_message(new QLabel(this))
+{
+    setWindowTitle(title(camera).trimmed());
+    m_message->setTextFormat(Qt::PlainText);
+    m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    statusBar()->addWidget(m_message, 1);
+    setCentralWidget(m_browser.GetWidget());
+
+    const int status = m_device.GetRepository()->Load();
+    if (status != 0 || m_browser.LoadFeatureBrowser() != 0) {
+        error = tr("The camera's features cannot be read: %1").arg(errorText(m_device, status));
+        return;
+    }
+    m_browser.ShowStandalone(0, 0, {}, level);
+    resize(760, 860);
+    showMessage(true, tr("%1 features read.").arg(featureCount(*m_device.GetRepository())));
+}
+
+ViewerWindow::~ViewerWindow()
+{
+    // The browser owns its widget: hand it back before the window deletes its children.
+    takeCentralWidget();
+}
+
+QTreeView* ViewerWindow::tree() const
+{
+    return findChild<QTreeView*>(QStringLiteral("featureTree"));
+}
+
+void ViewerWindow::showMessage(bool good, const QString& text)
+{
+    m_message->setText(good ? text : QStringLiteral("\u26A0 ") + text);
+    m_message->setToolTip(text.toHtmlEscaped());
+    m_message->setAccessibleName(text);
+}
+
+void ViewerWindow::showWritten(const std::string& name, const QString& value)
+{
+    showMessage(true, QStringLiteral("%1 = %2").arg(QString::fromStdString(name), value));
+}
+
+void ViewerWindow::run(const std::string& command)
+{
+    const int status = m_device.ExecuteCommand(command.c_str(), 1);
+    SendError(status,
+        status == 0 ? "Executed Command [" + command + "]"
+                    : errorText(m_device, status).toStdString());
+}
+
+void ViewerWindow::FeatureIntModified(std::string name, long value)
+{
+    showWritten(name, QString::number(value));
+}
+
+void ViewerWindow::FeatureEnumModified(std::string name, std::string entry, int)
+{
+    showWritten(name, QString::fromStdString(entry));
+}
+
+void ViewerWindow::FeatureBoolModified(std::string name, int value)
+{
+    showWritten(name, value != 0 ? tr("true") : tr("false"));
+}
+
+void ViewerWindow::FeatureStringModified(std::string name, std::string value)
+{
+    showWritten(name, QString::fromStdString(value));
+}
+
+void ViewerWindow::FeatureIPModified(std::string name, const std::string& text)
+{
+    showWritten(name, QString::fromStdString(text));
+}
+
+void ViewerWindow::FeatureDoubleModified(std::string name, double value)
+{
+    showWritten(name, QLocale::c().toString(value, 'g', QLocale::FloatingPointShortest));
+}
+
+void ViewerWindow::FeatureExecCommand(std::string name)
+{
+    run(name);
+    if (name == "DeviceReset") {
+        // The browser refreshes nothing after a reset: read the camera anew once this event is
+        // over.
+        QTimer::singleShot(0, this, [this] { m_browser.ReloadFeatureBrowser(); });
+    }
+    m_device.GetRepository()->UpdateFeatureStates();
+    m_browser.RefreshStates();
+}
+
+void ViewerWindow::ItemSelectionChanged(std::string) { }
+
+void ViewerWindow::ItemColumnResized(int, int) { }
+
+void ViewerWindow::FeatureCloseDialog(int, int, TYPE_LEVEL) { }
+
+void ViewerWindow::SendError(int code, std::string text)
+{
+    showMessage(code == 0, QString::fromStdString(text));
+}
+
+void ViewerWindow::FeatureLevelChanged(TYPE_LEVEL) { }
+
+void ViewerWindow::AllConfigChanged() { }
+
+} // namespace zqviewer
