@@ -1,0 +1,66 @@
+#include "DescriptionPane.h"
+
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
+
+namespace featurebrowser {
+
+namespace {
+
+// Descriptions come with line ends of several systems and blanks before them.
+QString tidyLines(QString text)
+{
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    QString tidy;
+    const auto lines = text.split(QLatin1Char('\n'));
+    for (const QString& line : lines) {
+        qsizetype end = line.size();
+        while (end > 0 && line.at(static_cast<int>(end) - 1).isSpace())
+            --end;
+        tidy += line.left(static_cast<int>(end)) + QLatin1Char('\n');
+    }
+    return tidy.trimmed();
+}
+
+} // namespace
+
+DescriptionPane::DescriptionPane(QWidget* parent)
+    : QWidget(parent)
+    , m_title(new QLabel(this))
+    , m_text(new QPlainTextEdit(this))
+{
+    setObjectName(QStringLiteral("descriptionPane"));
+    m_title->setTextFormat(Qt::PlainText);
+    m_title->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    QFont bold = m_title->font();
+    bold.setBold(true);
+    m_title->setFont(bold);
+    m_title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_text->setObjectName(QStringLiteral("descriptionText"));
+    m_text->setAccessibleName(tr("Description"));
+    m_text->setReadOnly(true);
+    m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_text->setTabChangesFocus(true);
+    m_text->setPlaceholderText(tr("Select a feature to read about it here"));
+    m_text->setMinimumHeight(fontMetrics().lineSpacing() * 3);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 4, 0, 0);
+    layout->addWidget(m_title);
+    layout->addWidget(m_text);
+    showRow(nullptr);
+}
+
+void DescriptionPane::showRow(const FeatureRow* row)
+{
+    m_title->setText(row != nullptr ? toText(row->name) : QString());
+    m_title->setVisible(row != nullptr);
+    const QString text
+        = row != nullptr && row->extras ? tidyLines(toText(row->extras->description)) : QString();
+    if (text != m_text->toPlainText())
+        m_text->setPlainText(text);
+}
+
+} // namespace featurebrowser

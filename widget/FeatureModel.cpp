@@ -1,0 +1,260 @@
+#include "FeatureModel.h"
+
+#include "RowRoles.h"
+#include "UnitText.h"
+
+#include <utility>
+
+namespace featurebrowser {
+
+namespace {
+
+bool same(const IntegerValue& a, const IntegerValue& b)
+{
+    return a.value == b.value;
+}
+bool sameLimits(const IntegerValue& a, const IntegerValue& b)
+{
+    return a.minimum == b.minimum && a.maximum == b.maximum && a.increment == b.increment;
+}
+// Byte-wise: a NaN that stays a NaN has not changed.
+bool sameBits(double a, double b)
+{
+    return a == b || (a != a && b != b);
+}
+bool same(const FloatValue& a, const FloatValue& b)
+{
+    return sameBits(a.value, b.value);
+}
+bool sameLimits(const FloatValue& a, const FloatValue& b)
+{
+    return sameBits(a.minimum, b.minimum) && sameBits(a.maximum, b.maximum)
+        && sameBits(a.increment, b.increment);
+}
+bool same(const TextValue& a, const TextValue& b)
+{
+    return a.text == b.text;
+}
+bool sameLimits(const TextValue& a, const TextValue& b)
+{
+    return a.maxLength == b.maxLength;
+}
+bool same(const ChoiceValue& a, const ChoiceValue& b)
+{
+    return a.index == b.index;
+}
+bool sameLimits(const ChoiceValue& a, const ChoiceValue& b)
+{
+    return a.entries == b.entries;
+}
+
+} // namespace
+
+FeatureModel::~FeatureModel() = default;
+
+FeatureRow* FeatureModel::find(std::string_view name) const
+{
+    const auto found = m_byName.find(name);
+    return found == m_byName.end() ? nullptr : found->second;
+}
+
+FeatureRow* FeatureModel::row(const QModelIndex& index)
+{
+    return static_cast<FeatureRow*>(index.internalPointer());
+}
+
+QModelIndex FeatureModel::indexOf(const FeatureRow* row, int column) const
+{
+    if (row == nullptr || row == &m_root)
+        return {};
+    return createIndex(row->position, column, const_cast<FeatureRow*>(row));
+}
+
+void FeatureModel::addCategory(const std::string& parent, const std::string& name, TYPE_LEVEL level)
+{
+    if (find(name) != nullptr)
+        return;
+    auto row = std::make_unique<FeatureRow>();
+    row->name = name;
+    row->level = static_cast<std::uint8_t>(level);
+    insert(parent, std::move(row));
+}
+
+void FeatureModel::addFeature(const std::string& category, std::unique_ptr<FeatureRow> feature)
+{
+    FeatureRow* known = find(feature->name);
+    if (known == nullptr) {
+        insert(category, std::move(feature));
+    } else if (!known->isCategory()) {
+        known->value = std::move(feature->value);
+        known->kind = feature->kind;
+        known->level = feature->level;
+        known->readOnly = feature->readOnly;
+        known->hasValue = feature->hasValue;
+        touch(*known);
+    }
+}
+
+FeatureRow* FeatureModel::insert(const std::string& category, std::unique_ptr<FeatureRow> row)
+{
+    FeatureRow* parent = find(category);
+    if (parent == nullptr || !parent->isCategory())
+        parent = &m_root;
+    row->parent = parent;
+    row->position = static_cast<int>(parent->children.size());
+    FeatureRow* added = row.get();
+    beginInsertRows(indexOf(parent), added->position, added->position);
+    parent->children.push_back(std::move(row));
+    m_byName.emplace(added->name, added);
+    endInsertRows();
+    return added;
+}
+
+void FeatureModel::clear()
+{
+    beginResetModel();
+    m_byName.clear();
+    m_root.children.clear();
+    endResetModel();
+}
+
+template <typename V>
+int FeatureModel::setValue(FeatureRow& row, V value, bool readOnly, bool hasValue)
+{
+    V* current = std::get_if<V>(&row.value);
+    if (current == nullptr)
+        return Nothing; // a value of another kind than the row was added with
+    const bool shown = row.hasValue || hasValue;
+    const int changes = (row.readOnly != readOnly ? Flags : Nothing)
+        | (row.hasValue != hasValue || (shown && !same(*current, value)) ? Value : Nothing)
+        | (!sameLimits(*current, value) ? Limits : Nothing);
+    *current = std::move(value);
+    row.readOnly = readOnly;
+    row.hasValue = hasValue;
+    if (changes != Nothing)
+        touch(row);
+    return changes;
+}
+
+int FeatureModel::setInteger(
+    FeatureRow& row, const IntegerValue& value, bool readOnly, bool hasValue)
+{
+    return setValue(row, value, readOnly, hasValue);
+}
+
+int FeatureModel::setFloat(FeatureRow& row, const FloatValue& value, bool readOnly, bool hasValue)
+{
+    return setValue(row, value, readOnly, hasValue);
+}
+
+int FeatureModel::setText(FeatureRow& row, std::string text, bool readOnly, bool hasValue)
+{
+    const auto* current = std::get_if<TextValue>(&row.value);
+    const unsigned int maxLength = current != nullptr ? current->maxLength : 0;
+    return setValue(row, TextValue { std::move(text), maxLength }, readOnly, hasValue);
+}
+
+int FeatureModel::setChoice(FeatureRow& row, ChoiceValue value, bool readOnly, bool hasValue)
+{
+    return setValue(row, std::move(value), readOnly, hasValue);
+}
+
+void FeatureModel::setKind(FeatureRow& row, RowKind kind)
+{
+    row.kind = kind;
+}
+
+void FeatureModel::setDescription(FeatureRow& row, std::string text)
+{
+    RowExtras& extras = row.more();
+    extras.unit = unitFromDescription(toText(text));
+    extras.description = std::move(text);
+    touch(row);
+}
+
+void FeatureModel::setMessage(FeatureRow& row, const QString& message)
+{
+    if (message.isEmpty() && !row.extras)
+        return;
+    if (std::exchange(row.more().message, message) != message)
+        touch(row);
+}
+
+void FeatureModel::setStates(const std::map<std::string, FEATURE_STATE>& states)
+{
+    for (const auto& [name, row] : m_byName) {
+        const auto found = states.find(row->name);
+        const int state = found == states.end() ? FEATURE_AVAILABLE : found->second;
+        if (std::exchange(row->state, static_cast<std::uint8_t>(state)) != state)
+            touch(*row);
+    }
+}
+
+void FeatureModel::touch(const FeatureRow& row)
+{
+    Q_EMIT dataChanged(indexOf(&row, NameColumn), indexOf(&row, ValueColumn));
+}
+
+QModelIndex FeatureModel::index(int position, int column, const QModelIndex& parent) const
+{
+    const FeatureRow& above = parent.isValid() ? *row(parent) : m_root;
+    if (position < 0 || static_cast<std::size_t>(position) >= above.children.size() || column < 0
+        || column >= ColumnCount || (parent.isValid() && parent.column() != NameColumn))
+        return {};
+    return createIndex(position, column, above.children[static_cast<std::size_t>(position)].get());
+}
+
+QModelIndex FeatureModel::parent(const QModelIndex& index) const
+{
+    return index.isValid() ? indexOf(row(index)->parent) : QModelIndex();
+}
+
+int FeatureModel::rowCount(const QModelIndex& parent) const
+{
+    if (!parent.isValid())
+        return static_cast<int>(m_root.children.size());
+    return parent.column() == NameColumn ? static_cast<int>(row(parent)->children.size()) : 0;
+}
+
+int FeatureModel::columnCount(const QModelIndex&) const
+{
+    return ColumnCount;
+}
+
+QVariant FeatureModel::data(const QModelIndex& index, int role) const
+{
+    return index.isValid() ? rowData(*row(index), index.column(), role) : QVariant();
+}
+
+QVariant FeatureModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    return section == NameColumn ? tr("Feature") : tr("Value");
+}
+
+Qt::ItemFlags FeatureModel::flags(const QModelIndex& index) const
+{
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    const FeatureRow& feature = *row(index);
+    if (!feature.isCategory())
+        flags |= Qt::ItemNeverHasChildren;
+    if (index.column() == ValueColumn && feature.isEditable())
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+QHash<int, QByteArray> FeatureModel::roleNames() const
+{
+    QHash<int, QByteArray> names = QAbstractItemModel::roleNames();
+    names.insert({ { NameRole, "name" }, { KindRole, "kind" }, { ValueRole, "value" },
+        { MinimumRole, "minimum" }, { MaximumRole, "maximum" }, { IncrementRole, "increment" },
+        { EntriesRole, "entries" }, { ReadOnlyRole, "readOnly" }, { LevelRole, "level" },
+        { StateRole, "state" }, { DescriptionRole, "description" },
+        { SelectorsRole, "selectors" } });
+    return names;
+}
+
+} // namespace featurebrowser

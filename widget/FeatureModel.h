@@ -1,0 +1,85 @@
+#pragma once
+
+#include "FeatureRow.h"
+
+#include <QAbstractItemModel>
+
+#include <list>
+#include <map>
+#include <string_view>
+#include <unordered_map>
+
+namespace featurebrowser {
+
+/// The tree of categories and features. Rows are found by their byte-exact names in constant time,
+/// so that one update costs the same in a tree of 100,000 features as in a small one.
+class FeatureModel : public QAbstractItemModel {
+    Q_OBJECT
+
+public:
+    enum Column { NameColumn, ValueColumn, ColumnCount };
+    enum Role {
+        NameRole = Qt::UserRole + 1, ///< QByteArray
+        KindRole, ///< QString
+        ValueRole, ///< QString, as shown
+        MinimumRole, ///< qlonglong or double; invalid for other kinds, as the next one
+        MaximumRole,
+        IncrementRole, ///< uint or double
+        EntriesRole, ///< QStringList
+        ReadOnlyRole, ///< bool
+        LevelRole, ///< int
+        StateRole, ///< int, FEATURE_STATE
+        DescriptionRole, ///< QString
+        SelectorsRole ///< QString, names of the features that select this one
+    };
+    /// What an update did to a row.
+    enum Change { Nothing, Flags = 1, Value = 2, Limits = 4 };
+
+    using QAbstractItemModel::QAbstractItemModel;
+    ~FeatureModel() override;
+
+    /// Null when the name is unknown.
+    FeatureRow* find(std::string_view name) const;
+    FeatureRow& root() { return m_root; }
+    int rowCountTotal() const { return static_cast<int>(m_byName.size()); }
+    static FeatureRow* row(const QModelIndex& index);
+    QModelIndex indexOf(const FeatureRow* row, int column = NameColumn) const;
+
+    /// The category of that name, new at the end of `parent` when there is none yet. An unknown
+    /// parent, as the empty one, is the top level.
+    void addCategory(const std::string& parent, const std::string& name, TYPE_LEVEL level);
+    /// Adds a feature, or changes the one that has its name already.
+    void addFeature(const std::string& category, std::unique_ptr<FeatureRow> feature);
+    void clear();
+
+    /// The change operations tell the view and return what they changed. Outside of them nobody
+    /// changes values.
+    int setInteger(FeatureRow& row, const IntegerValue& value, bool readOnly, bool hasValue);
+    int setFloat(FeatureRow& row, const FloatValue& value, bool readOnly, bool hasValue);
+    int setText(FeatureRow& row, std::string text, bool readOnly, bool hasValue);
+    int setChoice(FeatureRow& row, ChoiceValue value, bool readOnly, bool hasValue);
+    void setKind(FeatureRow& row, RowKind kind);
+    void setDescription(FeatureRow& row, std::string text);
+    void setMessage(FeatureRow& row, const QString& message);
+    void setStates(const std::map<std::string, FEATURE_STATE>& states);
+    /// Asks for a new picture of the row.
+    void touch(const FeatureRow& row);
+
+    QModelIndex index(int position, int column, const QModelIndex& parent = {}) const override;
+    QModelIndex parent(const QModelIndex& index) const override;
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+private:
+    FeatureRow* insert(const std::string& category, std::unique_ptr<FeatureRow> row);
+    template <typename V> int setValue(FeatureRow& row, V value, bool readOnly, bool hasValue);
+
+    FeatureRow m_root;
+    std::unordered_map<std::string_view, FeatureRow*> m_byName; ///< keys are the rows' names
+};
+
+} // namespace featurebrowser

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "featurebrowser/FeatureTypes.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace featurebrowser {
+
+enum class RowKind : std::uint8_t {
+    Category,
+    Integer,
+    Float,
+    Text,
+    Enumeration,
+    Command,
+    Boolean,
+    Ipv4,
+    Mac,
+    ReadOnlyText
+};
+
+struct IntegerValue {
+    qint64 value = 0;
+    qint64 minimum = 0;
+    qint64 maximum = 0;
+    quint32 increment = 0; ///< 0 = no grid
+};
+
+struct FloatValue {
+    double value = 0;
+    double minimum = 0;
+    double maximum = 0;
+    double increment = 0; ///< 0 = no grid
+};
+
+/// Texts, addresses and the captions of commands. UTF-8.
+struct TextValue {
+    std::string text;
+    unsigned int maxLength = 0; ///< bytes, 0 = not known
+};
+
+/// Enumerations and booleans. `index` outside of `entries`: no entry is chosen.
+struct ChoiceValue {
+    int index = -1;
+    std::vector<std::string> entries;
+};
+
+/// What only few rows have, kept out of the row so that large trees stay small.
+struct RowExtras {
+    std::string selectors; ///< names of the features that select this one, comma separated
+    std::string description;
+    QString unit; ///< as the description names it
+    QString message; ///< why the last edit did not go as the user wanted; empty = it did
+};
+
+/// One line of the tree: a category or a feature. Lives until the tree is cleared, always at the
+/// same address; `position` is its place among its parent's children.
+struct FeatureRow {
+    std::string name; ///< byte-exact key, not necessarily valid UTF-8
+    std::variant<std::monostate, IntegerValue, FloatValue, TextValue, ChoiceValue> value;
+    FeatureRow* parent = nullptr;
+    std::vector<std::unique_ptr<FeatureRow>> children;
+    std::unique_ptr<RowExtras> extras;
+    int position = 0;
+    RowKind kind = RowKind::Category;
+    std::uint8_t level = LEVEL_BEGINNER;
+    std::uint8_t state = FEATURE_AVAILABLE;
+    std::uint8_t selector = SELECTOR_NONE;
+    bool readOnly = false;
+    bool hasValue = true;
+    bool logarithmic = false;
+    bool hidden = false; ///< by level or filter, as told to the view
+
+    bool isCategory() const { return kind == RowKind::Category; }
+    bool isEditable() const { return !isCategory() && !readOnly && kind != RowKind::Mac; }
+    RowExtras& more()
+    {
+        if (!extras)
+            extras = std::make_unique<RowExtras>();
+        return *extras;
+    }
+};
+
+inline QString toText(const std::string& utf8)
+{
+    return QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size()));
+}
+
+} // namespace featurebrowser

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QColor>
+#include <QRectF>
+
+class QPainter;
+
+namespace featurebrowser {
+
+/// Small signs drawn in one colour, so that they need neither an icon theme nor a symbol font and
+/// stay sharp at every scale.
+enum class Glyph { Padlock, Crossed, Warning, Chevron };
+
+/// Draws the sign centred in `area` in the height of its shorter side.
+void drawGlyph(QPainter& painter, Glyph glyph, const QRectF& area, const QColor& color);
+
+} // namespace featurebrowser

@@ -1,0 +1,36 @@
+#include "SelectorContext.h"
+
+#include "ValueText.h"
+
+#include <QStringList>
+
+namespace featurebrowser {
+
+std::vector<std::string> selectorNames(const FeatureRow& row)
+{
+    std::vector<std::string> names;
+    if (!row.extras)
+        return names;
+    const std::string& text = row.extras->selectors;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find(',', start), text.size());
+        const std::size_t first = text.find_first_not_of(' ', start);
+        if (first < end)
+            names.push_back(text.substr(first, text.find_last_not_of(' ', end - 1) + 1 - first));
+        start = end + 1;
+    }
+    return names;
+}
+
+QString selectorContext(const FeatureModel& model, const FeatureRow& row)
+{
+    QStringList parts;
+    for (const std::string& name : selectorNames(row)) {
+        if (const FeatureRow* selector = model.find(name))
+            parts.append(toText(name) + QStringLiteral(" = ") + valueText(*selector));
+    }
+    return parts.isEmpty() ? QString()
+                           : QLatin1Char('[') + parts.join(QStringLiteral(", ")) + QLatin1Char(']');
+}
+
+} // namespace featurebrowser

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+namespace featurebrowser {
+
+/// Colours beside those that the palette names, mixed from it so that they fit light and dark
+/// themes.
+namespace tones {
+
+QColor mix(const QColor& base, const QColor& tint, double share);
+bool isDark(const QPalette& palette);
+/// Second-rank text: contexts, units, read-only values. Still readable.
+QColor dim(const QPalette& palette);
+QColor categoryBackground(const QPalette& palette);
+/// For frames and signs of rejected edits and failed reads.
+QColor alarm(const QPalette& palette);
+QColor alarmBackground(const QPalette& palette);
+/// Behind rows that have just changed. `strength` from 0 (gone) to 1.
+QColor changedBackground(const QPalette& palette, double strength);
+/// Behind the matches of the filter.
+QColor matchBackground(const QPalette& palette);
+
+} // namespace tones
+
+} // namespace featurebrowser

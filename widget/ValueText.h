@@ -1,0 +1,27 @@
+#pragma once
+
+#include "FeatureRow.h"
+
+namespace featurebrowser {
+
+/// U+2014, shown where a feature has no value to show.
+QString noValueText();
+
+/// Locale-free. Fixed with getNumberOfDecimals decimals; scientific where that would lose digits
+/// (very small) or be unreadable (1e15 and above). "nan", "inf", "-inf" when it is no number.
+QString floatText(double value);
+
+/// The shortest text that reads back to exactly the same double: what an editor starts with.
+QString exactFloatText(double value);
+
+/// What the Value column shows, without the unit; empty for categories.
+QString valueText(const FeatureRow& row);
+
+/// The unit as the feature's description names it, for example "us" in "Exposure time in us" or
+/// "[us]"; empty when it names none.
+QString rowUnit(const FeatureRow& row);
+
+/// Entry names as texts; empty for other kinds than enumeration and boolean.
+QStringList entryTexts(const FeatureRow& row);
+
+} // namespace featurebrowser
