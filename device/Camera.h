@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Description.h"
+#include "Feature.h"
+#include "MemoryBackend.h"
+#include "PortDevice.h"
+#include "RegisterPort.h"
+
+#include "featurebrowser/ZQCamera.h"
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace zqcameralib {
+
+/// An open camera: its checked description, its registers, and the node map between them.
+class ZQCamera::Impl {
+public:
+    Impl(std::unique_ptr<Description> description, std::unique_ptr<RegisterBackend> backend);
+    Impl(const Impl&) = delete;
+    Impl& operator=(const Impl&) = delete;
+    ~Impl();
+
+    /// Builds the node map and the feature list; false and one line in `error` on failure.
+    bool start(std::string& error);
+
+    const Description& description() const { return *m_description; }
+    RegisterPort& port() { return m_port; }
+    const std::vector<Feature>& features() const { return m_features; }
+    /// Null when there is no feature of that name.
+    const Feature* feature(std::string_view name) const;
+    ArvGc* nodeMap() const { return zqcameralib::nodeMap(*m_device); }
+
+private:
+    std::unique_ptr<Description> m_description;
+    RegisterPort m_port;
+    PortDevicePointer m_device;
+    std::vector<Feature> m_features;
+    std::unordered_map<std::string_view, std::size_t> m_byName;
+};
+
+/// Opens `text` as a camera over a memory of its own. Null and one line in `error` on failure.
+std::unique_ptr<ZQCamera::Impl> openInMemory(
+    std::string text, std::unique_ptr<CameraBehaviour> behaviour, std::string& error);
+
+} // namespace zqcameralib

@@ -1,0 +1,109 @@
+#include "DescriptionFile.h"
+
+#include <minizip/unzip.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <type_traits>
+
+namespace zqcameralib {
+
+namespace {
+
+/// Real descriptions reach 1.3 MB.
+constexpr std::uintmax_t maxFileSize = 32U << 20U;
+
+using Archive = std::unique_ptr<std::remove_pointer_t<unzFile>, int (*)(unzFile)>;
+
+bool endsWithXml(std::string name)
+{
+    std::transform(name.begin(), name.end(), name.begin(),
+        [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+    return name.size() >= 4 && name.compare(name.size() - 4, 4, ".xml") == 0;
+}
+
+bool findXml(unzFile archive)
+{
+    for (int found = unzGoToFirstFile(archive); found == UNZ_OK; found = unzGoToNextFile(archive)) {
+        std::array<char, 512> name {};
+        if (unzGetCurrentFileInfo(
+                archive, nullptr, name.data(), name.size() - 1, nullptr, 0, nullptr, 0)
+                == UNZ_OK
+            && endsWithXml(name.data())) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// The size that the archive states is not trusted.
+bool inflate(unzFile archive, std::string& text)
+{
+    if (unzOpenCurrentFile(archive) != UNZ_OK) {
+        return false;
+    }
+    std::array<char, 65536> block {};
+    int count = 0;
+    while ((count = unzReadCurrentFile(archive, block.data(), block.size())) > 0) {
+        text.append(block.data(), static_cast<std::size_t>(count));
+        if (text.size() > maxFileSize) {
+            return false;
+        }
+    }
+    return unzCloseCurrentFile(archive) == UNZ_OK && count == 0;
+}
+
+bool unzip(const std::string& path, std::string& text, std::string& error)
+{
+    const Archive archive(unzOpen(path.c_str()), &unzClose);
+    if (!archive || !findXml(archive.get())) {
+        error = path + ": the archive holds no XML file";
+        return false;
+    }
+    text.clear();
+    if (!inflate(archive.get(), text)) {
+        error = path + ": the archive is damaged or too large";
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool readDescriptionFile(const std::string& path, std::string& text, std::string& error)
+{
+    std::error_code failure;
+    const std::filesystem::file_status status = std::filesystem::status(path, failure);
+    if (!std::filesystem::exists(status)) {
+        error = path + ": no such file";
+        return false;
+    }
+    if (!std::filesystem::is_regular_file(status)) {
+        error = path + ": not a file";
+        return false;
+    }
+    if (std::filesystem::file_size(path, failure) > maxFileSize || failure) {
+        error = path + ": too large for a camera description";
+        return false;
+    }
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        error = path + ": cannot be read";
+        return false;
+    }
+    text.assign(std::istreambuf_iterator<char>(file), {});
+    if (text.compare(0, 4, "PK\x03\x04") == 0 && !unzip(path, text, error)) {
+        return false;
+    }
+    if (text.empty()) {
+        error = path + ": the file is empty";
+        return false;
+    }
+    return true;
+}
+
+} // namespace zqcameralib

@@ -1,0 +1,250 @@
+#include "Feature.h"
+
+#include "AccessMode.h"
+
+#include "featurebrowser/FeatureItem.h"
+#include "featurebrowser/FeatureTypes.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <unordered_map>
+
+namespace zqcameralib {
+
+using namespace featurebrowser;
+
+namespace {
+
+using ParentNames = std::unordered_map<std::size_t, std::string>;
+
+ArvGcFeatureNode* featureNode(ArvGc* nodeMap, std::string_view name)
+{
+    ArvGcNode* node = arv_gc_get_node(nodeMap, std::string(name).c_str());
+    return ARV_IS_GC_FEATURE_NODE(node) ? ARV_GC_FEATURE_NODE(node) : nullptr;
+}
+
+std::uint8_t featureType(const DescriptionNode& node, std::uint16_t access)
+{
+    static const std::unordered_map<std::string_view, std::uint8_t> types {
+        { "Category", FEATURE_CATEGORY }, { "Float", FEATURE_FLOAT }, { "FloatReg", FEATURE_FLOAT },
+        { "SwissKnife", FEATURE_FLOAT }, { "Converter", FEATURE_FLOAT },
+        { "Boolean", FEATURE_BOOLEAN }, { "Enumeration", FEATURE_ENUMERATION },
+        { "String", FEATURE_STRING }, { "StringReg", FEATURE_STRING },
+        { "Command", FEATURE_COMMAND }, { "Register", FEATURE_READ_ONLY_STRING }
+    };
+    const auto found = types.find(node.kind);
+    const auto type = found == types.end() ? std::uint8_t { FEATURE_INTEGER } : found->second;
+    if (type == FEATURE_STRING && access == ACCESS_READ_ONLY) {
+        return FEATURE_READ_ONLY_STRING;
+    }
+    return type;
+}
+
+/// The core shows "Gev" integers of the address representation as IPv4 and "MAC" ones as MAC, so
+/// only those that the description calls an address may carry it.
+std::uint16_t representation(const DescriptionNode& node)
+{
+    const std::string_view text = childText(node.element, "Representation");
+    if (text == "IPV4Address") {
+        return REPRESENTATION_IPV4;
+    }
+    const bool isMac = text == "MACAddress" && node.name.find("MAC") != std::string_view::npos;
+    return isMac ? REPRESENTATION_ADDRESS : REPRESENTATION_NUMBER;
+}
+
+/// The nodes that a feature's value passes through, itself first.
+std::vector<const DescriptionNode*> valueChain(
+    const Description& description, const DescriptionNode& start)
+{
+    std::vector<const DescriptionNode*> chain { &start };
+    for (std::size_t at = 0; at < chain.size(); ++at) {
+        for (const Reference& reference : chain[at]->references) {
+            if (reference.tag != "pValue" || reference.target == Description::absent) {
+                continue;
+            }
+            const DescriptionNode* next = &description.node(reference.target);
+            if (std::find(chain.begin(), chain.end(), next) == chain.end()) {
+                chain.push_back(next);
+            }
+        }
+    }
+    return chain;
+}
+
+bool hasReference(const DescriptionNode& node, std::string_view tag)
+{
+    return std::any_of(node.references.begin(), node.references.end(),
+        [tag](const Reference& r) { return r.tag == tag && r.target != Description::absent; });
+}
+
+/// Conditions of the entries of an enumeration stand inside it and are not its own.
+bool hasOwnChild(const DescriptionNode& node, const char* tag)
+{
+    return static_cast<bool>(node.element.child(tag)) && hasReference(node, tag);
+}
+
+std::int64_t number(std::string_view text)
+{
+    return static_cast<std::int64_t>(std::strtoll(std::string(text).c_str(), nullptr, 0));
+}
+
+/// Bits of the register that holds an integer; 0 when it is none or its width is not fixed.
+int registerBits(const DescriptionNode& node)
+{
+    if (node.kind == "IntReg") {
+        const std::int64_t length = number(childText(node.element, "Length"));
+        return length >= 1 && length <= 8 ? static_cast<int>(8 * length) : 0;
+    }
+    if (node.kind != "MaskedIntReg" && node.kind != "StructEntry") {
+        return 0;
+    }
+    if (node.element.child("Bit")) {
+        return 1;
+    }
+    const std::int64_t width
+        = std::abs(number(childText(node.element, "MSB")) - number(childText(node.element, "LSB")))
+        + 1;
+    return width >= 1 && width <= 64 ? static_cast<int>(width) : 0;
+}
+
+void setRegisterLimits(Feature& feature, const DescriptionNode& reg)
+{
+    const int bits = registerBits(reg);
+    if (bits == 0 || bits == 64) {
+        return;
+    }
+    const bool isSigned = childText(reg.element, "Sign") == "Signed";
+    const std::int64_t span = (std::int64_t(1) << (isSigned ? bits - 1 : bits)) - 1;
+    feature.registerMax = span;
+    feature.registerMin = isSigned ? -span - 1 : 0;
+}
+
+void addChainFacts(Feature& feature, const Description& description, ArvGc* nodeMap)
+{
+    bool isDirect = true; // no formula between the feature and its register
+    for (const DescriptionNode* link : valueChain(description, *feature.node)) {
+        isDirect = isDirect && link->kind != "IntConverter" && link->kind != "Converter";
+        if (isDirect && feature.type == FEATURE_INTEGER) {
+            setRegisterLimits(feature, *link);
+        }
+        feature.hasFloatIncrement = feature.hasFloatIncrement || link->element.child("Inc")
+            || hasReference(*link, "pInc");
+        ArvGcFeatureNode* gc = featureNode(nodeMap, link->name);
+        if (gc == nullptr) {
+            continue;
+        }
+        if (hasOwnChild(*link, "pIsImplemented")) {
+            feature.implementedIf.push_back(gc);
+        }
+        if (hasOwnChild(*link, "pIsAvailable")) {
+            feature.availableIf.push_back(gc);
+        }
+        if (hasOwnChild(*link, "pIsLocked")) {
+            feature.lockedIf.push_back(gc);
+        }
+    }
+}
+
+std::vector<EnumEntry> enumEntries(ArvGcEnumeration* enumeration)
+{
+    std::vector<EnumEntry> entries;
+    for (const GSList* at = arv_gc_enumeration_get_entries(enumeration); at != nullptr;
+         at = at->next) {
+        if (!ARV_IS_GC_ENUM_ENTRY(at->data)) {
+            continue;
+        }
+        EnumEntry entry;
+        entry.node = ARV_GC_FEATURE_NODE(at->data);
+        const char* name = arv_gc_feature_node_get_name(entry.node);
+        entry.name = name == nullptr ? "" : name;
+        entry.value = arv_gc_enum_entry_get_value(ARV_GC_ENUM_ENTRY(at->data), nullptr);
+        entries.push_back(entry);
+    }
+    return entries;
+}
+
+void markConditionalEntries(std::vector<EnumEntry>& entries, const DescriptionNode& node)
+{
+    for (EnumEntry& entry : entries) {
+        const pugi::xml_node element
+            = node.element.find_child_by_attribute("EnumEntry", "Name", entry.name.c_str());
+        entry.isConditional = element.child("pIsImplemented") || element.child("pIsAvailable");
+    }
+}
+
+std::string descriptionText(const DescriptionNode& node)
+{
+    std::string text(childText(node.element, "Description"));
+    if (text.empty()) {
+        text = childText(node.element, "ToolTip");
+    }
+    const std::string_view unit = childText(node.element, "Unit");
+    if (!unit.empty()) {
+        text += (text.empty() ? "Unit: " : "\nUnit: ") + std::string(unit);
+    }
+    return text;
+}
+
+ParentNames selectorNames(const Description& description, const std::vector<TreeEntry>& tree)
+{
+    ParentNames names;
+    for (const TreeEntry& entry : tree) {
+        const DescriptionNode& selector = description.node(entry.node);
+        for (const Reference& reference : selector.references) {
+            if (reference.tag == "pSelected" && reference.target != Description::absent) {
+                std::string& list = names[reference.target];
+                list += (list.empty() ? "" : ",") + std::string(selector.name);
+            }
+        }
+    }
+    return names;
+}
+
+Feature describe(const Description& description, const TreeEntry& entry, ArvGc* nodeMap)
+{
+    Feature feature;
+    feature.node = &description.node(entry.node);
+    feature.name = feature.node->name;
+    feature.depth = entry.depth;
+    feature.level = std::max<std::uint8_t>(featureLevel(*feature.node), LEVEL_BEGINNER);
+    feature.access = staticAccess(description, entry.node);
+    feature.type = featureType(*feature.node, feature.access);
+    feature.description = descriptionText(*feature.node);
+    feature.caption = childText(feature.node->element, "DisplayName");
+    if (feature.caption.empty()) {
+        feature.caption = feature.name;
+    }
+    if (entry.isCategory || feature.node->isBroken()) {
+        return feature;
+    }
+    feature.gc = featureNode(nodeMap, feature.name);
+    feature.representation = representation(*feature.node);
+    feature.isSelector = hasReference(*feature.node, "pSelected");
+    addChainFacts(feature, description, nodeMap);
+    if (feature.type == FEATURE_ENUMERATION && ARV_IS_GC_ENUMERATION(feature.gc)) {
+        feature.entries = enumEntries(ARV_GC_ENUMERATION(feature.gc));
+        markConditionalEntries(feature.entries, *feature.node);
+    }
+    return feature;
+}
+
+} // namespace
+
+std::vector<Feature> collectFeatures(
+    const Description& description, const std::vector<TreeEntry>& tree, ArvGc* nodeMap)
+{
+    const ParentNames parents = selectorNames(description, tree);
+    std::vector<Feature> features;
+    features.reserve(tree.size());
+    for (const TreeEntry& entry : tree) {
+        features.push_back(describe(description, entry, nodeMap));
+        const auto parent = parents.find(entry.node);
+        if (parent != parents.end()) {
+            features.back().selectorParent = parent->second;
+        }
+    }
+    return features;
+}
+
+} // namespace zqcameralib

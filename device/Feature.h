@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Description.h"
+#include "FeatureTree.h"
+
+#include <arv.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zqcameralib {
+
+/// One entry of an enumeration.
+struct EnumEntry {
+    std::string name;
+    std::int64_t value = 0;
+    ArvGcFeatureNode* node = nullptr;
+    bool isConditional = false; ///< says by pIsImplemented or pIsAvailable whether it can be chosen
+};
+
+/// What never changes about a feature (or category), looked up once when the camera is opened.
+/// Points into the description and the node map, which have to outlive it.
+struct Feature {
+    const DescriptionNode* node = nullptr;
+    ArvGcFeatureNode* gc = nullptr; ///< null for a category and for a broken node
+    std::string name;
+    std::uint8_t type = 0; ///< featurebrowser::FEATURE_TYPE
+    std::uint8_t level = 1;
+    std::uint8_t depth = 0;
+    std::uint16_t access = 0; ///< featurebrowser::ACCESS_MODE as the description grants it at best
+    std::uint16_t representation = 0; ///< featurebrowser::REPRESENTATION
+    bool isSelector = false;
+    std::string selectorParent;
+    std::string description; ///< without what is true at the moment only
+    std::string caption; ///< display name, else name
+    std::vector<EnumEntry> entries;
+    /// The node itself and those that its value comes from, as far as they have such a condition.
+    std::vector<ArvGcFeatureNode*> implementedIf;
+    std::vector<ArvGcFeatureNode*> availableIf;
+    std::vector<ArvGcFeatureNode*> lockedIf;
+    /// Limits that the value's register sets, where the description gives no narrower ones.
+    std::int64_t registerMin = INT64_MIN;
+    std::int64_t registerMax = INT64_MAX;
+    bool hasFloatIncrement = false;
+};
+
+/// All rows of the feature tree with their facts, in tree order.
+std::vector<Feature> collectFeatures(
+    const Description& description, const std::vector<TreeEntry>& tree, ArvGc* nodeMap);
+
+} // namespace zqcameralib

@@ -1,0 +1,294 @@
+#include "FeatureReader.h"
+
+#include "GlibError.h"
+#include "NumberText.h"
+
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
+
+namespace zqcameralib {
+
+using namespace featurebrowser;
+
+namespace {
+
+/// Larger raw registers are not read into a row of text.
+constexpr std::uint64_t maxRegisterSize = 65536;
+
+std::uint32_t asUnsigned32(std::int64_t value)
+{
+    return static_cast<std::uint32_t>(std::clamp<std::int64_t>(value, 0, UINT32_MAX));
+}
+
+bool isReadable(const Feature& feature)
+{
+    return feature.gc != nullptr
+        && (feature.access == ACCESS_READ_ONLY || feature.access == ACCESS_READ_WRITE);
+}
+
+} // namespace
+
+FeatureItem staticItem(const Feature& feature)
+{
+    FeatureItem item;
+    item.name = feature.name;
+    item.selectorParent = feature.selectorParent;
+    item.description = feature.description;
+    item.type = feature.type;
+    item.level = feature.level;
+    item.depth = feature.depth;
+    item.accessMode = feature.access;
+    item.representation = feature.representation;
+    item.isSelector = feature.isSelector;
+    item.intWritable
+        = feature.access == ACCESS_READ_WRITE || feature.access == ACCESS_WRITE_ONLY ? 1 : 0;
+    if (feature.type == FEATURE_COMMAND) {
+        item.valueText = feature.caption;
+    }
+    if (feature.type == FEATURE_BOOLEAN) {
+        item.enumEntries = { "False", "True" };
+    }
+    return item;
+}
+
+bool FeatureReader::allHold(
+    const std::vector<ArvGcFeatureNode*>& nodes, gboolean (*condition)(ArvGcFeatureNode*, GError**))
+{
+    return std::all_of(nodes.begin(), nodes.end(), [condition](ArvGcFeatureNode* node) {
+        GlibError error;
+        return condition(node, error.out()) != FALSE || error;
+    });
+}
+
+bool FeatureReader::anyLocked(const Feature& feature)
+{
+    return std::any_of(
+        feature.lockedIf.begin(), feature.lockedIf.end(), [](ArvGcFeatureNode* node) {
+            GlibError error;
+            return arv_gc_feature_node_is_locked(node, error.out()) != FALSE;
+        });
+}
+
+bool FeatureReader::isImplemented(const Feature& feature)
+{
+    return allHold(feature.implementedIf, arv_gc_feature_node_is_implemented);
+}
+
+FEATURE_STATE FeatureReader::state(const Feature& feature)
+{
+    if (feature.type == FEATURE_CATEGORY) {
+        return FEATURE_AVAILABLE;
+    }
+    const std::uint64_t failures = m_port.failures();
+    FEATURE_STATE state = FEATURE_AVAILABLE;
+    if (feature.access == ACCESS_NOT_AVAILABLE
+        || !allHold(feature.implementedIf, arv_gc_feature_node_is_implemented)
+        || !allHold(feature.availableIf, arv_gc_feature_node_is_available)) {
+        state = FEATURE_NOT_AVAILABLE;
+    } else if (anyLocked(feature)) {
+        state = FEATURE_LOCKED;
+    }
+    return m_port.failures() == failures ? state : FEATURE_READ_FAILED;
+}
+
+FeatureReader::IntegerLimits FeatureReader::integerLimits(const Feature& feature)
+{
+    IntegerLimits limits;
+    ArvGcInteger* integer = ARV_GC_INTEGER(feature.gc);
+    GlibError error;
+    limits.minimum = arv_gc_integer_get_min(integer, error.out());
+    if (error) {
+        limits.minimum = INT64_MIN;
+    }
+    limits.maximum = arv_gc_integer_get_max(integer, error.out());
+    if (error) {
+        limits.maximum = INT64_MAX;
+    }
+    limits.increment = std::max<std::int64_t>(arv_gc_integer_get_inc(integer, error.out()), 0);
+    if (error) {
+        limits.increment = 1;
+    }
+    limits.minimum = std::max(limits.minimum, feature.registerMin);
+    limits.maximum = std::min(limits.maximum, feature.registerMax);
+    return limits;
+}
+
+FeatureReader::FloatLimits FeatureReader::floatLimits(const Feature& feature)
+{
+    FloatLimits limits;
+    ArvGcFloat* number = ARV_GC_FLOAT(feature.gc);
+    GlibError error;
+    limits.minimum = finiteMinimum(arv_gc_float_get_min(number, error.out()));
+    if (error) {
+        limits.minimum = -DBL_MAX;
+    }
+    limits.maximum = finiteMaximum(arv_gc_float_get_max(number, error.out()));
+    if (error) {
+        limits.maximum = DBL_MAX;
+    }
+    if (feature.hasFloatIncrement) {
+        // An increment that is not defined reads as the smallest positive double.
+        const double increment = arv_gc_float_get_inc(number, error.out());
+        const bool isGrid = !error && std::isfinite(increment) && increment > DBL_MIN;
+        limits.increment = isGrid ? increment : 0.0;
+    }
+    return limits;
+}
+
+std::vector<const EnumEntry*> FeatureReader::availableEntries(const Feature& feature)
+{
+    std::vector<const EnumEntry*> available;
+    for (const EnumEntry& entry : feature.entries) {
+        GlibError error;
+        if (!entry.isConditional
+            || (arv_gc_feature_node_is_available(entry.node, error.out())
+                && arv_gc_feature_node_is_implemented(entry.node, error.out()))) {
+            available.push_back(&entry);
+        }
+    }
+    return available;
+}
+
+bool FeatureReader::readInteger(const Feature& feature, Item& item)
+{
+    GlibError error;
+    const std::int64_t value = arv_gc_integer_get_value(ARV_GC_INTEGER(feature.gc), error.out());
+    item.valueText = integerText(value);
+    return !error;
+}
+
+bool FeatureReader::readFloat(const Feature& feature, Item& item)
+{
+    GlibError error;
+    item.valueText = floatText(arv_gc_float_get_value(ARV_GC_FLOAT(feature.gc), error.out()));
+    return !error && !item.valueText.empty();
+}
+
+bool FeatureReader::readEnumeration(const Feature& feature, Item& item)
+{
+    GlibError error;
+    const std::int64_t value
+        = arv_gc_enumeration_get_int_value(ARV_GC_ENUMERATION(feature.gc), error.out());
+    const std::vector<const EnumEntry*> entries = availableEntries(feature);
+    const auto current = std::find_if(entries.begin(), entries.end(),
+        [value](const EnumEntry* entry) { return entry->value == value; });
+    const bool known = !error && current != entries.end();
+    item.valueText = integerText(known ? current - entries.begin() : -1);
+    return known;
+}
+
+bool FeatureReader::readBoolean(const Feature& feature, Item& item)
+{
+    GlibError error;
+    const bool on = arv_gc_boolean_get_value(ARV_GC_BOOLEAN(feature.gc), error.out()) != FALSE;
+    item.valueText = on ? "1" : "0";
+    return !error;
+}
+
+bool FeatureReader::readString(const Feature& feature, Item& item)
+{
+    GlibError error;
+    const char* text = arv_gc_string_get_value(ARV_GC_STRING(feature.gc), error.out());
+    item.valueText = text == nullptr ? "" : text;
+    return !error && text != nullptr;
+}
+
+bool FeatureReader::readRegister(const Feature& feature, Item& item)
+{
+    ArvGcRegister* reg = ARV_GC_REGISTER(feature.gc);
+    GlibError error;
+    const std::uint64_t length = arv_gc_register_get_length(reg, error.out());
+    if (error || length == 0 || length > maxRegisterSize) {
+        return false;
+    }
+    std::vector<std::uint8_t> bytes(length);
+    arv_gc_register_get(reg, bytes.data(), length, error.out());
+    item.valueText = hexText(bytes.data(), bytes.size());
+    return !error;
+}
+
+void FeatureReader::readLimits(const Feature& feature, Item& item)
+{
+    GlibError error;
+    if (feature.type == FEATURE_INTEGER && ARV_IS_GC_INTEGER(feature.gc)) {
+        const IntegerLimits limits = integerLimits(feature);
+        item.intMin = limits.minimum;
+        item.intMax = limits.maximum;
+        item.intInc = asUnsigned32(limits.increment);
+    } else if (feature.type == FEATURE_FLOAT && ARV_IS_GC_FLOAT(feature.gc)) {
+        const FloatLimits limits = floatLimits(feature);
+        item.floatMin = limits.minimum;
+        item.floatMax = limits.maximum;
+        item.floatInc = limits.increment;
+    } else if (feature.type == FEATURE_ENUMERATION) {
+        for (const EnumEntry* entry : availableEntries(feature)) {
+            item.enumEntries.push_back(entry->name);
+        }
+    } else if (ARV_IS_GC_STRING(feature.gc)
+        && (feature.type == FEATURE_STRING || feature.type == FEATURE_READ_ONLY_STRING)) {
+        item.maxLength
+            = asUnsigned32(arv_gc_string_get_max_length(ARV_GC_STRING(feature.gc), error.out()));
+    }
+}
+
+bool FeatureReader::readValue(const Feature& feature, Item& item)
+{
+    switch (feature.type) {
+    case FEATURE_INTEGER:
+        return ARV_IS_GC_INTEGER(feature.gc) && readInteger(feature, item);
+    case FEATURE_FLOAT:
+        return ARV_IS_GC_FLOAT(feature.gc) && readFloat(feature, item);
+    case FEATURE_ENUMERATION:
+        return ARV_IS_GC_ENUMERATION(feature.gc) && readEnumeration(feature, item);
+    case FEATURE_BOOLEAN:
+        return ARV_IS_GC_BOOLEAN(feature.gc) && readBoolean(feature, item);
+    default:
+        return feature.node->kind == "Register"
+            ? ARV_IS_GC_REGISTER(feature.gc) && readRegister(feature, item)
+            : ARV_IS_GC_STRING(feature.gc) && readString(feature, item);
+    }
+}
+
+bool FeatureReader::read(const Feature& feature, FeatureItem& item, FEATURE_STATE& state)
+{
+    const std::uint64_t failures = m_port.failures();
+    const FEATURE_STATE present = this->state(feature);
+    Item fresh = staticItem(feature);
+    if (present == FEATURE_READ_FAILED) {
+        state = present;
+        return false;
+    }
+    state = present;
+    if (present == FEATURE_NOT_AVAILABLE) {
+        fresh.accessMode = ACCESS_NOT_AVAILABLE;
+    }
+    fresh.lockedFlag = present == FEATURE_AVAILABLE ? 0 : 1;
+    if (present != FEATURE_NOT_AVAILABLE && feature.type != FEATURE_CATEGORY) {
+        if (feature.gc != nullptr) {
+            readLimits(feature, fresh);
+        }
+        if (feature.type == FEATURE_COMMAND) {
+            fresh.displayFlag = 1;
+        } else if (isReadable(feature)) {
+            const bool shown = readValue(feature, fresh);
+            fresh.displayFlag = shown ? 1 : 0;
+            // -1: an enumeration's value that is no entry is read, though there is no text for it.
+            state = shown || feature.type == FEATURE_ENUMERATION ? present : FEATURE_READ_FAILED;
+        } else if (feature.gc == nullptr) {
+            state = FEATURE_READ_FAILED;
+        }
+    }
+    if (m_port.failures() != failures) {
+        state = FEATURE_READ_FAILED;
+        return false;
+    }
+    if (fresh.displayFlag == 0 && feature.type != FEATURE_ENUMERATION
+        && feature.type != FEATURE_COMMAND) {
+        fresh.valueText.clear();
+    }
+    item = std::move(fresh);
+    return true;
+}
+
+} // namespace zqcameralib

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "Feature.h"
+#include "RegisterPort.h"
+
+#include "featurebrowser/FeatureItem.h"
+#include "featurebrowser/FeatureTypes.h"
+
+namespace zqcameralib {
+
+/// Reads the present value and state of features. A register access that fails makes the whole
+/// reading fail, however the node map below takes it; what the description itself makes
+/// unreadable is tolerated and shown as unread.
+class FeatureReader {
+public:
+    explicit FeatureReader(RegisterPort& port)
+        : m_port(port)
+    {
+    }
+
+    /// Whether the camera has the feature at all. A condition that cannot be evaluated counts as
+    /// met: the feature is then listed and shown as unread.
+    bool isImplemented(const Feature& feature);
+
+    /// What a user can do with the feature now; reads no value.
+    featurebrowser::FEATURE_STATE state(const Feature& feature);
+
+    /// Fills `item` and `state`. False when a register access failed: `item` is then unchanged.
+    bool read(const Feature& feature, featurebrowser::FeatureItem& item,
+        featurebrowser::FEATURE_STATE& state);
+
+    /// Present limits and increment of a number.
+    struct IntegerLimits {
+        std::int64_t minimum = INT64_MIN;
+        std::int64_t maximum = INT64_MAX;
+        std::int64_t increment = 0; ///< 0 = no grid known
+    };
+    struct FloatLimits {
+        double minimum = 0.0;
+        double maximum = 0.0;
+        double increment = 0.0; ///< 0 = no grid
+    };
+    IntegerLimits integerLimits(const Feature& feature);
+    FloatLimits floatLimits(const Feature& feature);
+    /// The entries that can be chosen now.
+    std::vector<const EnumEntry*> availableEntries(const Feature& feature);
+
+private:
+    using Item = featurebrowser::FeatureItem;
+
+    bool allHold(const std::vector<ArvGcFeatureNode*>& nodes,
+        gboolean (*condition)(ArvGcFeatureNode*, GError**));
+    bool anyLocked(const Feature& feature);
+    bool readValue(const Feature& feature, Item& item);
+    bool readInteger(const Feature& feature, Item& item);
+    bool readFloat(const Feature& feature, Item& item);
+    bool readEnumeration(const Feature& feature, Item& item);
+    bool readBoolean(const Feature& feature, Item& item);
+    bool readString(const Feature& feature, Item& item);
+    bool readRegister(const Feature& feature, Item& item);
+    void readLimits(const Feature& feature, Item& item);
+
+    RegisterPort& m_port;
+};
+
+/// A record with everything that is known without asking the camera.
+featurebrowser::FeatureItem staticItem(const Feature& feature);
+
+} // namespace zqcameralib

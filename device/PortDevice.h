@@ -1,0 +1,27 @@
+#pragma once
+
+#include "RegisterPort.h"
+
+#include <arv.h>
+
+#include <memory>
+#include <string_view>
+
+namespace zqcameralib {
+
+struct PortDevice;
+
+struct PortDeviceDeleter {
+    void operator()(PortDevice* device) const;
+};
+using PortDevicePointer = std::unique_ptr<PortDevice, PortDeviceDeleter>;
+
+/// Makes a device for the node map whose every register access goes through `port`, which has to
+/// outlive it, and evaluates `xml` over it. `xml` is a checked description. Any thread. Null when
+/// the description is refused.
+PortDevicePointer makePortDevice(RegisterPort& port, std::string_view xml);
+
+/// The device's node map; lives as long as the device.
+ArvGc* nodeMap(PortDevice& device);
+
+} // namespace zqcameralib

@@ -1,0 +1,103 @@
+#include "RegisterPort.h"
+
+#include "StatusCodes.h"
+
+#include <cstring>
+
+namespace zqcameralib {
+
+namespace {
+constexpr std::chrono::milliseconds snapshotLife(100);
+}
+
+RegisterPort::RegisterPort(std::unique_ptr<RegisterBackend> backend)
+    : m_backend(std::move(backend))
+{
+}
+
+RegisterPort::~RegisterPort() = default;
+
+bool RegisterPort::fail(AccessError& error)
+{
+    ++m_failures;
+    m_lastFailure = error;
+    return false;
+}
+
+bool RegisterPort::snapshotExpired() const
+{
+    return m_passes == 0 && Clock::now() - m_snapshotStart > snapshotLife;
+}
+
+void RegisterPort::clearSnapshot()
+{
+    m_snapshot.clear();
+    m_bytes.clear();
+}
+
+void RegisterPort::invalidate()
+{
+    clearSnapshot();
+    ++m_changes;
+}
+
+bool RegisterPort::read(std::uint64_t address, std::uint8_t* buffer, std::size_t size,
+    AccessKind kind, AccessError& error)
+{
+    const Register key(address, size);
+    if (m_trace != nullptr) {
+        m_trace->push_back(key);
+    }
+    if (!m_snapshot.empty() && snapshotExpired()) {
+        clearSnapshot();
+    }
+    const auto kept = m_snapshot.find(key);
+    if (kept != m_snapshot.end()) {
+        std::memcpy(buffer, m_bytes.data() + kept->second.offset, size);
+        return true;
+    }
+    ++m_reads;
+    if (m_faultHook && m_faultHook(address, size, false)) {
+        error = { injectedFault, "injected fault" };
+        return fail(error);
+    }
+    if (!m_backend->read(address, buffer, size, kind, error)) {
+        return fail(error);
+    }
+    if (m_snapshot.empty()) {
+        m_snapshotStart = Clock::now();
+    }
+    m_snapshot[key] = Kept { m_bytes.size() };
+    m_bytes.insert(m_bytes.end(), buffer, buffer + size);
+    return true;
+}
+
+bool RegisterPort::write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size,
+    AccessKind kind, AccessError& error)
+{
+    invalidate();
+    ++m_writes;
+    if (m_faultHook && m_faultHook(address, size, true)) {
+        error = { injectedFault, "injected fault" };
+        return fail(error);
+    }
+    return m_backend->write(address, buffer, size, kind, error) || fail(error);
+}
+
+RegisterPort::Pass::Pass(RegisterPort& port)
+    : m_port(port)
+{
+    if (m_port.m_passes++ == 0) {
+        m_port.clearSnapshot();
+    }
+}
+
+RegisterPort::Pass::~Pass()
+{
+    // What a pass has read may be older than a snapshot's usual life.
+    if (--m_port.m_passes == 0 && m_port.snapshotExpired()) {
+        m_port.clearSnapshot();
+    }
+}
+
+} // namespace zqcameralib

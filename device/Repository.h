@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Camera.h"
+#include "FeatureReader.h"
+
+#include "featurebrowser/ZQCameraRepository.h"
+
+#include <chrono>
+#include <unordered_map>
+
+namespace featurebrowser {
+
+/// The records of one camera over its features.
+class ZQCameraRepository::Impl {
+public:
+    using ItemPointer = std::shared_ptr<FeatureItem>;
+    using ItemList = std::list<ItemPointer>;
+
+    /// `camera` has to outlive the repository.
+    explicit Impl(zqcameralib::ZQCamera::Impl& camera);
+
+    bool isLoaded() const { return m_loaded; }
+    int load();
+    void clear();
+    int updateStates();
+    ItemPointer find(const std::string& name) const;
+    bool read(const ItemPointer& item);
+    ItemList& items() { return m_items; }
+    std::map<std::string, FEATURE_STATE>& states() { return m_states; }
+
+private:
+    using Clock = std::chrono::steady_clock;
+    struct Record {
+        ItemPointer item;
+        const zqcameralib::Feature* feature = nullptr;
+        bool isFresh = false; ///< just read by load(), not handed out since
+    };
+
+    void addRecord(const zqcameralib::Feature& feature);
+    void dropEmptyCategories();
+    bool readRecord(Record& record);
+    bool isStillFresh(Record& record);
+
+    zqcameralib::ZQCamera::Impl& m_camera;
+    zqcameralib::FeatureReader m_reader;
+    bool m_loaded = false;
+    ItemList m_items;
+    std::unordered_map<std::string, Record> m_records;
+    std::map<std::string, FEATURE_STATE> m_states;
+    std::uint64_t m_changesAtLoad = 0;
+    Clock::time_point m_loadedAt;
+};
+
+} // namespace featurebrowser

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+
+namespace zqcameralib {
+
+/// Status codes of the camera side beside those of featurebrowser::DEVICE_STATUS. None is 0, also
+/// not those of the libraries below, whose own codes start at 0 and are offset here.
+constexpr int statusBase(unsigned code)
+{
+    return static_cast<int>(code);
+}
+
+constexpr int unknownFeature = statusBase(0x80310001U); ///< no feature of that name
+constexpr int wrongKind = statusBase(0x80310002U); ///< the operation does not fit the feature
+constexpr int notAvailable = statusBase(0x80310003U); ///< not in the present configuration
+constexpr int notReadable = statusBase(0x80310004U); ///< write-only or broken in the description
+constexpr int notWritable = statusBase(0x80310005U); ///< read-only
+constexpr int featureLocked = statusBase(0x80310006U); ///< writable, but not at the moment
+constexpr int unknownEntry = statusBase(0x80310007U); ///< no such entry, or not available now
+constexpr int textTooLong = statusBase(0x80310008U); ///< longer than the feature holds
+constexpr int invalidArgument = statusBase(0x80310009U); ///< a null pointer or not a number
+constexpr int commandTimeout = statusBase(0x8031000AU); ///< did not report done in time
+constexpr int notLoaded = statusBase(0x8031000BU); ///< the camera cannot be read
+constexpr int notOnFloatIncrement = statusBase(0x8031000CU); ///< not on a float's grid or value set
+constexpr int injectedFault = statusBase(0x80350001U); ///< only in tests
+constexpr int cameraLost = statusBase(0x80350002U); ///< the camera does not answer any more
+constexpr int accessDenied = statusBase(0x80350003U); ///< another application controls the camera
+
+/// Offsets of the error codes of the library below: device errors and node map errors.
+constexpr int deviceErrorBase = statusBase(0x80360000U);
+constexpr int nodeMapErrorBase = statusBase(0x80370000U);
+constexpr int otherErrorBase = statusBase(0x80380000U);
+
+/// Short name of a code, such as "FEATURE_LOCKED".
+std::string statusName(int code);
+/// A general sentence for a code, for when nothing more precise is known.
+std::string statusText(int code);
+
+} // namespace zqcameralib

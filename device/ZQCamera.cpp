@@ -1,0 +1,57 @@
+#include "featurebrowser/ZQCamera.h"
+
+#include "Camera.h"
+#include "DescriptionFile.h"
+#include "SimulatedCamera.h"
+
+namespace zqcameralib {
+
+namespace {
+
+std::unique_ptr<ZQCamera> wrap(std::unique_ptr<ZQCamera::Impl> impl)
+{
+    return impl ? std::make_unique<ZQCamera>(std::move(impl)) : nullptr;
+}
+
+} // namespace
+
+std::unique_ptr<ZQCamera> ZQCamera::OpenSimulated(std::string& error)
+{
+    return wrap(openInMemory(
+        std::string(simulatedCameraDescription()), makeSimulatedCameraBehaviour(), error));
+}
+
+std::unique_ptr<ZQCamera> ZQCamera::OpenDescription(const std::string& path, std::string& error)
+{
+    std::string text;
+    if (!readDescriptionFile(path, text, error)) {
+        return nullptr;
+    }
+    std::unique_ptr<ZQCamera> camera = wrap(openInMemory(std::move(text), nullptr, error));
+    if (!camera) {
+        error = path + ": " + error;
+    }
+    return camera;
+}
+
+ZQCamera::ZQCamera(std::unique_ptr<Impl> impl)
+    : m_impl(std::move(impl))
+{
+}
+
+ZQCamera::~ZQCamera() = default;
+
+std::string ZQCamera::vendor() const
+{
+    return std::string(m_impl->description().vendor());
+}
+std::string ZQCamera::model() const
+{
+    return std::string(m_impl->description().model());
+}
+ZQCamera::Impl& ZQCamera::impl()
+{
+    return *m_impl;
+}
+
+} // namespace zqcameralib

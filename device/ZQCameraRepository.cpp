@@ -1,0 +1,61 @@
+#include "featurebrowser/ZQCameraRepository.h"
+
+#include "Repository.h"
+
+namespace featurebrowser {
+
+ZQCameraRepository::ZQCameraRepository(std::unique_ptr<Impl> impl)
+    : m_impl(std::move(impl))
+{
+}
+
+ZQCameraRepository::~ZQCameraRepository() = default;
+
+bool ZQCameraRepository::isLoaded()
+{
+    return m_impl->isLoaded();
+}
+int ZQCameraRepository::Load()
+{
+    return m_impl->load();
+}
+void ZQCameraRepository::Clear()
+{
+    m_impl->clear();
+}
+int ZQCameraRepository::UpdateFeatureStates()
+{
+    return m_impl->updateStates();
+}
+
+std::shared_ptr<FeatureItem> ZQCameraRepository::GetFeature(std::string name)
+{
+    return m_impl->find(name);
+}
+
+bool ZQCameraRepository::ReadFeature(const std::shared_ptr<FeatureItem>& item)
+{
+    return m_impl->read(item);
+}
+
+std::list<std::shared_ptr<FeatureItem>> ZQCameraRepository::GetInvalidatedFeatures(std::string)
+{
+    return {};
+}
+
+std::list<std::shared_ptr<FeatureItem>> ZQCameraRepository::GetSelectedFeatures(std::string)
+{
+    return {};
+}
+
+std::list<std::shared_ptr<FeatureItem>>& ZQCameraRepository::GetFeatureList()
+{
+    return m_impl->items();
+}
+
+std::map<std::string, FEATURE_STATE>& ZQCameraRepository::GetFeatureStates()
+{
+    return m_impl->states();
+}
+
+} // namespace featurebrowser
