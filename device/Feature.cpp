@@ -16,6 +16,9 @@ using namespace featurebrowser;
 
 namespace {
 
+/// Nodes looked at to tell where a value comes from.
+constexpr std::size_t maxValueNodes = 200;
+
 using ParentNames = std::unordered_map<std::size_t, std::string>;
 
 ArvGcFeatureNode* featureNode(ArvGc* nodeMap, std::string_view name)
@@ -120,6 +123,43 @@ void setRegisterLimits(Feature& feature, const DescriptionNode& reg)
     feature.registerMin = isSigned ? -span - 1 : 0;
 }
 
+bool isRegister(std::string_view kind)
+{
+    return kind == "IntReg" || kind == "MaskedIntReg" || kind == "FloatReg" || kind == "StringReg"
+        || kind == "Register" || kind == "StructEntry";
+}
+
+/// Whether the node is a register on a port that only images or events fill.
+bool isOnDetachedPort(const Description& description, const DescriptionNode& node)
+{
+    return std::any_of(
+        node.references.begin(), node.references.end(), [&description](const Reference& r) {
+            if (r.tag != "pPort" || r.target == Description::absent) {
+                return false;
+            }
+            const pugi::xml_node port = description.node(r.target).element;
+            return port.child("ChunkID") || port.child("EventID") || port.child("pChunkID")
+                || port.child("pEventID");
+        });
+}
+
+/// Whether a value comes, directly or through formulas, from a register on such a port.
+bool readsDetachedPort(const Description& description, const DescriptionNode& start)
+{
+    std::vector<const DescriptionNode*> pending { &start };
+    for (std::size_t at = 0; at < pending.size() && at < maxValueNodes; ++at) {
+        if (isOnDetachedPort(description, *pending[at])) {
+            return true;
+        }
+        for (const Reference& r : pending[at]->references) {
+            if ((r.tag == "pValue" || r.tag == "pVariable") && r.target != Description::absent) {
+                pending.push_back(&description.node(r.target));
+            }
+        }
+    }
+    return false;
+}
+
 void addChainFacts(Feature& feature, const Description& description, ArvGc* nodeMap)
 {
     bool isDirect = true; // no formula between the feature and its register
@@ -128,6 +168,7 @@ void addChainFacts(Feature& feature, const Description& description, ArvGc* node
         if (isDirect && feature.type == FEATURE_INTEGER) {
             setRegisterLimits(feature, *link);
         }
+        feature.endsInRegister = isRegister(link->kind);
         feature.hasFloatIncrement = feature.hasFloatIncrement || link->element.child("Inc")
             || hasReference(*link, "pInc");
         ArvGcFeatureNode* gc = featureNode(nodeMap, link->name);
@@ -146,7 +187,7 @@ void addChainFacts(Feature& feature, const Description& description, ArvGc* node
     }
 }
 
-std::vector<EnumEntry> enumEntries(ArvGcEnumeration* enumeration)
+std::vector<EnumEntry> enumEntries(ArvGcEnumeration* enumeration, const DescriptionNode& node)
 {
     std::vector<EnumEntry> entries;
     for (const GSList* at = arv_gc_enumeration_get_entries(enumeration); at != nullptr;
@@ -160,6 +201,11 @@ std::vector<EnumEntry> enumEntries(ArvGcEnumeration* enumeration)
         entry.name = name == nullptr ? "" : name;
         entry.value = arv_gc_enum_entry_get_value(ARV_GC_ENUM_ENTRY(at->data), nullptr);
         entries.push_back(entry);
+    }
+    // The node map collects them by prepending.
+    const std::string_view first = node.element.child("EnumEntry").attribute("Name").value();
+    if (!entries.empty() && entries.front().name != first) {
+        std::reverse(entries.begin(), entries.end());
     }
     return entries;
 }
@@ -222,8 +268,9 @@ Feature describe(const Description& description, const TreeEntry& entry, ArvGc* 
     feature.representation = representation(*feature.node);
     feature.isSelector = hasReference(*feature.node, "pSelected");
     addChainFacts(feature, description, nodeMap);
+    feature.isDetached = readsDetachedPort(description, *feature.node);
     if (feature.type == FEATURE_ENUMERATION && ARV_IS_GC_ENUMERATION(feature.gc)) {
-        feature.entries = enumEntries(ARV_GC_ENUMERATION(feature.gc));
+        feature.entries = enumEntries(ARV_GC_ENUMERATION(feature.gc), *feature.node);
         markConditionalEntries(feature.entries, *feature.node);
     }
     return feature;

@@ -2,15 +2,18 @@
 
 #include <QAbstractItemModel>
 #include <QHash>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
-#include <cmath>
+#include <nlohmann/json.hpp>
+
 #include <functional>
+#include <string>
+#include <utility>
 
 namespace zqviewer {
 namespace {
+
+// Qt's own JSON rounds integers beyond 53 bits.
+using Json = nlohmann::ordered_json;
 
 class Roles {
 public:
@@ -52,13 +55,26 @@ void visit(const QAbstractItemModel& model, const Roles& roles, const QModelInde
     }
 }
 
-QJsonValue number(const QVariant& value)
+std::string utf8(const QString& text)
+{
+    return text.toStdString();
+}
+
+Json texts(const QStringList& list)
+{
+    Json array = Json::array();
+    for (const QString& text : list) {
+        array.push_back(utf8(text));
+    }
+    return array;
+}
+
+Json number(const QVariant& value)
 {
     if (value.type() != QVariant::Double) {
-        return QJsonValue::fromVariant(value);
+        return value.toLongLong();
     }
-    // JSON has no infinities.
-    return std::isfinite(value.toDouble()) ? QJsonValue(value.toDouble()) : QJsonValue();
+    return value.toDouble(); // JSON has no infinities: they become null
 }
 
 } // namespace
@@ -66,30 +82,28 @@ QJsonValue number(const QVariant& value)
 QByteArray treeAsJson(const QAbstractItemModel& model)
 {
     const Roles roles(model);
-    QJsonArray rows;
+    Json rows = Json::array();
     visit(model, roles, {}, {}, [&](const QModelIndex& row, const QStringList& path) {
-        QJsonObject object { { QStringLiteral("name"), roles.text(row, "name") },
-            { QStringLiteral("category"), QJsonArray::fromStringList(path) },
-            { QStringLiteral("kind"), roles.text(row, "kind") },
-            { QStringLiteral("level"), roles.get(row, "level").toInt() } };
+        const QString kind = roles.text(row, "kind");
+        Json object { { "name", utf8(roles.text(row, "name")) }, { "category", texts(path) },
+            { "kind", utf8(kind) } };
+        if (kind != QLatin1String("category")) {
+            object["value"] = utf8(roles.text(row, "value"));
+            object["readOnly"] = roles.get(row, "readOnly").toBool();
+        }
         for (const char* limit : { "minimum", "maximum", "increment" }) {
             const QVariant value = roles.get(row, limit);
             if (value.isValid()) {
-                object.insert(QLatin1String(limit), number(value));
+                object[limit] = number(value);
             }
         }
-        const QVariant entries = roles.get(row, "entries");
-        if (entries.isValid()) {
-            object.insert(
-                QStringLiteral("entries"), QJsonArray::fromStringList(entries.toStringList()));
+        if (kind == QLatin1String("enumeration") || kind == QLatin1String("boolean")) {
+            object["entries"] = texts(roles.get(row, "entries").toStringList());
         }
-        if (roles.text(row, "kind") != QLatin1String("category")) {
-            object.insert(QStringLiteral("value"), roles.text(row, "value"));
-            object.insert(QStringLiteral("readOnly"), roles.get(row, "readOnly").toBool());
-        }
-        rows.append(object);
+        object["level"] = roles.get(row, "level").toInt();
+        rows.push_back(std::move(object));
     });
-    return QJsonDocument(rows).toJson();
+    return QByteArray::fromStdString(rows.dump(2)) + '\n';
 }
 
 QByteArray treeAsText(const QAbstractItemModel& model)
