@@ -83,11 +83,7 @@ int main(int argc, char** argv)
             return fail(error);
         }
     }
-    if (!chooseDisplay(!options.needsNoWindow())) {
-        return fail(QStringLiteral("No display. --dump, --print and --screenshot need none."));
-    }
-    const QApplication application(argc, argv);
-
+    // Before the window system: what it prints would stand around the one line of a failure.
     std::string openError;
     const auto camera = options.description.isEmpty()
         ? zqcameralib::ZQCamera::OpenSimulated(openError)
@@ -96,6 +92,11 @@ int main(int argc, char** argv)
     if (!camera) {
         return fail(QString::fromStdString(openError));
     }
+    if (!chooseDisplay(!options.needsNoWindow())) {
+        return fail(QStringLiteral("No display. --dump, --print and --screenshot need none."));
+    }
+    const QApplication application(argc, argv);
+
     ViewerWindow window(*camera, options.level, error);
     if (!error.isEmpty()) {
         return fail(error);
