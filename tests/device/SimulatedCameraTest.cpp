@@ -1,0 +1,192 @@
+#include "SimulatedCamera.h"
+
+#include "RegisterMemory.h"
+#include "RegisterValues.h"
+#include "SimulatedCameraRegisters.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <iterator>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace zqcameralib {
+namespace {
+
+using namespace simulated;
+using std::chrono::seconds;
+using testing::ElementsAre;
+
+constexpr std::uint32_t mono8 = 0x01080001;
+constexpr std::uint32_t mono16 = 0x01100007;
+constexpr std::uint32_t bayerRg8 = 0x01080009;
+
+TEST(RegisterMemory, KeepsBytesAcrossPagesAndPastTheHighestAddress)
+{
+    const std::vector<std::uint8_t> bytes { 1, 2, 3, 4 };
+    for (const std::uint64_t address :
+        { std::uint64_t { 0x1ffe }, std::numeric_limits<std::uint64_t>::max() - 1 }) {
+        RegisterMemory memory;
+        memory.write(address, bytes.data(), bytes.size());
+        const RegisterMemory snapshot = memory;
+        memory.write(address + 1, bytes.data(), 1);
+
+        std::vector<std::uint8_t> read(6, 0xff);
+        snapshot.read(address - 1, read.data(), read.size());
+        EXPECT_THAT(read, ElementsAre(0, 1, 2, 3, 4, 0));
+        memory.read(address, read.data(), 4);
+        EXPECT_EQ(read[1], 1);
+    }
+}
+
+TEST(SimulatedCamera, EmbeddedDescriptionIsTheFileByteForByte)
+{
+    std::ifstream file(ZQ_SIMULATED_CAMERA_XML, std::ios::binary);
+    const std::string content((std::istreambuf_iterator<char>(file)), {});
+    ASSERT_FALSE(content.empty());
+    EXPECT_EQ(simulatedCameraDescription(), content);
+}
+
+// The camera as its register port sees it.
+class SimulatedCameraTest : public testing::Test {
+protected:
+    SimulatedCameraTest() { m_behaviour->start(m_memory); }
+
+    void write(std::uint64_t address, std::uint32_t value)
+    {
+        writeWord(m_memory, address, value);
+        m_behaviour->afterWrite(m_memory, address, 4);
+    }
+    std::uint32_t read(std::uint64_t address)
+    {
+        m_behaviour->beforeRead(m_memory, address, 4);
+        return readWord(m_memory, address);
+    }
+    float readTemperature()
+    {
+        m_behaviour->beforeRead(m_memory, temperature, 4);
+        return readFloat(m_memory, temperature);
+    }
+
+    std::chrono::nanoseconds m_now = seconds(1000);
+    RegisterMemory m_memory;
+    std::unique_ptr<CameraBehaviour> m_behaviour
+        = makeSimulatedCameraBehaviour([this] { return m_now; });
+};
+
+struct Word {
+    std::uint64_t address;
+    std::uint32_t value;
+};
+
+struct Settling {
+    const char* name;
+    std::vector<Word> writes;
+    std::vector<Word> expected;
+};
+
+TEST_F(SimulatedCameraTest, ValuesFollowWhatLimitsThem)
+{
+    const Settling cases[] = {
+        { "off-grid width", { { width, 515 } }, { { width, 512 } } },
+        { "binning shrinks the image",
+            { { width, 2048 }, { height, 2048 }, { binningHorizontal, 3 }, { binningVertical, 4 } },
+            { { width, 680 }, { height, 512 } } },
+        { "binning outside", { { binningHorizontal, 0 }, { binningVertical, 9 } },
+            { { binningHorizontal, 1 }, { binningVertical, 4 } } },
+        { "width pushes the offset", { { offsetX, 1536 }, { width, 1024 } },
+            { { offsetX, 1024 } } },
+        { "double rate", { { width, 2048 }, { pixelFormat, mono16 }, { doubleRateEnable, 1 } },
+            { { width, 1024 }, { pixelFormat, mono8 } } },
+        { "binning mixes the mosaic", { { pixelFormat, bayerRg8 }, { binningVertical, 2 } },
+            { { pixelFormat, mono8 } } },
+        { "regions make the height", { { offsetY, 100 }, { mroiH + 8, 512 }, { mroiEnable, 1 } },
+            { { height, 3 * 128 + 512 }, { offsetY, 0 } } },
+        { "regions fit the sensor", { { mroiH, 512 }, { binningVertical, 2 }, { mroiY, 2000 } },
+            { { mroiH, 256 }, { mroiY, 1024 - 256 } } },
+        { "exposure pushes the frame period", { { exposureTime, 200000 } },
+            { { framePeriod, 200000 } } },
+        { "readout limits the frame period", { { exposureTime, 10 }, { framePeriod, 10 } },
+            { { framePeriod, 5220 } } },
+        { "automatic exposure", { { exposureAuto, 1 } },
+            { { exposureTime, 20000 }, { exposureAuto, 0 } } },
+        { "automatic gain", { { gainAuto, 3 } }, { { gainAll, 60 }, { gainAuto, 1 } } },
+        { "output lines", { { userOutput, 1 }, { lineInverter + 4, 1 } },
+            { { lineStatusAll, 0b0110 } } },
+        { "trigger not armed", { { triggerSoftware, 1 } },
+            { { triggerCount, 0 }, { triggerSoftware, 0 } } },
+        { "trigger armed",
+            { { triggerMode + 0x20, 1 }, { triggerSource + 0x20, 1 },
+                { triggerSoftware + 0x20, 1 } },
+            { { triggerCount, 0 }, { triggerCount + 4, 1 } } },
+        { "counter reset", { { counterReset + 4, 1 } },
+            { { counterValue, 42 }, { counterValue + 4, 0 } } },
+        { "right key", { { serviceKey, serviceKeyValue } },
+            { { serviceUnlocked, 1 }, { serviceKey, 0 } } },
+        { "wrong key", { { serviceKey, serviceKeyValue }, { serviceKey, 1 } },
+            { { serviceUnlocked, 0 } } },
+    };
+    for (const Settling& test : cases) {
+        SCOPED_TRACE(test.name);
+        write(deviceReset, 1);
+        for (const Word& word : test.writes)
+            write(word.address, word.value);
+        for (const Word& word : test.expected)
+            EXPECT_EQ(read(word.address), word.value) << std::hex << word.address;
+    }
+}
+
+TEST_F(SimulatedCameraTest, UserSetsBringSettingsBackAndSurviveAReset)
+{
+    write(width, 640);
+    write(lookUpTables + 4, 77);
+    write(userSetSelector, 1);
+    write(userSetSave, 1);
+    EXPECT_EQ(read(userSetSave), 0U);
+
+    write(userSetSelector, 0);
+    write(userSetSave, 1); // the default set cannot be changed
+    write(userSetLoad, 1);
+    EXPECT_EQ(read(width), 512U);
+    EXPECT_EQ(read(lookUpTables + 4), 16U);
+
+    write(userSetDefault, 1);
+    write(deviceUserId, 0x41424300);
+    write(serviceKey, serviceKeyValue);
+    write(deviceReset, 1);
+    EXPECT_EQ(read(width), 640U);
+    EXPECT_EQ(read(lookUpTables + 4), 77U);
+    EXPECT_EQ(read(deviceUserId), 0x41424300U);
+    EXPECT_EQ(read(serviceUnlocked), 0U);
+
+    write(userSetSelector, 7); // no such set
+    write(userSetLoad, 1);
+    EXPECT_EQ(read(width), 640U);
+}
+
+TEST_F(SimulatedCameraTest, RunningTimeIsLatchedAndTemperatureRises)
+{
+    const float cold = readTemperature();
+    m_now += seconds(100);
+    write(timestampLatch, 1);
+    m_now += seconds(100);
+    EXPECT_GT(readTemperature(), cold + 1.0F);
+    EXPECT_EQ((std::uint64_t { read(timestampLatchValue) } << 32U) + read(timestampLatchValue + 4),
+        100000000000U);
+    write(timestampReset, 1);
+    EXPECT_EQ(read(timestampLatchValue + 4), 0U);
+}
+
+TEST_F(SimulatedCameraTest, SelfTestIsPolledUntilItIsDone)
+{
+    write(selfTestRun, 1);
+    EXPECT_EQ(readWord(m_memory, selfTestResult), 0U);
+    EXPECT_EQ(read(selfTestRun), 1U);
+    EXPECT_EQ(read(selfTestRun), 0U);
+    EXPECT_EQ(read(selfTestResult), 1U);
+}
+
+} // namespace
+} // namespace zqcameralib
