@@ -1,6 +1,8 @@
 #include "Camera.h"
 
 #include "AvailableAtStart.h"
+#include "CommandBehaviour.h"
+#include "GlibError.h"
 #include "NodeMapXml.h"
 
 namespace zqcameralib {
@@ -8,6 +10,7 @@ namespace zqcameralib {
 ZQCamera::Impl::Impl(
     std::unique_ptr<Description> description, std::unique_ptr<RegisterBackend> backend)
     : m_description(std::move(description))
+    , m_dependencies(*m_description)
     , m_port(std::move(backend))
 {
 }
@@ -34,22 +37,58 @@ const Feature* ZQCamera::Impl::feature(std::string_view name) const
     return found == m_byName.end() ? nullptr : &m_features[found->second];
 }
 
-std::unique_ptr<ZQCamera::Impl> openInMemory(
-    std::string text, std::unique_ptr<CameraBehaviour> behaviour, std::string& error)
+namespace {
+
+void addCommandRegisters(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
+{
+    for (const Feature& feature : camera.features()) {
+        if (feature.commandRegister == nullptr) {
+            continue;
+        }
+        std::vector<RegisterPort::Register> read;
+        GlibError error;
+        camera.port().setTrace(&read);
+        arv_gc_integer_get_value(ARV_GC_INTEGER(feature.commandRegister), error.out());
+        camera.port().setTrace(nullptr);
+        if (!error && !read.empty()) {
+            behaviour.addCommandRegister(read.back().first, read.back().second);
+        }
+    }
+}
+
+/// The camera over a memory; hands the memory out too.
+std::unique_ptr<ZQCamera::Impl> overMemory(std::string text,
+    std::unique_ptr<CameraBehaviour> behaviour, RegisterMemory*& memory, std::string& error)
 {
     std::unique_ptr<Description> description = Description::parse(std::move(text), error);
     if (!description) {
         return nullptr;
     }
-    const bool isForeign = !behaviour;
     auto backend = std::make_unique<MemoryBackend>(std::move(behaviour));
-    RegisterMemory& memory = backend->memory();
+    memory = &backend->memory();
     auto camera = std::make_unique<ZQCamera::Impl>(std::move(description), std::move(backend));
-    if (!camera->start(error)) {
-        return nullptr;
-    }
-    if (isForeign) {
-        makeAvailable(camera->features(), camera->port(), memory);
+    return camera->start(error) ? std::move(camera) : nullptr;
+}
+
+} // namespace
+
+std::unique_ptr<ZQCamera::Impl> openSimulated(
+    std::string text, std::unique_ptr<CameraBehaviour> behaviour, std::string& error)
+{
+    RegisterMemory* memory = nullptr;
+    return overMemory(std::move(text), std::move(behaviour), memory, error);
+}
+
+std::unique_ptr<ZQCamera::Impl> openDescription(std::string text, std::string& error)
+{
+    auto behaviour = std::make_unique<CommandBehaviour>();
+    CommandBehaviour& commands = *behaviour;
+    RegisterMemory* memory = nullptr;
+    std::unique_ptr<ZQCamera::Impl> camera
+        = overMemory(std::move(text), std::move(behaviour), memory, error);
+    if (camera) {
+        makeAvailable(camera->features(), camera->port(), *memory);
+        addCommandRegisters(*camera, commands);
     }
     return camera;
 }

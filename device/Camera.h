@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DependencyGraph.h"
 #include "Description.h"
 #include "Feature.h"
 #include "MemoryBackend.h"
@@ -31,18 +32,25 @@ public:
     const std::vector<Feature>& features() const { return m_features; }
     /// Null when there is no feature of that name.
     const Feature* feature(std::string_view name) const;
+    const DependencyGraph& dependencies() const { return m_dependencies; }
     ArvGc* nodeMap() const { return zqcameralib::nodeMap(*m_device); }
 
 private:
     std::unique_ptr<Description> m_description;
+    DependencyGraph m_dependencies;
     RegisterPort m_port;
     PortDevicePointer m_device;
     std::vector<Feature> m_features;
     std::unordered_map<std::string_view, std::size_t> m_byName;
 };
 
-/// Opens `text` as a camera over a memory of its own. Null and one line in `error` on failure.
-std::unique_ptr<ZQCamera::Impl> openInMemory(
+/// Opens a description as a camera over a memory of its own, with a behaviour of its own. Null and
+/// one line in `error` on failure.
+std::unique_ptr<ZQCamera::Impl> openSimulated(
     std::string text, std::unique_ptr<CameraBehaviour> behaviour, std::string& error);
+
+/// The same for a description of which nothing else is known: registers that decide whether
+/// features are implemented or available start at values that make them so.
+std::unique_ptr<ZQCamera::Impl> openDescription(std::string text, std::string& error);
 
 } // namespace zqcameralib

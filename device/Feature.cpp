@@ -219,6 +219,24 @@ void markConditionalEntries(std::vector<EnumEntry>& entries, const DescriptionNo
     }
 }
 
+/// A command is done when the value it has written has gone again, if that can be read.
+void setCommandFacts(Feature& feature, const Description& description, ArvGc* nodeMap)
+{
+    const DescriptionNode& node = *feature.node;
+    const std::string_view value = childText(node.element, "CommandValue");
+    for (const Reference& reference : node.references) {
+        if (reference.tag != "pValue" || reference.target == Description::absent || value.empty()) {
+            continue;
+        }
+        const std::uint16_t access = staticAccess(description, reference.target);
+        ArvGcFeatureNode* target = featureNode(nodeMap, description.node(reference.target).name);
+        if (ARV_IS_GC_INTEGER(target) && access == ACCESS_READ_WRITE) {
+            feature.commandRegister = target;
+            feature.commandValue = number(value);
+        }
+    }
+}
+
 std::string descriptionText(const DescriptionNode& node)
 {
     std::string text(childText(node.element, "Description"));
@@ -269,6 +287,9 @@ Feature describe(const Description& description, const TreeEntry& entry, ArvGc* 
     feature.isSelector = hasReference(*feature.node, "pSelected");
     addChainFacts(feature, description, nodeMap);
     feature.isDetached = readsDetachedPort(description, *feature.node);
+    if (feature.type == FEATURE_COMMAND) {
+        setCommandFacts(feature, description, nodeMap);
+    }
     if (feature.type == FEATURE_ENUMERATION && ARV_IS_GC_ENUMERATION(feature.gc)) {
         feature.entries = enumEntries(ARV_GC_ENUMERATION(feature.gc), *feature.node);
         markConditionalEntries(feature.entries, *feature.node);

@@ -34,7 +34,10 @@ struct Feature {
     std::string selectorParent;
     std::string description; ///< without what is true at the moment only
     std::string caption; ///< display name, else name
-    std::vector<EnumEntry> entries;
+    std::vector<EnumEntry> entries; ///< in the order of the description
+    /// Commands: what tells that they are done, by not holding commandValue any more; may be null.
+    ArvGcFeatureNode* commandRegister = nullptr;
+    std::int64_t commandValue = 0;
     /// The node itself and those that its value comes from, as far as they have such a condition.
     std::vector<ArvGcFeatureNode*> implementedIf;
     std::vector<ArvGcFeatureNode*> availableIf;
@@ -43,6 +46,10 @@ struct Feature {
     std::int64_t registerMin = INT64_MIN;
     std::int64_t registerMax = INT64_MAX;
     bool hasFloatIncrement = false;
+    /// The value comes with images or events (chunk and event ports): no register can be read.
+    bool isDetached = false;
+    /// Writing it ends in a register of the camera, not in a value kept in the node map.
+    bool endsInRegister = false;
 };
 
 /// All rows of the feature tree with their facts, in tree order.

@@ -82,7 +82,7 @@ FEATURE_STATE FeatureReader::state(const Feature& feature)
     }
     const std::uint64_t failures = m_port.failures();
     FEATURE_STATE state = FEATURE_AVAILABLE;
-    if (feature.access == ACCESS_NOT_AVAILABLE
+    if (feature.access == ACCESS_NOT_AVAILABLE || feature.isDetached
         || !allHold(feature.implementedIf, arv_gc_feature_node_is_implemented)
         || !allHold(feature.availableIf, arv_gc_feature_node_is_available)) {
         state = FEATURE_NOT_AVAILABLE;
@@ -136,6 +136,18 @@ FeatureReader::FloatLimits FeatureReader::floatLimits(const Feature& feature)
     return limits;
 }
 
+std::uint32_t FeatureReader::maxTextLength(const Feature& feature)
+{
+    if (!ARV_IS_GC_STRING(feature.gc)) {
+        return 0;
+    }
+    GlibError error;
+    const std::int64_t length
+        = arv_gc_string_get_max_length(ARV_GC_STRING(feature.gc), error.out());
+    // A text that no register holds has no limit, which reads as the largest number.
+    return error || length > UINT32_MAX ? 0 : asUnsigned32(length);
+}
+
 std::vector<const EnumEntry*> FeatureReader::availableEntries(const Feature& feature)
 {
     std::vector<const EnumEntry*> available;
@@ -150,67 +162,81 @@ std::vector<const EnumEntry*> FeatureReader::availableEntries(const Feature& fea
     return available;
 }
 
-bool FeatureReader::readInteger(const Feature& feature, Item& item)
+FeatureReader::Outcome FeatureReader::readInteger(const Feature& feature, Item& item)
 {
     GlibError error;
     const std::int64_t value = arv_gc_integer_get_value(ARV_GC_INTEGER(feature.gc), error.out());
     item.valueText = integerText(value);
-    return !error;
+    return error ? Outcome::Failed : Outcome::Shown;
 }
 
-bool FeatureReader::readFloat(const Feature& feature, Item& item)
+FeatureReader::Outcome FeatureReader::readFloat(const Feature& feature, Item& item)
 {
     GlibError error;
     item.valueText = floatText(arv_gc_float_get_value(ARV_GC_FLOAT(feature.gc), error.out()));
-    return !error && !item.valueText.empty();
+    if (error) {
+        return Outcome::Failed;
+    }
+    return item.valueText.empty() ? Outcome::Nothing : Outcome::Shown;
 }
 
-bool FeatureReader::readEnumeration(const Feature& feature, Item& item)
+FeatureReader::Outcome FeatureReader::readEnumeration(const Feature& feature, Item& item)
 {
     GlibError error;
     const std::int64_t value
         = arv_gc_enumeration_get_int_value(ARV_GC_ENUMERATION(feature.gc), error.out());
+    if (error) {
+        return Outcome::Failed;
+    }
     const std::vector<const EnumEntry*> entries = availableEntries(feature);
     const auto current = std::find_if(entries.begin(), entries.end(),
         [value](const EnumEntry* entry) { return entry->value == value; });
-    const bool known = !error && current != entries.end();
-    item.valueText = integerText(known ? current - entries.begin() : -1);
-    return known;
+    const bool isKnown = current != entries.end();
+    item.valueText = integerText(isKnown ? current - entries.begin() : -1);
+    return isKnown ? Outcome::Shown : Outcome::Nothing;
 }
 
-bool FeatureReader::readBoolean(const Feature& feature, Item& item)
+FeatureReader::Outcome FeatureReader::readBoolean(const Feature& feature, Item& item)
 {
     GlibError error;
     const bool on = arv_gc_boolean_get_value(ARV_GC_BOOLEAN(feature.gc), error.out()) != FALSE;
     item.valueText = on ? "1" : "0";
-    return !error;
+    return error ? Outcome::Failed : Outcome::Shown;
 }
 
-bool FeatureReader::readString(const Feature& feature, Item& item)
+FeatureReader::Outcome FeatureReader::readString(const Feature& feature, Item& item)
 {
+    if (feature.node->kind == "StringReg" && item.maxLength == 0) {
+        return Outcome::Nothing;
+    }
     GlibError error;
     const char* text = arv_gc_string_get_value(ARV_GC_STRING(feature.gc), error.out());
-    item.valueText = text == nullptr ? "" : text;
-    return !error && text != nullptr;
+    if (error || text == nullptr) {
+        return Outcome::Failed;
+    }
+    item.valueText = text;
+    return Outcome::Shown;
 }
 
-bool FeatureReader::readRegister(const Feature& feature, Item& item)
+FeatureReader::Outcome FeatureReader::readRegister(const Feature& feature, Item& item)
 {
     ArvGcRegister* reg = ARV_GC_REGISTER(feature.gc);
     GlibError error;
     const std::uint64_t length = arv_gc_register_get_length(reg, error.out());
-    if (error || length == 0 || length > maxRegisterSize) {
-        return false;
+    if (error || length > maxRegisterSize) {
+        return Outcome::Failed;
+    }
+    if (length == 0) {
+        return Outcome::Nothing;
     }
     std::vector<std::uint8_t> bytes(length);
     arv_gc_register_get(reg, bytes.data(), length, error.out());
     item.valueText = hexText(bytes.data(), bytes.size());
-    return !error;
+    return error ? Outcome::Failed : Outcome::Shown;
 }
 
 void FeatureReader::readLimits(const Feature& feature, Item& item)
 {
-    GlibError error;
     if (feature.type == FEATURE_INTEGER && ARV_IS_GC_INTEGER(feature.gc)) {
         const IntegerLimits limits = integerLimits(feature);
         item.intMin = limits.minimum;
@@ -225,67 +251,72 @@ void FeatureReader::readLimits(const Feature& feature, Item& item)
         for (const EnumEntry* entry : availableEntries(feature)) {
             item.enumEntries.push_back(entry->name);
         }
-    } else if (ARV_IS_GC_STRING(feature.gc)
-        && (feature.type == FEATURE_STRING || feature.type == FEATURE_READ_ONLY_STRING)) {
-        item.maxLength
-            = asUnsigned32(arv_gc_string_get_max_length(ARV_GC_STRING(feature.gc), error.out()));
+    } else if (feature.type == FEATURE_STRING || feature.type == FEATURE_READ_ONLY_STRING) {
+        item.maxLength = maxTextLength(feature);
     }
 }
 
-bool FeatureReader::readValue(const Feature& feature, Item& item)
+FeatureReader::Outcome FeatureReader::readValue(const Feature& feature, Item& item)
 {
-    switch (feature.type) {
-    case FEATURE_INTEGER:
-        return ARV_IS_GC_INTEGER(feature.gc) && readInteger(feature, item);
-    case FEATURE_FLOAT:
-        return ARV_IS_GC_FLOAT(feature.gc) && readFloat(feature, item);
-    case FEATURE_ENUMERATION:
-        return ARV_IS_GC_ENUMERATION(feature.gc) && readEnumeration(feature, item);
-    case FEATURE_BOOLEAN:
-        return ARV_IS_GC_BOOLEAN(feature.gc) && readBoolean(feature, item);
-    default:
-        return feature.node->kind == "Register"
-            ? ARV_IS_GC_REGISTER(feature.gc) && readRegister(feature, item)
-            : ARV_IS_GC_STRING(feature.gc) && readString(feature, item);
+    if (feature.type == FEATURE_INTEGER && ARV_IS_GC_INTEGER(feature.gc)) {
+        return readInteger(feature, item);
+    }
+    if (feature.type == FEATURE_FLOAT && ARV_IS_GC_FLOAT(feature.gc)) {
+        return readFloat(feature, item);
+    }
+    if (feature.type == FEATURE_ENUMERATION && ARV_IS_GC_ENUMERATION(feature.gc)) {
+        return readEnumeration(feature, item);
+    }
+    if (feature.type == FEATURE_BOOLEAN && ARV_IS_GC_BOOLEAN(feature.gc)) {
+        return readBoolean(feature, item);
+    }
+    if (feature.node->kind == "Register" && ARV_IS_GC_REGISTER(feature.gc)) {
+        return readRegister(feature, item);
+    }
+    return ARV_IS_GC_STRING(feature.gc) ? readString(feature, item) : Outcome::Failed;
+}
+
+void FeatureReader::readAvailable(const Feature& feature, Item& item, FEATURE_STATE& state)
+{
+    if (feature.gc == nullptr) {
+        state = FEATURE_READ_FAILED;
+        return;
+    }
+    readLimits(feature, item);
+    if (feature.type == FEATURE_COMMAND) {
+        item.displayFlag = 1;
+        return;
+    }
+    if (!isReadable(feature)) {
+        return;
+    }
+    const Outcome outcome = readValue(feature, item);
+    item.displayFlag = outcome == Outcome::Shown ? 1 : 0;
+    if (outcome == Outcome::Failed) {
+        state = FEATURE_READ_FAILED;
+    }
+    if (outcome != Outcome::Shown && feature.type != FEATURE_ENUMERATION) {
+        item.valueText.clear();
     }
 }
 
 bool FeatureReader::read(const Feature& feature, FeatureItem& item, FEATURE_STATE& state)
 {
     const std::uint64_t failures = m_port.failures();
-    const FEATURE_STATE present = this->state(feature);
-    Item fresh = staticItem(feature);
-    if (present == FEATURE_READ_FAILED) {
-        state = present;
+    state = this->state(feature);
+    if (state == FEATURE_READ_FAILED) {
         return false;
     }
-    state = present;
-    if (present == FEATURE_NOT_AVAILABLE) {
+    Item fresh = staticItem(feature);
+    fresh.lockedFlag = state == FEATURE_AVAILABLE ? 0 : 1;
+    if (state == FEATURE_NOT_AVAILABLE) {
         fresh.accessMode = ACCESS_NOT_AVAILABLE;
-    }
-    fresh.lockedFlag = present == FEATURE_AVAILABLE ? 0 : 1;
-    if (present != FEATURE_NOT_AVAILABLE && feature.type != FEATURE_CATEGORY) {
-        if (feature.gc != nullptr) {
-            readLimits(feature, fresh);
-        }
-        if (feature.type == FEATURE_COMMAND) {
-            fresh.displayFlag = 1;
-        } else if (isReadable(feature)) {
-            const bool shown = readValue(feature, fresh);
-            fresh.displayFlag = shown ? 1 : 0;
-            // -1: an enumeration's value that is no entry is read, though there is no text for it.
-            state = shown || feature.type == FEATURE_ENUMERATION ? present : FEATURE_READ_FAILED;
-        } else if (feature.gc == nullptr) {
-            state = FEATURE_READ_FAILED;
-        }
+    } else if (feature.type != FEATURE_CATEGORY) {
+        readAvailable(feature, fresh, state);
     }
     if (m_port.failures() != failures) {
         state = FEATURE_READ_FAILED;
         return false;
-    }
-    if (fresh.displayFlag == 0 && feature.type != FEATURE_ENUMERATION
-        && feature.type != FEATURE_COMMAND) {
-        fresh.valueText.clear();
     }
     item = std::move(fresh);
     return true;

@@ -42,6 +42,8 @@ public:
     };
     IntegerLimits integerLimits(const Feature& feature);
     FloatLimits floatLimits(const Feature& feature);
+    /// Longest text in bytes that fits now, 0 when there is no limit.
+    std::uint32_t maxTextLength(const Feature& feature);
     /// The entries that can be chosen now.
     std::vector<const EnumEntry*> availableEntries(const Feature& feature);
 
@@ -51,13 +53,17 @@ private:
     bool allHold(const std::vector<ArvGcFeatureNode*>& nodes,
         gboolean (*condition)(ArvGcFeatureNode*, GError**));
     bool anyLocked(const Feature& feature);
-    bool readValue(const Feature& feature, Item& item);
-    bool readInteger(const Feature& feature, Item& item);
-    bool readFloat(const Feature& feature, Item& item);
-    bool readEnumeration(const Feature& feature, Item& item);
-    bool readBoolean(const Feature& feature, Item& item);
-    bool readString(const Feature& feature, Item& item);
-    bool readRegister(const Feature& feature, Item& item);
+    /// What came of evaluating a value: a text, nothing that a text could show, or an error.
+    enum class Outcome { Shown, Nothing, Failed };
+
+    void readAvailable(const Feature& feature, Item& item, featurebrowser::FEATURE_STATE& state);
+    Outcome readValue(const Feature& feature, Item& item);
+    Outcome readInteger(const Feature& feature, Item& item);
+    Outcome readFloat(const Feature& feature, Item& item);
+    Outcome readEnumeration(const Feature& feature, Item& item);
+    Outcome readBoolean(const Feature& feature, Item& item);
+    Outcome readString(const Feature& feature, Item& item);
+    Outcome readRegister(const Feature& feature, Item& item);
     void readLimits(const Feature& feature, Item& item);
 
     RegisterPort& m_port;

@@ -1,6 +1,11 @@
 #include "Repository.h"
 
 #include "StatusCodes.h"
+#include "WriteBlock.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
 
 namespace featurebrowser {
 
@@ -10,6 +15,31 @@ using zqcameralib::RegisterPort;
 namespace {
 /// How long what a load has read may be handed out without reading it once more.
 constexpr std::chrono::seconds freshAfterLoad(3);
+
+/// Commands after which nothing read before can be trusted.
+bool changesWholeCamera(const Feature& feature)
+{
+    constexpr std::array<std::string_view, 8> marks { "UserSetLoad", "DeviceReset", "FactoryReset",
+        "FactoryDefault", "FactorySettings", "RestoreDefault", "LoadDefault", "ConfigurationLoad" };
+    return feature.type == FEATURE_COMMAND
+        && std::any_of(marks.begin(), marks.end(), [&feature](std::string_view mark) {
+               return feature.name.find(mark) != std::string::npos;
+           });
+}
+
+/// Acquisition locks features through a node that the description does not tie to the commands.
+bool switchesAcquisition(const std::string& name)
+{
+    return name == "AcquisitionStart" || name == "AcquisitionStop" || name == "AcquisitionAbort";
+}
+
+/// Stands for the whole camera; not part of the tree.
+std::shared_ptr<FeatureItem> wholeDevice()
+{
+    auto item = std::make_shared<FeatureItem>();
+    item->name = "Device";
+    return item;
+}
 } // namespace
 
 ZQCameraRepository::Impl::Impl(zqcameralib::ZQCamera::Impl& camera)
@@ -78,7 +108,26 @@ bool ZQCameraRepository::Impl::readRecord(Record& record)
     FEATURE_STATE state = FEATURE_AVAILABLE;
     const bool done = m_reader.read(*record.feature, *record.item, state);
     m_states[record.feature->name] = state;
+    if (done) {
+        explain(record, state);
+    }
     return done;
+}
+
+void ZQCameraRepository::Impl::explain(Record& record, FEATURE_STATE state)
+{
+    std::string reason;
+    if (record.feature->node->isBroken()) {
+        reason = "Cannot be read: " + record.feature->node->broken;
+    } else if (state == FEATURE_LOCKED) {
+        reason = "Cannot be changed now: " + lockReason(m_camera, *record.feature);
+    } else if (state == FEATURE_NOT_AVAILABLE) {
+        reason = "Cannot be used: " + unavailableReason(m_camera, *record.feature);
+    }
+    if (!reason.empty()) {
+        std::string& text = record.item->description;
+        text += (text.empty() ? "" : "\n") + reason + ".";
+    }
 }
 
 bool ZQCameraRepository::Impl::isStillFresh(Record& record)
@@ -99,6 +148,43 @@ bool ZQCameraRepository::Impl::read(const ItemPointer& item)
         return false;
     }
     return isStillFresh(found->second) || readRecord(found->second);
+}
+
+ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::affectedBy(
+    const Feature& feature) const
+{
+    const zqcameralib::Description& description = m_camera.description();
+    std::vector<std::size_t> changed { description.find(feature.name) };
+    if (switchesAcquisition(feature.name)
+        && description.find("TLParamsLocked") != description.absent) {
+        changed.push_back(description.find("TLParamsLocked"));
+    }
+    const std::vector<bool> affected = m_camera.dependencies().affectedBy(changed);
+    ItemList list;
+    for (const ItemPointer& item : m_items) {
+        if (item->type != FEATURE_CATEGORY && item->name != feature.name
+            && affected[description.find(item->name)]) {
+            list.push_back(item);
+        }
+    }
+    return list;
+}
+
+ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::invalidatedBy(
+    const std::string& name) const
+{
+    const Feature* feature = m_camera.feature(name);
+    if (feature == nullptr) {
+        return {};
+    }
+    return changesWholeCamera(*feature) ? ItemList { wholeDevice() } : affectedBy(*feature);
+}
+
+ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::selectedBy(
+    const std::string& name) const
+{
+    const Feature* feature = m_camera.feature(name);
+    return feature != nullptr && feature->isSelector ? affectedBy(*feature) : ItemList {};
 }
 
 int ZQCameraRepository::Impl::updateStates()

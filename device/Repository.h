@@ -25,6 +25,8 @@ public:
     int updateStates();
     ItemPointer find(const std::string& name) const;
     bool read(const ItemPointer& item);
+    ItemList invalidatedBy(const std::string& name) const;
+    ItemList selectedBy(const std::string& name) const;
     ItemList& items() { return m_items; }
     std::map<std::string, FEATURE_STATE>& states() { return m_states; }
 
@@ -40,6 +42,8 @@ private:
     void dropEmptyCategories();
     bool readRecord(Record& record);
     bool isStillFresh(Record& record);
+    void explain(Record& record, FEATURE_STATE state);
+    ItemList affectedBy(const zqcameralib::Feature& feature) const;
 
     zqcameralib::ZQCamera::Impl& m_camera;
     zqcameralib::FeatureReader m_reader;

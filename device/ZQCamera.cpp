@@ -17,7 +17,7 @@ std::unique_ptr<ZQCamera> wrap(std::unique_ptr<ZQCamera::Impl> impl)
 
 std::unique_ptr<ZQCamera> ZQCamera::OpenSimulated(std::string& error)
 {
-    return wrap(openInMemory(
+    return wrap(openSimulated(
         std::string(simulatedCameraDescription()), makeSimulatedCameraBehaviour(), error));
 }
 
@@ -27,7 +27,7 @@ std::unique_ptr<ZQCamera> ZQCamera::OpenDescription(const std::string& path, std
     if (!readDescriptionFile(path, text, error)) {
         return nullptr;
     }
-    std::unique_ptr<ZQCamera> camera = wrap(openInMemory(std::move(text), nullptr, error));
+    std::unique_ptr<ZQCamera> camera = wrap(openDescription(std::move(text), error));
     if (!camera) {
         error = path + ": " + error;
     }

@@ -1,22 +1,47 @@
 #include "featurebrowser/ZQCameraDevice.h"
 
+#include "DeviceOperations.h"
 #include "Repository.h"
 #include "StatusCodes.h"
 
-#include <cstdio>
+#include <algorithm>
 
 namespace featurebrowser {
 
-using namespace zqcameralib;
+using zqcameralib::ZQCamera;
+using zqcameralib::ZQDiscovery;
 
 class ZQCameraDevice::Impl {
 public:
     explicit Impl(ZQCamera& camera)
         : repository(std::make_unique<ZQCameraRepository::Impl>(camera.impl()))
+        , operations(camera.impl())
     {
     }
+
     ZQCameraRepository repository;
+    zqcameralib::DeviceOperations operations;
 };
+
+namespace {
+
+/// Cuts at the buffer's end, but not within a character.
+void copyText(std::string text, char* buffer)
+{
+    if (buffer == nullptr) {
+        return;
+    }
+    if (text.size() >= errorTextSize) {
+        std::size_t end = errorTextSize - 1;
+        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
+            --end;
+        }
+        text.resize(end);
+    }
+    std::copy_n(text.c_str(), text.size() + 1, buffer);
+}
+
+} // namespace
 
 ZQCameraDevice::ZQCameraDevice(ZQCamera* camera, ZQDiscovery*)
     : m_impl(std::make_unique<Impl>(*camera))
@@ -30,54 +55,80 @@ ZQCameraRepository* ZQCameraDevice::GetRepository()
     return &m_impl->repository;
 }
 
-int ZQCameraDevice::SetIntegerValue(const char*, long, int)
+int ZQCameraDevice::SetIntegerValue(const char* name, long value, int flag)
 {
-    return notWritable;
+    return m_impl->operations.setInteger(name, value, flag == 1);
 }
-int ZQCameraDevice::GetIntegerValue(const char*, long*)
+
+int ZQCameraDevice::GetIntegerValue(const char* name, long* value)
 {
-    return notReadable;
+    std::int64_t result = 0;
+    const int status = m_impl->operations.getInteger(name, result);
+    if (status == STATUS_OK && value != nullptr) {
+        *value = result;
+    }
+    return status;
 }
-int ZQCameraDevice::SetFloatValue(const char*, double)
+
+int ZQCameraDevice::SetFloatValue(const char* name, double value)
 {
-    return notWritable;
+    return m_impl->operations.setFloat(name, value);
 }
-int ZQCameraDevice::GetFloatValue(const char*, double*)
+
+int ZQCameraDevice::GetFloatValue(const char* name, double* value)
 {
-    return notReadable;
+    double result = 0.0;
+    const int status = m_impl->operations.getFloat(name, result);
+    if (status == STATUS_OK && value != nullptr) {
+        *value = result;
+    }
+    return status;
 }
-int ZQCameraDevice::SetStringValue(const char*, const char*)
+
+int ZQCameraDevice::SetStringValue(const char* name, const char* value)
 {
-    return notWritable;
+    return m_impl->operations.setString(name, value);
 }
-int ZQCameraDevice::SetEnumValue(const char*, const char*, int)
+
+int ZQCameraDevice::SetEnumValue(const char* name, const char* entry, int index)
 {
-    return notWritable;
+    return m_impl->operations.setEnum(name, entry, index);
 }
-int ZQCameraDevice::SetBooleanValue(const char*, int)
+
+int ZQCameraDevice::SetBooleanValue(const char* name, int value)
 {
-    return notWritable;
+    return m_impl->operations.setBoolean(name, value != 0);
 }
-int ZQCameraDevice::GetBooleanValue(const char*, bool*)
+
+int ZQCameraDevice::GetBooleanValue(const char* name, bool* value)
 {
-    return notReadable;
+    bool result = false;
+    const int status = m_impl->operations.getBoolean(name, result);
+    if (status == STATUS_OK && value != nullptr) {
+        *value = result;
+    }
+    return status;
 }
-int ZQCameraDevice::ExecuteCommand(const char*, int)
+
+int ZQCameraDevice::ExecuteCommand(const char* name, int flag)
 {
-    return notWritable;
+    return m_impl->operations.execute(name, flag == 1);
 }
+
 void ZQCameraDevice::GetErrorText(int code, char* errorName, char* errorText)
 {
-    std::snprintf(errorName, errorTextSize, "%s", statusName(code).c_str());
-    std::snprintf(errorText, errorTextSize, "%s", statusText(code).c_str());
+    copyText(zqcameralib::statusName(code), errorName);
+    copyText(m_impl->operations.errorText(code), errorText);
 }
+
 int ZQCameraDevice::GetLastError()
 {
-    return STATUS_OK;
+    return m_impl->operations.lastError();
 }
+
 int ZQCameraDevice::IsGrabbing()
 {
-    return 0;
+    return m_impl->operations.isGrabbing() ? 1 : 0;
 }
 
 } // namespace featurebrowser

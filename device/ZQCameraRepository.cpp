@@ -38,14 +38,14 @@ bool ZQCameraRepository::ReadFeature(const std::shared_ptr<FeatureItem>& item)
     return m_impl->read(item);
 }
 
-std::list<std::shared_ptr<FeatureItem>> ZQCameraRepository::GetInvalidatedFeatures(std::string)
+std::list<std::shared_ptr<FeatureItem>> ZQCameraRepository::GetInvalidatedFeatures(std::string name)
 {
-    return {};
+    return m_impl->invalidatedBy(name);
 }
 
-std::list<std::shared_ptr<FeatureItem>> ZQCameraRepository::GetSelectedFeatures(std::string)
+std::list<std::shared_ptr<FeatureItem>> ZQCameraRepository::GetSelectedFeatures(std::string name)
 {
-    return {};
+    return m_impl->selectedBy(name);
 }
 
 std::list<std::shared_ptr<FeatureItem>>& ZQCameraRepository::GetFeatureList()

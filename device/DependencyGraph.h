@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Description.h"
+
+#include <vector>
+
+namespace zqcameralib {
+
+/// Which nodes can change when one is written or run: through values, limits, increments,
+/// conditions, addresses, indices, lengths, formulas, selectors and declared invalidations, and
+/// through registers that overlap.
+class DependencyGraph {
+public:
+    explicit DependencyGraph(const Description& description);
+
+    /// Marks, by node index, everything that can change when `node` is written: transitively, with
+    /// `node` itself and what the write passes through.
+    std::vector<bool> affectedBy(std::size_t node) const;
+    /// The same for several nodes that change together.
+    std::vector<bool> affectedBy(std::vector<std::size_t> nodes) const;
+
+private:
+    void addReferences(std::size_t node);
+    void addOverlaps();
+
+    const Description& m_description;
+    std::vector<std::vector<std::size_t>> m_dependents; ///< by node: who changes with it
+    std::vector<std::vector<std::size_t>> m_written; ///< by node: what a write passes on to
+};
+
+} // namespace zqcameralib

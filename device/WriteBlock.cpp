@@ -1,0 +1,106 @@
+#include "WriteBlock.h"
+
+#include "GlibError.h"
+
+#include <algorithm>
+
+namespace zqcameralib {
+
+namespace {
+
+/// Nodes walked, and names told.
+constexpr std::size_t maxWalked = 60;
+constexpr std::size_t maxNames = 3;
+
+using Nodes = std::vector<std::size_t>;
+
+bool isConditionInput(std::string_view tag)
+{
+    return tag == "pVariable" || tag == "pValue";
+}
+
+/// The features behind a condition, nearest first; TLParamsLocked counts as one.
+Nodes inputsOf(ZQCamera::Impl& camera, const DescriptionNode& node, std::string_view condition)
+{
+    const Description& description = camera.description();
+    Nodes pending;
+    for (const Reference& reference : node.references) {
+        if (reference.tag == condition && reference.target != Description::absent) {
+            pending.push_back(reference.target);
+        }
+    }
+    Nodes inputs;
+    for (std::size_t at = 0; at < pending.size() && at < maxWalked; ++at) {
+        const DescriptionNode& next = description.node(pending[at]);
+        if (next.name == "TLParamsLocked" || camera.feature(next.name) != nullptr) {
+            inputs.push_back(pending[at]);
+            continue;
+        }
+        for (const Reference& reference : next.references) {
+            if (isConditionInput(reference.tag) && reference.target != Description::absent
+                && std::find(pending.begin(), pending.end(), reference.target) == pending.end()) {
+                pending.push_back(reference.target);
+            }
+        }
+    }
+    return inputs;
+}
+
+bool isTrueNow(ZQCamera::Impl& camera, std::size_t node)
+{
+    const std::string name(camera.description().node(node).name);
+    ArvGcNode* gc = arv_gc_get_node(camera.nodeMap(), name.c_str());
+    GlibError error;
+    return ARV_IS_GC_INTEGER(gc) && arv_gc_integer_get_value(ARV_GC_INTEGER(gc), error.out()) != 0
+        && !error;
+}
+
+std::string namesOf(ZQCamera::Impl& camera, const Nodes& nodes)
+{
+    std::string text;
+    for (std::size_t i = 0; i < std::min(nodes.size(), maxNames); ++i) {
+        text += (i == 0 ? "" : ", ") + std::string(camera.description().node(nodes[i]).name);
+    }
+    return text;
+}
+
+Nodes allInputs(ZQCamera::Impl& camera, const std::vector<ArvGcFeatureNode*>& conditioned,
+    std::string_view condition)
+{
+    Nodes all;
+    for (ArvGcFeatureNode* gc : conditioned) {
+        const std::size_t node = camera.description().find(arv_gc_feature_node_get_name(gc));
+        if (node != Description::absent) {
+            const Nodes inputs = inputsOf(camera, camera.description().node(node), condition);
+            all.insert(all.end(), inputs.begin(), inputs.end());
+        }
+    }
+    return all;
+}
+
+} // namespace
+
+std::string lockReason(ZQCamera::Impl& camera, const Feature& feature)
+{
+    Nodes inputs = allInputs(camera, feature.lockedIf, "pIsLocked");
+    const std::size_t acquisition = camera.description().find("TLParamsLocked");
+    if (std::find(inputs.begin(), inputs.end(), acquisition) != inputs.end()
+        && isTrueNow(camera, acquisition)) {
+        return "locked by TLParamsLocked: stop the acquisition to change it";
+    }
+    inputs.erase(std::remove(inputs.begin(), inputs.end(), acquisition), inputs.end());
+    const std::string names = namesOf(camera, inputs);
+    return names.empty() ? "locked by the camera" : "locked by " + names;
+}
+
+std::string unavailableReason(ZQCamera::Impl& camera, const Feature& feature)
+{
+    if (feature.isDetached) {
+        return "comes only with images or events";
+    }
+    const std::string names
+        = namesOf(camera, allInputs(camera, feature.availableIf, "pIsAvailable"));
+    return names.empty() ? "not available now" : "not available now, depends on " + names;
+}
+
+} // namespace zqcameralib

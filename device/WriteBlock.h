@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Camera.h"
+
+#include <string>
+
+namespace zqcameralib {
+
+/// Why a feature that exists cannot be used or written now, found by walking the description from
+/// its conditions to the features behind them: "locked by TLParamsLocked: stop the acquisition to
+/// change it". May read registers.
+std::string lockReason(ZQCamera::Impl& camera, const Feature& feature);
+std::string unavailableReason(ZQCamera::Impl& camera, const Feature& feature);
+
+} // namespace zqcameralib
