@@ -10,10 +10,11 @@ void RegisterMemory::read(std::uint64_t address, std::uint8_t* buffer, std::size
         const std::size_t offset = address % pageSize;
         const std::size_t count = std::min(size, pageSize - offset);
         const auto page = m_pages.find(address / pageSize);
-        if (page == m_pages.end())
+        if (page == m_pages.end()) {
             std::fill_n(buffer, count, std::uint8_t { 0 });
-        else
+        } else {
             std::copy_n(page->second.data() + offset, count, buffer);
+        }
         address += count;
         buffer += count;
         size -= count;

@@ -15,8 +15,9 @@ template <typename Unsigned> Unsigned readBigEndian(const RegisterMemory& memory
     std::array<std::uint8_t, sizeof(Unsigned)> bytes {};
     memory.read(at, bytes.data(), bytes.size());
     Unsigned value = 0;
-    for (const std::uint8_t byte : bytes)
+    for (const std::uint8_t byte : bytes) {
         value = static_cast<Unsigned>((value << 8U) | byte);
+    }
     return value;
 }
 
@@ -24,8 +25,9 @@ template <typename Unsigned>
 void writeBigEndian(RegisterMemory& memory, std::uint64_t at, Unsigned value)
 {
     std::array<std::uint8_t, sizeof(Unsigned)> bytes {};
-    for (std::size_t i = bytes.size(); i-- > 0; value = static_cast<Unsigned>(value >> 8U))
+    for (std::size_t i = bytes.size(); i-- > 0; value = static_cast<Unsigned>(value >> 8U)) {
         bytes[i] = static_cast<std::uint8_t>(value & 0xffU);
+    }
     memory.write(at, bytes.data(), bytes.size());
 }
 

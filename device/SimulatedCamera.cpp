@@ -6,6 +6,7 @@
 #include "UserSets.h"
 
 #include <cmath>
+#include <initializer_list>
 #include <utility>
 
 namespace zqcameralib {
@@ -42,7 +43,6 @@ private:
         void (SimulatedCamera::*run)(RegisterMemory& memory, std::uint64_t index);
         std::uint64_t index; ///< instance of a selected command
     };
-    static const Command commands[];
 
     void loadUserSet(RegisterMemory& memory, std::uint64_t index);
     void saveUserSet(RegisterMemory& memory, std::uint64_t index);
@@ -61,18 +61,6 @@ private:
     int m_selfTestReads = 0;
 };
 
-const SimulatedCamera::Command SimulatedCamera::commands[] = {
-    { userSetLoad, &SimulatedCamera::loadUserSet, 0 },
-    { userSetSave, &SimulatedCamera::saveUserSet, 0 },
-    { deviceReset, &SimulatedCamera::reset, 0 },
-    { timestampLatch, &SimulatedCamera::latchTimestamp, 0 },
-    { timestampReset, &SimulatedCamera::resetTimestamp, 0 },
-    { triggerSoftware, &SimulatedCamera::trigger, 0 },
-    { triggerSoftware + 0x20, &SimulatedCamera::trigger, 1 },
-    { counterReset, &SimulatedCamera::resetCounter, 0 },
-    { counterReset + 4, &SimulatedCamera::resetCounter, 1 },
-};
-
 void SimulatedCamera::start(RegisterMemory& memory)
 {
     writePowerUpValues(memory);
@@ -83,25 +71,42 @@ void SimulatedCamera::start(RegisterMemory& memory)
 
 void SimulatedCamera::beforeRead(RegisterMemory& memory, std::uint64_t address, std::size_t size)
 {
-    if (overlap(address, size, temperature, 12))
+    if (overlap(address, size, temperature, 12)) {
         measureTemperatures(memory);
-    if (overlap(address, size, selfTestRun, 8))
+    }
+    if (overlap(address, size, selfTestRun, 8)) {
         advanceSelfTest(memory, address, size);
+    }
 }
 
 void SimulatedCamera::afterWrite(RegisterMemory& memory, std::uint64_t address, std::size_t size)
 {
+    static constexpr std::initializer_list<Command> commands = {
+        { userSetLoad, &SimulatedCamera::loadUserSet, 0 },
+        { userSetSave, &SimulatedCamera::saveUserSet, 0 },
+        { deviceReset, &SimulatedCamera::reset, 0 },
+        { timestampLatch, &SimulatedCamera::latchTimestamp, 0 },
+        { timestampReset, &SimulatedCamera::resetTimestamp, 0 },
+        { triggerSoftware, &SimulatedCamera::trigger, 0 },
+        { triggerSoftware + 0x20, &SimulatedCamera::trigger, 1 },
+        { counterReset, &SimulatedCamera::resetCounter, 0 },
+        { counterReset + 4, &SimulatedCamera::resetCounter, 1 },
+    };
     for (const Command& command : commands) {
-        if (!overlap(address, size, command.address, 4))
+        if (!overlap(address, size, command.address, 4)) {
             continue;
-        if (readWord(memory, command.address) == 1)
+        }
+        if (readWord(memory, command.address) == 1) {
             (this->*command.run)(memory, command.index);
+        }
         writeWord(memory, command.address, 0);
     }
-    if (overlap(address, size, serviceKey, 4))
+    if (overlap(address, size, serviceKey, 4)) {
         tryServiceKey(memory);
-    if (overlap(address, size, selfTestRun, 4))
+    }
+    if (overlap(address, size, selfTestRun, 4)) {
         m_selfTestReads = 0;
+    }
     settleValues(memory);
 }
 
@@ -143,8 +148,9 @@ void SimulatedCamera::trigger(RegisterMemory& memory, std::uint64_t index)
     const bool armed = readWord(memory, triggerMode + 0x20 * index) != 0
         && readWord(memory, triggerSource + 0x20 * index) == sourceSoftware;
     const std::uint64_t count = triggerCount + 4 * index;
-    if (armed)
+    if (armed) {
         writeWord(memory, count, readWord(memory, count) + 1);
+    }
 }
 
 void SimulatedCamera::resetCounter(RegisterMemory& memory, std::uint64_t index)
@@ -163,10 +169,12 @@ void SimulatedCamera::advanceSelfTest(
     RegisterMemory& memory, std::uint64_t address, std::size_t size)
 {
     constexpr std::uint32_t passed = 1;
-    if (readWord(memory, selfTestRun) != 1)
+    if (readWord(memory, selfTestRun) != 1) {
         return;
-    if (!overlap(address, size, selfTestResult, 4) && ++m_selfTestReads < 2)
+    }
+    if (!overlap(address, size, selfTestResult, 4) && ++m_selfTestReads < 2) {
         return;
+    }
     writeWord(memory, selfTestRun, 0);
     writeWord(memory, selfTestResult, passed);
 }
@@ -176,7 +184,7 @@ void SimulatedCamera::measureTemperatures(RegisterMemory& memory)
 {
     const double seconds = std::chrono::duration<double>(m_clock() - m_timeZero).count();
     const double rise = 8.0 * (1.0 - std::exp(-seconds / 300.0)) + 0.25 * std::sin(seconds / 4.0);
-    const double cold[] = { 38.0, 34.0, 41.0 };
+    static constexpr std::initializer_list<double> cold { 38.0, 34.0, 41.0 };
     std::uint64_t address = temperature;
     for (const double start : cold) {
         writeFloat(memory, address, static_cast<float>(std::round((start + rise) * 16.0) / 16.0));

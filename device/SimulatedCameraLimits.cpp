@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 namespace zqcameralib {
 
@@ -24,8 +25,9 @@ void fit(RegisterMemory& memory, std::uint64_t address, std::uint32_t min, std::
     const std::uint32_t value = readWord(memory, address);
     const std::uint32_t inside = std::clamp(value, min, std::max(min, max));
     const std::uint32_t fitting = inside - (inside - min) % inc;
-    if (fitting != value)
+    if (fitting != value) {
         writeWord(memory, address, fitting);
+    }
 }
 
 std::uint32_t widthMax(const RegisterMemory& memory)
@@ -51,16 +53,20 @@ void settleModes(RegisterMemory& memory)
 void settlePixelFormat(RegisterMemory& memory)
 {
     constexpr std::uint32_t mono8 = 0x01080001;
-    constexpr std::uint32_t bayer[] = { 0x01080009, 0x0110000d, 0x01100011, 0x0110002f };
-    constexpr std::uint32_t wide[] = { 0x01100007, 0x0110002f, 0x02180014, 0x02180015 };
-    const auto isOneOf = [format = readWord(memory, pixelFormat)](const auto& formats) {
-        return std::find(std::begin(formats), std::end(formats), format) != std::end(formats);
-    };
+    static constexpr std::initializer_list<std::uint32_t> bayer
+        = { 0x01080009, 0x0110000d, 0x01100011, 0x0110002f };
+    static constexpr std::initializer_list<std::uint32_t> wide
+        = { 0x01100007, 0x0110002f, 0x02180014, 0x02180015 };
+    const auto isOneOf
+        = [format = readWord(memory, pixelFormat)](std::initializer_list<std::uint32_t> formats) {
+              return std::find(std::begin(formats), std::end(formats), format) != std::end(formats);
+          };
     const bool binned
         = readWord(memory, binningHorizontal) > 1 || readWord(memory, binningVertical) > 1;
     const bool doubleRate = readWord(memory, doubleRateEnable) != 0;
-    if ((binned && isOneOf(bayer)) || (doubleRate && isOneOf(wide)))
+    if ((binned && isOneOf(bayer)) || (doubleRate && isOneOf(wide))) {
         writeWord(memory, pixelFormat, mono8);
+    }
 }
 
 // Returns the rows of all bands.
@@ -100,8 +106,9 @@ double readoutTime(const RegisterMemory& memory)
 void settleAutomaticExposure(RegisterMemory& memory)
 {
     const std::uint32_t mode = readWord(memory, exposureAuto);
-    if (mode == 0)
+    if (mode == 0) {
         return;
+    }
     const double lower = readDouble(memory, exposureAutoLower);
     const double upper = std::max(lower, readDouble(memory, exposureAutoUpper));
     const double wanted = 400.0 * static_cast<double>(readFloat(memory, exposureAutoTarget));
@@ -110,8 +117,9 @@ void settleAutomaticExposure(RegisterMemory& memory)
         : static_cast<double>(exposureMax);
     writeWord(memory, exposureTime,
         static_cast<std::uint32_t>(std::min(std::clamp(wanted, lower, upper), longest)));
-    if (mode == automaticOnce)
+    if (mode == automaticOnce) {
         writeWord(memory, exposureAuto, 0);
+    }
 }
 
 // The exposure has the right of way: the frame period makes room for it.
@@ -127,23 +135,27 @@ void settleAutomaticGain(RegisterMemory& memory)
 {
     constexpr std::uint32_t sixDecibels = 60;
     const std::uint32_t mode = readWord(memory, gainAuto);
-    if (mode == gainAutoOff)
+    if (mode == gainAutoOff) {
         return;
+    }
     writeWord(memory, gainAll, sixDecibels);
-    if (mode == gainAutoOnce)
+    if (mode == gainAutoOnce) {
         writeWord(memory, gainAuto, gainAutoOff);
+    }
 }
 
 void settleWhiteBalance(RegisterMemory& memory)
 {
     const std::uint32_t mode = readWord(memory, balanceWhiteAuto);
-    if (mode == 0)
+    if (mode == 0) {
         return;
+    }
     writeFloat(memory, balanceRatio, 1.75F);
     writeFloat(memory, balanceRatio + 4, 1.0F);
     writeFloat(memory, balanceRatio + 8, 2.0F);
-    if (mode == automaticOnce)
+    if (mode == automaticOnce) {
         writeWord(memory, balanceWhiteAuto, 0);
+    }
 }
 
 bool lineLevel(const RegisterMemory& memory, std::uint64_t line)
@@ -151,15 +163,16 @@ bool lineLevel(const RegisterMemory& memory, std::uint64_t line)
     const std::uint32_t source = readWord(memory, lineSource + 4 * line);
     const bool fromUserOutput = source == 1 || source == 2;
     const bool driven = readWord(memory, lineMode + 4 * line) != 0 && fromUserOutput
-        && readWord(memory, userOutput + 4 * (source - 1)) != 0;
+        && readWord(memory, userOutput + std::uint64_t { 4 } * (source - 1)) != 0;
     return driven != (readWord(memory, lineInverter + 4 * line) != 0);
 }
 
 void settleLines(RegisterMemory& memory)
 {
     std::uint32_t levels = 0;
-    for (std::uint64_t line = 0; line < 4; ++line)
+    for (std::uint64_t line = 0; line < 4; ++line) {
         levels |= lineLevel(memory, line) ? 1U << line : 0U;
+    }
     writeWord(memory, lineStatusAll, levels);
 }
 

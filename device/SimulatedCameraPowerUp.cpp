@@ -2,7 +2,7 @@
 
 #include "RegisterValues.h"
 
-#include <string_view>
+#include <initializer_list>
 
 namespace zqcameralib {
 
@@ -13,7 +13,7 @@ template <typename Value> struct PowerUpValue {
     Value value;
 };
 
-constexpr PowerUpValue<std::uint32_t> words[] = {
+constexpr std::initializer_list<PowerUpValue<std::uint32_t>> words = {
     { 0x0000, 0x00020000 }, // GevVersionMajor and GevVersionMinor
     { 0x0004, 0x80000001 }, // GevDeviceMode: big-endian, UTF-8
     { 0x0008, 0x0000021a }, // GevMACAddress high
@@ -73,7 +73,7 @@ constexpr PowerUpValue<std::uint32_t> words[] = {
     { 0x20d4, 0x00000007 }, // CounterValue
 };
 
-constexpr PowerUpValue<float> floats[] = {
+constexpr std::initializer_list<PowerUpValue<float>> floats = {
     { 0x1070, 50.0f }, // ExposureAutoTarget
     { 0x10b8, -2.5f }, // BlackLevel
     { 0x10c0, 0.25f }, // BlackLevel
@@ -83,7 +83,7 @@ constexpr PowerUpValue<float> floats[] = {
     { 0x10d8, 1.875f }, // BalanceRatio
 };
 
-constexpr PowerUpValue<double> doubles[] = {
+constexpr std::initializer_list<PowerUpValue<double>> doubles = {
     { 0x1078, 10.0 }, // ExposureAutoLowerLimit
     { 0x1080, 100000.0 }, // ExposureAutoUpperLimit
     { 0x10e0, 1.0 }, // Gamma
@@ -95,7 +95,7 @@ constexpr PowerUpValue<double> doubles[] = {
     { 0x20a0, 3.45 }, // SensorPixelWidth
 };
 
-constexpr PowerUpValue<std::string_view> texts[] = {
+constexpr std::initializer_list<PowerUpValue<const char*>> texts = {
     { 0x0048, "ZQ" }, // DeviceVendorName
     { 0x0068, "AreaScan2K" }, // DeviceModelName
     { 0x0088, "1.0" }, // DeviceVersion
@@ -113,22 +113,28 @@ void writeLookUpTables(RegisterMemory& memory)
 {
     constexpr std::uint32_t tables = 4;
     constexpr std::uint32_t entries = 256;
-    for (std::uint32_t i = 0; i < tables * entries; ++i)
-        writeWord(memory, simulated::lookUpTables + 4 * i, i % entries * 4095 / (entries - 1));
+    std::uint64_t address = simulated::lookUpTables;
+    for (std::uint32_t i = 0; i < tables * entries; ++i, address += 4) {
+        writeWord(memory, address, i % entries * 4095 / (entries - 1));
+    }
 }
 
 } // namespace
 
 void writePowerUpValues(RegisterMemory& memory)
 {
-    for (const auto& [address, value] : words)
+    for (const auto& [address, value] : words) {
         writeWord(memory, address, value);
-    for (const auto& [address, value] : floats)
+    }
+    for (const auto& [address, value] : floats) {
         writeFloat(memory, address, value);
-    for (const auto& [address, value] : doubles)
+    }
+    for (const auto& [address, value] : doubles) {
         writeDouble(memory, address, value);
-    for (const auto& [address, value] : texts)
+    }
+    for (const auto& [address, value] : texts) {
         writeText(memory, address, value);
+    }
     writeLookUpTables(memory);
 }
 

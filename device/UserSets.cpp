@@ -2,6 +2,7 @@
 
 #include "SimulatedCameraRegisters.h"
 
+#include <initializer_list>
 #include <vector>
 
 namespace zqcameralib {
@@ -13,7 +14,7 @@ struct Range {
     std::size_t size;
 };
 
-constexpr Range settings[] = {
+constexpr std::initializer_list<Range> settings = {
     { simulated::width, 24 }, // size, binning, gain
     { simulated::exposureTime, 4 },
     { simulated::pixelFormat, 20 }, // format, acquisition mode, offsets, frame period
@@ -23,7 +24,7 @@ constexpr Range settings[] = {
     { simulated::lookUpTables, 0x1000 },
 };
 
-constexpr Range kept[] = {
+constexpr std::initializer_list<Range> kept = {
     { simulated::deviceUserId, 16 },
     { simulated::persistentIpAddress, 4 },
     { simulated::persistentSubnetMask, 4 },
@@ -32,8 +33,7 @@ constexpr Range kept[] = {
     { simulated::userSetDescription, 96 },
 };
 
-template <std::size_t Count>
-void copy(const Range (&ranges)[Count], const RegisterMemory& from, RegisterMemory& to)
+void copy(std::initializer_list<Range> ranges, const RegisterMemory& from, RegisterMemory& to)
 {
     for (const Range& range : ranges) {
         std::vector<std::uint8_t> bytes(range.size);
@@ -46,20 +46,23 @@ void copy(const Range (&ranges)[Count], const RegisterMemory& from, RegisterMemo
 
 void UserSets::initialise(const RegisterMemory& memory)
 {
-    for (RegisterMemory& set : m_sets)
+    for (RegisterMemory& set : m_sets) {
         copy(settings, memory, set);
+    }
 }
 
 void UserSets::load(std::size_t set, RegisterMemory& memory) const
 {
-    if (set < m_sets.size())
+    if (set < m_sets.size()) {
         copy(settings, m_sets.at(set), memory);
+    }
 }
 
 void UserSets::save(std::size_t set, const RegisterMemory& memory)
 {
-    if (set > 0 && set < m_sets.size())
+    if (set > 0 && set < m_sets.size()) {
         copy(settings, memory, m_sets.at(set));
+    }
 }
 
 void UserSets::copyKept(const RegisterMemory& from, RegisterMemory& to)

@@ -89,7 +89,7 @@ struct Settling {
 
 TEST_F(SimulatedCameraTest, ValuesFollowWhatLimitsThem)
 {
-    const Settling cases[] = {
+    const std::vector<Settling> cases = {
         { "off-grid width", { { width, 515 } }, { { width, 512 } } },
         { "binning shrinks the image",
             { { width, 2048 }, { height, 2048 }, { binningHorizontal, 3 }, { binningVertical, 4 } },
@@ -131,10 +131,12 @@ TEST_F(SimulatedCameraTest, ValuesFollowWhatLimitsThem)
     for (const Settling& test : cases) {
         SCOPED_TRACE(test.name);
         write(deviceReset, 1);
-        for (const Word& word : test.writes)
+        for (const Word& word : test.writes) {
             write(word.address, word.value);
-        for (const Word& word : test.expected)
+        }
+        for (const Word& word : test.expected) {
             EXPECT_EQ(read(word.address), word.value) << std::hex << word.address;
+        }
     }
 }
 
