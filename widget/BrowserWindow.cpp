@@ -1,7 +1,10 @@
 #include "BrowserWindow.h"
 
 #include "DescriptionPane.h"
+#include "FeatureDelegate.h"
 #include "FeatureTree.h"
+#include "MessageCallout.h"
+#include "ValueWriter.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -18,6 +21,7 @@ namespace featurebrowser {
 BrowserWindow::BrowserWindow(QWidget* parent)
     : QWidget(parent)
     , m_model(new FeatureModel(this))
+    , m_writer(new ValueWriter(*m_model, m_events, this))
 {
     if (parent != nullptr)
         setWindowFlags(Qt::Dialog); // a window of its own until an application embeds it
@@ -35,7 +39,6 @@ BrowserWindow::BrowserWindow(QWidget* parent)
     layout->addWidget(makeFilterBar());
     layout->addWidget(m_splitter, 1);
 
-    connect(&m_events, &EventPort::failed, this, &BrowserWindow::showMessage);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &BrowserWindow::rowsAdded);
     const int unit = fontMetrics().height();
     resize(unit * 34, unit * 44);
@@ -44,7 +47,11 @@ BrowserWindow::BrowserWindow(QWidget* parent)
 
 void BrowserWindow::makeTree()
 {
-    m_tree = new FeatureTree(m_model, this);
+    m_tree = new FeatureTree(m_model, m_writer, this);
+    m_callout = new MessageCallout(m_tree);
+    connect(m_writer, &ValueWriter::messageShown, m_callout, &MessageCallout::showRow);
+    connect(m_model, &QAbstractItemModel::dataChanged, m_callout, &MessageCallout::follow);
+    connect(m_model, &QAbstractItemModel::modelReset, m_callout, &MessageCallout::follow);
     connect(m_tree, &FeatureTree::currentRowChanged, this, &BrowserWindow::rowSelected);
     connect(m_tree->header(), &QHeaderView::sectionResized, this,
         [this](int column, int, int width) { columnResized(column, width); });
@@ -118,15 +125,15 @@ void BrowserWindow::setDescription(FeatureRow& row, std::string text)
         m_description->showRow(&row);
 }
 
-void BrowserWindow::showMessage(const std::string& name, const QString& message)
+void BrowserWindow::setSliderSteps(int steps)
 {
-    if (FeatureRow* row = m_model->find(name))
-        m_model->setMessage(*row, message.trimmed());
+    m_tree->delegate().setSliderSteps(steps);
 }
 
 void BrowserWindow::rowSelected(FeatureRow* row)
 {
     m_description->showRow(row);
+    m_callout->showRow(row);
     if (row == nullptr || m_ownChange)
         return;
     const std::string name = row->name;
@@ -191,6 +198,7 @@ void BrowserWindow::applySizes(int width, int height, const std::vector<int>& co
 
 void BrowserWindow::closeEvent(QCloseEvent* event)
 {
+    m_tree->delegate().revert();
     QWidget::closeEvent(event);
     const TYPE_LEVEL level = m_tree->filter().level;
     m_events.raise({}, [&](auto& receiver) {

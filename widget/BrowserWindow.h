@@ -13,6 +13,8 @@ namespace featurebrowser {
 
 class DescriptionPane;
 class FeatureTree;
+class MessageCallout;
+class ValueWriter;
 
 /// The browser's window, or a part of an application's window once that has embedded it.
 class BrowserWindow : public QWidget {
@@ -26,9 +28,8 @@ public:
 
     void setLevel(TYPE_LEVEL level);
     void setDescription(FeatureRow& row, std::string text);
-    /// Shows `message` at the row until the next good value.
-    void showMessage(const std::string& name, const QString& message);
-    void setSliderSteps(int steps) { m_sliderSteps = steps; }
+    ValueWriter& writer() { return *m_writer; }
+    void setSliderSteps(int steps);
     /// Empties the tree; rows of the same names come back as they were: expanded, selected.
     void clear();
 
@@ -52,12 +53,13 @@ private:
 
     EventPort m_events;
     FeatureModel* m_model;
+    ValueWriter* m_writer;
     FeatureTree* m_tree = nullptr;
+    MessageCallout* m_callout = nullptr;
     DescriptionPane* m_description = nullptr;
     QSplitter* m_splitter = nullptr;
     QLineEdit* m_filterField = nullptr;
     QComboBox* m_levelBox = nullptr;
-    int m_sliderSteps = 1000;
     bool m_ownChange = false; ///< selection and columns change by program, not by the user
 };
 

@@ -2,6 +2,7 @@
 
 #include "BrowserWindow.h"
 #include "NewRows.h"
+#include "ValueWriter.h"
 
 #include <QPointer>
 
@@ -50,6 +51,7 @@ public:
         if (window)
             window->model().addFeature(category, std::move(row));
     }
+    void updated(FeatureRow& row, int changes) const { window->writer().updated(row, changes); }
     void show(Qt::WindowType type, IEventFeatureReceiver* receiver, int width, int height,
         const std::vector<int>& columns, const std::map<std::string, FEATURE_STATE>& states) const
     {
@@ -142,14 +144,16 @@ void CameraFeatureBrowser::modifyFeature(
     std::string name, long value, long min, long max, unsigned int inc, bool readOnly, bool flag)
 {
     if (FeatureRow* row = m_impl->find(name))
-        m_impl->window->model().setInteger(*row, { value, min, max, inc }, readOnly, flag);
+        m_impl->updated(*row,
+            m_impl->window->model().setInteger(*row, { value, min, max, inc }, readOnly, flag));
 }
 
 void CameraFeatureBrowser::modifyFeature(
     std::string name, double value, double min, double max, double inc, bool readOnly, bool flag)
 {
     if (FeatureRow* row = m_impl->find(name))
-        m_impl->window->model().setFloat(*row, { value, min, max, inc }, readOnly, flag);
+        m_impl->updated(
+            *row, m_impl->window->model().setFloat(*row, { value, min, max, inc }, readOnly, flag));
 }
 
 void CameraFeatureBrowser::modifyFeature(std::string name, std::string value, CAM_TYPE_VALUE kind,
@@ -160,14 +164,14 @@ void CameraFeatureBrowser::modifyFeature(std::string name, std::string value, CA
         return;
     FeatureModel& model = m_impl->window->model();
     if (isChoice(*row)) {
-        model.setChoice(
-            *row, { indexFromText(value), toVector(std::move(entries)) }, readOnly, flag);
+        ChoiceValue choice { indexFromText(value), toVector(std::move(entries)) };
+        m_impl->updated(*row, model.setChoice(*row, std::move(choice), readOnly, flag));
         return;
     }
     if (isPlainText(*row))
         model.setKind(
             *row, kind == CAM_TYPE_READ_ONLY_STRING ? RowKind::ReadOnlyText : RowKind::Text);
-    model.setText(*row, std::move(value), readOnly, flag);
+    m_impl->updated(*row, model.setText(*row, std::move(value), readOnly, flag));
 }
 
 void CameraFeatureBrowser::setDefaultValue(std::string name, long value, std::string message)
@@ -178,9 +182,9 @@ void CameraFeatureBrowser::setDefaultValue(std::string name, long value, std::st
     if (const auto* current = std::get_if<IntegerValue>(&row->value)) {
         IntegerValue reset = *current;
         reset.value = value;
-        m_impl->window->model().setInteger(*row, reset, row->readOnly, true);
+        m_impl->updated(*row, m_impl->window->model().setInteger(*row, reset, row->readOnly, true));
     }
-    m_impl->window->showMessage(name, toText(message));
+    m_impl->window->writer().showMessage(name, toText(message));
 }
 
 void CameraFeatureBrowser::setDefaultValue(std::string name, double value, std::string message)
@@ -191,9 +195,9 @@ void CameraFeatureBrowser::setDefaultValue(std::string name, double value, std::
     if (const auto* current = std::get_if<FloatValue>(&row->value)) {
         FloatValue reset = *current;
         reset.value = value;
-        m_impl->window->model().setFloat(*row, reset, row->readOnly, true);
+        m_impl->updated(*row, m_impl->window->model().setFloat(*row, reset, row->readOnly, true));
     }
-    m_impl->window->showMessage(name, toText(message));
+    m_impl->window->writer().showMessage(name, toText(message));
 }
 
 void CameraFeatureBrowser::setItemDescription(std::string name, std::string text)

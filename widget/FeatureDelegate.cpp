@@ -2,12 +2,14 @@
 
 #include "FeatureTree.h"
 #include "RowPainter.h"
+#include "ValueWriter.h"
 
 namespace featurebrowser {
 
-FeatureDelegate::FeatureDelegate(FeatureTree* tree)
+FeatureDelegate::FeatureDelegate(FeatureTree* tree, ValueWriter* writer)
     : QStyledItemDelegate(tree)
     , m_tree(tree)
+    , m_writer(writer)
 {
 }
 
@@ -25,6 +27,100 @@ QSize FeatureDelegate::sizeHint(const QStyleOptionViewItem& option, const QModel
     const int height = option.fontMetrics.height() * 3 / 2 + 2;
     const int width = QStyledItemDelegate::sizeHint(option, index).width();
     return { width + option.fontMetrics.height(), height };
+}
+
+QWidget* FeatureDelegate::createEditor(
+    QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
+{
+    RowEditor* editor = makeEditor(*FeatureModel::row(index), m_sliderSteps, parent);
+    if (editor != nullptr) {
+        auto* self = const_cast<FeatureDelegate*>(this);
+        connect(editor, &RowEditor::left, self, &FeatureDelegate::editorLeft);
+    }
+    m_editor = editor;
+    return editor;
+}
+
+void FeatureDelegate::setEditorData(QWidget*, const QModelIndex&) const { }
+
+// Only the editor itself says when it is left; what views do by themselves writes nothing.
+void FeatureDelegate::setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const { }
+
+bool FeatureDelegate::eventFilter(QObject*, QEvent*)
+{
+    return false;
+}
+
+void FeatureDelegate::updateEditorGeometry(
+    QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const
+{
+    editor->setGeometry(option.rect.adjusted(0, 0, 0, -1));
+}
+
+void FeatureDelegate::rowChanged(const FeatureRow& row)
+{
+    if (!m_editor || m_editor->rowName() != row.name)
+        return;
+    if (row.isEditable())
+        m_editor->update(row);
+    else
+        revert();
+}
+
+void FeatureDelegate::revert()
+{
+    if (m_editor)
+        close(m_editor);
+}
+
+void FeatureDelegate::finish()
+{
+    if (m_editor)
+        editorLeft(m_editor, Leave::FocusLost);
+}
+
+void FeatureDelegate::close(RowEditor* editor)
+{
+    editor->finish();
+    if (m_editor == editor)
+        m_editor.clear();
+    Q_EMIT closeEditor(editor, NoHint);
+}
+
+// The editor is closed before the event is raised: a handler may then do what it likes, even empty
+// the tree.
+void FeatureDelegate::editorLeft(RowEditor* editor, Leave how)
+{
+    const std::string name = editor->rowName();
+    const FeatureRow* row = m_tree->features().find(name);
+    if (row == nullptr || how == Leave::Revert) {
+        close(editor);
+        return;
+    }
+    QString problem;
+    const auto value = editor->isTouched() ? editor->value(problem) : std::nullopt;
+    if (!problem.isEmpty()) {
+        if (how == Leave::FocusLost)
+            close(editor);
+        m_writer->showMessage(name, problem);
+        return;
+    }
+    const bool isMarked = row->extras && !row->extras->message.isEmpty();
+    const bool isNew = value && (isMarked || !holds(*row, *value));
+    if (how == Leave::KeepOpen)
+        editor->setTouched(false);
+    else
+        close(editor);
+    if (isNew)
+        m_writer->write(name, *value);
+    editNeighbour(name, how);
+}
+
+void FeatureDelegate::editNeighbour(const std::string& name, Leave how)
+{
+    const FeatureRow* row = m_tree->features().find(name);
+    if (row != nullptr && (how == Leave::Next || how == Leave::Previous))
+        m_tree->editNeighbour(*row, how == Leave::Next);
 }
 
 } // namespace featurebrowser

@@ -1,7 +1,9 @@
 #include "FeatureTree.h"
 
 #include "FeatureDelegate.h"
+#include "RowPainter.h"
 #include "Tones.h"
+#include "ValueWriter.h"
 
 #include <QAccessible>
 #include <QHeaderView>
@@ -11,14 +13,18 @@
 
 namespace featurebrowser {
 
-FeatureTree::FeatureTree(FeatureModel* model, QWidget* parent)
+FeatureTree::FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* parent)
     : QTreeView(parent)
     , m_features(model)
+    , m_writer(writer)
+    , m_delegate(new FeatureDelegate(this, writer))
 {
     setObjectName(QStringLiteral("featureTree"));
     setAccessibleName(tr("Camera features"));
     setModel(model);
-    setItemDelegate(new FeatureDelegate(this));
+    setItemDelegate(m_delegate);
+    setEditTriggers(NoEditTriggers); // see activate
+    setExpandsOnDoubleClick(true);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
@@ -131,7 +137,10 @@ void FeatureTree::dataChanged(
         QTreeView::dataChanged(topLeft, bottomRight, roles);
         return;
     }
-    if (!isVisible() || m_layoutPending || !topLeft.isValid())
+    if (!topLeft.isValid())
+        return;
+    m_delegate->rowChanged(*FeatureModel::row(topLeft));
+    if (!isVisible() || m_layoutPending)
         return;
     updateRow(*FeatureModel::row(topLeft));
 #ifndef QT_NO_ACCESSIBILITY
@@ -199,8 +208,9 @@ void FeatureTree::currentChanged(const QModelIndex& current, const QModelIndex& 
 
 void FeatureTree::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const
 {
-    if (FeatureModel::row(index)->isCategory() && !selectionModel()->isSelected(index))
-        painter->fillRect(rect, tones::categoryBackground(palette()));
+    const QBrush background = RowPainter::rowBackground(*this, *FeatureModel::row(index));
+    if (background.style() != Qt::NoBrush && !selectionModel()->isSelected(index))
+        painter->fillRect(rect, background);
     QTreeView::drawBranches(painter, rect, index);
 }
 

@@ -8,15 +8,19 @@
 
 namespace featurebrowser {
 
+class FeatureDelegate;
+class ValueWriter;
+
 /// The tree on the screen: hides what level and filter leave out, and keeps updates cheap, since
 /// QTreeView searches all its rows for every one that changed.
 class FeatureTree : public QTreeView {
     Q_OBJECT
 
 public:
-    explicit FeatureTree(FeatureModel* model, QWidget* parent = nullptr);
+    FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* parent);
 
     FeatureModel& features() const { return *m_features; }
+    FeatureDelegate& delegate() const { return *m_delegate; }
     const RowFilter& filter() const { return m_filter; }
     /// Shows and hides rows at once.
     void setFilter(const RowFilter& filter);
@@ -24,8 +28,14 @@ public:
     int hitsAboveLevel() const { return m_hitsAboveLevel; }
     /// The row of the current index; null when there is none.
     FeatureRow* currentRow() const;
+    /// The command whose button the mouse holds down; invalid when there is none.
+    QModelIndex heldButton() const { return m_buttonDown ? QModelIndex(m_pressed) : QModelIndex(); }
     /// Makes the row current, its ancestors expanded, and scrolls to it.
     void showRow(const FeatureRow& row);
+    /// Opens the row's editor, presses its button, toggles it, or opens and closes a category.
+    void activate(const FeatureRow& row);
+    /// Goes to the next (or previous) row that can be edited and opens its editor.
+    void editNeighbour(const FeatureRow& row, bool forward);
     /// Where the row is on the screen over all columns; empty when it is not there.
     QRect rowRect(const FeatureRow& row);
 
@@ -42,6 +52,10 @@ Q_SIGNALS:
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void rowsInserted(const QModelIndex& parent, int start, int end) override;
     void drawBranches(
         QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
@@ -50,10 +64,15 @@ protected:
 
 private:
     void applyFilter();
+    bool isOnButton(const QModelIndex& index, const QPoint& position) const;
     void updateRow(const FeatureRow& row);
     void findRowsOnScreen();
 
     FeatureModel* m_features;
+    ValueWriter* m_writer;
+    FeatureDelegate* m_delegate;
+    QPersistentModelIndex m_pressed; ///< where the mouse button went down
+    bool m_buttonDown = false; ///< on the button of a command
     RowFilter m_filter;
     int m_hitsAboveLevel = 0;
     bool m_filterStale = false; ///< rows were added that have not been filtered

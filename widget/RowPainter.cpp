@@ -76,12 +76,18 @@ void RowPainter::paint(int column)
     m_painter.restore();
 }
 
+QBrush RowPainter::rowBackground(const FeatureTree& tree, const FeatureRow& row)
+{
+    if (row.isCategory())
+        return tones::categoryBackground(tree.palette());
+    if (row.extras && !row.extras->message.isEmpty())
+        return tones::alarmBackground(tree.palette());
+    return {};
+}
+
 void RowPainter::paintBackground()
 {
-    if (m_row.isCategory())
-        m_option.backgroundBrush = tones::categoryBackground(m_option.palette);
-    else if (m_row.extras && !m_row.extras->message.isEmpty())
-        m_option.backgroundBrush = tones::alarmBackground(m_option.palette);
+    m_option.backgroundBrush = rowBackground(m_tree, m_row);
     const QStyle* style = m_tree.style();
     style->drawPrimitive(QStyle::PE_PanelItemViewItem, &m_option, &m_painter, &m_tree);
 }
@@ -227,6 +233,10 @@ void RowPainter::paintCheckBox()
     box.state.setFlag(QStyle::State_Enabled, m_row.isEditable());
     box.palette.setCurrentColorGroup(m_row.isEditable() ? QPalette::Active : QPalette::Disabled);
     m_tree.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &m_painter, &m_tree);
+    // Some styles leave the frame nearly invisible on dark palettes.
+    m_painter.setPen(dimColor());
+    m_painter.setBrush(Qt::NoBrush);
+    m_painter.drawRect(box.rect.adjusted(0, 0, -1, -1));
     m_rest.setLeft(area.right() + margin + 2);
 }
 

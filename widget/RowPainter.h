@@ -18,6 +18,9 @@ public:
     /// The button of a command, the box of a boolean: where a click acts. `cell` is the value cell.
     static QRect buttonRect(const QStyleOptionViewItem& cell, const FeatureRow& row);
 
+    /// What stands behind the whole row; no brush = what the view has there.
+    static QBrush rowBackground(const FeatureTree& tree, const FeatureRow& row);
+
 private:
     void paintBackground();
     void paintName();

@@ -12,36 +12,36 @@ struct Unit {
     const char16_t* symbol;
     const char* words; ///< other spellings, separated by '|', case-insensitive
     char quantity; ///< units of one quantity convert into each other
-    double size; ///< in the quantity's basic unit
+    int exponent; ///< power of ten of the quantity's basic unit
 };
 
 constexpr std::array<Unit, 26> units { {
-    { u"ns", "nanoseconds?", 't', 1e-9 },
-    { u"us", "\u00B5s|\u03BCs|usec|microseconds?", 't', 1e-6 },
-    { u"ms", "msec|milliseconds?", 't', 1e-3 },
-    { u"s", "sec|seconds?", 't', 1 },
-    { u"Hz", "hertz", 'f', 1 },
-    { u"kHz", "kilohertz", 'f', 1e3 },
-    { u"MHz", "megahertz", 'f', 1e6 },
-    { u"GHz", "gigahertz", 'f', 1e9 },
-    { u"fps", "frames per second", 'p', 1 },
-    { u"dB", "decibels?", 'd', 1 },
-    { u"%", "percent", '%', 1 },
-    { u"\u00B0C", "C|Celsius|degrees Celsius|degrees? C", 'c', 1 },
-    { u"K", "kelvins?", 'k', 1 },
-    { u"mV", "millivolts?", 'v', 1e-3 },
-    { u"V", "volts?", 'v', 1 },
-    { u"mA", "milliamperes?", 'a', 1e-3 },
-    { u"A", "amperes?", 'a', 1 },
-    { u"mW", "milliwatts?", 'w', 1e-3 },
-    { u"W", "watts?", 'w', 1 },
-    { u"nm", "nanomet(?:er|re)s?", 'l', 1e-9 },
-    { u"um", "\u00B5m|\u03BCm|micromet(?:er|re)s?", 'l', 1e-6 },
-    { u"mm", "millimet(?:er|re)s?", 'l', 1e-3 },
-    { u"px", "pixels?", 'x', 1 },
-    { u"B", "bytes?", 'b', 1 },
-    { u"Bps", "bytes per second|B/s", 'r', 1 },
-    { u"Mbps", "megabits per second|Mbit/s", 'm', 1 },
+    { u"ns", "nanoseconds?", 't', -9 },
+    { u"us", "\u00B5s|\u03BCs|usec|microseconds?", 't', -6 },
+    { u"ms", "msec|milliseconds?", 't', -3 },
+    { u"s", "sec|seconds?", 't', 0 },
+    { u"Hz", "hertz", 'f', 0 },
+    { u"kHz", "kilohertz", 'f', 3 },
+    { u"MHz", "megahertz", 'f', 6 },
+    { u"GHz", "gigahertz", 'f', 9 },
+    { u"fps", "frames per second", 'p', 0 },
+    { u"dB", "decibels?", 'd', 0 },
+    { u"%", "percent", '%', 0 },
+    { u"\u00B0C", "C|Celsius|degrees Celsius|degrees? C", 'c', 0 },
+    { u"K", "kelvins?", 'k', 0 },
+    { u"mV", "millivolts?", 'v', -3 },
+    { u"V", "volts?", 'v', 0 },
+    { u"mA", "milliamperes?", 'a', -3 },
+    { u"A", "amperes?", 'a', 0 },
+    { u"mW", "milliwatts?", 'w', -3 },
+    { u"W", "watts?", 'w', 0 },
+    { u"nm", "nanomet(?:er|re)s?", 'l', -9 },
+    { u"um", "\u00B5m|\u03BCm|micromet(?:er|re)s?", 'l', -6 },
+    { u"mm", "millimet(?:er|re)s?", 'l', -3 },
+    { u"px", "pixels?", 'x', 0 },
+    { u"B", "bytes?", 'b', 0 },
+    { u"Bps", "bytes per second|B/s", 'r', 0 },
+    { u"Mbps", "megabits per second|Mbit/s", 'm', 0 },
 } };
 
 const Unit* findUnit(const QString& text)
@@ -93,13 +93,15 @@ QString unitFromDescription(const QString& description)
     return {};
 }
 
-double unitFactor(const QString& from, const QString& to)
+std::optional<int> unitExponent(const QString& from, const QString& to)
 {
+    if (from == to && !to.isEmpty())
+        return 0;
     const Unit* source = findUnit(from);
     const Unit* target = findUnit(to);
     if (source == nullptr || target == nullptr || source->quantity != target->quantity)
-        return 0;
-    return source->size / target->size;
+        return std::nullopt;
+    return source->exponent - target->exponent;
 }
 
 } // namespace featurebrowser

@@ -1,0 +1,26 @@
+#include "EditValue.h"
+
+namespace featurebrowser {
+
+bool holds(const FeatureRow& row, const EditValue& value)
+{
+    if (!row.hasValue)
+        return false;
+    if (const auto* integer = std::get_if<IntegerValue>(&row.value)) {
+        const auto* entered = std::get_if<qint64>(&value);
+        return entered != nullptr && *entered == integer->value;
+    }
+    if (const auto* number = std::get_if<FloatValue>(&row.value)) {
+        const auto* entered = std::get_if<double>(&value);
+        return entered != nullptr && *entered == number->value;
+    }
+    if (const auto* text = std::get_if<TextValue>(&row.value)) {
+        const auto* entered = std::get_if<std::string>(&value);
+        return entered != nullptr && *entered == text->text;
+    }
+    const auto* choice = std::get_if<ChoiceValue>(&row.value);
+    const auto* entered = std::get_if<EntryIndex>(&value);
+    return choice != nullptr && entered != nullptr && entered->index == choice->index;
+}
+
+} // namespace featurebrowser

@@ -1,0 +1,108 @@
+// What keys and mouse do in the tree.
+#include "FeatureTree.h"
+
+#include "FeatureDelegate.h"
+#include "RowPainter.h"
+#include "ValueWriter.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace featurebrowser {
+
+void FeatureTree::activate(const FeatureRow& row)
+{
+    const QModelIndex index = m_features->indexOf(&row);
+    if (row.isCategory())
+        setExpanded(index, !isExpanded(index));
+    else if (row.kind == RowKind::Command)
+        m_writer->press(row.name);
+    else if (row.kind == RowKind::Boolean)
+        m_writer->toggle(row.name);
+    else if (row.isEditable())
+        edit(index.siblingAtColumn(FeatureModel::ValueColumn));
+}
+
+void FeatureTree::editNeighbour(const FeatureRow& row, bool forward)
+{
+    QModelIndex index = m_features->indexOf(&row);
+    do {
+        index = forward ? indexBelow(index) : indexAbove(index);
+    } while (index.isValid() && !FeatureModel::row(index)->isEditable());
+    if (!index.isValid())
+        return;
+    const std::string name = FeatureModel::row(index)->name;
+    setCurrentIndex(index.siblingAtColumn(FeatureModel::ValueColumn));
+    // Selecting told the application, which may have changed anything.
+    const FeatureRow* next = m_features->find(name);
+    const bool opens
+        = next != nullptr && next->kind != RowKind::Command && next->kind != RowKind::Boolean;
+    if (opens)
+        activate(*next);
+}
+
+void FeatureTree::keyPressEvent(QKeyEvent* event)
+{
+    const FeatureRow* row = currentRow();
+    const bool activates = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter
+        || event->key() == Qt::Key_F2 || event->key() == Qt::Key_Space;
+    if (row != nullptr && activates && event->modifiers() == Qt::NoModifier) {
+        activate(*row);
+        return;
+    }
+    QTreeView::keyPressEvent(event);
+}
+
+bool FeatureTree::isOnButton(const QModelIndex& index, const QPoint& position) const
+{
+    QStyleOptionViewItem cell = viewOptions();
+    cell.widget = this;
+    cell.rect = visualRect(index);
+    const FeatureRow& row = *FeatureModel::row(index);
+    QRect area = RowPainter::buttonRect(cell, row);
+    if (row.kind == RowKind::Boolean) // its text acts too, as beside a check box of a form
+        area.setWidth(area.width() + 8
+            + fontMetrics().horizontalAdvance(index.data(FeatureModel::ValueRole).toString()));
+    return QStyle::visualRect(layoutDirection(), cell.rect, area)
+        .adjusted(-3, -3, 3, 3)
+        .contains(position);
+}
+
+void FeatureTree::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
+    const bool onValue = m_pressed.isValid() && m_pressed.column() == FeatureModel::ValueColumn;
+    m_buttonDown = onValue && FeatureModel::row(m_pressed)->kind == RowKind::Command
+        && isOnButton(m_pressed, event->pos());
+    QTreeView::mousePressEvent(event);
+}
+
+// Acts on release, as buttons do, so that a press can still be taken back.
+void FeatureTree::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QModelIndex pressed = m_pressed;
+    m_pressed = QModelIndex();
+    if (std::exchange(m_buttonDown, false))
+        viewport()->update(visualRect(pressed));
+    QTreeView::mouseReleaseEvent(event);
+    const bool isClick = event->button() == Qt::LeftButton && pressed.isValid()
+        && pressed == indexAt(event->pos()) && pressed.column() == FeatureModel::ValueColumn;
+    if (!isClick)
+        return;
+    const FeatureRow& row = *FeatureModel::row(pressed);
+    const bool isButton = row.kind == RowKind::Command || row.kind == RowKind::Boolean;
+    if (!row.isCategory() && (!isButton || isOnButton(pressed, event->pos())))
+        activate(row);
+}
+
+// The second press of a double click is a press like any other for buttons and boxes.
+void FeatureTree::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->pos());
+    if (index.isValid() && !FeatureModel::row(index)->isCategory())
+        mousePressEvent(event);
+    else
+        QTreeView::mouseDoubleClickEvent(event);
+}
+
+} // namespace featurebrowser

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+class QToolButton;
+
+namespace featurebrowser {
+
+class FeatureTree;
+struct FeatureRow;
+
+/// Shows a row's message right below it, over the rows that follow, until it is dismissed or the
+/// message goes. Plain text; scrolls with its row.
+class MessageCallout : public QFrame {
+    Q_OBJECT
+
+public:
+    explicit MessageCallout(FeatureTree* tree);
+
+    /// Shows the row's message; a row without one hides the callout.
+    void showRow(const FeatureRow* row);
+    /// Follows its row: call when rows have moved or changed.
+    void follow();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    FeatureTree* m_tree;
+    QLabel* m_text;
+    QToolButton* m_close;
+    std::string m_rowName; ///< empty = nothing to show
+};
+
+} // namespace featurebrowser

@@ -1,0 +1,171 @@
+#include "ValueWriter.h"
+
+#include "ValueText.h"
+
+#include <algorithm>
+
+namespace featurebrowser {
+
+namespace {
+
+void showEntered(FeatureModel& model, FeatureRow& row, const EditValue& value)
+{
+    if (const auto* integer = std::get_if<IntegerValue>(&row.value)) {
+        IntegerValue entered = *integer;
+        entered.value = std::get<qint64>(value);
+        model.setInteger(row, entered, row.readOnly, true);
+    } else if (const auto* number = std::get_if<FloatValue>(&row.value)) {
+        FloatValue entered = *number;
+        entered.value = std::get<double>(value);
+        model.setFloat(row, entered, row.readOnly, true);
+    } else if (const auto* choice = std::get_if<ChoiceValue>(&row.value)) {
+        ChoiceValue entered = *choice;
+        entered.index = std::get<EntryIndex>(value).index;
+        model.setChoice(row, std::move(entered), row.readOnly, true);
+    } else {
+        model.setText(row, std::get<std::string>(value), row.readOnly, true);
+    }
+}
+
+std::function<void(IEventFeatureReceiver&)> eventFor(const FeatureRow& row, const EditValue& value)
+{
+    const std::string name = row.name;
+    switch (row.kind) {
+    case RowKind::Integer:
+        return [name, entered = std::get<qint64>(value)](
+                   auto& receiver) { receiver.FeatureIntModified(name, entered); };
+    case RowKind::Float:
+        return [name, entered = std::get<double>(value)](
+                   auto& receiver) { receiver.FeatureDoubleModified(name, entered); };
+    case RowKind::Ipv4:
+        return [name, entered = std::get<std::string>(value)](
+                   auto& receiver) { receiver.FeatureIPModified(name, entered); };
+    case RowKind::Boolean:
+        return [name, index = std::get<EntryIndex>(value).index](
+                   auto& receiver) { receiver.FeatureBoolModified(name, index); };
+    case RowKind::Enumeration: {
+        const int index = std::get<EntryIndex>(value).index;
+        const std::string entry
+            = std::get<ChoiceValue>(row.value).entries.at(static_cast<std::size_t>(index));
+        return [name, entry, index](
+                   auto& receiver) { receiver.FeatureEnumModified(name, entry, index); };
+    }
+    default:
+        return [name, entered = std::get<std::string>(value)](
+                   auto& receiver) { receiver.FeatureStringModified(name, entered); };
+    }
+}
+
+// Numbers may come back rounded to what the camera can hold; texts and entries may not.
+bool mustComeBack(const FeatureRow& row)
+{
+    return row.kind != RowKind::Integer && row.kind != RowKind::Float;
+}
+
+QString enteredText(const FeatureRow& row, const EditValue& entered)
+{
+    if (const auto* text = std::get_if<std::string>(&entered))
+        return toText(*text);
+    const auto* index = std::get_if<EntryIndex>(&entered);
+    return index != nullptr ? entryTexts(row).value(index->index) : QString();
+}
+
+} // namespace
+
+ValueWriter::ValueWriter(FeatureModel& model, EventPort& events, QObject* parent)
+    : QObject(parent)
+    , m_model(model)
+    , m_events(events)
+{
+    connect(&events, &EventPort::failed, this, &ValueWriter::showMessage);
+}
+
+void ValueWriter::run(Write& write, const std::function<void(IEventFeatureReceiver&)>& event)
+{
+    m_running.push_back(&write);
+    m_events.raise(write.result.name, event);
+    m_running.erase(std::find(m_running.begin(), m_running.end(), &write));
+    auto& followers = write.result.followers;
+    followers.erase(
+        std::remove(followers.begin(), followers.end(), write.result.name), followers.end());
+}
+
+void ValueWriter::write(const std::string& name, const EditValue& value)
+{
+    FeatureRow* row = m_model.find(name);
+    if (row == nullptr || !row->isEditable())
+        return;
+    Write write;
+    write.result.name = name;
+    const auto event = eventFor(*row, value);
+    showEntered(m_model, *row, value);
+    run(write, event);
+    judge(write, value);
+    Q_EMIT written(write.result);
+}
+
+// The row may have gone meanwhile, so it is looked up again.
+void ValueWriter::judge(const Write& write, const EditValue& entered)
+{
+    FeatureRow* row = m_model.find(write.result.name);
+    if (row == nullptr || write.complained || !m_events.hasReceiver())
+        return;
+    if (!write.answered)
+        showMessage(row->name, tr("The camera has not confirmed this value"));
+    else if (mustComeBack(*row) && !holds(*row, entered))
+        showMessage(row->name,
+            tr("The camera has not taken “%1”; the row shows what it holds")
+                .arg(enteredText(*row, entered)));
+    else
+        m_model.setMessage(*row, {});
+}
+
+void ValueWriter::press(const std::string& name)
+{
+    FeatureRow* row = m_model.find(name);
+    if (row == nullptr || !row->isEditable())
+        return;
+    Write write;
+    write.result.name = name;
+    write.result.isCommand = true;
+    m_model.setMessage(*row, {});
+    run(write, [name](auto& receiver) { receiver.FeatureExecCommand(name); });
+    Q_EMIT written(write.result);
+}
+
+void ValueWriter::toggle(const std::string& name)
+{
+    const FeatureRow* row = m_model.find(name);
+    if (row != nullptr && row->kind == RowKind::Boolean)
+        write(name, EntryIndex { std::get<ChoiceValue>(row->value).index == 1 ? 0 : 1 });
+}
+
+void ValueWriter::updated(FeatureRow& row, int changes)
+{
+    bool isAnswer = false;
+    for (Write* write : m_running) {
+        if (write->result.name == row.name)
+            isAnswer = write->answered = true;
+        auto& followers = write->result.followers;
+        if (changes != FeatureModel::Nothing
+            && std::find(followers.begin(), followers.end(), row.name) == followers.end())
+            followers.push_back(row.name);
+    }
+    if (!isAnswer && (changes & FeatureModel::Value) != 0)
+        m_model.setMessage(row, {});
+}
+
+void ValueWriter::showMessage(const std::string& name, const QString& message)
+{
+    FeatureRow* row = m_model.find(name);
+    if (row == nullptr)
+        return;
+    for (Write* write : m_running) {
+        if (write->result.name == name)
+            write->complained = true;
+    }
+    m_model.setMessage(*row, message.trimmed());
+    Q_EMIT messageShown(row);
+}
+
+} // namespace featurebrowser

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "EditValue.h"
+#include "EventPort.h"
+#include "FeatureModel.h"
+
+#include <QStringList>
+
+namespace featurebrowser {
+
+/// One user action on a row and what came of it.
+struct WriteResult {
+    std::string name;
+    bool isCommand = false;
+    std::vector<std::string> followers; ///< other rows whose value, limits or read-only state moved
+};
+
+/// Turns what the user does to a row into one event each, and watches what comes back while the
+/// event is handled. Handlers may do anything meanwhile: change the same row, empty the tree, or
+/// let the user edit on.
+class ValueWriter : public QObject {
+    Q_OBJECT
+
+public:
+    ValueWriter(FeatureModel& model, EventPort& events, QObject* parent);
+
+    /// Shows the value as entered and raises its event.
+    void write(const std::string& name, const EditValue& value);
+    /// Presses the button of a command.
+    void press(const std::string& name);
+    /// Changes a boolean to its other entry.
+    void toggle(const std::string& name);
+
+    /// Told of every update by program; `changes` as FeatureModel returns them.
+    void updated(FeatureRow& row, int changes);
+    /// Shows a message at a row, until its next good value.
+    void showMessage(const std::string& name, const QString& message);
+
+Q_SIGNALS:
+    void messageShown(featurebrowser::FeatureRow* row);
+    void written(const featurebrowser::WriteResult& result);
+
+private:
+    struct Write {
+        WriteResult result;
+        bool answered = false; ///< the camera side has said what the row's value is now
+        bool complained = false; ///< a message has come for the row
+    };
+
+    void run(Write& write, const std::function<void(IEventFeatureReceiver&)>& event);
+    void judge(const Write& write, const EditValue& entered);
+
+    FeatureModel& m_model;
+    EventPort& m_events;
+    std::vector<Write*> m_running; ///< innermost last
+};
+
+} // namespace featurebrowser

@@ -1,0 +1,76 @@
+#include "ChoiceEditor.h"
+
+#include "ValueText.h"
+
+#include <QHBoxLayout>
+#include <QTimer>
+#include <QWheelEvent>
+
+namespace featurebrowser {
+
+void ChoiceBox::hidePopup()
+{
+    QComboBox::hidePopup();
+    Q_EMIT popupHidden();
+}
+
+void ChoiceBox::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
+}
+
+ChoiceEditor::ChoiceEditor(const FeatureRow& row, QWidget* parent)
+    : RowEditor(row, parent)
+    , m_box(new ChoiceBox(this))
+{
+    m_box->setFrame(false);
+    m_box->setMaxVisibleItems(20);
+    m_box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_box);
+    watch(m_box);
+    connect(m_box, QOverload<int>::of(&QComboBox::activated), this, [this] {
+        touch();
+        leave(Leave::Accept);
+    });
+    // Hidden before the box tells of the choice, so this waits for it.
+    connect(
+        m_box, &ChoiceBox::popupHidden, this, [this] { leave(Leave::Revert); },
+        Qt::QueuedConnection);
+}
+
+void ChoiceEditor::showLimits(const FeatureRow& row)
+{
+    const QStringList entries = entryTexts(row);
+    QStringList shown;
+    for (int i = 0; i < m_box->count(); ++i)
+        shown.append(m_box->itemText(i));
+    if (shown == entries)
+        return;
+    m_box->clear();
+    m_box->addItems(entries);
+}
+
+void ChoiceEditor::showValue(const FeatureRow& row)
+{
+    m_box->setCurrentIndex(row.hasValue ? std::get<ChoiceValue>(row.value).index : -1);
+}
+
+void ChoiceEditor::showEvent(QShowEvent* event)
+{
+    RowEditor::showEvent(event);
+    QTimer::singleShot(0, m_box, [this] {
+        if (m_box->isVisible())
+            m_box->showPopup();
+    });
+}
+
+std::optional<EditValue> ChoiceEditor::value(QString&) const
+{
+    if (m_box->currentIndex() < 0)
+        return std::nullopt;
+    return EntryIndex { m_box->currentIndex() };
+}
+
+} // namespace featurebrowser

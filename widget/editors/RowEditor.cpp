@@ -1,0 +1,127 @@
+#include "RowEditor.h"
+
+#include "AddressEditor.h"
+#include "ChoiceEditor.h"
+#include "FloatEditor.h"
+#include "IntegerEditor.h"
+#include "TextEditor.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+namespace featurebrowser {
+
+RowEditor::RowEditor(const FeatureRow& row, QWidget* parent)
+    : QWidget(parent)
+    , m_rowName(row.name)
+{
+    setAutoFillBackground(true);
+}
+
+void RowEditor::watch(QWidget* field)
+{
+    field->setAccessibleName(toText(m_rowName));
+    field->installEventFilter(this);
+    if (focusProxy() == nullptr)
+        setFocusProxy(field);
+}
+
+void RowEditor::update(const FeatureRow& row)
+{
+    showLimits(row);
+    if (!m_touched)
+        showValue(row);
+}
+
+void RowEditor::leave(Leave how)
+{
+    if (!m_finished)
+        Q_EMIT left(this, how);
+}
+
+bool RowEditor::keyPressed(int key)
+{
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        leave(Leave::Accept);
+        return true;
+    case Qt::Key_Tab:
+        leave(Leave::Next);
+        return true;
+    case Qt::Key_Backtab:
+        leave(Leave::Previous);
+        return true;
+    case Qt::Key_Escape:
+        leave(Leave::Revert);
+        return true;
+    default:
+        return false;
+    }
+}
+
+// Another window in front, or a menu of this field, does not end an edit.
+void RowEditor::focusLost(Qt::FocusReason reason)
+{
+    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason
+        || reason == Qt::MenuBarFocusReason)
+        return;
+    // The parents of a list that drops down lead here too, across its window.
+    const QWidget* now = QApplication::focusWidget();
+    while (now != nullptr && now != this)
+        now = now->parentWidget();
+    if (now == nullptr)
+        leave(Leave::FocusLost);
+}
+
+bool RowEditor::eventFilter(QObject* object, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ShortcutOverride: // these keys are the editor's, not a dialog's or a menu's
+        switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Escape:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            event->accept();
+            return true;
+        default:
+            return false;
+        }
+    case QEvent::KeyPress:
+        return keyPressed(static_cast<QKeyEvent*>(event)->key());
+    case QEvent::FocusOut:
+        focusLost(static_cast<QFocusEvent*>(event)->reason());
+        return false;
+    default:
+        return QWidget::eventFilter(object, event);
+    }
+}
+
+RowEditor* makeEditor(const FeatureRow& row, int sliderSteps, QWidget* parent)
+{
+    RowEditor* editor = nullptr;
+    switch (row.kind) {
+    case RowKind::Integer:
+        editor = new IntegerEditor(row, parent);
+        break;
+    case RowKind::Float:
+        editor = new FloatEditor(row, sliderSteps, parent);
+        break;
+    case RowKind::Text:
+        editor = new TextEditor(row, parent);
+        break;
+    case RowKind::Enumeration:
+        editor = new ChoiceEditor(row, parent);
+        break;
+    case RowKind::Ipv4:
+        editor = new AddressEditor(row, parent);
+        break;
+    default:
+        return nullptr;
+    }
+    editor->update(row);
+    return editor;
+}
+
+} // namespace featurebrowser

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "EditValue.h"
+
+#include <QWidget>
+
+#include <optional>
+
+namespace featurebrowser {
+
+/// How a user leaves an editor.
+enum class Leave {
+    Accept, ///< Enter: the value is written
+    Next, ///< Tab: written, then the next row is edited
+    Previous, ///< Shift+Tab
+    Revert, ///< Escape
+    FocusLost, ///< went elsewhere: written when it is a value
+    KeepOpen ///< written while the editor stays, for example by a slider that moves
+};
+
+/// Base of the editors: one row's value, opened in its value cell when the user asks for it. The
+/// text that the user has typed is theirs: updates of the row do not touch it.
+class RowEditor : public QWidget {
+    Q_OBJECT
+
+public:
+    RowEditor(const FeatureRow& row, QWidget* parent);
+
+    const std::string& rowName() const { return m_rowName; }
+    /// The user has changed something since the last write.
+    bool isTouched() const { return m_touched; }
+    void setTouched(bool touched) { m_touched = touched; }
+    /// Ignores the focus from now on: the editor is about to go.
+    void finish() { m_finished = true; }
+
+    /// Shows the row's value and limits, or only the limits when the user has typed something.
+    void update(const FeatureRow& row);
+    /// The entered value; nothing, and why, when it is none.
+    virtual std::optional<EditValue> value(QString& problem) const = 0;
+
+Q_SIGNALS:
+    void left(featurebrowser::RowEditor* editor, featurebrowser::Leave how);
+
+protected:
+    /// `field` takes the focus and its keys.
+    void watch(QWidget* field);
+    void touch() { m_touched = true; }
+    void leave(Leave how);
+    virtual void showLimits(const FeatureRow& row) = 0;
+    virtual void showValue(const FeatureRow& row) = 0;
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    bool keyPressed(int key);
+    void focusLost(Qt::FocusReason reason);
+
+    std::string m_rowName;
+    bool m_touched = false;
+    bool m_finished = false;
+};
+
+/// The editor for the row's kind; null for kinds without one.
+RowEditor* makeEditor(const FeatureRow& row, int sliderSteps, QWidget* parent);
+
+} // namespace featurebrowser

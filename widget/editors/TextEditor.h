@@ -1,0 +1,31 @@
+#pragma once
+
+#include "RowEditor.h"
+
+class QLabel;
+class QLineEdit;
+
+namespace featurebrowser {
+
+/// Text field that counts bytes of UTF-8 against the feature's maximum. A text that is too long is
+/// not cut: it is not let out.
+class TextEditor : public RowEditor {
+    Q_OBJECT
+
+public:
+    TextEditor(const FeatureRow& row, QWidget* parent);
+    std::optional<EditValue> value(QString& problem) const override;
+
+protected:
+    void showLimits(const FeatureRow& row) override;
+    void showValue(const FeatureRow& row) override;
+
+private:
+    void count();
+
+    QLineEdit* m_field;
+    QLabel* m_counter;
+    unsigned int m_maxLength = 0;
+};
+
+} // namespace featurebrowser
