@@ -1,0 +1,141 @@
+#include "Camera.h"
+
+#include "featurebrowser/ZQCamera.h"
+#include "featurebrowser/ZQCameraDevice.h"
+#include "featurebrowser/ZQCameraRepository.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace featurebrowser {
+namespace {
+
+using zqcameralib::ZQCamera;
+
+// The built-in camera through the interfaces that the feature browser uses.
+class SimulatedDescriptionTest : public testing::Test {
+protected:
+    SimulatedDescriptionTest() { EXPECT_EQ(repository().Load(), 0); }
+
+    ZQCameraRepository& repository() { return *m_device.GetRepository(); }
+    FeatureItem read(const std::string& name)
+    {
+        const auto item = repository().GetFeature(name);
+        EXPECT_TRUE(repository().ReadFeature(item)) << name;
+        return *item;
+    }
+    std::set<std::string> offLimits();
+
+    std::string m_error;
+    std::unique_ptr<ZQCamera> m_camera = ZQCamera::OpenSimulated(m_error);
+    ZQCameraDevice m_device { m_camera.get(), nullptr };
+};
+
+bool integerFits(const FeatureItem& item)
+{
+    const long long value = std::stoll(item.valueText);
+    const auto steps = static_cast<std::uint64_t>(value) - static_cast<std::uint64_t>(item.intMin);
+    return item.intMin <= value && value <= item.intMax && item.intInc > 0
+        && steps % item.intInc == 0;
+}
+
+bool fits(const FeatureItem& item)
+{
+    switch (item.type) {
+    case FEATURE_INTEGER:
+        return integerFits(item);
+    case FEATURE_FLOAT: {
+        const double value = std::stod(item.valueText);
+        return item.floatMin <= value && value <= item.floatMax;
+    }
+    case FEATURE_ENUMERATION:
+    case FEATURE_BOOLEAN:
+        return std::stoul(item.valueText) < item.enumEntries.size();
+    default:
+        return true;
+    }
+}
+
+// Features that cannot be read, or whose value is not one that they allow.
+std::set<std::string> SimulatedDescriptionTest::offLimits()
+{
+    std::set<std::string> names;
+    for (const auto& item : repository().GetFeatureList()) {
+        const bool isFeature = item->type != FEATURE_CATEGORY;
+        if (isFeature
+            && (!repository().ReadFeature(item) || (item->displayFlag == 1 && !fits(*item)))) {
+            names.insert(item->name);
+        }
+    }
+    return names;
+}
+
+TEST_F(SimulatedDescriptionTest, EveryChoiceLeavesEveryFeatureWithinItsLimits)
+{
+    EXPECT_EQ(offLimits(), std::set<std::string>());
+    for (const auto& item : repository().GetFeatureList()) {
+        EXPECT_TRUE(repository().ReadFeature(item)) << item->name;
+        if (item->type != FEATURE_ENUMERATION || item->accessMode != ACCESS_READ_WRITE
+            || item->lockedFlag == 1) {
+            continue;
+        }
+        const std::list<std::string> entries = item->enumEntries;
+        int index = 0;
+        for (const std::string& entry : entries) {
+            EXPECT_EQ(m_device.SetEnumValue(item->name.c_str(), entry.c_str(), index++), 0);
+            EXPECT_EQ(offLimits(), std::set<std::string>()) << item->name << " = " << entry;
+        }
+        EXPECT_EQ(m_device.SetEnumValue("UserSetSelector", "Default", 0), 0);
+        EXPECT_EQ(m_device.ExecuteCommand("UserSetLoad", 1), 0);
+    }
+}
+
+TEST_F(SimulatedDescriptionTest, ShowsEveryKindOfFeatureAtEveryLevel)
+{
+    std::map<int, int> kinds;
+    std::set<int> levels;
+    std::set<int> representations;
+    int depth = 0;
+    for (const auto& item : repository().GetFeatureList()) {
+        ++kinds[item->type];
+        levels.insert(item->level);
+        representations.insert(item->representation);
+        depth = std::max<int>(depth, item->depth);
+    }
+    for (const int kind : { FEATURE_INTEGER, FEATURE_FLOAT, FEATURE_STRING, FEATURE_ENUMERATION,
+             FEATURE_COMMAND, FEATURE_BOOLEAN, FEATURE_READ_ONLY_STRING }) {
+        EXPECT_GE(kinds[kind], 2) << kind;
+    }
+    EXPECT_EQ(levels, (std::set<int> { LEVEL_BEGINNER, LEVEL_EXPERT, LEVEL_GURU }));
+    EXPECT_EQ(representations,
+        (std::set<int> { REPRESENTATION_NUMBER, REPRESENTATION_ADDRESS, REPRESENTATION_IPV4 }));
+    EXPECT_GE(
+        repository().GetFeatureList().size() - static_cast<std::size_t>(kinds[FEATURE_CATEGORY]),
+        150U);
+    EXPECT_GE(depth, 4);
+
+    const FeatureItem exposure = read("ExposureTime");
+    EXPECT_GE(exposure.floatMax / exposure.floatMin, 1e6);
+    EXPECT_EQ(read("GevSupportedOptions").representation, REPRESENTATION_NUMBER);
+    EXPECT_GT(std::stoll(read("DeviceHardwareID").valueText), 1LL << 32);
+}
+
+// A camera that serves this description over GigE Vision has 64 KB of registers.
+TEST_F(SimulatedDescriptionTest, RegistersStayBelow64KB)
+{
+    std::vector<zqcameralib::RegisterPort::Register> trace;
+    m_camera->impl().port().setTrace(&trace);
+    EXPECT_EQ(repository().Load(), 0);
+    m_camera->impl().port().setTrace(nullptr);
+    EXPECT_GT(trace.size(), 150U);
+    for (const auto& [address, size] : trace) {
+        EXPECT_LT(address + size, 0x10000U);
+    }
+}
+
+} // namespace
+} // namespace featurebrowser
