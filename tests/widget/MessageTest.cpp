@@ -1,0 +1,84 @@
+#include "WidgetTest.h"
+
+#include <QAbstractButton>
+
+#include <stdexcept>
+
+namespace featurebrowser {
+
+namespace {
+
+class MessageTest : public WidgetTest {
+protected:
+    MessageTest() { show(); }
+    void acceptAs(const std::string& text)
+    {
+        journal.answer = [this, text](const std::string&) {
+            browser->modifyFeature("DeviceUserID", text, CAM_TYPE_STRING, {}, false, true);
+        };
+    }
+};
+
+} // namespace
+
+TEST_F(MessageTest, ARejectionStaysAtItsRowUntilTheNextGoodValue)
+{
+    journal.answer = [this](const std::string&) {
+        browser->setDefaultValue("Width", 640L, "Error writing value\nValue must be <b>16</b>");
+    };
+    edit("Width", "5");
+    EXPECT_EQ(text("Width"), "640");
+    EXPECT_EQ(message(), "Error writing value\nValue must be <b>16</b>");
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+
+    QTest::mouseClick(child<QAbstractButton>("dismissButton"), Qt::LeftButton);
+    EXPECT_EQ(message(), "");
+    select("ExposureTime");
+    select("Width");
+    EXPECT_NE(message(), "") << "still marked, so it can be read again";
+
+    journal.answer = [this](const std::string&) {
+        browser->modifyFeature("Width", 32L, 16L, 64L, 16U, false, true);
+    };
+    edit("Width", "32");
+    EXPECT_EQ(message(), "");
+}
+
+TEST_F(MessageTest, ExceptionsEndAtTheirRow)
+{
+    journal.answer = [](const std::string& line) {
+        if (line == "Command AcquisitionStart")
+            throw 1; // NOLINT(hicpp-exception-baseclass)
+        throw std::out_of_range("stoll");
+    };
+    edit("Width", "7");
+    EXPECT_EQ(message(), "Internal error: stoll");
+    select("AcquisitionStart");
+    press(Qt::Key_Return);
+    EXPECT_EQ(message(), "Internal error");
+    browser->closeDialog();
+    EXPECT_FALSE(browser->isVisible());
+}
+
+TEST_F(MessageTest, AnUnconfirmedValueIsShownButMarked)
+{
+    edit("Width", "48");
+    EXPECT_EQ(text("Width"), "48");
+    EXPECT_EQ(message(), "The camera has not confirmed this value");
+    journal.take();
+    edit("Width", "48");
+    EXPECT_EQ(journal.take(), Lines { "Int Width 48" }) << "trying again is possible";
+}
+
+TEST_F(MessageTest, ATextThatComesBackDifferentIsTold)
+{
+    acceptAs("left");
+    edit("DeviceUserID", "right");
+    EXPECT_EQ(text("DeviceUserID"), "left");
+    EXPECT_EQ(message(), "The camera has not taken “right”; the row shows what it holds");
+    acceptAs("right");
+    edit("DeviceUserID", "right");
+    EXPECT_EQ(message(), "");
+}
+
+} // namespace featurebrowser

@@ -1,0 +1,65 @@
+#include "WidgetTest.h"
+
+namespace featurebrowser {
+
+namespace {
+
+// Numbers are read where users type them.
+class NumberInputTest : public WidgetTest {
+protected:
+    NumberInputTest()
+    {
+        show();
+        browser->setItemDescription("ExposureTime", "Exposure time (in microseconds).");
+    }
+};
+
+} // namespace
+
+TEST_F(NumberInputTest, PointCommaAndUnitsAreUnderstood)
+{
+    const std::vector<std::pair<const char*, const char*>> cases { { "1.5", "1.5" },
+        { "1,5", "1.5" }, { "0,500", "0.5" }, { "12345,678", "12345.678" }, { "1.500", "1.5" },
+        { "1,234.5", "1234.5" }, { "1.234,5", "1234.5" }, { "1,234,567", "1234567" },
+        { "1.234.567", "1234567" }, { "2,5e3", "2500" }, { "+7", "7" }, { ".5", "0.5" },
+        { "20 ms", "20000" }, { "0.1ms", "100" }, { "1,5 s", "1500000" }, { "3 us", "3" },
+        { "3 \u00B5s", "3" } };
+    for (const auto& [typed, value] : cases) {
+        browser->modifyFeature("ExposureTime", 9.0, 1.0, 1e6, 0.0, false, true);
+        edit("ExposureTime", typed);
+        EXPECT_EQ(journal.take(), Lines { std::string("Double ExposureTime ") + value }) << typed;
+    }
+}
+
+TEST_F(NumberInputTest, WhatCanBeReadInTwoWaysOrNotAtAllIsNotLetOut)
+{
+    struct Case {
+        const char* name;
+        const char* typed;
+        const char* message;
+    };
+    const std::vector<Case> cases {
+        { "ExposureTime", "1,500", "“1,500” can be read in two ways: write 1.500 or 1500" },
+        { "ExposureTime", "abc", "“abc” is not a number" },
+        { "ExposureTime", "", "“” is not a number" },
+        { "ExposureTime", "1.2.3", "“1.2.3” is not a number" },
+        { "ExposureTime", "20 dB", "“dB” does not fit a feature in us" },
+        { "ExposureTime", "1e999", "“1e999” is beyond the range of numbers" },
+        { "Width", "1.5", "“1.5” is not a whole number" },
+        { "Width", "20 ms", "“20 ms” is not a number; the unit of this feature is not known" },
+        { "Width", "9223372036854775808", "“9223372036854775808” does not fit into 64 bits" },
+        { "GevCurrentIPAddress", "1.2.3",
+            "“1.2.3” is not an IPv4 address: four numbers from 0 to 255 with points between" },
+        { "GevCurrentIPAddress", "1.2.3.256",
+            "“1.2.3.256” is not an IPv4 address: four numbers from 0 to 255 with points between" },
+    };
+    for (const Case& edited : cases) {
+        edit(edited.name, edited.typed);
+        EXPECT_TRUE(isEditing()) << "the typed text stays";
+        EXPECT_EQ(message(), edited.message);
+        press(Qt::Key_Escape);
+    }
+    EXPECT_TRUE(journal.take().empty());
+}
+
+} // namespace featurebrowser

@@ -1,0 +1,81 @@
+#include "WidgetTest.h"
+
+#include <QDialog>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace featurebrowser {
+
+namespace {
+
+class ReentrancyTest : public WidgetTest {
+protected:
+    ReentrancyTest() { show(); }
+};
+
+} // namespace
+
+TEST_F(ReentrancyTest, AHandlerMayEmptyAndRefillTheTree)
+{
+    journal.answer = [this](const std::string&) {
+        browser->clearFeatureItems();
+        browser->addIntFeature(
+            "", "Width", 1, 0, 9, 1, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    edit("Width", "32", Qt::Key_Tab);
+    EXPECT_EQ(journal.take(), Lines { "Int Width 32" });
+    EXPECT_EQ(text("Width"), "1");
+}
+
+TEST_F(ReentrancyTest, AMessageBoxInAHandlerCausesNoSecondEvent)
+{
+    journal.answer = [this](const std::string&) {
+        QDialog box;
+        QTimer::singleShot(50, &box, [this, &box] {
+            browser->modifyFeature("Width", 64L, 16L, 4096L, 16U, false, true);
+            box.accept();
+        });
+        box.exec();
+    };
+    edit("Width", "64");
+    EXPECT_EQ(journal.take(), Lines { "Int Width 64" });
+    EXPECT_EQ(text("Width"), "64");
+}
+
+TEST_F(ReentrancyTest, ARowCanBeEditedWhileItsEventIsHandled)
+{
+    journal.answer = [this](const std::string& line) {
+        if (line == "Int Width 32")
+            edit("Width", "48");
+        browser->modifyFeature("Width", 48L, 16L, 4096L, 16U, false, true);
+    };
+    edit("Width", "32");
+    EXPECT_EQ(journal.take(), (Lines { "Int Width 32", "Int Width 48" }));
+    EXPECT_EQ(text("Width"), "48");
+}
+
+TEST_F(ReentrancyTest, DeletingTheBrowserWhileEmbeddedIsClean)
+{
+    auto dock = std::make_unique<QWidget>();
+    auto* layout = new QVBoxLayout(dock.get());
+    layout->addWidget(browser->GetWidget());
+    dock->show();
+    browser->showDialog(&journal, 0, 0, {}, {});
+    EXPECT_FALSE(browser->GetWidget()->isWindow());
+    EXPECT_TRUE(browser->isVisible());
+    browser.reset();
+    EXPECT_EQ(layout->count(), 0);
+
+    // The other way round the window dies first and the browser becomes inert.
+    browser = std::make_unique<CameraFeatureBrowser>(nullptr);
+    layout->addWidget(browser->GetWidget());
+    dock.reset();
+    browser->addCategory("Camera", LEVEL_BEGINNER);
+    browser->setVisibility(LEVEL_GURU);
+    browser->showDialog();
+    EXPECT_EQ(browser->GetWidget(), nullptr);
+    EXPECT_FALSE(browser->isVisible());
+}
+
+} // namespace featurebrowser

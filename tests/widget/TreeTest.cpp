@@ -1,0 +1,145 @@
+#include "WidgetTest.h"
+
+#include <QComboBox>
+#include <QHeaderView>
+#include <QPlainTextEdit>
+
+#include <limits>
+
+namespace featurebrowser {
+
+namespace {
+
+constexpr auto noValue = "\u2014";
+
+class TreeTest : public WidgetTest { };
+
+} // namespace
+
+TEST_F(TreeTest, FloatsNeverLookLikeAnotherNumber)
+{
+    const std::vector<std::pair<double, const char*>> cases { { 0.00000001, "0.00000001" },
+        { 1.23456789e-9, "1.23456789e-09" }, { 1e-300, "1e-300" }, { -0.0, "0" },
+        { 41.25, "41.25" }, { 0.1 + 0.2, "0.3" }, { 123456789.25, "123456789" },
+        { 12345678901234.0, "12345678901234" }, { 1e15, "1e+15" }, { -2.5e100, "-2.5e+100" },
+        { std::numeric_limits<double>::infinity(), "inf" },
+        { std::numeric_limits<double>::quiet_NaN(), "nan" } };
+    for (const auto& [value, shown] : cases) {
+        browser->modifyFeature("ExposureTime", value, 0.0, 1.0, 0.0, false, true);
+        EXPECT_EQ(text("ExposureTime"), shown);
+    }
+}
+
+TEST_F(TreeTest, RolesTellAutomationWhatARowHolds)
+{
+    const long big = std::numeric_limits<long>::max();
+    browser->modifyFeature("Width", big, -big - 1, big, 4U, true, true);
+    EXPECT_EQ(text("Width"), "9223372036854775807");
+    EXPECT_EQ(role("Width", "minimum"), QVariant(qlonglong(-big - 1)));
+    EXPECT_EQ(role("Width", "increment"), QVariant(4U));
+    EXPECT_EQ(role("Width", "readOnly"), QVariant(true));
+    EXPECT_EQ(role("ExposureTime", "maximum"), QVariant(1e6));
+    EXPECT_EQ(role("PixelFormat", "entries").toStringList().join(","), "Mono8,Mono12,RGB8");
+    EXPECT_EQ(role("DeviceUserID", "level"), QVariant(2));
+    EXPECT_EQ(role("GevMACAddress", "kind"), QVariant("mac"));
+    EXPECT_EQ(role("Camera", "kind"), QVariant("category"));
+    browser->setItemDescription("Width", "Image width\r\nMin: 16");
+    EXPECT_EQ(role("Width", "description"), QVariant("Image width\r\nMin: 16"));
+}
+
+TEST_F(TreeTest, TextUpdatesKeepAddressesAndFollowTheReadOnlyKind)
+{
+    browser->modifyFeature("GevCurrentIPAddress", "10.0.0.9", CAM_TYPE_STRING, {}, false, true);
+    EXPECT_EQ(role("GevCurrentIPAddress", "kind"), QVariant("ipv4"));
+    EXPECT_EQ(text("GevCurrentIPAddress"), "10.0.0.9");
+    browser->modifyFeature("DeviceUserID", "x", CAM_TYPE_READ_ONLY_STRING, {}, true, true);
+    EXPECT_EQ(role("DeviceUserID", "kind"), QVariant("readonly-string"));
+    browser->modifyFeature("PixelFormat", "1", CAM_TYPE_ENUMERATION, { "A", "B" }, false, true);
+    EXPECT_EQ(text("PixelFormat"), "B");
+    for (const char* index : { "2", "-1", "", "abc", "99999999999" }) {
+        browser->modifyFeature(
+            "PixelFormat", index, CAM_TYPE_ENUMERATION, { "A", "B" }, false, true);
+        EXPECT_EQ(text("PixelFormat"), noValue) << index;
+    }
+}
+
+TEST_F(TreeTest, ARowWithoutAValueShowsADash)
+{
+    browser->modifyFeature("Width", 0L, 0L, 0L, 0U, false, false);
+    EXPECT_EQ(text("Width"), noValue);
+}
+
+TEST_F(TreeTest, UnknownAndOddNamesAreTolerated)
+{
+    const std::string odd = "\xFF%1<b>\xC3";
+    browser->addSubCategory("Nowhere", odd, LEVEL_BEGINNER);
+    browser->addIntFeature(
+        odd, "Deep%2", 1, 0, 1, 0, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
+    browser->addIntFeature(
+        "NoSuch", "Loose", 7, 0, 9, 1, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
+    browser->addIntFeature(
+        "Camera", "Loose", 8, 0, 9, 1, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
+    browser->modifyFeature("NoSuch", 1L, 0L, 1L, 1U, false, true);
+    browser->modifyFeature("Width", 2.5, 0.0, 1.0, 1.0, false, true);
+    browser->setDefaultValue("NoSuch", 1L, "message");
+    browser->setItemDescription("NoSuch", "text");
+    EXPECT_FALSE(row("Loose").parent().isValid());
+    EXPECT_EQ(text("Loose"), "8");
+    EXPECT_EQ(row("Deep%2").parent(), row(odd));
+    EXPECT_EQ(text("Width"), "640");
+}
+
+TEST_F(TreeTest, LevelHidesFeaturesAndCategoriesLeftEmpty)
+{
+    browser->addCategory("Expert only", LEVEL_BEGINNER);
+    browser->addIntFeature(
+        "Expert only", "Hidden", 1, 0, 1, 0, LEVEL_EXPERT, false, true, SELECTOR_NONE, "");
+    show();
+    auto* levels = child<QComboBox>("levelBox");
+    browser->setVisibility(LEVEL_BEGINNER);
+    EXPECT_TRUE(journal.take().empty());
+    EXPECT_TRUE(isShown("Width") && !isShown("DeviceUserID") && !isShown("Expert only"));
+    // Rows that come later are hidden too.
+    browser->addIntFeature(
+        "Camera", "Late", 1, 0, 1, 0, LEVEL_GURU, false, true, SELECTOR_NONE, "");
+    EXPECT_FALSE(isShown("Late"));
+    levels->setFocus();
+    press(Qt::Key_Down);
+    EXPECT_EQ(journal.take(), Lines { "Level 2" });
+    EXPECT_TRUE(isShown("DeviceUserID") && isShown("Hidden") && !isShown("Late"));
+}
+
+TEST_F(TreeTest, UserSelectionIsToldAndItsDescriptionShown)
+{
+    show();
+    journal.hearsSelection = true;
+    click("Width", 0);
+    press(Qt::Key_Down);
+    EXPECT_EQ(journal.take(), (Lines { "Selection Width", "Selection ExposureTime" }));
+    browser->setItemDescription("Width", "about Width");
+    browser->setItemDescription("ExposureTime", "<b>plain</b> \r\ntext \r\n");
+    EXPECT_EQ(child<QPlainTextEdit>("descriptionText")->toPlainText(), "<b>plain</b>\ntext");
+}
+
+TEST_F(TreeTest, SizesAndColumnsAreTheApplications)
+{
+    browser->showDialog(&journal, 500, 400, { 210, 120 }, {});
+    EXPECT_EQ(browser->GetWidget()->size(), QSize(500, 400));
+    EXPECT_EQ(tree()->columnWidth(0), 210);
+    EXPECT_EQ(tree()->columnWidth(1), 120);
+    EXPECT_TRUE(journal.take().empty());
+    tree()->header()->resizeSection(0, 180);
+    browser->setVisibility(LEVEL_EXPERT);
+    browser->closeDialog();
+    EXPECT_EQ(journal.take(), (Lines { "Column 0 180", "Close 500 400 2" }));
+    EXPECT_FALSE(browser->isVisible());
+    browser->showStandalone(nullptr, 0, -1, {}, {});
+    EXPECT_EQ(browser->GetWidget()->size(), QSize(500, 400));
+    EXPECT_TRUE(browser->GetWidget()->windowType() == Qt::Window && browser->isVisible());
+    browser->hideDialog();
+    browser->showDialog();
+    EXPECT_TRUE(browser->isVisible());
+    EXPECT_TRUE(journal.take().empty());
+}
+
+} // namespace featurebrowser
