@@ -1,0 +1,207 @@
+#include "CoreFixture.h"
+
+#include <stdexcept>
+
+namespace featurebrowser {
+namespace {
+
+constexpr std::uint16_t address = REPRESENTATION_ADDRESS;
+constexpr std::uint16_t ipv4 = REPRESENTATION_IPV4;
+
+/// One record, the line that adds it to the tree and the line that updates it.
+struct PresentationCase {
+    int type;
+    std::string name;
+    std::string valueText;
+    int representation;
+    std::string added;
+    std::string updated;
+};
+
+Item makeRecord(const PresentationCase& c)
+{
+    Item item = makeItem(FEATURE_INTEGER, c.name, c.valueText);
+    item->type = static_cast<std::uint8_t>(c.type);
+    item->representation = static_cast<std::uint16_t>(c.representation);
+    item->level = LEVEL_EXPERT;
+    item->intMin = -5;
+    item->intMax = 1L << 40;
+    item->intInc = 4000000000U;
+    item->floatMin = 0.5;
+    item->floatMax = 9.5;
+    item->floatInc = 0.25;
+    item->maxLength = 32;
+    item->enumEntries = { "a", "b", "a" };
+    item->selectorParent = "Sel";
+    return item;
+}
+
+const std::string nul("\0", 1);
+
+const PresentationCase presentationCases[] = {
+    { 1, "Reserved", "1", 0, "", "" },
+    { 9, "Unknown", "1", 0, "", "" },
+    { 255, "Unknown", "1", 0, "", "" },
+    // Plain integers: leading digits when added, strict when updated.
+    { 2, "Width", "42", 0, "Int(#, 42, -5, 1099511627776, 4000000000, 2, @$",
+        "Integer(#, 42, -5, 1099511627776, 4000000000, @)" },
+    { 2, "Width", "", 0, "Int(#, 0, -5, 1099511627776, 4000000000, 2, @$",
+        "Integer(#, 0, -5, 1099511627776, 4000000000, @)" },
+    { 2, "Width", "abc", 0, "Int(#, 0, -5, 1099511627776, 4000000000, 2, @$",
+        "Integer(#, 9223372036854775807, -5, 1099511627776, 4000000000, @)" },
+    { 2, "Width", "  12abc", 0, "Int(#, 12, -5, 1099511627776, 4000000000, 2, @$",
+        "Integer(#, 12, -5, 1099511627776, 4000000000, @)" },
+    { 2, "Width", "-9223372036854775808", 5,
+        "Int(#, -9223372036854775808, -5, 1099511627776, 4000000000, 2, @$",
+        "Integer(#, -9223372036854775808, -5, 1099511627776, 4000000000, @)" },
+    { 2, "Width", "99999999999999999999", 0,
+        "Int(#, 9223372036854775807, -5, 1099511627776, 4000000000, 2, @$", "out of range: stoll" },
+    // Integers shown as addresses; the case of the name's parts counts.
+    { 2, "WidthmacgeV", "7", address, "Int(#, 7, -5, 1099511627776, 4000000000, 2, @$",
+        "Integer(#, 7, -5, 1099511627776, 4000000000, @)" },
+    { 2, "GevMAC", "7", 5, "Int(#, 7, -5, 1099511627776, 4000000000, 2, @$",
+        "Integer(#, 7, -5, 1099511627776, 4000000000, @)" },
+    { 2, "GevMACAddress", "258x", address, "String(#, \"mac 258\", 2, 0, @, 2$",
+        "Text(#, \"mac 258\", 3, [], @)" },
+    { 2, "DeviceMAC", "0", address, "String(#, \"mac 0\", 2, 0, @, 2$",
+        "Text(#, \"mac 0\", 3, [], @)" },
+    { 2, "DeviceMAC", "", address, "", "" },
+    { 2, "DeviceMAC", "x", address, "invalid: stoll", "invalid: stoll" },
+    { 2, "DeviceMAC", "9223372036854775808", address, "out of range: stoll",
+        "out of range: stoll" },
+    { 2, "MyGevIP", "3232235777", address, "String(#, \"192.168.1.1\", 2, 0, @, 1$",
+        "Text(#, \"192.168.1.1\", 3, [], @)" },
+    { 2, "MyGevIP", "", address, "String(#, \"\", 2, 0, @, 1$", "Text(#, \"\", 3, [], @)" },
+    { 2, "MAC", "0", ipv4, "String(#, \"0.0.0.0\", 2, 0, @, 1$", "Text(#, \"0.0.0.0\", 3, [], @)" },
+    { 2, "Mask", "", ipv4, "String(#, \"\", 2, 0, @, 1$", "Text(#, \"\", 3, [], @)" },
+    { 2, "Mask", "4294967297", ipv4, "String(#, \"0.0.0.1\", 2, 0, @, 1$",
+        "Text(#, \"0.0.0.1\", 3, [], @)" },
+    { 2, "Mask", "-1", ipv4, "String(#, \"255.255.255.255\", 2, 0, @, 1$",
+        "Text(#, \"255.255.255.255\", 3, [], @)" },
+    { 2, "Mask", " 10abc", ipv4, "String(#, \"0.0.0.10\", 2, 0, @, 1$",
+        "Text(#, \"0.0.0.10\", 3, [], @)" },
+    { 2, "Mask", "x", ipv4, "invalid: stoul", "invalid: stoul" },
+    { 2, "Mask", "18446744073709551616", ipv4, "out of range: stoul", "out of range: stoul" },
+    // Floats: the whole name decides about the slider.
+    { 3, "ExposureTime", "2.5mm", 0, "Double(#, 2.5, 0.5, 9.5, 0.25, 2, 1, @$",
+        "Double(#, 2.5, 0.5, 9.5, 0.25, @)" },
+    { 3, "exposureTime", "", 0, "Double(#, 0, 0.5, 9.5, 0.25, 2, 0, @$",
+        "Double(#, 0, 0.5, 9.5, 0.25, @)" },
+    { 3, "ExposureTimeAbs", "x", 0, "Double(#, 0, 0.5, 9.5, 0.25, 2, 0, @$",
+        "Double(#, 0, 0.5, 9.5, 0.25, @)" },
+    // Texts: up to the first NUL when added, whole when updated.
+    { 4, "ID", "one" + nul + "two", 0, "String(#, \"one\", 2, 32, @, 0$",
+        "Text(#, \"one\\0two\", 3, [], @)" },
+    { 8, "Model", "100%", 0, "String(#, \"100%\", 2, 32, @, 0$", "Text(#, \"100%\", 9, [], @)" },
+    { 5, "Mode", "2", 0, "Enum(#, 2, [\"a\" \"b\" \"a\"], 2, false, false, true$",
+        "Text(#, \"2\", 6, [\"a\" \"b\" \"a\"], @)" },
+    { 5, "Mode", " -x", 0, "Enum(#, 0, [\"a\" \"b\" \"a\"], 2, false, false, true$",
+        "Text(#, \" -x\", 6, [\"a\" \"b\" \"a\"], @)" },
+    { 5, "Mode", "4294967297", 0, "Enum(#, 2147483647, [\"a\" \"b\" \"a\"], 2, false, false, true$",
+        "Text(#, \"4294967297\", 6, [\"a\" \"b\" \"a\"], @)" },
+    { 6, "Run", "Go" + nul, 0, "Command(#, \"Go\\0\", 2, @$", "Text(#, \"Go\\0\", 7, [], @)" },
+    { 7, "Flag", "1", 0, "Enum(#, 1, [\"a\" \"b\" \"a\"], 2, false, true, true$",
+        "Text(#, \"1\", 8, [\"a\" \"b\" \"a\"], @)" },
+};
+
+std::string replaced(std::string text, const std::string& what, const std::string& by)
+{
+    const auto at = text.find(what);
+    return at == std::string::npos ? text : text.replace(at, what.size(), by);
+}
+
+/// The whole journal line of a pattern: # stands for category and name, @ for the flags, $ for the
+/// selector's role and text. Patterns without arguments stay as they are.
+std::string expand(std::string pattern, bool adding, const PresentationCase& c)
+{
+    if (pattern.find('#') == std::string::npos)
+        return pattern;
+    const std::string name = '"' + c.name + '"';
+    pattern = replaced(pattern, "(#", adding ? "Feature(\"Cat\", " + name : '(' + name);
+    pattern
+        = replaced(pattern, "@", c.type == FEATURE_READ_ONLY_STRING ? "true, true" : "false, true");
+    return (adding ? "widget.add" : "widget.modify") + replaced(pattern, "$", ", 3, \"Sel\")")
+        + '\n';
+}
+
+/// What is left in `lines` of the journal, or the exception that came out.
+template <class Act> std::string outcome(Act act)
+{
+    try {
+        return act();
+    } catch (const std::invalid_argument& e) {
+        return std::string("invalid: ") + e.what();
+    } catch (const std::out_of_range& e) {
+        return std::string("out of range: ") + e.what();
+    }
+}
+
+TEST_F(CoreTest, EveryKindOfRecordIsAddedAndUpdatedAsItIsShown)
+{
+    m_script.selectorState = SELECTOR_BOTH;
+    for (const PresentationCase& c : presentationCases) {
+        SCOPED_TRACE(std::to_string(c.type) + " " + c.name + " '" + c.valueText + "'");
+        const Item item = makeRecord(c);
+        m_script.features = { makeItem(FEATURE_CATEGORY, "Cat", ""), item };
+        m_script.onRead = [](auto&) { return false; }; // nothing may be updated then
+        const std::string added = outcome([&] {
+            return linesWith("\"Cat\", \"",
+                journalOf([&](auto& browser, auto&) { browser.LoadFeatureBrowser(); }));
+        });
+        EXPECT_EQ(added, expand(c.added, true, c));
+        m_script.onRead = [](auto&) { return true; };
+        const std::string updated = outcome([&] {
+            return linesWith("widget.",
+                journalOf([&](auto& browser, auto&) { browser.RefreshFeature(c.name); }));
+        });
+        EXPECT_EQ(updated, expand(c.updated, false, c));
+    }
+}
+
+struct ReadOnlyCase {
+    FEATURE_TYPE type;
+    std::uint16_t accessMode;
+    std::uint8_t lockedFlag;
+    std::int32_t intWritable;
+    bool readOnly;
+};
+
+const ReadOnlyCase readOnlyCases[] = {
+    { FEATURE_INTEGER, ACCESS_READ_WRITE, 0, 1, false },
+    { FEATURE_INTEGER, ACCESS_READ_WRITE, 0, 0, true },
+    { FEATURE_FLOAT, ACCESS_READ_WRITE, 0, 0, false },
+    { FEATURE_STRING, ACCESS_READ_WRITE, 2, 0, false },
+    { FEATURE_STRING, ACCESS_READ_WRITE, 1, 1, true },
+    { FEATURE_FLOAT, 0, 0, 1, true },
+    { FEATURE_INTEGER, 0x524F, 0, 1, true },
+    { FEATURE_FLOAT, 0x4F52, 0, 1, false },
+    { FEATURE_READ_ONLY_STRING, ACCESS_READ_WRITE, 0, 1, true },
+};
+
+TEST_F(CoreTest, ReadOnlyRuleIsTheSameWhenAddedAndWhenUpdated)
+{
+    for (const ReadOnlyCase& c : readOnlyCases) {
+        const Item item = makeItem(c.type, "F", "1");
+        item->accessMode = c.accessMode;
+        item->lockedFlag = c.lockedFlag;
+        item->intWritable = c.intWritable;
+        item->displayFlag = 2; // not 1: not set
+        m_script.features = { makeItem(FEATURE_CATEGORY, "Cat", ""), item };
+        const std::string text = linesWith(c.readOnly ? "true, false" : "false, false",
+            journalOf([](auto& browser, auto&) { browser.LoadFeatureBrowser(); }));
+        EXPECT_NE(text.find("widget.add"), std::string::npos) << c.type << ' ' << c.accessMode;
+        EXPECT_NE(text.find("widget.modify"), std::string::npos) << c.type << ' ' << c.accessMode;
+    }
+}
+
+TEST(Types, OnlyShownKindsHaveAValueKind)
+{
+    const int kinds[] = { 0, 0, 5, 4, 3, 6, 7, 8, 9, 0 };
+    for (int type = 0; type < 10; ++type)
+        EXPECT_EQ(getType(type), kinds[type]) << type;
+    for (const int type : { -5, -1, 255, 258, 2147483647, -2147483647 - 1 })
+        EXPECT_EQ(getType(type), CAM_TYPE_NONE) << type;
+}
+
+} // namespace
+} // namespace featurebrowser

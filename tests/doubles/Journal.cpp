@@ -1,0 +1,51 @@
+#include "Journal.h"
+
+#include <array>
+#include <charconv>
+
+namespace doubles {
+
+std::string& journal()
+{
+    static std::string text;
+    return text;
+}
+
+void append(std::string& line, const std::string& text)
+{
+    line += '"';
+    for (const char c : text) {
+        switch (c) {
+        case '\n':
+            line += "\\n";
+            break;
+        case '\r':
+            line += "\\r";
+            break;
+        case '\0':
+            line += "\\0";
+            break;
+        default:
+            line += c;
+        }
+    }
+    line += '"';
+}
+
+void append(std::string& line, const std::shared_ptr<featurebrowser::FeatureItem>& item)
+{
+    append(line, item ? item->name : "(null)");
+}
+
+void append(std::string& line, double value)
+{
+    std::array<char, 32> text {};
+    line.append(text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr);
+}
+
+void append(std::string& line, bool value)
+{
+    line += value ? "true" : "false";
+}
+
+} // namespace doubles
