@@ -1,0 +1,217 @@
+#include "Browser.h"
+
+#include "featurebrowser/ZQCameraRepository.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QTextEdit>
+
+#include <gtest/gtest.h>
+
+using namespace featurebrowser;
+
+std::vector<std::string> Receiver::take()
+{
+    return std::exchange(heard, {});
+}
+
+void Receiver::FeatureIntModified(std::string name, long value)
+{
+    heard.push_back("int " + name + " " + std::to_string(value));
+}
+
+void Receiver::FeatureEnumModified(std::string name, std::string entry, int index)
+{
+    heard.push_back("enum " + name + " " + entry + " " + std::to_string(index));
+}
+
+void Receiver::FeatureBoolModified(std::string name, int value)
+{
+    heard.push_back("bool " + name + " " + std::to_string(value));
+}
+
+void Receiver::FeatureStringModified(std::string name, std::string value)
+{
+    heard.push_back("string " + name + " " + value);
+}
+
+void Receiver::FeatureIPModified(std::string name, const std::string& text)
+{
+    heard.push_back("ip " + name + " " + text);
+}
+
+void Receiver::FeatureDoubleModified(std::string name, double value)
+{
+    heard.push_back("double " + name + " " + std::to_string(value));
+}
+
+void Receiver::FeatureExecCommand(std::string name)
+{
+    heard.push_back("command " + name);
+    if (executor)
+        executor->ExecuteCommand(name.c_str(), 1);
+}
+
+void Receiver::SendError(int code, std::string text)
+{
+    heard.push_back((code == 0 ? "done: " : "error: ") + text);
+}
+
+void Receiver::AllConfigChanged()
+{
+    heard.emplace_back("all changed");
+}
+
+Browser::Browser(Ear ear)
+{
+    std::string error;
+    m_camera = zqcameralib::ZQCamera::OpenSimulated(error);
+    if (!m_camera)
+        throw std::runtime_error(error);
+    m_device = std::make_unique<ZQCameraDevice>(m_camera.get(), nullptr);
+    m_device->GetRepository()->Load();
+    m_browser = std::make_unique<ZQFeatureBrowser>(
+        m_device.get(), ear == Ear::present ? &receiver : nullptr);
+    m_browser->LoadFeatureBrowser();
+    m_browser->ShowStandalone(900, 900, {}, LEVEL_GURU);
+    m_tree = m_browser->GetWidget()->findChild<QTreeView*>(QStringLiteral("featureTree"));
+    m_tree->expandAll();
+    if (!QTest::qWaitForWindowActive(m_browser->GetWidget()->window()))
+        throw std::runtime_error("the window never became active");
+}
+
+Browser::~Browser() = default;
+
+namespace {
+
+QModelIndex find(
+    const QAbstractItemModel& model, int role, const QByteArray& name, const QModelIndex& parent)
+{
+    for (int i = 0; i < model.rowCount(parent); ++i) {
+        const QModelIndex row = model.index(i, 0, parent);
+        if (row.data(role).toByteArray() == name)
+            return row;
+        const QModelIndex inside = find(model, role, name, row);
+        if (inside.isValid())
+            return inside;
+    }
+    return {};
+}
+
+} // namespace
+
+QModelIndex Browser::row(const char* name) const
+{
+    const QAbstractItemModel& model = *m_tree->model();
+    return find(model, model.roleNames().key("name"), name, {});
+}
+
+QVariant Browser::role(const char* name, const char* role) const
+{
+    return row(name).data(m_tree->model()->roleNames().key(role));
+}
+
+std::string Browser::shown(const char* name) const
+{
+    return role(name, "value").toString().toStdString();
+}
+
+bool Browser::showsText(const char* text) const
+{
+    const auto wanted = QString::fromUtf8(text);
+    const auto shows = [&wanted](const QWidget* widget, const QString& content) {
+        return widget->isVisible() && content.contains(wanted);
+    };
+    for (const QWidget* widget : QApplication::allWidgets()) {
+        if (const auto* label = qobject_cast<const QLabel*>(widget)) {
+            if (shows(label, label->text()))
+                return true;
+        } else if (const auto* pane = qobject_cast<const QPlainTextEdit*>(widget)) {
+            if (shows(pane, pane->toPlainText()))
+                return true;
+        } else if (const auto* page = qobject_cast<const QTextEdit*>(widget)) {
+            if (shows(page, page->toPlainText()))
+                return true;
+        }
+    }
+    return false;
+}
+
+QPoint Browser::place(const char* name) const
+{
+    const QModelIndex index = row(name).siblingAtColumn(1);
+    m_tree->scrollTo(index, QAbstractItemView::PositionAtCenter);
+    const QRect cell = m_tree->visualRect(index);
+    return { cell.left() + cell.height() / 2, cell.center().y() }; // on the button or the box
+}
+
+void Browser::click(const char* name)
+{
+    const QPoint point = place(name);
+    QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, {}, point);
+}
+
+void Browser::select(const char* name)
+{
+    m_tree->setFocus();
+    m_tree->setCurrentIndex(row(name).siblingAtColumn(1));
+    m_tree->scrollTo(m_tree->currentIndex());
+}
+
+void Browser::open(const char* name)
+{
+    select(name);
+    press(Qt::Key_F2);
+}
+
+QWidget* Browser::editor() const
+{
+    QWidget* popup = QApplication::activePopupWidget();
+    QWidget* top = popup ? popup : QApplication::focusWidget();
+    QWidget* inner = top && top->focusWidget() ? top->focusWidget() : top;
+    return inner && inner != m_tree ? inner : nullptr;
+}
+
+void Browser::type(const char* name, const char* text)
+{
+    open(name);
+    QWidget* field = editor();
+    ASSERT_TRUE(field) << "no editor for " << name;
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(field, QString::fromUtf8(text));
+    QTest::keyClick(field, Qt::Key_Return);
+    QApplication::processEvents();
+}
+
+void Browser::choose(const char* name, const char* entry)
+{
+    open(name);
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget(); }))
+        << "no list for " << name;
+    QTest::keyClicks(editor(), QString::fromUtf8(entry));
+    QTest::keyClick(editor(), Qt::Key_Return);
+    QApplication::processEvents();
+}
+
+void Browser::press(Qt::Key key)
+{
+    QWidget* focus = QApplication::focusWidget();
+    QTest::keyClick(focus ? focus : m_tree, key);
+    QApplication::processEvents();
+}
+
+long Browser::integer(const char* name)
+{
+    long value = -1;
+    EXPECT_EQ(m_device->GetIntegerValue(name, &value), STATUS_OK) << name;
+    return value;
+}
+
+double Browser::number(const char* name)
+{
+    double value = -1;
+    EXPECT_EQ(m_device->GetFloatValue(name, &value), STATUS_OK) << name;
+    return value;
+}
