@@ -2,6 +2,7 @@
 
 #include "AvailableAtStart.h"
 #include "CommandBehaviour.h"
+#include "DescriptionCheck.h"
 #include "GlibError.h"
 #include "NodeMapXml.h"
 
@@ -61,7 +62,7 @@ std::unique_ptr<ZQCamera::Impl> overMemory(std::string text,
     std::unique_ptr<CameraBehaviour> behaviour, RegisterMemory*& memory, std::string& error)
 {
     std::unique_ptr<Description> description = Description::parse(std::move(text), error);
-    if (!description) {
+    if (!description || !checkDescription(*description, error)) {
         return nullptr;
     }
     auto backend = std::make_unique<MemoryBackend>(std::move(behaviour));

@@ -82,9 +82,14 @@ bool isReference(std::string_view tag)
 
 } // namespace
 
+std::string_view elementText(const pugi::xml_node& element)
+{
+    return trimmed(element.text().get());
+}
+
 std::string_view childText(const pugi::xml_node& element, const char* tag)
 {
-    return trimmed(element.child(tag).text().get());
+    return elementText(element.child(tag));
 }
 
 Description::Description() = default;

@@ -29,6 +29,8 @@ struct DescriptionNode {
     bool isBroken() const { return !broken.empty(); }
 };
 
+/// The text of an element without surrounding blanks.
+std::string_view elementText(const pugi::xml_node& element);
 /// The text of a child element without surrounding blanks; empty when there is none.
 std::string_view childText(const pugi::xml_node& element, const char* tag);
 

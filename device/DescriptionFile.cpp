@@ -30,7 +30,7 @@ bool findXml(unzFile archive)
 {
     for (int found = unzGoToFirstFile(archive); found == UNZ_OK; found = unzGoToNextFile(archive)) {
         std::array<char, 512> name {};
-        if (unzGetCurrentFileInfo(
+        if (unzGetCurrentFileInfo64(
                 archive, nullptr, name.data(), name.size() - 1, nullptr, 0, nullptr, 0)
                 == UNZ_OK
             && endsWithXml(name.data())) {

@@ -187,6 +187,9 @@ int DeviceOperations::checkInteger(const Feature& feature, std::int64_t value)
         return fail(
             ERROR_VALUE_OUT_OF_RANGE, what + "above the maximum of " + integerText(limits.maximum));
     }
+    if (value < feature.registerMin || value > feature.registerMax) {
+        return fail(ERROR_VALUE_OUT_OF_RANGE, what + "more than its register holds");
+    }
     if (!isOnGrid(value, limits.minimum, limits.increment)) {
         return fail(ERROR_VALUE_NOT_ON_INCREMENT,
             what + "not a multiple of " + integerText(limits.increment) + " from "
@@ -296,7 +299,7 @@ int DeviceOperations::setString(const char* name, const char* value)
     if (m_camera.port().failures() != failures) {
         return failPort();
     }
-    if (length != 0 && text.size() > length) {
+    if (feature->textRegister != nullptr && text.size() > length) {
         return fail(textTooLong,
             feature->name + ": the text has " + std::to_string(text.size()) + " bytes, at most "
                 + std::to_string(length) + " fit");

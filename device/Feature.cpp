@@ -175,6 +175,9 @@ void addChainFacts(Feature& feature, const Description& description, ArvGc* node
         if (gc == nullptr) {
             continue;
         }
+        if (link->kind == "StringReg" && ARV_IS_GC_REGISTER(gc)) {
+            feature.textRegister = ARV_GC_REGISTER(gc);
+        }
         if (hasOwnChild(*link, "pIsImplemented")) {
             feature.implementedIf.push_back(gc);
         }

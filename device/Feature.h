@@ -42,10 +42,12 @@ struct Feature {
     std::vector<ArvGcFeatureNode*> implementedIf;
     std::vector<ArvGcFeatureNode*> availableIf;
     std::vector<ArvGcFeatureNode*> lockedIf;
-    /// Limits that the value's register sets, where the description gives no narrower ones.
+    /// What fits the register that holds the value.
     std::int64_t registerMin = INT64_MIN;
     std::int64_t registerMax = INT64_MAX;
     bool hasFloatIncrement = false;
+    /// Texts: the register that holds them, null when none does.
+    ArvGcRegister* textRegister = nullptr;
     /// The value comes with images or events (chunk and event ports): no register can be read.
     bool isDetached = false;
     /// Writing it ends in a register of the camera, not in a value kept in the node map.

@@ -109,8 +109,13 @@ FeatureReader::IntegerLimits FeatureReader::integerLimits(const Feature& feature
     if (error) {
         limits.increment = 1;
     }
-    limits.minimum = std::max(limits.minimum, feature.registerMin);
-    limits.maximum = std::min(limits.maximum, feature.registerMax);
+    // Where the description says nothing, the register's width does.
+    if (limits.minimum == INT64_MIN) {
+        limits.minimum = feature.registerMin;
+    }
+    if (limits.maximum == INT64_MAX) {
+        limits.maximum = feature.registerMax;
+    }
     return limits;
 }
 
@@ -138,14 +143,12 @@ FeatureReader::FloatLimits FeatureReader::floatLimits(const Feature& feature)
 
 std::uint32_t FeatureReader::maxTextLength(const Feature& feature)
 {
-    if (!ARV_IS_GC_STRING(feature.gc)) {
+    if (feature.textRegister == nullptr) {
         return 0;
     }
     GlibError error;
-    const std::int64_t length
-        = arv_gc_string_get_max_length(ARV_GC_STRING(feature.gc), error.out());
-    // A text that no register holds has no limit, which reads as the largest number.
-    return error || length > UINT32_MAX ? 0 : asUnsigned32(length);
+    const std::uint64_t length = arv_gc_register_get_length(feature.textRegister, error.out());
+    return error ? 0 : asUnsigned32(static_cast<std::int64_t>(length));
 }
 
 std::vector<const EnumEntry*> FeatureReader::availableEntries(const Feature& feature)
@@ -206,8 +209,9 @@ FeatureReader::Outcome FeatureReader::readBoolean(const Feature& feature, Item& 
 
 FeatureReader::Outcome FeatureReader::readString(const Feature& feature, Item& item)
 {
-    if (feature.node->kind == "StringReg" && item.maxLength == 0) {
-        return Outcome::Nothing;
+    // The node map below does not take a register without a length.
+    if (feature.textRegister != nullptr && item.maxLength == 0) {
+        return Outcome::Shown;
     }
     GlibError error;
     const char* text = arv_gc_string_get_value(ARV_GC_STRING(feature.gc), error.out());

@@ -1,5 +1,12 @@
 #include "NodeMapXml.h"
 
+#include "DescriptionCheck.h"
+#include "FeatureTree.h"
+#include "FormulaGuard.h"
+
+#include <unordered_map>
+#include <unordered_set>
+
 namespace zqcameralib {
 
 namespace {
@@ -12,13 +19,217 @@ struct StringWriter : pugi::xml_writer {
     }
 };
 
+const std::unordered_set<std::string_view>& evaluatedTags()
+{
+    static const std::unordered_set<std::string_view> tags { "Value", "Address", "Length", "Min",
+        "Max", "Inc", "Representation", "OnValue", "OffValue", "Formula", "FormulaTo",
+        "FormulaFrom", "Expression", "Constant", "AccessMode", "ImposedAccessMode", "Cachable",
+        "Endianess", "Sign", "LSB", "MSB", "Bit", "CommandValue", "ChunkID", "EventID",
+        "ValueDefault", "ValueIndexed", "IsLinear", "Slope", "NumericValue" };
+    return tags;
+}
+
+const std::unordered_set<std::string_view>& evaluatedReferences()
+{
+    static const std::unordered_set<std::string_view> tags { "pValue", "pAddress", "pIndex",
+        "pLength", "pMin", "pMax", "pInc", "pVariable", "pIsImplemented", "pIsAvailable",
+        "pIsLocked", "pPort", "pCommandValue", "pValueIndexed", "pValueDefault" };
+    return tags;
+}
+
+bool isFormula(std::string_view tag)
+{
+    return tag == "Formula" || tag == "FormulaTo" || tag == "FormulaFrom" || tag == "Expression";
+}
+
+class Writer {
+public:
+    explicit Writer(const Description& description)
+        : m_description(description)
+    {
+        m_root = m_document.append_child("RegisterDescription");
+        for (const pugi::xml_attribute& attribute : description.root().attributes()) {
+            if (std::string_view(attribute.name()).substr(0, 6) == "Schema") {
+                m_root.append_copy(attribute);
+            }
+        }
+    }
+
+    std::string write()
+    {
+        const std::vector<bool> needed = neededNodes();
+        for (std::size_t i = 0; i < needed.size(); ++i) {
+            if (needed[i]) {
+                writeNode(m_description.node(i));
+            }
+        }
+        StringWriter writer;
+        m_document.print(writer, "", pugi::format_raw | pugi::format_no_declaration);
+        return std::move(writer.text);
+    }
+
+private:
+    bool canBeEvaluated(std::size_t node) const
+    {
+        return node != Description::absent && !m_description.node(node).isBroken();
+    }
+
+    /// The features and all that evaluating them may visit.
+    std::vector<bool> neededNodes() const
+    {
+        std::vector<bool> needed(m_description.nodes().size(), false);
+        std::vector<std::size_t> pending;
+        const auto add = [&](std::size_t node) {
+            if (canBeEvaluated(node) && !needed[node]) {
+                needed[node] = true;
+                pending.push_back(node);
+            }
+        };
+        add(m_description.find("TLParamsLocked"));
+        for (const TreeEntry& entry : buildFeatureTree(m_description)) {
+            if (!entry.isCategory) {
+                add(entry.node);
+            }
+        }
+        for (std::size_t at = 0; at < pending.size(); ++at) {
+            for (const Reference& reference : m_description.node(pending[at]).references) {
+                if (reference.tag == "pOffset" || evaluatedReferences().count(reference.tag) != 0) {
+                    add(reference.target);
+                }
+            }
+        }
+        return needed;
+    }
+
+    void writeNode(const DescriptionNode& node)
+    {
+        if (node.kind == "StructEntry") {
+            writeStruct(node);
+        } else if (!isInsideAnother(node.element)) {
+            copyElement(node.element, m_root);
+        }
+    }
+
+    /// Formulas may stand within the register whose address they give.
+    static bool isInsideAnother(const pugi::xml_node& element)
+    {
+        const std::string_view parent = element.parent().name();
+        return parent != "RegisterDescription" && parent != "Group" && parent != "StructReg";
+    }
+
+    /// A register with several entries is written once, with the entries that are needed.
+    void writeStruct(const DescriptionNode& entry)
+    {
+        const pugi::xml_node source = entry.element.parent();
+        pugi::xml_node& target = m_structs[source.hash_value()];
+        if (!target) {
+            target = m_root.append_child("StructReg");
+            copyChildren(source, target);
+        }
+        copyElement(entry.element, target);
+    }
+
+    void copyElement(const pugi::xml_node& source, pugi::xml_node& parent)
+    {
+        pugi::xml_node target = parent.append_child(source.name());
+        target.append_attribute("Name") = source.attribute("Name").value();
+        copyChildren(source, target);
+    }
+
+    void copyChildren(const pugi::xml_node& source, pugi::xml_node& target)
+    {
+        for (const pugi::xml_node& child : source.children()) {
+            const std::string_view tag = child.name();
+            if (tag == "pLength") {
+                copyLength(source, child, target);
+            } else if (evaluatedReferences().count(tag) != 0) {
+                copyReference(child, target);
+            } else if (evaluatedTags().count(tag) != 0) {
+                copyText(child, target);
+            } else if (tag == "EnumEntry" || tag == "IntSwissKnife" || tag == "SwissKnife") {
+                copyElement(child, target);
+            }
+        }
+    }
+
+    static pugi::xml_node copyShell(const pugi::xml_node& source, pugi::xml_node& parent)
+    {
+        pugi::xml_node target = parent.append_child(source.name());
+        for (const char* name : { "Name", "Offset", "Index" }) {
+            if (const pugi::xml_attribute attribute = source.attribute(name)) {
+                target.append_copy(attribute);
+            }
+        }
+        return target;
+    }
+
+    void copyText(const pugi::xml_node& source, pugi::xml_node& parent)
+    {
+        pugi::xml_node target = copyShell(source, parent);
+        const std::string text(elementText(source));
+        if (!isFormula(source.name())) {
+            target.text() = text.c_str();
+            return;
+        }
+        const std::string_view owner = source.parent().name();
+        const bool isInteger = owner == "IntSwissKnife" || owner == "IntConverter";
+        target.text()
+            = guardDivisions(text, isInteger ? FormulaKind::Integer : FormulaKind::Float).c_str();
+    }
+
+    /// A limit or a condition that cannot be evaluated is dropped: the feature is then unlimited,
+    /// implemented, available or unlocked as far as the description can tell.
+    void copyReference(const pugi::xml_node& source, pugi::xml_node& parent)
+    {
+        const std::string name(elementText(source));
+        if (!canBeEvaluated(m_description.find(name))) {
+            return;
+        }
+        pugi::xml_node target = copyShell(source, parent);
+        target.text() = name.c_str();
+        if (const pugi::xml_attribute offset = source.attribute("pOffset")) {
+            target.append_copy(offset);
+        }
+    }
+
+    /// The camera tells the length, and the node map would ask for that much memory.
+    void copyLength(const pugi::xml_node& reg, const pugi::xml_node& source, pugi::xml_node& parent)
+    {
+        const std::string name(elementText(source));
+        if (!canBeEvaluated(m_description.find(name))) {
+            return;
+        }
+        const std::string_view kind = reg.name();
+        const bool isNumber = kind != "StringReg" && kind != "Register";
+        const std::string least = isNumber ? "1" : "0";
+        const std::string most = std::to_string(isNumber ? 8L : maxRegisterLength);
+        std::string& guard = m_lengths[name + " " + most];
+        if (guard.empty()) {
+            guard = "ZQLength" + std::to_string(m_lengths.size());
+            pugi::xml_node knife = m_root.append_child("IntSwissKnife");
+            knife.append_attribute("Name") = guard.c_str();
+            pugi::xml_node variable = knife.append_child("pVariable");
+            variable.append_attribute("Name") = "L";
+            variable.text() = name.c_str();
+            const std::string formula
+                = "(L<" + least + ")?" + least + ":((L>" + most + ")?" + most + ":L)";
+            knife.append_child("Formula").text() = formula.c_str();
+        }
+        parent.append_child("pLength").text() = guard.c_str();
+    }
+
+    const Description& m_description;
+    pugi::xml_document m_document;
+    pugi::xml_node m_root;
+    std::unordered_map<std::size_t, pugi::xml_node> m_structs;
+    std::unordered_map<std::string, std::string> m_lengths;
+};
+
 } // namespace
 
 std::string nodeMapXml(const Description& description)
 {
-    StringWriter writer;
-    description.root().print(writer, "", pugi::format_raw);
-    return std::move(writer.text);
+    return Writer(description).write();
 }
 
 } // namespace zqcameralib

@@ -6,7 +6,9 @@
 
 namespace zqcameralib {
 
-/// The description as the node map gets it: plain XML without what only a user reads.
+/// The checked description as the node map gets it: plain XML of the nodes that can be evaluated,
+/// with nothing in it but what evaluating takes, made safe against what the camera may answer. What
+/// a user reads stays in the description.
 std::string nodeMapXml(const Description& description);
 
 } // namespace zqcameralib

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Description.h"
+
+#include <string>
+
+namespace zqcameralib {
+
+/// Looks over a description before anything in it is evaluated, because evaluating what is broken
+/// can crash or never end. Nodes that cannot be evaluated are marked broken, with the reason:
+/// references to nothing or, in the end, to themselves, formulas and chains beyond all bounds,
+/// registers of impossible size. False, with one line in `error`, when the description as a whole
+/// is beyond bounds.
+bool checkDescription(Description& description, std::string& error);
+
+/// Whether a reference is followed when the value of the node that makes it is evaluated.
+bool isValueReference(std::string_view tag);
+
+/// Largest register that is read or written.
+constexpr long maxRegisterLength = 1L << 20L;
+
+} // namespace zqcameralib

@@ -1,0 +1,65 @@
+#include "TestCamera.h"
+
+using namespace featurebrowser;
+
+namespace {
+
+std::string names(const std::list<std::shared_ptr<FeatureItem>>& items)
+{
+    std::string text;
+    for (const auto& item : items) {
+        text += (text.empty() ? "" : " ") + item->name;
+    }
+    return text;
+}
+
+/// "Last" is listed first, so that tree order differs from the order of discovery.
+TestCamera makeCamera()
+{
+    return TestCamera(
+        "Last Width Offset Sel Gain Lone UserSetLoad Low High AcquisitionStart Locked",
+        intReg("WidthReg", 0) + intReg("GainReg", 4, element("pAddress", "SelOffset"))
+            + intReg("SelReg", 8) + intReg("Lone", 16)
+            + "<Integer Name=\"Width\"><pValue>WidthReg</pValue><pMax>OffsetFree</pMax></Integer>"
+              "<Integer Name=\"Offset\"><Value>0</Value><pMax>Free</pMax></Integer>"
+              "<IntSwissKnife Name=\"Free\"><pVariable Name=\"W\">Width</pVariable>"
+              "<Formula>100-W</Formula></IntSwissKnife>"
+              "<IntSwissKnife Name=\"OffsetFree\"><pVariable Name=\"O\">Offset</pVariable>"
+              "<Formula>100-O</Formula></IntSwissKnife>"
+              "<IntSwissKnife Name=\"Last\"><pVariable Name=\"F\">Free</pVariable>"
+              "<Formula>F*2</Formula></IntSwissKnife>"
+              "<Integer Name=\"Sel\"><pValue>SelReg</pValue><pSelected>Gain</pSelected></Integer>"
+              "<IntSwissKnife Name=\"SelOffset\"><pVariable Name=\"S\">SelReg</pVariable>"
+              "<Formula>S*4</Formula></IntSwissKnife>"
+              "<Integer Name=\"Gain\"><pValue>GainReg</pValue></Integer>"
+              "<Command Name=\"UserSetLoad\"><pValue>Lone</pValue></Command>"
+              "<MaskedIntReg Name=\"Low\"><Address>32</Address><Length>4</Length><LSB>0</LSB>"
+              "<MSB>7</MSB><AccessMode>RW</AccessMode><pPort>Device</pPort></MaskedIntReg>"
+              "<IntReg Name=\"High\"><Address>34</Address><Length>2</Length><AccessMode>RW"
+              "</AccessMode><pPort>Device</pPort></IntReg>"
+              "<Integer Name=\"TLParamsLocked\"><Value>0</Value></Integer>"
+              "<Command Name=\"AcquisitionStart\"><pValue>StartReg</pValue></Command>"
+            + intReg("StartReg", 48)
+            + intReg("Locked", 52, element("pIsLocked", "TLParamsLocked")));
+}
+
+TEST(Dependents, AreCompleteInTreeOrderAndOnce)
+{
+    TestCamera camera(makeCamera());
+    const auto invalidated = [&camera](const char* name) {
+        return names(camera.repository.GetInvalidatedFeatures(name));
+    };
+
+    EXPECT_EQ(invalidated("Width"), "Last Offset");
+    EXPECT_EQ(invalidated("Offset"), "Last Width");
+    EXPECT_EQ(invalidated("Sel"), "Gain");
+    EXPECT_EQ(names(camera.repository.GetSelectedFeatures("Sel")), "Gain");
+    EXPECT_EQ(names(camera.repository.GetSelectedFeatures("Width")), "");
+    EXPECT_EQ(invalidated("Lone"), "UserSetLoad");
+    EXPECT_EQ(invalidated("Low"), "High");
+    EXPECT_EQ(invalidated("AcquisitionStart"), "Locked");
+    EXPECT_EQ(invalidated("UserSetLoad"), "Device");
+    EXPECT_EQ(invalidated("Unknown"), "");
+}
+
+} // namespace

@@ -1,0 +1,99 @@
+#include "TestCamera.h"
+
+#include <filesystem>
+#include <fstream>
+
+using namespace zqcameralib;
+
+namespace {
+
+class Opening : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_folder
+            = std::filesystem::temp_directory_path() / ("zq-opening-" + std::to_string(::getpid()));
+        std::filesystem::create_directories(m_folder);
+    }
+    void TearDown() override { std::filesystem::remove_all(m_folder); }
+
+    std::string write(const std::string& name, const std::string& content)
+    {
+        const std::string path = (m_folder / name).string();
+        std::ofstream(path, std::ios::binary) << content;
+        return path;
+    }
+
+    std::filesystem::path m_folder;
+};
+
+const std::string good = TestCamera::description("A", intReg("A", 0));
+
+TEST_F(Opening, TakesEveryFormThatCamerasDeliver)
+{
+    std::string legacy = good;
+    legacy.replace(legacy.find("SchemaMinorVersion=\"1\""), 22, "SchemaMinorVersion=\"0\"");
+    std::string latin1 = good;
+    latin1.replace(latin1.find("utf-8"), 5, "iso-8859-1");
+    latin1.replace(latin1.find("\"V\""), 3, "\"V\xE9\"");
+    const std::string zip = (m_folder / "camera.zip").string();
+    ASSERT_EQ(std::system(("cd " + m_folder.string() + " && printf '%s' '" + good
+                  + "' > a.xml && python3 -m zipfile -c camera.zip a.xml")
+                              .c_str()),
+        0);
+
+    for (const std::string& path :
+        { write("plain.xml", good), write("bom.xml", "\xEF\xBB\xBF" + good),
+            write("line.xml", "Camera 1 (10.0.0.1)\n" + good), write("legacy.xml", legacy),
+            write("latin1.xml", latin1), zip }) {
+        std::string error;
+        std::unique_ptr<ZQCamera> camera = ZQCamera::OpenDescription(path, error);
+        ASSERT_TRUE(camera) << path << ": " << error;
+        EXPECT_EQ(camera->model(), "M");
+        EXPECT_EQ(camera->vendor(), path.find("latin1") == std::string::npos ? "V" : "V\xC3\xA9");
+        EXPECT_EQ(TestCamera(std::move(camera)).listed(), "Main:0 A:1") << path;
+    }
+}
+
+TEST_F(Opening, RefusesWhatIsNoDescriptionInOneClearLine)
+{
+    const struct {
+        std::string path;
+        const char* says;
+    } cases[] = {
+        { (m_folder / "none.xml").string(), "no such file" },
+        { m_folder.string(), "not a file" },
+        { write("empty.xml", ""), "empty" },
+        { write("text.xml", "hello"), "not XML" },
+        { write("cut.xml", good.substr(0, good.size() - 30)), "malformed XML" },
+        { write("nested.xml", "<a><b></a>"), "malformed XML" },
+        { write("other.xml", "<html/>"), "not a camera description" },
+        { write("rootless.xml", "<RegisterDescription/>"), "no root category" },
+        { write("broken.zip", "PK\x03\x04 and then nothing of use"), "archive" },
+    };
+    for (const auto& test : cases) {
+        std::string error;
+        EXPECT_FALSE(ZQCamera::OpenDescription(test.path, error)) << test.path;
+        EXPECT_NE(error.find(test.says), std::string::npos) << error;
+        EXPECT_EQ(error.find('\n'), std::string::npos) << error;
+    }
+}
+
+TEST_F(Opening, RegistersThatDecideAvailabilityStartFavourably)
+{
+    // A is implemented by an inquiry bit, B available through a formula over two registers.
+    TestCamera camera("A B",
+        intReg("A", 0, element("pIsImplemented", "Bit"))
+            + intReg("B", 4, element("pIsAvailable", "Both")) + intReg("Inq1", 8)
+            + intReg("Inq2", 12)
+            + "<MaskedIntReg Name=\"Bit\"><Address>16</Address><Length>4</Length><pPort>Device"
+              "</pPort><Bit>5</Bit><Endianess>BigEndian</Endianess></MaskedIntReg>"
+              "<IntSwissKnife Name=\"Both\"><pVariable Name=\"X\">Inq1</pVariable>"
+              "<pVariable Name=\"Y\">Inq2</pVariable><Formula>X &amp; Y</Formula></IntSwissKnife>");
+
+    EXPECT_EQ(camera.listed(), "Main:0 A:1 B:1");
+    EXPECT_EQ(camera.state("B"), featurebrowser::FEATURE_AVAILABLE);
+    EXPECT_EQ(camera.read("A"), "0");
+}
+
+} // namespace

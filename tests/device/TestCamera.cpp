@@ -1,0 +1,76 @@
+#include "TestCamera.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+#include <stdexcept>
+
+using namespace zqcameralib;
+
+std::string element(const std::string& tag, const std::string& text)
+{
+    return "<" + tag + ">" + text + "</" + tag + ">";
+}
+
+std::string intReg(const std::string& name, unsigned address, const std::string& more)
+{
+    return "<IntReg Name=\"" + name + "\">" + element("Address", std::to_string(address))
+        + (more.find("<Length>") == std::string::npos ? element("Length", "4") : "")
+        + (more.find("<AccessMode>") == std::string::npos ? element("AccessMode", "RW") : "")
+        + element("pPort", "Device") + more + element("Endianess", "BigEndian") + "</IntReg>";
+}
+
+std::string TestCamera::description(const std::string& members, const std::string& nodes)
+{
+    std::string features;
+    std::istringstream names(members);
+    for (std::string name; names >> name;) {
+        features += element("pFeature", name);
+    }
+    return R"(<?xml version="1.0" encoding="utf-8"?><RegisterDescription ModelName="M" VendorName="V"
+ SchemaMajorVersion="1" SchemaMinorVersion="1" SchemaSubMinorVersion="0">
+<Category Name="Root"><pFeature>Main</pFeature></Category>
+<Category Name="Main">)"
+        + features + "</Category>" + nodes + R"(<Port Name="Device"/></RegisterDescription>)";
+}
+
+std::unique_ptr<ZQCamera> TestCamera::openText(const std::string& xml)
+{
+    std::string error;
+    auto impl = openDescription(xml, error);
+    if (!impl) {
+        throw std::runtime_error(error);
+    }
+    return std::make_unique<ZQCamera>(std::move(impl));
+}
+
+TestCamera TestCamera::simulated()
+{
+    std::string error;
+    return TestCamera(ZQCamera::OpenSimulated(error));
+}
+
+std::string TestCamera::listed() const
+{
+    std::string text;
+    for (const auto& record : repository.GetFeatureList()) {
+        text += (text.empty() ? "" : " ") + record->name + ":" + std::to_string(record->depth);
+    }
+    return text;
+}
+
+std::vector<std::string> realDescriptions()
+{
+    const char* given = std::getenv("ZQ_CAMERA_DESCRIPTIONS");
+    const std::filesystem::path folder = given == nullptr ? ZQ_DESCRIPTION_FOLDER : given;
+    std::vector<std::string> files;
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, none)) {
+        if (entry.path().extension() == ".xml") {
+            files.push_back(entry.path().string());
+        }
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "Camera.h"
+
+#include "featurebrowser/ZQCameraDevice.h"
+#include "featurebrowser/ZQCameraRepository.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+/// A camera made of a few nodes written in the test, with its device and loaded repository.
+class TestCamera {
+public:
+    /// `nodes` are the elements below the root category, which holds the category "Main"; `members`
+    /// are its features, blank separated.
+    TestCamera(const std::string& members, const std::string& nodes)
+        : TestCamera(openText(description(members, nodes)))
+    {
+    }
+    explicit TestCamera(std::unique_ptr<zqcameralib::ZQCamera> opened)
+        : camera(std::move(opened))
+        , device(camera.get(), nullptr)
+        , repository(*device.GetRepository())
+        , port(camera->impl().port())
+    {
+        repository.Load();
+    }
+
+    static std::string description(const std::string& members, const std::string& nodes);
+    static std::unique_ptr<zqcameralib::ZQCamera> openText(const std::string& xml);
+    static TestCamera simulated();
+
+    featurebrowser::FeatureItem& item(const std::string& name)
+    {
+        const auto found = repository.GetFeature(name);
+        if (!found) {
+            throw std::runtime_error("no feature " + name);
+        }
+        return *found;
+    }
+    /// Reads the feature from the camera; its value text.
+    std::string read(const std::string& name)
+    {
+        const auto found = repository.GetFeature(name);
+        return repository.ReadFeature(found) ? found->valueText : "(read failed)";
+    }
+    featurebrowser::FEATURE_STATE state(const std::string& name)
+    {
+        return repository.GetFeatureStates()[name];
+    }
+    std::string errorText(int code)
+    {
+        char name[featurebrowser::errorTextSize];
+        char text[featurebrowser::errorTextSize];
+        device.GetErrorText(code, name, text);
+        return text;
+    }
+    std::string listed() const;
+
+    std::unique_ptr<zqcameralib::ZQCamera> camera;
+    featurebrowser::ZQCameraDevice device;
+    featurebrowser::ZQCameraRepository& repository;
+    zqcameralib::RegisterPort& port;
+};
+
+/// Descriptions of real cameras: the files of the folder that ZQ_CAMERA_DESCRIPTIONS names, or of
+/// ../shared/cameras beside the sources. Empty when there is none.
+std::vector<std::string> realDescriptions();
+
+/// "<tag>text</tag>"
+std::string element(const std::string& tag, const std::string& text);
+/// A 4-byte register, read-write, big endian unless `more` says otherwise.
+std::string intReg(const std::string& name, unsigned address, const std::string& more = {});
