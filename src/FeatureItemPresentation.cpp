@@ -34,7 +34,12 @@ struct Entry {
             readOnly, flag, address, selector, item.selectorParent);
     }
 
-    void addString() { addText(item.valueText.c_str(), item.maxLength, ADDRESS_NONE); }
+    void addString()
+    {
+        // A camera's string register is NUL-padded: what stands after the first NUL is no text.
+        std::string text = item.valueText.substr(0, item.valueText.find('\0'));
+        addText(std::move(text), item.maxLength, ADDRESS_NONE);
+    }
 
     void addDouble()
     {

@@ -16,7 +16,7 @@ namespace {
 __extension__ using Wide = __int128;
 
 /// The flag that every integer write of the browser carries.
-constexpr int checkValue = 1;
+constexpr int withChecks = 1;
 
 void traceValue(const char* what, const std::string& name, const std::string& value)
 {
@@ -55,7 +55,7 @@ std::string fixedText(double value)
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::FeatureIntModified(std::string name, long value)
 {
-    const int status = device->SetIntegerValue(name.c_str(), value, checkValue);
+    const int status = device->SetIntegerValue(name.c_str(), value, withChecks);
     switch (status) {
     case STATUS_OK:
         return acceptInteger(name, value);
@@ -108,7 +108,7 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::retryInteger(
 {
     const long adjusted = gridValue(item, value, current);
     const std::string adjustedText = std::to_string(adjusted);
-    if (device->SetIntegerValue(name.c_str(), adjusted, checkValue) != STATUS_OK) {
+    if (device->SetIntegerValue(name.c_str(), adjusted, withChecks) != STATUS_OK) {
         widget->setDefaultValue(name, current, "Error adjusting to value " + adjustedText + "\n");
         return;
     }
@@ -173,7 +173,7 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::FeatureIPModified(
     std::string name, const std::string& text)
 {
     const long address = getIPAddressV4Value(text.c_str());
-    const int status = device->SetIntegerValue(name.c_str(), address, checkValue);
+    const int status = device->SetIntegerValue(name.c_str(), address, withChecks);
     if (status != STATUS_OK) {
         reportRefusedWrite(status);
         return;

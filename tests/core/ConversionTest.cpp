@@ -5,17 +5,18 @@
 #include <limits>
 #include <locale>
 #include <utility>
+#include <vector>
 
 namespace featurebrowser {
 namespace {
 
 const double largest = std::numeric_limits<double>::max();
 
-const std::pair<const char*, double> numbers[] = { { "3.5", 3.5 }, { "", 0.0 }, { "abc", 0.0 },
-    { "2.5mm", 2.5 }, { " \t7", 7.0 }, { "1e3", 1000.0 }, { "1E-3", 0.001 }, { "-0.25", -0.25 },
-    { "1,000.5", 1000.5 }, { "1,00,0.5", 1000.5 }, { "1,5", 15.0 }, { "1,,000", 0.0 },
-    { "1.5,000", 1.5 }, { "1e999", largest }, { "-1e999", -largest }, { "1e-999", 0.0 },
-    { "inf", 0.0 }, { "nan", 0.0 }, { "-", 0.0 } };
+const std::vector<std::pair<const char*, double>> numbers = { { "3.5", 3.5 }, { "", 0.0 },
+    { "abc", 0.0 }, { "2.5mm", 2.5 }, { " \t7", 7.0 }, { "1e3", 1000.0 }, { "1E-3", 0.001 },
+    { "-0.25", -0.25 }, { "1,000.5", 1000.5 }, { "1,00,0.5", 1000.5 }, { "1,5", 15.0 },
+    { "1,,000", 0.0 }, { "1.5,000", 1.5 }, { "1e999", largest }, { "-1e999", -largest },
+    { "1e-999", 0.0 }, { "inf", 0.0 }, { "nan", 0.0 }, { "-", 0.0 } };
 
 bool namedLocaleExists()
 {
@@ -91,7 +92,7 @@ TEST_F(CoreTest, MessagesAndDescriptionsIgnoreTheProcessLocale)
 
 TEST_F(CoreTest, DottedTextIsWrittenAsAPositiveNumber)
 {
-    const std::pair<const char*, const char*> addresses[]
+    const std::vector<std::pair<const char*, const char*>> addresses
         = { { "192.168.1.1", "3232235777" }, { "255.255.255.255", "4294967295" }, { "", "0" },
               { "1.2.3", "0" }, { "1.2.3.400", "0" }, { "10.0.0.1 ", "0" } };
     for (const auto& [text, value] : addresses) {

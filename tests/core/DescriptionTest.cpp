@@ -1,5 +1,7 @@
 #include "CoreFixture.h"
 
+#include <vector>
+
 namespace featurebrowser {
 namespace {
 
@@ -12,7 +14,7 @@ struct DescriptionCase {
 const auto unchanged = [](FeatureItem&) {};
 const std::string enumLines = "Type: Enumeration \r\nVisibility: Expert \r\n\n";
 
-const DescriptionCase descriptionCases[] = {
+const std::vector<DescriptionCase> descriptionCases = {
     { 0, unchanged, "Category" },
     { 1, unchanged, "" },
     { 9, unchanged, "" },

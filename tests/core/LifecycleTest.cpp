@@ -3,6 +3,8 @@
 #include "featurebrowser/ZQCamera.h"
 #include "featurebrowser/ZQCameraRepository.h"
 
+#include <vector>
+
 namespace featurebrowser {
 namespace {
 
@@ -41,7 +43,7 @@ struct FacadeCase {
     const char* expected;
 };
 
-const FacadeCase facadeCases[] = {
+const std::vector<FacadeCase> facadeCases = {
     { "ShowDialog", false,
         [](ZQFeatureBrowser& b) {
             b.ShowDialog(640, 480, { 10, 20 }, LEVEL_EXPERT);

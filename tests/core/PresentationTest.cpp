@@ -1,6 +1,7 @@
 #include "CoreFixture.h"
 
 #include <stdexcept>
+#include <vector>
 
 namespace featurebrowser {
 namespace {
@@ -11,9 +12,9 @@ constexpr std::uint16_t ipv4 = REPRESENTATION_IPV4;
 /// One record, the line that adds it to the tree and the line that updates it.
 struct PresentationCase {
     int type;
+    int representation;
     std::string name;
     std::string valueText;
-    int representation;
     std::string added;
     std::string updated;
 };
@@ -38,69 +39,69 @@ Item makeRecord(const PresentationCase& c)
 
 const std::string nul("\0", 1);
 
-const PresentationCase presentationCases[] = {
-    { 1, "Reserved", "1", 0, "", "" },
-    { 9, "Unknown", "1", 0, "", "" },
-    { 255, "Unknown", "1", 0, "", "" },
+const std::vector<PresentationCase> presentationCases = {
+    { 1, 0, "Reserved", "1", "", "" },
+    { 9, 0, "Unknown", "1", "", "" },
+    { 255, 0, "Unknown", "1", "", "" },
     // Plain integers: leading digits when added, strict when updated.
-    { 2, "Width", "42", 0, "Int(#, 42, -5, 1099511627776, 4000000000, 2, @$",
+    { 2, 0, "Width", "42", "Int(#, 42, -5, 1099511627776, 4000000000, 2, @$",
         "Integer(#, 42, -5, 1099511627776, 4000000000, @)" },
-    { 2, "Width", "", 0, "Int(#, 0, -5, 1099511627776, 4000000000, 2, @$",
+    { 2, 0, "Width", "", "Int(#, 0, -5, 1099511627776, 4000000000, 2, @$",
         "Integer(#, 0, -5, 1099511627776, 4000000000, @)" },
-    { 2, "Width", "abc", 0, "Int(#, 0, -5, 1099511627776, 4000000000, 2, @$",
+    { 2, 0, "Width", "abc", "Int(#, 0, -5, 1099511627776, 4000000000, 2, @$",
         "Integer(#, 9223372036854775807, -5, 1099511627776, 4000000000, @)" },
-    { 2, "Width", "  12abc", 0, "Int(#, 12, -5, 1099511627776, 4000000000, 2, @$",
+    { 2, 0, "Width", "  12abc", "Int(#, 12, -5, 1099511627776, 4000000000, 2, @$",
         "Integer(#, 12, -5, 1099511627776, 4000000000, @)" },
-    { 2, "Width", "-9223372036854775808", 5,
+    { 2, 5, "Width", "-9223372036854775808",
         "Int(#, -9223372036854775808, -5, 1099511627776, 4000000000, 2, @$",
         "Integer(#, -9223372036854775808, -5, 1099511627776, 4000000000, @)" },
-    { 2, "Width", "99999999999999999999", 0,
+    { 2, 0, "Width", "99999999999999999999",
         "Int(#, 9223372036854775807, -5, 1099511627776, 4000000000, 2, @$", "out of range: stoll" },
     // Integers shown as addresses; the case of the name's parts counts.
-    { 2, "WidthmacgeV", "7", address, "Int(#, 7, -5, 1099511627776, 4000000000, 2, @$",
+    { 2, address, "WidthmacgeV", "7", "Int(#, 7, -5, 1099511627776, 4000000000, 2, @$",
         "Integer(#, 7, -5, 1099511627776, 4000000000, @)" },
-    { 2, "GevMAC", "7", 5, "Int(#, 7, -5, 1099511627776, 4000000000, 2, @$",
+    { 2, 5, "GevMAC", "7", "Int(#, 7, -5, 1099511627776, 4000000000, 2, @$",
         "Integer(#, 7, -5, 1099511627776, 4000000000, @)" },
-    { 2, "GevMACAddress", "258x", address, "String(#, \"mac 258\", 2, 0, @, 2$",
+    { 2, address, "GevMACAddress", "258x", "String(#, \"mac 258\", 2, 0, @, 2$",
         "Text(#, \"mac 258\", 3, [], @)" },
-    { 2, "DeviceMAC", "0", address, "String(#, \"mac 0\", 2, 0, @, 2$",
+    { 2, address, "DeviceMAC", "0", "String(#, \"mac 0\", 2, 0, @, 2$",
         "Text(#, \"mac 0\", 3, [], @)" },
-    { 2, "DeviceMAC", "", address, "", "" },
-    { 2, "DeviceMAC", "x", address, "invalid: stoll", "invalid: stoll" },
-    { 2, "DeviceMAC", "9223372036854775808", address, "out of range: stoll",
+    { 2, address, "DeviceMAC", "", "", "" },
+    { 2, address, "DeviceMAC", "x", "invalid: stoll", "invalid: stoll" },
+    { 2, address, "DeviceMAC", "9223372036854775808", "out of range: stoll",
         "out of range: stoll" },
-    { 2, "MyGevIP", "3232235777", address, "String(#, \"192.168.1.1\", 2, 0, @, 1$",
+    { 2, address, "MyGevIP", "3232235777", "String(#, \"192.168.1.1\", 2, 0, @, 1$",
         "Text(#, \"192.168.1.1\", 3, [], @)" },
-    { 2, "MyGevIP", "", address, "String(#, \"\", 2, 0, @, 1$", "Text(#, \"\", 3, [], @)" },
-    { 2, "MAC", "0", ipv4, "String(#, \"0.0.0.0\", 2, 0, @, 1$", "Text(#, \"0.0.0.0\", 3, [], @)" },
-    { 2, "Mask", "", ipv4, "String(#, \"\", 2, 0, @, 1$", "Text(#, \"\", 3, [], @)" },
-    { 2, "Mask", "4294967297", ipv4, "String(#, \"0.0.0.1\", 2, 0, @, 1$",
+    { 2, address, "MyGevIP", "", "String(#, \"\", 2, 0, @, 1$", "Text(#, \"\", 3, [], @)" },
+    { 2, ipv4, "MAC", "0", "String(#, \"0.0.0.0\", 2, 0, @, 1$", "Text(#, \"0.0.0.0\", 3, [], @)" },
+    { 2, ipv4, "Mask", "", "String(#, \"\", 2, 0, @, 1$", "Text(#, \"\", 3, [], @)" },
+    { 2, ipv4, "Mask", "4294967297", "String(#, \"0.0.0.1\", 2, 0, @, 1$",
         "Text(#, \"0.0.0.1\", 3, [], @)" },
-    { 2, "Mask", "-1", ipv4, "String(#, \"255.255.255.255\", 2, 0, @, 1$",
+    { 2, ipv4, "Mask", "-1", "String(#, \"255.255.255.255\", 2, 0, @, 1$",
         "Text(#, \"255.255.255.255\", 3, [], @)" },
-    { 2, "Mask", " 10abc", ipv4, "String(#, \"0.0.0.10\", 2, 0, @, 1$",
+    { 2, ipv4, "Mask", " 10abc", "String(#, \"0.0.0.10\", 2, 0, @, 1$",
         "Text(#, \"0.0.0.10\", 3, [], @)" },
-    { 2, "Mask", "x", ipv4, "invalid: stoul", "invalid: stoul" },
-    { 2, "Mask", "18446744073709551616", ipv4, "out of range: stoul", "out of range: stoul" },
+    { 2, ipv4, "Mask", "x", "invalid: stoul", "invalid: stoul" },
+    { 2, ipv4, "Mask", "18446744073709551616", "out of range: stoul", "out of range: stoul" },
     // Floats: the whole name decides about the slider.
-    { 3, "ExposureTime", "2.5mm", 0, "Double(#, 2.5, 0.5, 9.5, 0.25, 2, 1, @$",
+    { 3, 0, "ExposureTime", "2.5mm", "Double(#, 2.5, 0.5, 9.5, 0.25, 2, 1, @$",
         "Double(#, 2.5, 0.5, 9.5, 0.25, @)" },
-    { 3, "exposureTime", "", 0, "Double(#, 0, 0.5, 9.5, 0.25, 2, 0, @$",
+    { 3, 0, "exposureTime", "", "Double(#, 0, 0.5, 9.5, 0.25, 2, 0, @$",
         "Double(#, 0, 0.5, 9.5, 0.25, @)" },
-    { 3, "ExposureTimeAbs", "x", 0, "Double(#, 0, 0.5, 9.5, 0.25, 2, 0, @$",
+    { 3, 0, "ExposureTimeAbs", "x", "Double(#, 0, 0.5, 9.5, 0.25, 2, 0, @$",
         "Double(#, 0, 0.5, 9.5, 0.25, @)" },
     // Texts: up to the first NUL when added, whole when updated.
-    { 4, "ID", "one" + nul + "two", 0, "String(#, \"one\", 2, 32, @, 0$",
+    { 4, 0, "ID", "one" + nul + "two", "String(#, \"one\", 2, 32, @, 0$",
         "Text(#, \"one\\0two\", 3, [], @)" },
-    { 8, "Model", "100%", 0, "String(#, \"100%\", 2, 32, @, 0$", "Text(#, \"100%\", 9, [], @)" },
-    { 5, "Mode", "2", 0, "Enum(#, 2, [\"a\" \"b\" \"a\"], 2, false, false, true$",
+    { 8, 0, "Model", "100%", "String(#, \"100%\", 2, 32, @, 0$", "Text(#, \"100%\", 9, [], @)" },
+    { 5, 0, "Mode", "2", "Enum(#, 2, [\"a\" \"b\" \"a\"], 2, false, false, true$",
         "Text(#, \"2\", 6, [\"a\" \"b\" \"a\"], @)" },
-    { 5, "Mode", " -x", 0, "Enum(#, 0, [\"a\" \"b\" \"a\"], 2, false, false, true$",
+    { 5, 0, "Mode", " -x", "Enum(#, 0, [\"a\" \"b\" \"a\"], 2, false, false, true$",
         "Text(#, \" -x\", 6, [\"a\" \"b\" \"a\"], @)" },
-    { 5, "Mode", "4294967297", 0, "Enum(#, 2147483647, [\"a\" \"b\" \"a\"], 2, false, false, true$",
+    { 5, 0, "Mode", "4294967297", "Enum(#, 2147483647, [\"a\" \"b\" \"a\"], 2, false, false, true$",
         "Text(#, \"4294967297\", 6, [\"a\" \"b\" \"a\"], @)" },
-    { 6, "Run", "Go" + nul, 0, "Command(#, \"Go\\0\", 2, @$", "Text(#, \"Go\\0\", 7, [], @)" },
-    { 7, "Flag", "1", 0, "Enum(#, 1, [\"a\" \"b\" \"a\"], 2, false, true, true$",
+    { 6, 0, "Run", "Go" + nul, "Command(#, \"Go\\0\", 2, @$", "Text(#, \"Go\\0\", 7, [], @)" },
+    { 7, 0, "Flag", "1", "Enum(#, 1, [\"a\" \"b\" \"a\"], 2, false, true, true$",
         "Text(#, \"1\", 8, [\"a\" \"b\" \"a\"], @)" },
 };
 
@@ -162,20 +163,20 @@ struct ReadOnlyCase {
     FEATURE_TYPE type;
     std::uint16_t accessMode;
     std::uint8_t lockedFlag;
-    std::int32_t intWritable;
     bool readOnly;
+    std::int32_t intWritable;
 };
 
-const ReadOnlyCase readOnlyCases[] = {
-    { FEATURE_INTEGER, ACCESS_READ_WRITE, 0, 1, false },
-    { FEATURE_INTEGER, ACCESS_READ_WRITE, 0, 0, true },
-    { FEATURE_FLOAT, ACCESS_READ_WRITE, 0, 0, false },
-    { FEATURE_STRING, ACCESS_READ_WRITE, 2, 0, false },
-    { FEATURE_STRING, ACCESS_READ_WRITE, 1, 1, true },
-    { FEATURE_FLOAT, 0, 0, 1, true },
-    { FEATURE_INTEGER, 0x524F, 0, 1, true },
-    { FEATURE_FLOAT, 0x4F52, 0, 1, false },
-    { FEATURE_READ_ONLY_STRING, ACCESS_READ_WRITE, 0, 1, true },
+const std::vector<ReadOnlyCase> readOnlyCases = {
+    { FEATURE_INTEGER, ACCESS_READ_WRITE, 0, false, 1 },
+    { FEATURE_INTEGER, ACCESS_READ_WRITE, 0, true, 0 },
+    { FEATURE_FLOAT, ACCESS_READ_WRITE, 0, false, 0 },
+    { FEATURE_STRING, ACCESS_READ_WRITE, 2, false, 0 },
+    { FEATURE_STRING, ACCESS_READ_WRITE, 1, true, 1 },
+    { FEATURE_FLOAT, 0, 0, true, 1 },
+    { FEATURE_INTEGER, 0x524F, 0, true, 1 },
+    { FEATURE_FLOAT, 0x4F52, 0, false, 1 },
+    { FEATURE_READ_ONLY_STRING, ACCESS_READ_WRITE, 0, true, 1 },
 };
 
 TEST_F(CoreTest, ReadOnlyRuleIsTheSameWhenAddedAndWhenUpdated)
@@ -196,9 +197,9 @@ TEST_F(CoreTest, ReadOnlyRuleIsTheSameWhenAddedAndWhenUpdated)
 
 TEST(Types, OnlyShownKindsHaveAValueKind)
 {
-    const int kinds[] = { 0, 0, 5, 4, 3, 6, 7, 8, 9, 0 };
+    const std::vector<int> kinds = { 0, 0, 5, 4, 3, 6, 7, 8, 9, 0 };
     for (int type = 0; type < 10; ++type)
-        EXPECT_EQ(getType(type), kinds[type]) << type;
+        EXPECT_EQ(getType(type), kinds.at(static_cast<std::size_t>(type))) << type;
     for (const int type : { -5, -1, 255, 258, 2147483647, -2147483647 - 1 })
         EXPECT_EQ(getType(type), CAM_TYPE_NONE) << type;
 }

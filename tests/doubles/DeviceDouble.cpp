@@ -27,8 +27,11 @@ void reset()
 
 namespace {
 
-int nextStatus(const char* operation)
+/// Writes the call down and gives the next scripted status of its operation.
+template <class... Arguments>
+int answer(const std::string& operation, const Arguments&... arguments)
 {
+    note(("device." + operation).c_str(), arguments...);
     auto& statuses = script().statuses[operation];
     if (statuses.empty())
         return 0;
@@ -37,11 +40,11 @@ int nextStatus(const char* operation)
     return status;
 }
 
-template <class Value> int read(const std::optional<Value>& answer, Value* result)
+template <class Value> int read(const std::optional<Value>& scripted, Value* result)
 {
-    if (!answer)
+    if (!scripted)
         return -1;
-    *result = *answer;
+    *result = *scripted;
     return 0;
 }
 
@@ -90,8 +93,7 @@ ZQCameraRepository* ZQCameraDevice::GetRepository()
 
 int ZQCameraDevice::SetIntegerValue(const char* name, long value, int flag)
 {
-    note("device.SetIntegerValue", name, value, flag);
-    return doubles::nextStatus("SetIntegerValue");
+    return doubles::answer(__func__, name, value, flag);
 }
 
 int ZQCameraDevice::GetIntegerValue(const char* name, long* value)
@@ -102,8 +104,7 @@ int ZQCameraDevice::GetIntegerValue(const char* name, long* value)
 
 int ZQCameraDevice::SetFloatValue(const char* name, double value)
 {
-    note("device.SetFloatValue", name, value);
-    return doubles::nextStatus("SetFloatValue");
+    return doubles::answer(__func__, name, value);
 }
 
 int ZQCameraDevice::GetFloatValue(const char* name, double* value)
@@ -114,34 +115,28 @@ int ZQCameraDevice::GetFloatValue(const char* name, double* value)
 
 int ZQCameraDevice::SetStringValue(const char* name, const char* value)
 {
-    note("device.SetStringValue", name, value);
-    return doubles::nextStatus("SetStringValue");
+    return doubles::answer(__func__, name, value);
 }
 
 int ZQCameraDevice::SetEnumValue(const char* name, const char* entry, int index)
 {
-    note("device.SetEnumValue", name, entry, index);
-    return doubles::nextStatus("SetEnumValue");
+    return doubles::answer(__func__, name, entry, index);
 }
 
 int ZQCameraDevice::SetBooleanValue(const char* name, int value)
 {
-    note("device.SetBooleanValue", name, value);
-    return doubles::nextStatus("SetBooleanValue");
+    return doubles::answer(__func__, name, value);
 }
 
 int ZQCameraDevice::GetBooleanValue(const char* name, bool* value)
 {
-    note("device.GetBooleanValue", name);
     *value = script().booleanValue;
-    return doubles::nextStatus("GetBooleanValue");
+    return doubles::answer(__func__, name);
 }
 
 int ZQCameraDevice::ExecuteCommand(const char* name, int flag)
 {
-    note("device.ExecuteCommand", name, flag);
-    script().onExecute();
-    return doubles::nextStatus("ExecuteCommand");
+    return doubles::answer(__func__, name, flag);
 }
 
 void ZQCameraDevice::GetErrorText(int code, char* errorName, char* errorText)

@@ -8,53 +8,29 @@ namespace doubles {
 
 /// The application's receiver.
 class ReceiverDouble : public featurebrowser::IEventFeatureReceiver {
+    using Text = std::string;
+    using Level = featurebrowser::TYPE_LEVEL;
+
 public:
-    void FeatureIntModified(std::string name, long value) override
+    void FeatureIntModified(Text name, long value) override { hear(__func__, name, value); }
+    void FeatureEnumModified(Text n, Text e, int index) override { hear(__func__, n, e, index); }
+    void FeatureBoolModified(Text name, int value) override { hear(__func__, name, value); }
+    void FeatureStringModified(Text name, Text value) override { hear(__func__, name, value); }
+    void FeatureIPModified(Text name, const Text& text) override { hear(__func__, name, text); }
+    void FeatureDoubleModified(Text name, double value) override { hear(__func__, name, value); }
+    void FeatureExecCommand(Text name) override { hear(__func__, name); }
+    void ItemSelectionChanged(Text name) override { hear(__func__, name); }
+    void ItemColumnResized(int column, int width) override { hear(__func__, column, width); }
+    void FeatureCloseDialog(int w, int h, Level level) override { hear(__func__, w, h, level); }
+    void SendError(int code, Text text) override { hear(__func__, code, text); }
+    void FeatureLevelChanged(Level level) override { hear(__func__, level); }
+    void AllConfigChanged() override { hear(__func__); }
+
+private:
+    template <class... Arguments> void hear(const char* event, const Arguments&... arguments)
     {
-        note("receiver.FeatureIntModified", name, value);
+        note((std::string("receiver.") + event).c_str(), arguments...);
     }
-    void FeatureEnumModified(std::string name, std::string entry, int index) override
-    {
-        note("receiver.FeatureEnumModified", name, entry, index);
-    }
-    void FeatureBoolModified(std::string name, int value) override
-    {
-        note("receiver.FeatureBoolModified", name, value);
-    }
-    void FeatureStringModified(std::string name, std::string value) override
-    {
-        note("receiver.FeatureStringModified", name, value);
-    }
-    void FeatureIPModified(std::string name, const std::string& text) override
-    {
-        note("receiver.FeatureIPModified", name, text);
-    }
-    void FeatureDoubleModified(std::string name, double value) override
-    {
-        note("receiver.FeatureDoubleModified", name, value);
-    }
-    void FeatureExecCommand(std::string name) override
-    {
-        note("receiver.FeatureExecCommand", name);
-    }
-    void ItemSelectionChanged(std::string name) override
-    {
-        note("receiver.ItemSelectionChanged", name);
-    }
-    void ItemColumnResized(int column, int width) override
-    {
-        note("receiver.ItemColumnResized", column, width);
-    }
-    void FeatureCloseDialog(int width, int height, featurebrowser::TYPE_LEVEL level) override
-    {
-        note("receiver.FeatureCloseDialog", width, height, level);
-    }
-    void SendError(int code, std::string text) override { note("receiver.SendError", code, text); }
-    void FeatureLevelChanged(featurebrowser::TYPE_LEVEL level) override
-    {
-        note("receiver.FeatureLevelChanged", level);
-    }
-    void AllConfigChanged() override { note("receiver.AllConfigChanged"); }
 };
 
 } // namespace doubles

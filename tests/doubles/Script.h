@@ -29,7 +29,6 @@ struct Script {
     int lastError = 0;
     std::string errorText = "refused"; ///< written without a terminator when it fills the buffer
     int grabbing = 0;
-    std::function<void()> onExecute = [] {};
 
     // Repository
     bool loaded = true;

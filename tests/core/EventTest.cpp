@@ -1,0 +1,252 @@
+#include "CoreFixture.h"
+
+#include <cerrno>
+#include <fstream>
+#include <limits>
+#include <map>
+#include <tuple>
+#include <vector>
+
+namespace featurebrowser {
+namespace {
+
+using doubles::Script;
+
+constexpr int refused = -7;
+
+/// The events of EventJournals.txt by the first words of a heading.
+const std::map<std::string, std::function<void(IEventFeatureReceiver&)>> widgetEvents = {
+    { "integer", [](auto& events) { events.FeatureIntModified("F", 10); } },
+    { "float", [](auto& events) { events.FeatureDoubleModified("F", 12.3456789); } },
+    { "address", [](auto& events) { events.FeatureIPModified("F", "10.0.0.1"); } },
+    { "malformed address", [](auto& events) { events.FeatureIPModified("F", "10.0.1"); } },
+    { "entry", [](auto& events) { events.FeatureEnumModified("F", "two", 2); } },
+    { "boolean", [](auto& events) { events.FeatureBoolModified("F", 5); } },
+    { "text", [](auto& events) { events.FeatureStringModified("F", "text"); } },
+};
+
+const std::string command = "command ";
+
+void fire(const std::string& event, IEventFeatureReceiver& events)
+{
+    if (event.rfind(command, 0) == 0)
+        events.FeatureExecCommand(event.substr(command.size()));
+    else
+        widgetEvents.at(event)(events);
+}
+
+void answerWrites(Script& script, const std::deque<int>& statuses)
+{
+    for (const char* operation : { "SetIntegerValue", "SetFloatValue", "SetEnumValue",
+             "SetBooleanValue", "SetStringValue", "ExecuteCommand" }) {
+        script.statuses[operation] = statuses;
+    }
+}
+
+/// The circumstances by their words in a heading.
+const std::map<std::string, std::function<void(Script&)>> circumstances = {
+    { "unknown", [](Script& s) { s.features.clear(); } },
+    { "unreadable", [](Script& s) { s.integerValue.reset(), s.floatValue.reset(); } },
+    { "selector", [](Script& s) { s.features.front()->isSelector = true; } },
+    { "visible", [](Script& s) { s.visible = true; } },
+    { "grabbing", [](Script& s) { s.grabbing = 2; } },
+    { "no receiver", [](Script&) {} },
+    { "refused", [](Script& s) { answerWrites(s, { refused }); } },
+    { "out of range", [](Script& s) { answerWrites(s, { ERROR_VALUE_OUT_OF_RANGE }); } },
+    { "out of float range", [](Script& s) { answerWrites(s, { ERROR_FLOAT_OUT_OF_RANGE }); } },
+    { "off grid", [](Script& s) { answerWrites(s, { ERROR_VALUE_NOT_ON_INCREMENT }); } },
+    { "off grid twice",
+        [](Script& s) {
+            answerWrites(s, { ERROR_VALUE_NOT_ON_INCREMENT, refused });
+        } },
+};
+
+void arrangeUsualCase(Script& script)
+{
+    const Item item = makeItem(FEATURE_STRING, "F", "7");
+    item->intMin = 1;
+    item->intMax = 100;
+    item->intInc = 4;
+    item->floatMin = 0.5;
+    item->floatMax = 1e9;
+    script.features = { item };
+    script.onRead = [](FeatureItem& record) {
+        record.valueText = "8";
+        return true;
+    };
+    script.integerValue = 21;
+    script.floatValue = 2.5;
+    script.lastError = 99; // explains value writes, never commands
+    script.loaded = false; // keeps a reload short
+    script.invalidated["All"] = { nullptr, makeItem(FEATURE_COMMAND, "device", ""),
+        makeItem(FEATURE_CATEGORY, "Device", ""), makeItem(FEATURE_CATEGORY, "Device", "") };
+}
+
+std::vector<std::string> splitHeading(const std::string& heading)
+{
+    std::vector<std::string> parts { "" };
+    for (const char c : heading) {
+        if (c == ',')
+            parts.emplace_back();
+        else if (c != ' ' || !parts.back().empty())
+            parts.back() += c;
+    }
+    return parts;
+}
+
+/// The sections of EventJournals.txt by heading.
+std::map<std::string, std::string> readJournals()
+{
+    std::map<std::string, std::string> journals;
+    std::ifstream file(EVENT_JOURNALS);
+    std::string heading;
+    for (std::string line; std::getline(file, line);) {
+        if (line.rfind("== ", 0) == 0)
+            heading = line.substr(3);
+        else if (!line.empty() && line[0] != '#')
+            journals[heading] += line + '\n';
+    }
+    return journals;
+}
+
+TEST_F(CoreTest, EventsDoExactlyWhatTheirJournalSays)
+{
+    const auto journals = readJournals();
+    EXPECT_EQ(journals.size(), 46U);
+    for (const auto& [heading, expected] : journals) {
+        SCOPED_TRACE(heading);
+        const std::vector<std::string> parts = splitHeading(heading);
+        const auto run = [&, &expected = expected](bool withReceiver) {
+            doubles::reset();
+            arrangeUsualCase(m_script);
+            for (std::size_t i = 1; i < parts.size(); ++i)
+                circumstances.at(parts[i])(m_script);
+            return journalOf([&](auto&, auto& events) { fire(parts[0], events); }, withReceiver);
+        };
+        EXPECT_EQ(run(parts.back() != "no receiver"), expected);
+        // For an edit, an application that does not listen changes nothing else.
+        if (parts[0].rfind(command, 0) != 0) {
+            EXPECT_EQ(run(false), linesWith("receiver.", expected, false));
+        }
+    }
+}
+
+struct GridCase {
+    long min, max;
+    unsigned int inc;
+    long entered, current, written;
+};
+
+constexpr long lowest = std::numeric_limits<long>::min();
+constexpr long highest = std::numeric_limits<long>::max();
+
+const std::vector<GridCase> gridCases = {
+    { 0, 100, 4, 10, 20, 8 },
+    { 1, 100, 4, 10, 20, 9 },
+    { 0, 100, 4, 11, 20, 8 },
+    { 0, 100, 4, -3, 20, 0 },
+    { 0, 100, 4, -9, 20, -8 },
+    { 5, 5, 4, 10, 20, 20 }, // no range to move in
+    { 6, 5, 4, 10, 20, 20 },
+    { 0, 100, 0, 10, 20, 20 }, // no grid
+    { 0, 4294967295, 4294967295U, 4294967294, 20, 0 },
+    { lowest, highest, 1000000007, highest, 20, 9223372036272431800 },
+    { lowest, highest, 10, highest, 20, highest - 5 },
+    { highest - 1, highest, 3, lowest, 20, lowest + 2 },
+};
+
+TEST_F(CoreTest, OffGridValueIsMovedTowardsTheMinimumAndWrittenOnce)
+{
+    for (const GridCase& c : gridCases) {
+        const Item item = makeItem(FEATURE_INTEGER, "F", "1");
+        item->intMin = c.min;
+        item->intMax = c.max;
+        item->intInc = c.inc;
+        m_script.features = { item };
+        m_script.integerValue = c.current;
+        m_script.statuses["SetIntegerValue"] = { ERROR_VALUE_NOT_ON_INCREMENT };
+        const std::string text
+            = journalOf([&](auto&, auto& events) { events.FeatureIntModified("F", c.entered); });
+        const std::string written = std::to_string(c.written);
+        EXPECT_EQ(linesWith("device.Set", text),
+            "device.SetIntegerValue(\"F\", " + std::to_string(c.entered)
+                + ", 1)\ndevice.SetIntegerValue(\"F\", " + written + ", 1)\n");
+        EXPECT_EQ(linesWith("widget.set", text),
+            "widget.setDefaultInteger(\"F\", " + written
+                + ", \"Difference between values Min and Max not divisible by Inc = "
+                + std::to_string(c.inc) + "\\nValue adjusted to " + written + "\")\n");
+    }
+}
+
+TEST_F(CoreTest, BinningPausesBeforeTheDisplayUpdate)
+{
+    const std::string whole = "nanosleep(0, 300000000, true)\n";
+    const std::vector<std::tuple<std::string, std::deque<int>, std::string>> cases
+        = { { "BinningHorizontal", {}, whole },
+              { "BinningVertical", { EINTR, EINTR },
+                  whole + "nanosleep(0, 150000000, true)\nnanosleep(0, 75000000, true)\n" },
+              { "BinningVertical", { EINVAL }, whole }, { "binningVertical", {}, "" },
+              { "BinningVertical2", {}, "" } };
+    for (const auto& [name, errors, pause] : cases) {
+        m_script.features = { makeItem(FEATURE_COMMAND, name, "1") };
+        m_script.pauseErrors = errors;
+        const std::string text = journalOf(
+            [&, name = name](auto&, auto& events) { events.FeatureIntModified(name, 2); });
+        const std::string quoted = '"' + name + '"';
+        EXPECT_NE(text.find("GetFeature(" + quoted + ")\n" + pause + "repository.ReadFeature("),
+            std::string::npos)
+            << text;
+        EXPECT_EQ(linesWith("nanosleep", text), pause);
+    }
+}
+
+TEST_F(CoreTest, ErrorTextWithoutATerminatorIsCutAtItsBuffer)
+{
+    m_script.errorText = std::string(errorTextSize, 'e');
+    m_script.statuses["SetBooleanValue"] = { refused };
+    const std::string text
+        = journalOf([](auto&, auto& events) { events.FeatureBoolModified("F", 0); });
+    EXPECT_EQ(linesWith("receiver.", text),
+        "receiver.SendError(-7, \"" + std::string(errorTextSize - 1, 'e') + "\")\n");
+}
+
+TEST_F(CoreTest, OddNamesAndHugeValuesAreTracedWithinBounds)
+{
+    const std::string huge = " 17976931348623157081452742373170435679807056752584";
+    const std::vector<std::pair<std::string, std::string>> cases
+        = { { "50%s%n", "50%s%n" + huge }, { std::string("a\0b", 3), "a" + huge },
+              { std::string(400, 'n'), std::string(255 - 22, 'n') + "\")\n" } };
+    for (const auto& [name, traced] : cases) {
+        const std::string line = linesWith("stderr(", journalOf([name = name](auto&, auto& events) {
+            events.FeatureDoubleModified(name, std::numeric_limits<double>::max());
+        }));
+        EXPECT_EQ(line.find("stderr(\"<>Feature double set: " + traced), 0U) << line;
+        EXPECT_EQ(line.size(), 255 + std::string("stderr(\"\")\n").size());
+    }
+    const std::string text = journalOf(
+        [](auto&, auto& events) { events.FeatureIntModified(std::string("%d\0b", 4), 1); });
+    EXPECT_EQ(linesWith("stderr(", text), "stderr(\"Update feature in camera: %d\")\n");
+    EXPECT_EQ(linesWith("device.", text), "device.SetIntegerValue(\"%d\", 1, 1)\n");
+    EXPECT_EQ(linesWith("receiver.", text), "receiver.FeatureIntModified(\"%d\\0b\", 1)\n");
+}
+
+TEST_F(CoreTest, CommandMessagesAndTraceStayWithinTheirBuffers)
+{
+    const auto run = [this](const std::string& name, int status) {
+        m_script.statuses["ExecuteCommand"] = { status };
+        return journalOf([name](auto&, auto& events) { events.FeatureExecCommand(name); });
+    };
+    EXPECT_EQ(linesWith("stderr", run("100%d", 0)), "stderr(\"Exec command: 100%d\\n\")\n");
+    const std::string fits(240, 'c');
+    EXPECT_EQ(linesWith("stderr", run(fits, 0)), "stderr(\"Exec command: " + fits + "\\n\")\n");
+    // The bounded function empties its buffer: nothing is traced, the command is run.
+    const std::string tooLong(1100, 'c');
+    const std::string text = run(tooLong, 5);
+    EXPECT_EQ(linesWith("stderr", text), "");
+    EXPECT_EQ(linesWith("device.Exec", text), "device.ExecuteCommand(\"" + tooLong + "\", 1)\n");
+    EXPECT_EQ(linesWith("receiver.Send", text),
+        "receiver.SendError(5, \"Command [" + std::string(1023 - 9, 'c') + "\")\n");
+}
+
+} // namespace
+} // namespace featurebrowser
