@@ -1,16 +1,18 @@
 #include "BrowserWindow.h"
 
+#include "ChangeStrip.h"
 #include "DescriptionPane.h"
 #include "FeatureDelegate.h"
 #include "FeatureTree.h"
+#include "FilterBar.h"
 #include "MessageCallout.h"
+#include "RowMenu.h"
+#include "SelectorMatrix.h"
 #include "ValueWriter.h"
+#include "WatchStrip.h"
 
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QShortcut>
 #include <QSplitter>
@@ -27,81 +29,118 @@ BrowserWindow::BrowserWindow(QWidget* parent)
         setWindowFlags(Qt::Dialog); // a window of its own until an application embeds it
     setWindowTitle(tr("Camera features"));
     makeTree();
+    makeFilterBar();
+    m_watch = new WatchStrip(m_model, this);
+    m_changes = new ChangeStrip(m_model, this);
     m_description = new DescriptionPane(this);
-    m_splitter = new QSplitter(Qt::Vertical, this);
-    m_splitter->addWidget(m_tree);
-    m_splitter->addWidget(m_description);
-    m_splitter->setStretchFactor(0, 4);
-    m_splitter->setStretchFactor(1, 1);
-    m_splitter->setCollapsible(0, false);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(6, 6, 6, 6);
-    layout->addWidget(makeFilterBar());
-    layout->addWidget(m_splitter, 1);
+    arrange();
+    connectTree();
+    makeShortcuts();
+    connect(m_watch, &WatchStrip::pinsChanged, this, &BrowserWindow::favouritesChanged);
+    connect(m_changes, &ChangeStrip::rowWanted, this, &BrowserWindow::showRow);
+    connect(m_writer, &ValueWriter::written, this, &BrowserWindow::written);
+}
 
-    connect(m_model, &QAbstractItemModel::rowsInserted, this, &BrowserWindow::rowsAdded);
-    const int unit = fontMetrics().height();
-    resize(unit * 34, unit * 44);
-    m_tree->header()->resizeSection(FeatureModel::NameColumn, unit * 19);
+// The rows must outlive the view, whose selection still points at them.
+BrowserWindow::~BrowserWindow()
+{
+    m_ownChange = true;
+    m_events.setReceiver(nullptr);
+    delete m_tree;
 }
 
 void BrowserWindow::makeTree()
 {
     m_tree = new FeatureTree(m_model, m_writer, this);
+    m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
     m_callout = new MessageCallout(m_tree);
+}
+
+void BrowserWindow::connectTree()
+{
     connect(m_writer, &ValueWriter::messageShown, m_callout, &MessageCallout::showRow);
     connect(m_model, &QAbstractItemModel::dataChanged, m_callout, &MessageCallout::follow);
     connect(m_model, &QAbstractItemModel::modelReset, m_callout, &MessageCallout::follow);
+    connect(m_model, &QAbstractItemModel::rowsInserted, this, &BrowserWindow::rowsAdded);
     connect(m_tree, &FeatureTree::currentRowChanged, this, &BrowserWindow::rowSelected);
+    connect(m_tree, &QWidget::customContextMenuRequested, this, &BrowserWindow::showMenu);
     connect(m_tree->header(), &QHeaderView::sectionResized, this,
         [this](int column, int, int width) { columnResized(column, width); });
 }
 
-QWidget* BrowserWindow::makeFilterBar()
+void BrowserWindow::makeFilterBar()
 {
-    auto* bar = new QWidget(this);
-    m_filterField = new QLineEdit(bar);
-    m_filterField->setObjectName(QStringLiteral("filterField"));
-    m_filterField->setPlaceholderText(tr("Find a feature (Ctrl+F)"));
-    m_filterField->setAccessibleName(tr("Find a feature"));
-    m_filterField->setClearButtonEnabled(true);
-    connect(m_filterField, &QLineEdit::textChanged, this, &BrowserWindow::applyFilter);
-    auto* find = new QShortcut(QKeySequence::Find, this);
-    find->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(find, &QShortcut::activated, m_filterField, [this] {
-        m_filterField->setFocus(Qt::ShortcutFocusReason);
-        m_filterField->selectAll();
-    });
+    m_filterBar = new FilterBar(this);
+    m_filterBar->setLevel(m_tree->filter().level);
+    connect(m_filterBar, &FilterBar::textChanged, this, &BrowserWindow::filterTextChanged);
+    connect(m_filterBar, &FilterBar::levelChosen, this, &BrowserWindow::levelChosen);
+    connect(m_filterBar, &FilterBar::expandAll, m_tree, &QTreeView::expandAll);
+    connect(m_filterBar, &FilterBar::collapseAll, m_tree, &QTreeView::collapseAll);
+    connect(m_filterBar, &FilterBar::finished, m_tree, [this] { m_tree->focusFirstHit(); });
+}
 
-    m_levelBox = new QComboBox(bar);
-    m_levelBox->setObjectName(QStringLiteral("levelBox"));
-    m_levelBox->setAccessibleName(tr("Visibility level"));
-    m_levelBox->setToolTip(tr("Show features of this level and below"));
-    m_levelBox->addItem(tr("Beginner"), LEVEL_BEGINNER);
-    m_levelBox->addItem(tr("Expert"), LEVEL_EXPERT);
-    m_levelBox->addItem(tr("Guru"), LEVEL_GURU);
-    m_levelBox->setCurrentIndex(m_levelBox->findData(m_tree->filter().level));
-    connect(
-        m_levelBox, QOverload<int>::of(&QComboBox::activated), this, &BrowserWindow::levelChosen);
+void BrowserWindow::makeShortcuts()
+{
+    const auto add = [this](const QKeySequence& keys, auto action) {
+        auto* shortcut = new QShortcut(keys, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, action);
+    };
+    add(QKeySequence::Find, [this] { m_filterBar->focusField(); });
+    add(Qt::Key_F4, [this] { m_changes->goToNext(); });
+}
 
-    auto* layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_filterField, 1);
-    layout->addWidget(m_levelBox);
-    return bar;
+void BrowserWindow::arrange()
+{
+    auto* upper = new QWidget(this);
+    auto* upperLayout = new QVBoxLayout(upper);
+    upperLayout->setContentsMargins(0, 0, 0, 0);
+    upperLayout->setSpacing(2);
+    upperLayout->addWidget(m_watch);
+    upperLayout->addWidget(m_tree, 1);
+    upperLayout->addWidget(m_changes);
+    auto* splitter = new QSplitter(Qt::Vertical, this);
+    splitter->addWidget(upper);
+    splitter->addWidget(m_description);
+    splitter->setStretchFactor(0, 4);
+    splitter->setStretchFactor(1, 1);
+    splitter->setCollapsible(0, false);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(6, 6, 6, 6);
+    layout->addWidget(m_filterBar);
+    layout->addWidget(splitter, 1);
+    const int unit = fontMetrics().height();
+    resize(unit * 36, unit * 46);
+    m_tree->header()->resizeSection(FeatureModel::NameColumn, unit * 19);
+    setTabOrder(m_filterBar, m_tree);
+    setTabOrder(m_tree, m_changes);
+    setTabOrder(m_changes, m_description);
+}
+
+QByteArrayList BrowserWindow::favourites() const
+{
+    return m_watch->pinned();
+}
+
+void BrowserWindow::setFavourites(const QByteArrayList& names)
+{
+    const auto now = m_watch->pinned();
+    for (const QByteArray& name : now) {
+        if (!names.contains(name))
+            m_watch->setPinned(name.toStdString(), false);
+    }
+    for (const QByteArray& name : names)
+        m_watch->setPinned(name.toStdString(), true);
 }
 
 void BrowserWindow::setLevel(TYPE_LEVEL level)
 {
-    m_levelBox->setCurrentIndex(m_levelBox->findData(level));
-    RowFilter filter = m_tree->filter();
-    filter.level = level;
-    m_tree->setFilter(filter);
+    m_filterBar->setLevel(level);
+    applyFilter();
 }
 
-void BrowserWindow::levelChosen(int index)
+void BrowserWindow::levelChosen(TYPE_LEVEL level)
 {
-    const auto level = static_cast<TYPE_LEVEL>(m_levelBox->itemData(index).toInt());
     if (level == m_tree->filter().level)
         return;
     setLevel(level);
@@ -110,11 +149,17 @@ void BrowserWindow::levelChosen(int index)
 
 void BrowserWindow::applyFilter()
 {
-    RowFilter filter = m_tree->filter();
-    filter.setText(m_filterField->text());
+    RowFilter filter;
+    filter.level = m_filterBar->level();
+    filter.setText(m_filterBar->text());
     m_tree->setFilter(filter);
-    if (!filter.text().isEmpty())
-        m_tree->expandAll();
+    m_filterBar->setHitsAboveLevel(m_tree->hitsAboveLevel());
+}
+
+void BrowserWindow::filterTextChanged()
+{
+    applyFilter();
+    m_callout->follow();
 }
 
 void BrowserWindow::setDescription(FeatureRow& row, std::string text)
@@ -128,6 +173,25 @@ void BrowserWindow::setDescription(FeatureRow& row, std::string text)
 void BrowserWindow::setSliderSteps(int steps)
 {
     m_tree->delegate().setSliderSteps(steps);
+}
+
+void BrowserWindow::updated(FeatureRow& row, int changes)
+{
+    m_writer->updated(row, changes);
+    m_watch->valueSeen(row);
+}
+
+void BrowserWindow::written(const WriteResult& result)
+{
+    m_changes->showResult(result);
+    const auto mark = [this](const std::string& name) {
+        if (const FeatureRow* row = m_model->find(name))
+            m_tree->marks().mark(row);
+    };
+    if (!result.isCommand)
+        mark(result.name);
+    for (const std::string& name : result.followers)
+        mark(name);
 }
 
 void BrowserWindow::rowSelected(FeatureRow* row)
@@ -150,18 +214,42 @@ void BrowserWindow::columnResized(int column, int width)
         {}, [column, width](auto& receiver) { receiver.ItemColumnResized(column, width); });
 }
 
-void BrowserWindow::rowsAdded(const QModelIndex& parent, int, int)
+void BrowserWindow::rowsAdded(const QModelIndex& parent, int first, int)
 {
-    constexpr int smallTree = 1000;
-    if (parent.isValid() && !parent.parent().isValid() && m_model->rowCountTotal() <= smallTree)
-        m_tree->expand(parent);
+    const QScopedValueRollback<bool> own(m_ownChange, true);
+    m_memory.restore(*m_tree, *FeatureModel::row(m_model->index(first, 0, parent)));
 }
 
 void BrowserWindow::clear()
 {
     const QScopedValueRollback<bool> own(m_ownChange, true);
+    m_memory.store(*m_tree);
     m_model->clear();
     m_description->showRow(nullptr);
+}
+
+void BrowserWindow::showRow(const FeatureRow& row)
+{
+    m_tree->showRow(row);
+}
+
+void BrowserWindow::showMenu(const QPoint& position)
+{
+    const QModelIndex index = m_tree->indexAt(position);
+    if (!index.isValid())
+        return;
+    auto* menu = new RowMenu(*m_tree, *m_watch, *FeatureModel::row(index), this);
+    menu->setObjectName(QStringLiteral("rowMenu"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu, &RowMenu::matrixWanted, this, &BrowserWindow::showMatrix);
+    menu->popup(m_tree->viewport()->mapToGlobal(position));
+}
+
+void BrowserWindow::showMatrix(const std::string& selector)
+{
+    auto* matrix = new SelectorMatrix(m_model, m_writer, selector, this);
+    matrix->show();
+    matrix->fill();
 }
 
 void BrowserWindow::present(Qt::WindowType type)
@@ -185,8 +273,8 @@ void BrowserWindow::applySizes(int width, int height, const std::vector<int>& co
     const QScopedValueRollback<bool> own(m_ownChange, true);
     resize(width > 0 ? width : size().width(), height > 0 ? height : size().height());
     QHeaderView* header = m_tree->header();
-    for (int column = 0;
-         column < header->count() && static_cast<std::size_t>(column) < columns.size(); ++column) {
+    const int count = std::min(header->count(), static_cast<int>(columns.size()));
+    for (int column = 0; column < count; ++column) {
         const int wanted = columns[static_cast<std::size_t>(column)];
         if (wanted <= 0)
             continue;

@@ -2,34 +2,47 @@
 
 #include "EventPort.h"
 #include "FeatureModel.h"
+#include "TreeMemory.h"
 
+#include <QByteArrayList>
 #include <QWidget>
 
-class QComboBox;
-class QLineEdit;
 class QSplitter;
 
 namespace featurebrowser {
 
+class ChangeStrip;
 class DescriptionPane;
 class FeatureTree;
+class FilterBar;
 class MessageCallout;
 class ValueWriter;
+class WatchStrip;
+struct WriteResult;
 
 /// The browser's window, or a part of an application's window once that has embedded it.
 class BrowserWindow : public QWidget {
     Q_OBJECT
+    /// Names of the pinned features, in order: an application may store them and set them again.
+    Q_PROPERTY(
+        QByteArrayList favourites READ favourites WRITE setFavourites NOTIFY favouritesChanged)
 
 public:
     explicit BrowserWindow(QWidget* parent);
+    ~BrowserWindow() override;
 
     FeatureModel& model() { return *m_model; }
     EventPort& events() { return m_events; }
+    ValueWriter& writer() { return *m_writer; }
+
+    QByteArrayList favourites() const;
+    void setFavourites(const QByteArrayList& names);
 
     void setLevel(TYPE_LEVEL level);
     void setDescription(FeatureRow& row, std::string text);
-    ValueWriter& writer() { return *m_writer; }
     void setSliderSteps(int steps);
+    /// Tells that the camera side has said what the row holds; `changes` as FeatureModel has them.
+    void updated(FeatureRow& row, int changes);
     /// Empties the tree; rows of the same names come back as they were: expanded, selected.
     void clear();
 
@@ -39,27 +52,39 @@ public:
     /// 0, negative or empty leave the widget's own choice.
     void applySizes(int width, int height, const std::vector<int>& columns);
 
+Q_SIGNALS:
+    void favouritesChanged();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    QWidget* makeFilterBar();
     void makeTree();
+    void connectTree();
+    void makeFilterBar();
+    void makeShortcuts();
+    void arrange();
     void applyFilter();
-    void levelChosen(int index);
+    void filterTextChanged();
+    void levelChosen(TYPE_LEVEL level);
     void rowSelected(FeatureRow* row);
     void columnResized(int column, int width);
     void rowsAdded(const QModelIndex& parent, int first, int last);
+    void written(const WriteResult& result);
+    void showMenu(const QPoint& position);
+    void showMatrix(const std::string& selector);
+    void showRow(const FeatureRow& row);
 
     EventPort m_events;
     FeatureModel* m_model;
     ValueWriter* m_writer;
+    FilterBar* m_filterBar = nullptr;
+    WatchStrip* m_watch = nullptr;
     FeatureTree* m_tree = nullptr;
     MessageCallout* m_callout = nullptr;
+    ChangeStrip* m_changes = nullptr;
     DescriptionPane* m_description = nullptr;
-    QSplitter* m_splitter = nullptr;
-    QLineEdit* m_filterField = nullptr;
-    QComboBox* m_levelBox = nullptr;
+    TreeMemory m_memory;
     bool m_ownChange = false; ///< selection and columns change by program, not by the user
 };
 

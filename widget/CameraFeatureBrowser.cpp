@@ -51,7 +51,7 @@ public:
         if (window)
             window->model().addFeature(category, std::move(row));
     }
-    void updated(FeatureRow& row, int changes) const { window->writer().updated(row, changes); }
+    void updated(FeatureRow& row, int changes) const { window->updated(row, changes); }
     void show(Qt::WindowType type, IEventFeatureReceiver* receiver, int width, int height,
         const std::vector<int>& columns, const std::map<std::string, FEATURE_STATE>& states) const
     {

@@ -1,6 +1,7 @@
 #include "FeatureModel.h"
 
 #include "RowRoles.h"
+#include "SelectorContext.h"
 #include "UnitText.h"
 
 #include <utility>
@@ -106,6 +107,8 @@ FeatureRow* FeatureModel::insert(const std::string& category, std::unique_ptr<Fe
     beginInsertRows(indexOf(parent), added->position, added->position);
     parent->children.push_back(std::move(row));
     m_byName.emplace(added->name, added);
+    for (const std::string& selector : selectorNames(*added))
+        m_selected[selector].push_back(added);
     endInsertRows();
     return added;
 }
@@ -114,8 +117,34 @@ void FeatureModel::clear()
 {
     beginResetModel();
     m_byName.clear();
+    m_selected.clear();
     m_root.children.clear();
     endResetModel();
+}
+
+namespace {
+
+void visitCategories(const FeatureRow& parent, const std::function<void(const FeatureRow&)>& visit)
+{
+    for (const auto& child : parent.children) {
+        if (child->isCategory()) {
+            visit(*child);
+            visitCategories(*child, visit);
+        }
+    }
+}
+
+} // namespace
+
+void FeatureModel::forEachCategory(const std::function<void(const FeatureRow&)>& visit) const
+{
+    visitCategories(m_root, visit);
+}
+
+std::vector<FeatureRow*> FeatureModel::selectedBy(const std::string& selector) const
+{
+    const auto found = m_selected.find(selector);
+    return found == m_selected.end() ? std::vector<FeatureRow*>() : found->second;
 }
 
 template <typename V>
@@ -193,6 +222,10 @@ void FeatureModel::setStates(const std::map<std::string, FEATURE_STATE>& states)
 void FeatureModel::touch(const FeatureRow& row)
 {
     Q_EMIT dataChanged(indexOf(&row, NameColumn), indexOf(&row, ValueColumn));
+    if (row.selector != SELECTOR_SELECTOR && row.selector != SELECTOR_BOTH)
+        return;
+    for (const FeatureRow* selected : selectedBy(row.name)) // they show it as their context
+        Q_EMIT dataChanged(indexOf(selected, NameColumn), indexOf(selected, ValueColumn));
 }
 
 QModelIndex FeatureModel::index(int position, int column, const QModelIndex& parent) const

@@ -4,7 +4,7 @@
 
 #include <QAbstractItemModel>
 
-#include <list>
+#include <functional>
 #include <map>
 #include <string_view>
 #include <unordered_map>
@@ -51,6 +51,9 @@ public:
     /// Adds a feature, or changes the one that has its name already.
     void addFeature(const std::string& category, std::unique_ptr<FeatureRow> feature);
     void clear();
+    void forEachCategory(const std::function<void(const FeatureRow&)>& visit) const;
+    /// Features that have `selector` in their selector text.
+    std::vector<FeatureRow*> selectedBy(const std::string& selector) const;
 
     /// The change operations tell the view and return what they changed. Outside of them nobody
     /// changes values.
@@ -80,6 +83,7 @@ private:
 
     FeatureRow m_root;
     std::unordered_map<std::string_view, FeatureRow*> m_byName; ///< keys are the rows' names
+    std::unordered_map<std::string, std::vector<FeatureRow*>> m_selected; ///< by selector
 };
 
 } // namespace featurebrowser

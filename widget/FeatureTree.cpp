@@ -17,6 +17,7 @@ FeatureTree::FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* pare
     : QTreeView(parent)
     , m_features(model)
     , m_writer(writer)
+    , m_marks(new ChangeMarks(this))
     , m_delegate(new FeatureDelegate(this, writer))
 {
     setObjectName(QStringLiteral("featureTree"));
@@ -29,6 +30,7 @@ FeatureTree::FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* pare
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
     setVerticalScrollMode(ScrollPerPixel);
+    connect(m_marks, &ChangeMarks::faded, this, [this](const FeatureRow* row) { updateRow(*row); });
     header()->setSectionsMovable(false);
     header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 6);
 }
@@ -37,6 +39,10 @@ void FeatureTree::setFilter(const RowFilter& filter)
 {
     m_filter = filter;
     applyFilter();
+    if (filter.text().isEmpty())
+        closeHits();
+    else
+        openHits();
     if (const FeatureRow* row = currentRow(); row != nullptr && !row->hidden)
         scrollTo(currentIndex());
 }
@@ -56,18 +62,79 @@ void FeatureTree::showRow(const FeatureRow& row)
     scrollTo(index);
 }
 
+// Categories with hits are opened for as long as the filter lasts.
+void FeatureTree::openHits()
+{
+    m_features->forEachCategory([this](const FeatureRow& category) {
+        const QModelIndex index = m_features->indexOf(&category);
+        if (category.hidden || isExpanded(index))
+            return;
+        m_openedForHits.insert(category.name);
+        expand(index);
+    });
+}
+
+// What holds the current row stays open: the user has found it.
+void FeatureTree::closeHits()
+{
+    for (const FeatureRow* row = currentRow(); row != nullptr; row = row->parent)
+        m_openedForHits.erase(row->name);
+    for (const std::string& name : std::exchange(m_openedForHits, {}))
+        collapse(m_features->indexOf(m_features->find(name)));
+}
+
+void FeatureTree::collapseOthers(const std::string& name)
+{
+    std::unordered_set<std::string> kept;
+    for (const FeatureRow* row = m_features->find(name); row != nullptr; row = row->parent)
+        kept.insert(row->name);
+    m_features->forEachCategory([&](const FeatureRow& category) {
+        if (kept.count(category.name) == 0)
+            collapse(m_features->indexOf(&category));
+    });
+}
+
+void FeatureTree::focusFirstHit()
+{
+    setFocus(Qt::ShortcutFocusReason);
+    const FeatureRow* current = currentRow();
+    if (current != nullptr && !current->hidden)
+        return;
+    QModelIndex index = indexAt(QPoint(viewport()->width() / 2, 0));
+    while (index.isValid() && FeatureModel::row(index)->isCategory())
+        index = indexBelow(index);
+    if (index.isValid())
+        setCurrentIndex(index.siblingAtColumn(FeatureModel::ValueColumn));
+}
+
+void FeatureTree::paintEvent(QPaintEvent* event)
+{
+    QTreeView::paintEvent(event);
+    if (m_hits > 0 || m_filter.text().isEmpty() || m_filterStale)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(tones::dim(palette()));
+    painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12),
+        static_cast<int>(Qt::AlignHCenter | Qt::AlignTop) | Qt::TextWordWrap,
+        tr("Nothing found for “%1” at this level").arg(m_filter.text()));
+}
+
 namespace {
 
 // Decides for every row below `row` and returns whether one of them is to be seen.
 struct Hider {
     FeatureTree& tree;
     const RowFilter& filter;
+    int hits = 0;
     int hitsAboveLevel = 0;
 
     bool showsFeature(const FeatureRow& row)
     {
-        if (filter.passesLevel(row))
-            return filter.isHit(row);
+        if (filter.passesLevel(row)) {
+            const bool isHit = filter.isHit(row);
+            hits += isHit ? 1 : 0;
+            return isHit;
+        }
         if (!filter.text().isEmpty() && filter.isHit(row))
             ++hitsAboveLevel;
         return false;
@@ -102,6 +169,7 @@ void FeatureTree::applyFilter()
     m_filterStale = false;
     Hider hider { *this, m_filter };
     hider.apply(m_features->root());
+    m_hits = hider.hits;
     m_hitsAboveLevel = hider.hitsAboveLevel;
 }
 
@@ -117,6 +185,10 @@ void FeatureTree::doItemsLayout()
 void FeatureTree::reset()
 {
     m_onScreen.clear();
+    m_marks->clear();
+    m_openedForHits.clear();
+    m_pressed = QModelIndex();
+    m_buttonDown = false;
     m_onScreenStale = true;
     m_layoutPending = true;
     QTreeView::reset();

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "ChangeMarks.h"
 #include "FeatureModel.h"
 #include "RowFilter.h"
 
 #include <QHash>
 #include <QTreeView>
+
+#include <unordered_set>
 
 namespace featurebrowser {
 
@@ -32,6 +35,11 @@ public:
     QModelIndex heldButton() const { return m_buttonDown ? QModelIndex(m_pressed) : QModelIndex(); }
     /// Makes the row current, its ancestors expanded, and scrolls to it.
     void showRow(const FeatureRow& row);
+    ChangeMarks& marks() const { return *m_marks; }
+    /// Collapses all categories but the ones that the row stands in.
+    void collapseOthers(const std::string& name);
+    /// Takes the focus, on the first feature that the filter shows when the current row is hidden.
+    void focusFirstHit();
     /// Opens the row's editor, presses its button, toggles it, or opens and closes a category.
     void activate(const FeatureRow& row);
     /// Goes to the next (or previous) row that can be edited and opens its editor.
@@ -57,6 +65,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void rowsInserted(const QModelIndex& parent, int start, int end) override;
+    void paintEvent(QPaintEvent* event) override;
     void drawBranches(
         QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
     void scrollContentsBy(int dx, int dy) override;
@@ -64,17 +73,22 @@ protected:
 
 private:
     void applyFilter();
+    void openHits();
+    void closeHits();
     bool isOnButton(const QModelIndex& index, const QPoint& position) const;
     void updateRow(const FeatureRow& row);
     void findRowsOnScreen();
 
     FeatureModel* m_features;
     ValueWriter* m_writer;
+    ChangeMarks* m_marks;
     FeatureDelegate* m_delegate;
     QPersistentModelIndex m_pressed; ///< where the mouse button went down
     bool m_buttonDown = false; ///< on the button of a command
     RowFilter m_filter;
     int m_hitsAboveLevel = 0;
+    int m_hits = 0; ///< features to be seen
+    std::unordered_set<std::string> m_openedForHits; ///< categories that were closed before
     bool m_filterStale = false; ///< rows were added that have not been filtered
     bool m_layoutPending = true; ///< everything is painted again soon
     QHash<const FeatureRow*, int> m_onScreen; ///< top of the rows in the viewport

@@ -36,10 +36,17 @@ void warning(QPainter& painter)
     painter.drawPoint(QPointF(8, 11.6));
 }
 
-void chevron(QPainter& painter)
+// Points down from `top`, or up when `height` is negative.
+void chevron(QPainter& painter, double top, double height)
 {
-    painter.drawLine(QPointF(4, 6), QPointF(8, 10.5));
-    painter.drawLine(QPointF(8, 10.5), QPointF(12, 6));
+    painter.drawLine(QPointF(4, top), QPointF(8, top + height));
+    painter.drawLine(QPointF(8, top + height), QPointF(12, top));
+}
+
+void cross(QPainter& painter)
+{
+    painter.drawLine(QPointF(4.5, 4.5), QPointF(11.5, 11.5));
+    painter.drawLine(QPointF(4.5, 11.5), QPointF(11.5, 4.5));
 }
 
 } // namespace
@@ -64,7 +71,22 @@ void drawGlyph(QPainter& painter, Glyph glyph, const QRectF& area, const QColor&
         warning(painter);
         break;
     case Glyph::Chevron:
-        chevron(painter);
+        chevron(painter, 6, 4.5);
+        break;
+    case Glyph::ExpandAll:
+        chevron(painter, 3, 4);
+        chevron(painter, 9, 4);
+        break;
+    case Glyph::CollapseAll:
+        chevron(painter, 7, -4);
+        chevron(painter, 13, -4);
+        break;
+    case Glyph::Next:
+        painter.drawLine(QPointF(8, 2.5), QPointF(8, 13));
+        chevron(painter, 9, 4);
+        break;
+    case Glyph::Close:
+        cross(painter);
         break;
     }
     painter.restore();

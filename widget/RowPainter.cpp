@@ -82,6 +82,9 @@ QBrush RowPainter::rowBackground(const FeatureTree& tree, const FeatureRow& row)
         return tones::categoryBackground(tree.palette());
     if (row.extras && !row.extras->message.isEmpty())
         return tones::alarmBackground(tree.palette());
+    const double strength = tree.marks().strength(&row);
+    if (strength > 0)
+        return tones::changedBackground(tree.palette(), strength);
     return {};
 }
 

@@ -63,6 +63,18 @@ QVariant displayText(const FeatureRow& row, int column)
     return column == FeatureModel::NameColumn ? toText(row.name) : valueText(row);
 }
 
+// Read aloud, the name alone would say too little.
+QVariant accessibleText(const FeatureRow& row, int column)
+{
+    if (row.isCategory())
+        return displayText(row, column);
+    const QString unit = rowUnit(row);
+    const QString value
+        = unit.isEmpty() ? valueText(row) : valueText(row) + QLatin1Char(' ') + unit;
+    return column == FeatureModel::NameColumn ? toText(row.name) + QStringLiteral(", ") + value
+                                              : value;
+}
+
 // A tool tip takes text that looks like markup for markup, so text from the camera is escaped.
 QVariant toolTip(const FeatureRow& row)
 {
@@ -125,8 +137,9 @@ QVariant rowData(const FeatureRow& row, int column, int role)
 {
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::AccessibleTextRole:
         return displayText(row, column);
+    case Qt::AccessibleTextRole:
+        return accessibleText(row, column);
     case Qt::ToolTipRole:
         return toolTip(row);
     case Qt::AccessibleDescriptionRole:

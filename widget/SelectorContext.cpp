@@ -29,8 +29,11 @@ QString selectorContext(const FeatureModel& model, const FeatureRow& row)
         if (const FeatureRow* selector = model.find(name))
             parts.append(toText(name) + QStringLiteral(" = ") + valueText(*selector));
     }
-    return parts.isEmpty() ? QString()
-                           : QLatin1Char('[') + parts.join(QStringLiteral(", ")) + QLatin1Char(']');
+    if (!parts.isEmpty())
+        return parts.join(QStringLiteral(", "));
+    const auto count = row.selector == SELECTOR_NONE ? 0 : model.selectedBy(row.name).size();
+    return count == 0 ? QString()
+                      : FeatureModel::tr("selects %n feature(s)", nullptr, static_cast<int>(count));
 }
 
 } // namespace featurebrowser

@@ -176,6 +176,7 @@ TEST_F(EditingTest, AnUpdateDoesNotTakeTypedTextAway)
 
 TEST_F(EditingTest, ASliderWritesSparselyAndItsLastValueAlways)
 {
+    browser->GetWidget()->resize(1200, 700);
     browser->setNumberOfSteps(600); // six decades in 600 steps
     select("ExposureTime");
     press(Qt::Key_F2);
