@@ -87,7 +87,7 @@ bool RegisterPort::write(std::uint64_t address, const std::uint8_t* buffer, std:
 RegisterPort::Pass::Pass(RegisterPort& port)
     : m_port(port)
 {
-    if (m_port.m_passes++ == 0) {
+    if (m_port.m_passes++ == 0 && m_port.snapshotExpired()) {
         m_port.clearSnapshot();
     }
 }

@@ -37,8 +37,8 @@ public:
     /// Forgets the snapshot; a value written without a register counts as a change as well.
     void invalidate();
 
-    /// While one lives, the snapshot outlives its 100 ms (a write still ends it). A pass starts
-    /// with an empty snapshot.
+    /// While one lives, the snapshot outlives its 100 ms (a write still ends it). A pass that
+    /// shall see nothing older than itself starts with invalidate().
     class Pass {
     public:
         explicit Pass(RegisterPort& port);

@@ -51,6 +51,7 @@ ZQCameraRepository::Impl::Impl(zqcameralib::ZQCamera::Impl& camera)
 int ZQCameraRepository::Impl::load()
 {
     clear();
+    m_camera.port().invalidate();
     const RegisterPort::Pass pass(m_camera.port());
     for (const Feature& feature : m_camera.features()) {
         if (feature.type == FEATURE_CATEGORY || m_reader.isImplemented(feature)) {
