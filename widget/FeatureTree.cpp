@@ -98,7 +98,7 @@ void FeatureTree::focusFirstHit()
 {
     setFocus(Qt::ShortcutFocusReason);
     const FeatureRow* current = currentRow();
-    if (current != nullptr && !current->hidden)
+    if (current != nullptr && !current->hidden && !current->isCategory())
         return;
     QModelIndex index = indexAt(QPoint(viewport()->width() / 2, 0));
     while (index.isValid() && FeatureModel::row(index)->isCategory())

@@ -21,7 +21,10 @@ FilterBar::FilterBar(QWidget* parent)
     m_reveal->setObjectName(QStringLiteral("revealButton"));
     m_reveal->setToolTip(tr("Show the features that the visibility level hides"));
     m_reveal->hide();
-    connect(m_reveal, &QPushButton::clicked, this, [this] { Q_EMIT levelChosen(LEVEL_GURU); });
+    connect(m_reveal, &QPushButton::clicked, this, [this] {
+        focusField();
+        Q_EMIT levelChosen(LEVEL_GURU);
+    });
     auto* expand = new GlyphButton(Glyph::ExpandAll, tr("Expand all categories"), this);
     auto* collapse = new GlyphButton(Glyph::CollapseAll, tr("Collapse all categories"), this);
     expand->setObjectName(QStringLiteral("expandButton"));

@@ -1,0 +1,211 @@
+#include "WidgetTest.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+namespace featurebrowser {
+
+namespace {
+
+class ComfortTest : public WidgetTest {
+protected:
+    ComfortTest()
+    {
+        browser->addSubCategory("Camera", "Analog", LEVEL_BEGINNER);
+        browser->addEnumFeature("Analog", "GainSelector", 1, { "Red", "Green" }, LEVEL_BEGINNER,
+            false, false, true, SELECTOR_SELECTOR, "");
+        browser->addDoubleFeature("Analog", "Gain", 2.5, 0, 48, 0, LEVEL_BEGINNER, SLIDER_LINEAR,
+            false, true, SELECTOR_SELECTED, "GainSelector");
+        show();
+    }
+    void find(const char* what) const
+    {
+        QTest::keySequence(browser->GetWidget(), QKeySequence::Find);
+        type(what);
+    }
+    void choose(const std::string& name, const QString& words) const
+    {
+        const QPoint at = tree()->visualRect(row(name)).center();
+        Q_EMIT tree()->customContextMenuRequested(at);
+        auto* menu = child<QMenu>("rowMenu");
+        const auto actions = menu->actions();
+        for (QAction* action : actions) {
+            if (action->text().remove('&') == words)
+                action->trigger();
+        }
+        menu->close();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    static std::string clipboard() { return QGuiApplication::clipboard()->text().toStdString(); }
+};
+
+} // namespace
+
+TEST_F(ComfortTest, FilterFindsNamesValuesEntriesAndDescriptions)
+{
+    browser->setItemDescription("Width", "Pixels of a line");
+    browser->setVisibility(LEVEL_BEGINNER);
+    tree()->collapseAll();
+    struct Case {
+        const char* text;
+        const char* found;
+    };
+    for (const Case& search : { Case { "xposuret", "ExposureTime" },
+             Case { "mono12", "PixelFormat" }, Case { "LINE", "Width" },
+             Case { "5000", "ExposureTime" }, Case { "green", "GainSelector" } }) {
+        find(search.text);
+        EXPECT_TRUE(isShown(search.found) && isShown("Camera")) << search.text;
+        EXPECT_FALSE(isShown("ReverseX")) << search.text;
+    }
+    find("left"); // the value of an expert feature
+    auto* reveal = child<QPushButton>("revealButton");
+    ASSERT_TRUE(reveal->isVisible());
+    EXPECT_FALSE(isShown("DeviceUserID"));
+    QTest::mouseClick(reveal, Qt::LeftButton);
+    EXPECT_TRUE(isShown("DeviceUserID"));
+    EXPECT_EQ(journal.take(), Lines { "Level 3" });
+    press(Qt::Key_Return); // on into the tree
+    EXPECT_EQ(tree()->currentIndex().row(), row("DeviceUserID").row());
+    QTest::keySequence(browser->GetWidget(), QKeySequence::Find);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(isShown("Width")) << "the found row's category stays open";
+    EXPECT_FALSE(isShown("Gain")) << "what was closed before is closed again";
+}
+
+TEST_F(ComfortTest, WhatFollowedAWriteIsListed)
+{
+    journal.answer = [this](const std::string&) {
+        browser->modifyFeature("Width", 512L, 16L, 4096L, 16U, false, true);
+        browser->modifyFeature("ExposureTime", 5000.0, 1.0, 9e5, 0.0, false, true);
+        browser->modifyFeature("Gain", 2.5, 0.0, 48.0, 0.0, true, true);
+        browser->modifyFeature("DeviceUserID", "left", CAM_TYPE_STRING, {}, false, true);
+    };
+    const auto* strip = child<QLabel>("changeText");
+    edit("Width", "512");
+    EXPECT_TRUE(strip->text().startsWith("Width = 512: 2 feature"));
+    EXPECT_EQ(strip->toolTip(), "ExposureTime<br>Gain");
+    for (const char* next : { "ExposureTime", "Gain", "ExposureTime" }) {
+        press(Qt::Key_F4);
+        EXPECT_EQ(tree()->currentIndex().siblingAtColumn(0), row(next));
+    }
+    journal.answer = nullptr;
+    edit("Width", "16");
+    EXPECT_EQ(strip->text(), "Width was not accepted as entered");
+}
+
+TEST_F(ComfortTest, MenuCopiesAndCollapses)
+{
+    choose("Width", "Copy name");
+    EXPECT_EQ(clipboard(), "Width");
+    choose("Width", "Copy value");
+    EXPECT_EQ(clipboard(), "640");
+    choose("Width", "Copy name=value");
+    EXPECT_EQ(clipboard(), "Width=640");
+    choose("Gain", "Copy category as text");
+    EXPECT_EQ(clipboard(), "[Analog]\nGainSelector=Green\nGain=2.5\n");
+    browser->addCategory("Other", LEVEL_BEGINNER);
+    browser->addIntFeature(
+        "Other", "X", 1, 0, 1, 0, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
+    tree()->expandAll();
+    choose("Gain", "Collapse others");
+    EXPECT_TRUE(isShown("Gain") && !isShown("X"));
+}
+
+TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
+{
+    QWidget* window = browser->GetWidget();
+    choose("Gain", "Pin to the top");
+    choose("Width", "Pin to the top");
+    auto* strip = child<QWidget>("watchStrip");
+    EXPECT_TRUE(strip->isVisible());
+    const auto texts = [strip] {
+        std::string all;
+        for (const QLabel* label : strip->findChildren<QLabel*>())
+            all += label->text().toStdString() + " ";
+        return all;
+    };
+    EXPECT_EQ(texts(), "Gain 2.5 Width 640 ");
+    EXPECT_EQ(window->property("favourites").value<QByteArrayList>(),
+        (QByteArrayList { "Gain", "Width" }));
+    browser->clearFeatureItems();
+    browser->addIntFeature("", "Width", 7, 0, 9, 0, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
+    EXPECT_EQ(texts(), "Gain 2.5 Width 7 ");
+    window->setProperty("favourites", QVariant::fromValue(QByteArrayList()));
+    EXPECT_FALSE(strip->isVisible());
+}
+
+TEST_F(ComfortTest, AMatrixReadsEveryEntryAndSetsTheSelectorBack)
+{
+    journal.answer = [this](const std::string& line) {
+        const bool isRed = line == "Enum GainSelector Red 0";
+        browser->modifyFeature("GainSelector", isRed ? "0" : "1", CAM_TYPE_ENUMERATION,
+            { "Red", "Green" }, false, true);
+        browser->modifyFeature("Gain", isRed ? 1.5 : 2.5, 0.0, 48.0, 0.0, false, true);
+    };
+    choose("GainSelector", QString::fromUtf8("Show all entries of this selector\u2026"));
+    auto* table = child<QTableWidget>();
+    ASSERT_TRUE(table != nullptr && table->rowCount() == 1 && table->columnCount() == 2);
+    EXPECT_EQ(table->item(0, 0)->text(), "1.5");
+    EXPECT_EQ(table->item(0, 1)->text(), "2.5");
+    EXPECT_EQ(journal.take(),
+        (Lines {
+            "Enum GainSelector Red 0", "Enum GainSelector Green 1", "Enum GainSelector Green 1" }));
+    EXPECT_EQ(text("GainSelector"), "Green");
+}
+
+TEST_F(ComfortTest, TheTreeLooksTheSameWhenItIsBuiltAnew)
+{
+    const auto build = [this] {
+        for (const char* category : { "A", "B", "C" }) {
+            browser->addCategory(category, LEVEL_BEGINNER);
+            for (int i = 0; i < 40; ++i)
+                browser->addIntFeature(category, category + std::to_string(i), i, 0, 99, 1,
+                    LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
+        }
+    };
+    browser->clearFeatureItems();
+    build();
+    tree()->collapse(row("B"));
+    select("C20");
+    browser->setItemDescription("C20", "about");
+    QApplication::processEvents();
+    const int scrolled = tree()->verticalScrollBar()->value();
+    EXPECT_GT(scrolled, 0);
+    journal.hearsSelection = true;
+    journal.take();
+    browser->clearFeatureItems();
+    build();
+    QApplication::processEvents();
+    EXPECT_TRUE(tree()->isExpanded(row("A")) && !tree()->isExpanded(row("B")));
+    EXPECT_EQ(tree()->currentIndex(), row("C20", 1));
+    EXPECT_EQ(tree()->verticalScrollBar()->value(), scrolled);
+    EXPECT_EQ(role("C20", "description"), QVariant("about"));
+    EXPECT_TRUE(journal.take().empty());
+}
+
+TEST_F(ComfortTest, StatesAndContextsAreSaidInWords)
+{
+    std::map<std::string, FEATURE_STATE> states { { "Width", FEATURE_LOCKED },
+        { "Gain", FEATURE_NOT_AVAILABLE }, { "ReverseX", FEATURE_READ_FAILED } };
+    browser->modifyFeatureStates(states);
+    for (const auto& [name, words] :
+        std::map<std::string, const char*> { { "Width", "Locked" }, { "Gain", "Not available" },
+            { "ReverseX", "read" }, { "GevMACAddress", "Read-only" } }) {
+        EXPECT_TRUE(row(name).data(Qt::ToolTipRole).toString().contains(words)) << name;
+        EXPECT_TRUE(row(name).data(Qt::AccessibleDescriptionRole).toString().contains(words));
+    }
+    EXPECT_EQ(row("Width").data(Qt::AccessibleTextRole), QVariant("Width, 640"));
+    browser->addStringFeature("Camera", "<img src='x'>", "", LEVEL_BEGINNER, 0, false, true,
+        ADDRESS_NONE, SELECTOR_NONE, "");
+    EXPECT_FALSE(row("<img src='x'>").data(Qt::ToolTipRole).toString().contains("<img"));
+}
+
+} // namespace featurebrowser
