@@ -26,12 +26,13 @@ public:
     void satisfy(ArvGcFeatureNode* node, Condition condition)
     {
         Registers deciding;
-        m_port.setTrace(&deciding);
-        const bool holds = check(node, condition);
-        m_port.setTrace(nullptr);
-        if (holds) {
-            settle(deciding);
-            return;
+        {
+            RegisterPort::Recorder recorder(m_port);
+            if (check(node, condition)) {
+                settle(recorder.read);
+                return;
+            }
+            deciding = std::move(recorder.read);
         }
         // The register that decides is read last: those before it choose an address or an index.
         std::reverse(deciding.begin(), deciding.end());

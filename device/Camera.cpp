@@ -38,6 +38,18 @@ const Feature* ZQCamera::Impl::feature(std::string_view name) const
     return found == m_byName.end() ? nullptr : &m_features[found->second];
 }
 
+void ZQCamera::Impl::setWritten(const Feature& feature, Registers registers)
+{
+    m_written[&feature] = std::move(registers);
+}
+
+const ZQCamera::Impl::Registers& ZQCamera::Impl::written(const Feature& feature) const
+{
+    static const Registers none;
+    const auto found = m_written.find(&feature);
+    return found == m_written.end() ? none : found->second;
+}
+
 namespace {
 
 void addCommandRegisters(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
@@ -46,13 +58,12 @@ void addCommandRegisters(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
         if (feature.commandRegister == nullptr) {
             continue;
         }
-        std::vector<RegisterPort::Register> read;
+        const RegisterPort::Recorder recorder(camera.port());
         GlibError error;
-        camera.port().setTrace(&read);
         arv_gc_integer_get_value(ARV_GC_INTEGER(feature.commandRegister), error.out());
-        camera.port().setTrace(nullptr);
-        if (!error && !read.empty()) {
-            behaviour.addCommandRegister(read.back().first, read.back().second);
+        if (!error && !recorder.read.empty()) {
+            const RegisterPort::Register& last = recorder.read.back();
+            behaviour.addCommandRegister(last.first, last.second);
         }
     }
 }

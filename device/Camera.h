@@ -33,6 +33,11 @@ public:
     /// Null when there is no feature of that name.
     const Feature* feature(std::string_view name) const;
     const DependencyGraph& dependencies() const { return m_dependencies; }
+    using Registers = std::vector<RegisterPort::Register>;
+    /// Where the last write to a feature went to.
+    void setWritten(const Feature& feature, Registers registers);
+    /// Empty when the feature has not been written yet.
+    const Registers& written(const Feature& feature) const;
     ArvGc* nodeMap() const { return zqcameralib::nodeMap(*m_device); }
 
 private:
@@ -42,6 +47,7 @@ private:
     PortDevicePointer m_device;
     std::vector<Feature> m_features;
     std::unordered_map<std::string_view, std::size_t> m_byName;
+    std::unordered_map<const Feature*, Registers> m_written;
 };
 
 /// Opens a description as a camera over a memory of its own, with a behaviour of its own. Null and

@@ -48,11 +48,17 @@ std::uint64_t ownBits(const pugi::xml_node& element)
     return width == 64 ? UINT64_MAX : ((std::uint64_t(1) << width) - 1) << low;
 }
 
+bool isRegister(const DescriptionNode& node)
+{
+    return isOneOf(node.kind,
+        { "IntReg", "MaskedIntReg", "StructEntry", "FloatReg", "StringReg", "Register" });
+}
+
 /// Whether the node is a register whose place the description fixes; fills `place`.
 bool fixedPlace(const DescriptionNode& node, Place& place)
 {
     const bool isMasked = node.kind == "MaskedIntReg" || node.kind == "StructEntry";
-    if (!isMasked && !isOneOf(node.kind, { "IntReg", "FloatReg", "StringReg", "Register" })) {
+    if (!isRegister(node)) {
         return false;
     }
     const pugi::xml_node where = node.kind == "StructEntry" ? node.element.parent() : node.element;
@@ -86,11 +92,14 @@ DependencyGraph::DependencyGraph(const Description& description)
     : m_description(description)
     , m_dependents(description.nodes().size())
     , m_written(description.nodes().size())
+    , m_declared(description.nodes().size())
+    , m_touchesMoving(description.nodes().size(), false)
 {
     for (std::size_t node = 0; node < description.nodes().size(); ++node) {
         addReferences(node);
     }
     addOverlaps();
+    findMovingRegisters();
 }
 
 void DependencyGraph::addReferences(std::size_t node)
@@ -100,7 +109,11 @@ void DependencyGraph::addReferences(std::size_t node)
             continue;
         }
         if (reference.tag == "pSelected") {
-            m_dependents[node].push_back(reference.target);
+            m_declared[node].push_back(reference.target);
+            continue;
+        }
+        if (reference.tag == "pInvalidator") {
+            m_declared[reference.target].push_back(node);
             continue;
         }
         m_dependents[reference.target].push_back(node);
@@ -133,32 +146,65 @@ void DependencyGraph::addOverlaps()
     }
 }
 
+void DependencyGraph::findMovingRegisters()
+{
+    std::vector<std::size_t> pending;
+    const auto mark = [&](std::size_t node) {
+        if (!m_touchesMoving[node]) {
+            m_touchesMoving[node] = true;
+            pending.push_back(node);
+        }
+    };
+    Place place {};
+    for (std::size_t node = 0; node < m_dependents.size(); ++node) {
+        const DescriptionNode& candidate = m_description.node(node);
+        if (isRegister(candidate) && !fixedPlace(candidate, place)) {
+            mark(node);
+        }
+    }
+    for (std::size_t at = 0; at < pending.size(); ++at) {
+        for (const std::size_t reader : m_dependents[pending[at]]) {
+            mark(reader);
+        }
+    }
+}
+
 std::vector<bool> DependencyGraph::affectedBy(std::size_t node) const
 {
     return affectedBy(std::vector<std::size_t> { node });
 }
 
-std::vector<bool> DependencyGraph::affectedBy(std::vector<std::size_t> nodes) const
+std::vector<bool> DependencyGraph::affectedBy(const std::vector<std::size_t>& nodes) const
 {
     std::vector<bool> affected(m_dependents.size(), false);
-    const auto mark = [&affected](std::vector<std::size_t>& list, std::size_t node) {
+    std::vector<std::size_t> pending;
+    const auto mark = [&](std::size_t node) {
         if (!affected[node]) {
             affected[node] = true;
-            list.push_back(node);
+            pending.push_back(node);
         }
     };
-    std::vector<std::size_t> pending;
-    for (const std::size_t node : nodes) {
-        mark(pending, node);
-    }
-    for (std::size_t at = 0; at < pending.size(); ++at) {
-        for (const std::size_t next : m_written[pending[at]]) {
-            mark(pending, next);
+    // A node that changes in the camera changes with all that its value comes from.
+    const auto markThrough = [&](std::size_t node) {
+        std::vector<std::size_t> through { node };
+        for (std::size_t at = 0; at < through.size(); ++at) {
+            if (!affected[through[at]]) {
+                const std::vector<std::size_t>& behind = m_written[through[at]];
+                through.insert(through.end(), behind.begin(), behind.end());
+            }
+            mark(through[at]);
         }
+    };
+    for (const std::size_t node : nodes) {
+        markThrough(node);
     }
     for (std::size_t at = 0; at < pending.size(); ++at) {
-        for (const std::size_t next : m_dependents[pending[at]]) {
-            mark(pending, next);
+        const std::size_t changed = pending[at];
+        for (const std::size_t next : m_dependents[changed]) {
+            mark(next);
+        }
+        for (const std::size_t next : m_declared[changed]) {
+            markThrough(next);
         }
     }
     return affected;

@@ -156,7 +156,11 @@ int DeviceOperations::write(const Feature& feature, const Access& access)
     const std::uint64_t failures = port.failures();
     const std::uint64_t writes = port.writes();
     GlibError error;
-    access(error.out());
+    {
+        RegisterPort::Recorder recorder(port);
+        access(error.out());
+        m_camera.setWritten(feature, std::move(recorder.written));
+    }
     // A value may be kept in the node map only; what was read before may be outdated all the same.
     port.invalidate();
     if (port.failures() != failures) {

@@ -222,20 +222,28 @@ void markConditionalEntries(std::vector<EnumEntry>& entries, const DescriptionNo
     }
 }
 
-/// A command is done when the value it has written has gone again, if that can be read.
+bool isBackedByRegister(const Description& description, const DescriptionNode& node)
+{
+    const std::vector<const DescriptionNode*> chain = valueChain(description, node);
+    return std::any_of(chain.begin(), chain.end(),
+        [](const DescriptionNode* link) { return isRegister(link->kind); });
+}
+
+/// A command is done when the value it has written has gone again, if that can be read. A zero
+/// cannot go, and a value kept in the node map stays.
 void setCommandFacts(Feature& feature, const Description& description, ArvGc* nodeMap)
 {
-    const DescriptionNode& node = *feature.node;
-    const std::string_view value = childText(node.element, "CommandValue");
-    for (const Reference& reference : node.references) {
-        if (reference.tag != "pValue" || reference.target == Description::absent || value.empty()) {
+    const std::int64_t value = number(childText(feature.node->element, "CommandValue"));
+    for (const Reference& reference : feature.node->references) {
+        if (reference.tag != "pValue" || reference.target == Description::absent || value == 0) {
             continue;
         }
-        const std::uint16_t access = staticAccess(description, reference.target);
-        ArvGcFeatureNode* target = featureNode(nodeMap, description.node(reference.target).name);
-        if (ARV_IS_GC_INTEGER(target) && access == ACCESS_READ_WRITE) {
-            feature.commandRegister = target;
-            feature.commandValue = number(value);
+        const DescriptionNode& target = description.node(reference.target);
+        ArvGcFeatureNode* gc = featureNode(nodeMap, target.name);
+        if (ARV_IS_GC_INTEGER(gc) && isBackedByRegister(description, target)
+            && staticAccess(description, reference.target) == ACCESS_READ_WRITE) {
+            feature.commandRegister = gc;
+            feature.commandValue = value;
         }
     }
 }

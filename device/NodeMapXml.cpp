@@ -134,6 +134,27 @@ private:
         pugi::xml_node target = parent.append_child(source.name());
         target.append_attribute("Name") = source.attribute("Name").value();
         copyChildren(source, target);
+        if (source.name() == std::string_view("MaskedIntReg") && sharesReadableRegister(source)) {
+            target.child("AccessMode").text() = "RW";
+        }
+    }
+
+    /// Bits that can only be written are written together with the register's other bits, which
+    /// have to be read first: the node map would take zeros for them.
+    bool sharesReadableRegister(const pugi::xml_node& source)
+    {
+        if (childText(source, "AccessMode") != "WO" || childText(source, "Address").empty()) {
+            return false;
+        }
+        if (m_readable.empty()) {
+            for (const DescriptionNode& node : m_description.nodes()) {
+                const std::string_view mode = childText(node.element, "AccessMode");
+                if (mode == "RW" || mode == "RO") {
+                    m_readable.insert(childText(node.element, "Address"));
+                }
+            }
+        }
+        return m_readable.count(childText(source, "Address")) != 0;
     }
 
     void copyChildren(const pugi::xml_node& source, pugi::xml_node& target)
@@ -223,6 +244,7 @@ private:
     pugi::xml_node m_root;
     std::unordered_map<std::size_t, pugi::xml_node> m_structs;
     std::unordered_map<std::string, std::string> m_lengths;
+    std::unordered_set<std::string_view> m_readable; ///< addresses of registers that can be read
 };
 
 } // namespace

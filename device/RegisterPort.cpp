@@ -2,6 +2,7 @@
 
 #include "StatusCodes.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace zqcameralib {
@@ -48,6 +49,9 @@ bool RegisterPort::read(std::uint64_t address, std::uint8_t* buffer, std::size_t
     if (m_trace != nullptr) {
         m_trace->push_back(key);
     }
+    for (Recorder* recorder : m_recorders) {
+        recorder->read.push_back(key);
+    }
     if (!m_snapshot.empty() && snapshotExpired()) {
         clearSnapshot();
     }
@@ -76,12 +80,27 @@ bool RegisterPort::write(std::uint64_t address, const std::uint8_t* buffer, std:
     AccessKind kind, AccessError& error)
 {
     invalidate();
+    for (Recorder* recorder : m_recorders) {
+        recorder->written.emplace_back(address, size);
+    }
     ++m_writes;
     if (m_faultHook && m_faultHook(address, size, true)) {
         error = { injectedFault, "injected fault" };
         return fail(error);
     }
     return m_backend->write(address, buffer, size, kind, error) || fail(error);
+}
+
+RegisterPort::Recorder::Recorder(RegisterPort& port)
+    : m_port(port)
+{
+    m_port.m_recorders.push_back(this);
+}
+
+RegisterPort::Recorder::~Recorder()
+{
+    auto& recorders = m_port.m_recorders;
+    recorders.erase(std::remove(recorders.begin(), recorders.end(), this), recorders.end());
 }
 
 RegisterPort::Pass::Pass(RegisterPort& port)

@@ -50,6 +50,21 @@ public:
         RegisterPort& m_port;
     };
 
+    /// While one lives, it collects the registers read (from the snapshot or not) and written.
+    class Recorder {
+    public:
+        explicit Recorder(RegisterPort& port);
+        Recorder(const Recorder&) = delete;
+        Recorder& operator=(const Recorder&) = delete;
+        ~Recorder();
+
+        std::vector<Register> read;
+        std::vector<Register> written;
+
+    private:
+        RegisterPort& m_port;
+    };
+
     RegisterBackend& backend() { return *m_backend; }
     std::uint64_t failures() const { return m_failures; }
     /// The error of the last access that failed.
@@ -92,6 +107,7 @@ private:
     AccessError m_lastFailure;
     FaultHook m_faultHook;
     std::vector<Register>* m_trace = nullptr;
+    std::vector<Recorder*> m_recorders;
 };
 
 } // namespace zqcameralib

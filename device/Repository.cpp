@@ -67,7 +67,7 @@ int ZQCameraRepository::Impl::load()
 
 void ZQCameraRepository::Impl::addRecord(const Feature& feature)
 {
-    Record record { std::make_shared<FeatureItem>(staticItem(feature)), &feature, false };
+    Record record { std::make_shared<FeatureItem>(staticItem(feature)), &feature, false, {} };
     record.isFresh = readRecord(record);
     m_items.push_back(record.item);
     m_records.emplace(feature.name, std::move(record));
@@ -107,7 +107,9 @@ ZQCameraRepository::Impl::ItemPointer ZQCameraRepository::Impl::find(const std::
 bool ZQCameraRepository::Impl::readRecord(Record& record)
 {
     FEATURE_STATE state = FEATURE_AVAILABLE;
+    RegisterPort::Recorder recorder(m_camera.port());
     const bool done = m_reader.read(*record.feature, *record.item, state);
+    record.touched = std::move(recorder.read);
     m_states[record.feature->name] = state;
     if (done) {
         explain(record, state);
@@ -163,12 +165,34 @@ ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::affectedBy(
     const std::vector<bool> affected = m_camera.dependencies().affectedBy(changed);
     ItemList list;
     for (const ItemPointer& item : m_items) {
-        if (item->type != FEATURE_CATEGORY && item->name != feature.name
-            && affected[description.find(item->name)]) {
+        if (item->type == FEATURE_CATEGORY || item->name == feature.name) {
+            continue;
+        }
+        const Record& record = m_records.at(item->name);
+        if (affected[description.find(item->name)] || touchesWritten(record, feature)) {
             list.push_back(item);
         }
     }
     return list;
+}
+
+/// Registers at fixed places are compared, bit by bit, in the description already.
+bool ZQCameraRepository::Impl::touchesWritten(const Record& record, const Feature& written) const
+{
+    const auto moves = [this](const Feature& feature) {
+        return m_camera.dependencies().touchesMovingRegister(
+            m_camera.description().find(feature.name));
+    };
+    const auto& registers = m_camera.written(written);
+    if (registers.empty() || (!moves(*record.feature) && !moves(written))) {
+        return false;
+    }
+    return std::any_of(record.touched.begin(), record.touched.end(), [&](const auto& touched) {
+        return std::any_of(registers.begin(), registers.end(), [&](const auto& reg) {
+            return touched.first < reg.first + reg.second
+                && reg.first < touched.first + touched.second;
+        });
+    });
 }
 
 ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::invalidatedBy(

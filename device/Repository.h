@@ -36,12 +36,14 @@ private:
         ItemPointer item;
         const zqcameralib::Feature* feature = nullptr;
         bool isFresh = false; ///< just read by load(), not handed out since
+        zqcameralib::ZQCamera::Impl::Registers touched; ///< when last read, where places move
     };
 
     void addRecord(const zqcameralib::Feature& feature);
     void dropEmptyCategories();
     bool readRecord(Record& record);
     bool isStillFresh(Record& record);
+    bool touchesWritten(const Record& record, const zqcameralib::Feature& written) const;
     void explain(Record& record, FEATURE_STATE state);
     ItemList affectedBy(const zqcameralib::Feature& feature) const;
 

@@ -1,0 +1,84 @@
+#include "StatusCodes.h"
+#include "TestCamera.h"
+
+#include <map>
+
+using namespace featurebrowser;
+
+// For every N, the Nth register access of a load fails: nothing may be shown that the camera did
+// not say, and the next load is right again. By default some N are tried; with ZQ_ALL_FAULTS all
+// are.
+namespace {
+
+using Values = std::map<std::string, std::string>;
+
+Values shown(TestCamera& camera)
+{
+    Values values;
+    for (const auto& item : camera.repository.GetFeatureList()) {
+        if (item->displayFlag == 1) {
+            values[item->name] = item->valueText + "|" + std::to_string(item->intMin) + "|"
+                + std::to_string(item->intMax) + "|" + std::to_string(item->floatMax) + "|"
+                + std::to_string(item->accessMode) + std::to_string(item->lockedFlag);
+        }
+    }
+    return values;
+}
+
+/// Loads with the Nth access failing; how many accesses there were.
+std::uint64_t loadWithFault(TestCamera& camera, std::uint64_t failing)
+{
+    std::uint64_t count = 0;
+    camera.port.setFaultHook([&count, failing](auto, auto, bool) { return ++count == failing; });
+    camera.port.invalidate();
+    camera.repository.Load();
+    camera.port.setFaultHook(nullptr);
+    return count;
+}
+
+void sweep(TestCamera& camera, std::uint64_t step)
+{
+    const std::uint64_t accesses = loadWithFault(camera, 0);
+    const Values right = shown(camera);
+    std::size_t unread = 0;
+    for (std::uint64_t failing = 1; failing <= accesses; failing += step) {
+        loadWithFault(camera, failing);
+        for (const auto& [name, state] : camera.repository.GetFeatureStates()) {
+            unread += state == FEATURE_READ_FAILED ? 1U : 0U;
+        }
+        for (const auto& [name, value] : shown(camera)) {
+            const auto expected = right.find(name);
+            ASSERT_NE(expected, right.end()) << name << " after fault " << failing;
+            EXPECT_EQ(value, expected->second) << name << " after fault " << failing;
+        }
+    }
+    EXPECT_GT(unread, 0U);
+    loadWithFault(camera, 0);
+    EXPECT_EQ(shown(camera), right);
+}
+
+std::uint64_t stepOf(std::uint64_t few)
+{
+    return std::getenv("ZQ_ALL_FAULTS") == nullptr ? few : 1;
+}
+
+TEST(FaultSweep, NeverShowsAWrongValueOfTheSimulatedCamera)
+{
+    TestCamera camera(TestCamera::simulated());
+    sweep(camera, stepOf(3));
+}
+
+TEST(FaultSweep, NeverShowsAWrongValueOfARealDescription)
+{
+    const std::vector<std::string> files = realDescriptions();
+    if (files.empty()) {
+        GTEST_SKIP() << "no folder of real cameras' descriptions";
+    }
+    for (const std::string& path : files) {
+        std::string error;
+        TestCamera camera(zqcameralib::ZQCamera::OpenDescription(path, error));
+        sweep(camera, stepOf(29));
+    }
+}
+
+} // namespace
