@@ -68,38 +68,34 @@ void addCommandRegisters(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
     }
 }
 
-/// The camera over a memory; hands the memory out too.
-std::unique_ptr<ZQCamera::Impl> overMemory(std::string text,
-    std::unique_ptr<CameraBehaviour> behaviour, RegisterMemory*& memory, std::string& error)
+} // namespace
+
+std::unique_ptr<ZQCamera::Impl> openOver(
+    std::string text, std::unique_ptr<RegisterBackend> backend, std::string& error)
 {
     std::unique_ptr<Description> description = Description::parse(std::move(text), error);
     if (!description || !checkDescription(*description, error)) {
         return nullptr;
     }
-    auto backend = std::make_unique<MemoryBackend>(std::move(behaviour));
-    memory = &backend->memory();
     auto camera = std::make_unique<ZQCamera::Impl>(std::move(description), std::move(backend));
     return camera->start(error) ? std::move(camera) : nullptr;
 }
 
-} // namespace
-
 std::unique_ptr<ZQCamera::Impl> openSimulated(
     std::string text, std::unique_ptr<CameraBehaviour> behaviour, std::string& error)
 {
-    RegisterMemory* memory = nullptr;
-    return overMemory(std::move(text), std::move(behaviour), memory, error);
+    return openOver(std::move(text), std::make_unique<MemoryBackend>(std::move(behaviour)), error);
 }
 
 std::unique_ptr<ZQCamera::Impl> openDescription(std::string text, std::string& error)
 {
     auto behaviour = std::make_unique<CommandBehaviour>();
     CommandBehaviour& commands = *behaviour;
-    RegisterMemory* memory = nullptr;
-    std::unique_ptr<ZQCamera::Impl> camera
-        = overMemory(std::move(text), std::move(behaviour), memory, error);
+    auto backend = std::make_unique<MemoryBackend>(std::move(behaviour));
+    RegisterMemory& memory = backend->memory();
+    std::unique_ptr<ZQCamera::Impl> camera = openOver(std::move(text), std::move(backend), error);
     if (camera) {
-        makeAvailable(camera->features(), camera->port(), *memory);
+        makeAvailable(camera->features(), camera->port(), memory);
         addCommandRegisters(*camera, commands);
     }
     return camera;

@@ -50,6 +50,10 @@ private:
     std::unordered_map<const Feature*, Registers> m_written;
 };
 
+/// Opens a description over registers elsewhere. Null and one line in `error` on failure.
+std::unique_ptr<ZQCamera::Impl> openOver(
+    std::string text, std::unique_ptr<RegisterBackend> backend, std::string& error);
+
 /// Opens a description as a camera over a memory of its own, with a behaviour of its own. Null and
 /// one line in `error` on failure.
 std::unique_ptr<ZQCamera::Impl> openSimulated(

@@ -18,14 +18,6 @@ namespace {
 /// Longest time between two looks at a command that is not done.
 constexpr std::chrono::milliseconds maxPause(50);
 
-int libraryCode(const GError& error)
-{
-    if (error.domain == arv_device_error_quark()) {
-        return deviceErrorBase + error.code;
-    }
-    return (error.domain == arv_gc_error_quark() ? nodeMapErrorBase : otherErrorBase) + error.code;
-}
-
 bool isOnGrid(std::int64_t value, std::int64_t minimum, std::int64_t increment)
 {
     const std::uint64_t distance
@@ -75,7 +67,8 @@ int DeviceOperations::failLibrary(const Feature& feature, const GError& error)
 {
     const std::string message = error.message;
     const bool isNamed = message.find(feature.name) != std::string::npos;
-    return fail(libraryCode(error), isNamed ? message : feature.name + ": " + message);
+    return fail(libraryErrorCode(error.domain, error.code),
+        isNamed ? message : feature.name + ": " + message);
 }
 
 std::string DeviceOperations::errorText(int code) const
@@ -85,6 +78,12 @@ std::string DeviceOperations::errorText(int code) const
 
 const Feature* DeviceOperations::lookup(const char* name, std::uint8_t type)
 {
+    RegisterBackend& backend = m_camera.port().backend();
+    if (backend.isLost()) {
+        fail(backend.loss().code, backend.loss().message);
+        m_isGrabbing = false;
+        return nullptr;
+    }
     const Feature* feature = name == nullptr ? nullptr : m_camera.feature(name);
     if (feature == nullptr) {
         fail(unknownFeature,
@@ -129,6 +128,10 @@ int DeviceOperations::checkWritable(const Feature& feature)
     }
     if (feature.access != ACCESS_WRITE_ONLY && feature.access != ACCESS_READ_WRITE) {
         return fail(notWritable, feature.name + ": is read-only");
+    }
+    if (m_camera.port().backend().isReadOnly()) {
+        return fail(accessDenied,
+            feature.name + ": the camera is opened for reading only, another application has it");
     }
     if (state == FEATURE_LOCKED) {
         return fail(featureLocked, feature.name + ": " + lockReason(m_camera, feature));

@@ -29,6 +29,8 @@ public:
     int getBoolean(const char* name, bool& value);
     int execute(const char* name, bool wait);
 
+    /// Notes a failure, for lastError() and errorText(); returns the code.
+    int fail(int code, const std::string& text);
     int lastError() const { return m_lastError; }
     /// The text of `code`: what was said when it last happened, else a general sentence.
     std::string errorText(int code) const;
@@ -37,7 +39,6 @@ public:
 private:
     using Access = std::function<void(GError** error)>;
 
-    int fail(int code, const std::string& text);
     int failPort();
     int failLibrary(const Feature& feature, const GError& error);
     /// The feature of that name and type; null after a failure.

@@ -77,6 +77,9 @@ bool FeatureReader::isImplemented(const Feature& feature)
 
 FEATURE_STATE FeatureReader::state(const Feature& feature)
 {
+    if (m_port.backend().isLost()) {
+        return FEATURE_READ_FAILED;
+    }
     if (feature.type == FEATURE_CATEGORY) {
         return FEATURE_AVAILABLE;
     }
@@ -86,7 +89,8 @@ FEATURE_STATE FeatureReader::state(const Feature& feature)
         || !allHold(feature.implementedIf, arv_gc_feature_node_is_implemented)
         || !allHold(feature.availableIf, arv_gc_feature_node_is_available)) {
         state = FEATURE_NOT_AVAILABLE;
-    } else if (anyLocked(feature)) {
+    } else if (anyLocked(feature)
+        || (m_port.backend().isReadOnly() && feature.access != ACCESS_READ_ONLY)) {
         state = FEATURE_LOCKED;
     }
     return m_port.failures() == failures ? state : FEATURE_READ_FAILED;

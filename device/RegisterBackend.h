@@ -31,6 +31,14 @@ public:
     virtual bool write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size,
         AccessKind kind, AccessError& error)
         = 0;
+
+    /// Whether the camera does not answer any more; every access then fails at once with loss().
+    virtual bool isLost() { return false; }
+    virtual AccessError loss() const { return {}; }
+    /// Whether the camera takes no writes in this session.
+    virtual bool isReadOnly() const { return false; }
+    /// Tries once to find a lost camera again. False and one line in `error` when it has not.
+    virtual bool reconnect(std::string& /*error*/) { return true; }
 };
 
 } // namespace zqcameralib

@@ -58,6 +58,10 @@ int ZQCameraRepository::Impl::load()
             addRecord(feature);
         }
     }
+    if (m_camera.port().backend().isLost()) {
+        clear();
+        return m_camera.port().backend().loss().code;
+    }
     dropEmptyCategories();
     m_changesAtLoad = m_camera.port().changes();
     m_loadedAt = Clock::now();
@@ -221,6 +225,9 @@ int ZQCameraRepository::Impl::updateStates()
     const std::uint64_t failures = m_camera.port().failures();
     for (auto& [name, record] : m_records) {
         m_states[name] = m_reader.state(*record.feature);
+    }
+    if (m_camera.port().backend().isLost()) {
+        return m_camera.port().backend().loss().code;
     }
     return m_camera.port().failures() == failures ? STATUS_OK : m_camera.port().lastFailure().code;
 }

@@ -2,6 +2,8 @@
 
 #include "featurebrowser/FeatureTypes.h"
 
+#include <arv.h>
+
 #include <algorithm>
 #include <array>
 
@@ -48,6 +50,14 @@ const Status* find(int code)
 }
 
 } // namespace
+
+int libraryErrorCode(unsigned domain, int code)
+{
+    if (domain == arv_device_error_quark()) {
+        return deviceErrorBase + code;
+    }
+    return (domain == arv_gc_error_quark() ? nodeMapErrorBase : otherErrorBase) + code;
+}
 
 std::string statusName(int code)
 {

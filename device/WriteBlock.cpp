@@ -82,6 +82,9 @@ Nodes allInputs(ZQCamera::Impl& camera, const std::vector<ArvGcFeatureNode*>& co
 
 std::string lockReason(ZQCamera::Impl& camera, const Feature& feature)
 {
+    if (camera.port().backend().isReadOnly()) {
+        return "the camera is opened for reading only";
+    }
     Nodes inputs = allInputs(camera, feature.lockedIf, "pIsLocked");
     const std::size_t acquisition = camera.description().find("TLParamsLocked");
     if (std::find(inputs.begin(), inputs.end(), acquisition) != inputs.end()

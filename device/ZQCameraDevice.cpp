@@ -13,12 +13,14 @@ using zqcameralib::ZQDiscovery;
 
 class ZQCameraDevice::Impl {
 public:
-    explicit Impl(ZQCamera& camera)
-        : repository(std::make_unique<ZQCameraRepository::Impl>(camera.impl()))
-        , operations(camera.impl())
+    explicit Impl(ZQCamera& opened)
+        : camera(opened)
+        , repository(std::make_unique<ZQCameraRepository::Impl>(opened.impl()))
+        , operations(opened.impl())
     {
     }
 
+    ZQCamera& camera;
     ZQCameraRepository repository;
     zqcameralib::DeviceOperations operations;
 };
@@ -53,6 +55,15 @@ ZQCameraDevice::~ZQCameraDevice() = default;
 ZQCameraRepository* ZQCameraDevice::GetRepository()
 {
     return &m_impl->repository;
+}
+
+int ZQCameraDevice::Reconnect()
+{
+    std::string error;
+    if (!m_impl->camera.reconnect(error)) {
+        return m_impl->operations.fail(zqcameralib::cameraLost, error);
+    }
+    return m_impl->repository.Load();
 }
 
 int ZQCameraDevice::SetIntegerValue(const char* name, long value, int flag)

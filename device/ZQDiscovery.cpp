@@ -1,8 +1,13 @@
+#include "Discovery.h"
+
 #include "featurebrowser/ZQCamera.h"
 
 namespace zqcameralib {
 
-class ZQDiscovery::Impl { };
+class ZQDiscovery::Impl {
+public:
+    std::vector<CameraInfo> cameras;
+};
 
 ZQDiscovery::ZQDiscovery()
     : m_impl(std::make_unique<Impl>())
@@ -10,5 +15,21 @@ ZQDiscovery::ZQDiscovery()
 }
 
 ZQDiscovery::~ZQDiscovery() = default;
+
+std::vector<std::string> ZQDiscovery::interfaces()
+{
+    return { "GigEVision", "USB3Vision" };
+}
+
+std::vector<CameraInfo> ZQDiscovery::discover(const std::vector<std::string>& interfaces)
+{
+    m_impl->cameras = discoverCameras(interfaces);
+    return m_impl->cameras;
+}
+
+const std::vector<CameraInfo>& ZQDiscovery::cameras() const
+{
+    return m_impl->cameras;
+}
 
 } // namespace zqcameralib

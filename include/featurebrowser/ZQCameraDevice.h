@@ -26,6 +26,11 @@ public:
     /// The camera's features; owned by the device, empty until ZQCameraRepository::Load.
     ZQCameraRepository* GetRepository();
 
+    /// Finds a lost camera again (zqcameralib::ZQCamera::reconnect) and loads the repository, whose
+    /// records are then new ones. Returns 0 or a device error code; waits at most 1.2 s for the
+    /// camera.
+    int Reconnect();
+
     int SetIntegerValue(const char* name, long value, int flag) override;
     int GetIntegerValue(const char* name, long* value) override;
     int SetFloatValue(const char* name, double value) override;

@@ -1,0 +1,136 @@
+#include "Discovery.h"
+
+#include <arpa/inet.h>
+#include <ifaddrs.h>
+#include <net/if.h>
+#include <netinet/in.h>
+
+#include <algorithm>
+#include <mutex>
+
+namespace zqcameralib {
+
+namespace {
+
+// The library below keeps its lists in one place for all threads.
+std::mutex discoveryMutex;
+
+std::vector<CameraInfo>& lastFound()
+{
+    static std::vector<CameraInfo> found;
+    return found;
+}
+
+bool isIpv4(const std::string& text)
+{
+    in_addr address {};
+    return inet_pton(AF_INET, text.c_str(), &address) == 1;
+}
+
+in_addr_t addressOf(const sockaddr* address)
+{
+    return reinterpret_cast<const sockaddr_in*>(address)->sin_addr.s_addr;
+}
+
+/// Whether an interface of this computer is part of the network of `address`.
+bool isReachable(const std::string& address)
+{
+    in_addr device {};
+    ifaddrs* all = nullptr;
+    if (inet_pton(AF_INET, address.c_str(), &device) != 1 || getifaddrs(&all) != 0) {
+        return false;
+    }
+    bool reachable = false;
+    for (const ifaddrs* at = all; at != nullptr && !reachable; at = at->ifa_next) {
+        if (at->ifa_addr == nullptr || at->ifa_netmask == nullptr
+            || at->ifa_addr->sa_family != AF_INET || (at->ifa_flags & IFF_UP) == 0) {
+            continue;
+        }
+        const in_addr_t mask = addressOf(at->ifa_netmask);
+        reachable = (addressOf(at->ifa_addr) & mask) == (device.s_addr & mask);
+    }
+    freeifaddrs(all);
+    return reachable;
+}
+
+std::string textOf(const char* text)
+{
+    return text == nullptr ? std::string() : text;
+}
+
+void search(ArvInterface* interface, const std::string& protocol, std::vector<CameraInfo>& found)
+{
+    arv_interface_update_device_list(interface);
+    const unsigned count = arv_interface_get_n_devices(interface);
+    for (unsigned i = 0; i < count; ++i) {
+        CameraInfo camera;
+        camera.id = textOf(arv_interface_get_device_id(interface, i));
+        camera.vendor = textOf(arv_interface_get_device_vendor(interface, i));
+        camera.model = textOf(arv_interface_get_device_model(interface, i));
+        camera.serial = textOf(arv_interface_get_device_serial_nbr(interface, i));
+        camera.address = textOf(arv_interface_get_device_address(interface, i));
+        camera.protocol = protocol;
+        camera.reachable = protocol != "GigEVision" || isReachable(camera.address);
+        found.push_back(std::move(camera));
+    }
+}
+
+bool isWanted(const std::vector<std::string>& interfaces, const char* name)
+{
+    return interfaces.empty()
+        || std::find(interfaces.begin(), interfaces.end(), name) != interfaces.end();
+}
+
+bool lookUp(const std::string& id, CameraInfo& camera)
+{
+    const std::lock_guard<std::mutex> lock(discoveryMutex);
+    const std::vector<CameraInfo>& all = lastFound();
+    const auto found = std::find_if(
+        all.begin(), all.end(), [&id](const CameraInfo& known) { return known.id == id; });
+    if (found == all.end()) {
+        return false;
+    }
+    camera = *found;
+    return true;
+}
+
+} // namespace
+
+std::vector<CameraInfo> discoverCameras(const std::vector<std::string>& interfaces)
+{
+    const std::lock_guard<std::mutex> lock(discoveryMutex);
+    std::vector<CameraInfo> found;
+    if (isWanted(interfaces, "GigEVision")) {
+        search(arv_gv_interface_get_instance(), "GigEVision", found);
+    }
+    if (isWanted(interfaces, "USB3Vision")) {
+        search(arv_uv_interface_get_instance(), "USB3Vision", found);
+    }
+    lastFound() = found;
+    return found;
+}
+
+bool findCamera(const std::string& id, CameraPlace& place, std::string& error)
+{
+    if (isIpv4(id)) {
+        place = { "GigEVision", id };
+        return true;
+    }
+    CameraInfo camera;
+    if (!lookUp(id, camera)) {
+        discoverCameras({});
+        if (!lookUp(id, camera)) {
+            error = id + ": no such camera found";
+            return false;
+        }
+    }
+    if (!camera.reachable) {
+        error = id + ": the camera has the address " + camera.address
+            + ", which no network of this computer leads to";
+        return false;
+    }
+    place = { camera.protocol, camera.protocol == "GigEVision" ? camera.address : camera.id };
+    return true;
+}
+
+} // namespace zqcameralib
