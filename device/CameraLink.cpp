@@ -2,6 +2,7 @@
 
 #include "StatusCodes.h"
 
+#include <algorithm>
 #include <atomic>
 #include <utility>
 #include <vector>
@@ -12,6 +13,8 @@ namespace {
 
 /// A thread that has not come back from one access by then never will.
 constexpr std::chrono::milliseconds stuckAfter(6000);
+/// An access that takes longer has met a lost packet or a camera in trouble.
+constexpr std::chrono::milliseconds slowAccess(250);
 
 const char* const lostText = "the camera does not answer any more; reconnect to it";
 const char* const controlLostText
@@ -23,9 +26,8 @@ bool meansLoss(int code)
         || code == deviceErrorBase + ARV_DEVICE_ERROR_NOT_CONNECTED;
 }
 
-/// One access as the two threads share it.
-struct Transfer {
-    std::vector<std::uint8_t> bytes;
+/// How an access ended, as the two threads share it.
+struct Result {
     AccessError error;
     bool done = false;
 };
@@ -89,6 +91,7 @@ bool CameraLink::adopt(Attempt& attempt, std::string& error)
         return false;
     }
     m_loss = {};
+    m_slowTime = std::chrono::milliseconds(0);
     return true;
 }
 
@@ -155,27 +158,42 @@ bool CameraLink::runWithSession(
     return true;
 }
 
+bool CameraLink::transfer(
+    std::function<bool(CameraSession&, AccessError&)> access, AccessError& error)
+{
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point start = Clock::now();
+    auto result = std::make_shared<Result>();
+    const auto task = [result, access = std::move(access)](CameraSession& session) {
+        result->done = access(session, result->error);
+    };
+    if (!runWithSession(task, accessLimit - m_slowTime, error)) {
+        return false;
+    }
+    const auto taken = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+    m_slowTime = taken > slowAccess ? m_slowTime + taken : std::chrono::milliseconds(0);
+    if ((!result->done && meansLoss(result->error.code)) || m_slowTime >= accessLimit) {
+        lose(cameraLost, lostText);
+        error = m_loss;
+        return false;
+    }
+    if (!result->done) {
+        error = result->error;
+    }
+    return result->done;
+}
+
 bool CameraLink::read(std::uint64_t address, std::uint8_t* buffer, std::size_t size,
     AccessKind kind, AccessError& error)
 {
-    auto transfer = std::make_shared<Transfer>();
-    transfer->bytes.resize(size);
-    const auto access = [transfer, address, kind](CameraSession& session) {
-        transfer->done = session.read(
-            address, transfer->bytes.data(), transfer->bytes.size(), kind, transfer->error);
+    auto bytes = std::make_shared<std::vector<std::uint8_t>>(size);
+    const auto access = [bytes, address, kind](CameraSession& session, AccessError& failure) {
+        return session.read(address, bytes->data(), bytes->size(), kind, failure);
     };
-    if (!runWithSession(access, accessLimit, error)) {
+    if (!transfer(access, error)) {
         return false;
     }
-    if (!transfer->done) {
-        error = transfer->error;
-        if (meansLoss(error.code)) {
-            lose(cameraLost, lostText);
-            error = m_loss;
-        }
-        return false;
-    }
-    std::copy(transfer->bytes.begin(), transfer->bytes.end(), buffer);
+    std::copy(bytes->begin(), bytes->end(), buffer);
     return true;
 }
 
@@ -186,24 +204,17 @@ bool CameraLink::write(std::uint64_t address, const std::uint8_t* buffer, std::s
         error = { accessDenied, m_place.address + ": opened for reading only" };
         return false;
     }
-    auto transfer = std::make_shared<Transfer>();
-    transfer->bytes.assign(buffer, buffer + size);
-    const auto access = [transfer, address, kind](CameraSession& session) {
-        transfer->done = session.write(
-            address, transfer->bytes.data(), transfer->bytes.size(), kind, transfer->error);
+    const std::vector<std::uint8_t> bytes(buffer, buffer + size);
+    const auto access = [bytes, address, kind](CameraSession& session, AccessError& failure) {
+        return session.write(address, bytes.data(), bytes.size(), kind, failure);
     };
-    if (!runWithSession(access, accessLimit, error)) {
-        return false;
+    const bool done = transfer(access, error);
+    // A camera does not tell when another application, or a restart, has taken its control away.
+    if (!done && error.code == deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED) {
+        lose(cameraLost, controlLostText);
+        error = m_loss;
     }
-    if (!transfer->done) {
-        error = transfer->error;
-        if (meansLoss(error.code)) {
-            lose(cameraLost, lostText);
-            error = m_loss;
-        }
-        return false;
-    }
-    return true;
+    return done;
 }
 
 bool CameraLink::reconnect(std::string& error)

@@ -16,7 +16,8 @@ namespace zqcameralib {
 /// again. One thread at a time; destroying it does not wait for a camera that is lost.
 class CameraLink : public RegisterBackend {
 public:
-    /// One lost packet costs 0.5 s, so that an access with two of them still succeeds.
+    /// One lost packet costs 0.5 s, so that an access with two of them still succeeds. Slow
+    /// accesses in a row share it: a camera that answers everything late is lost as well.
     static constexpr std::chrono::milliseconds accessLimit { 1200 };
     /// Opening reads the whole description.
     static constexpr std::chrono::milliseconds openLimit { 15000 };
@@ -47,6 +48,7 @@ private:
     struct Attempt;
 
     CameraLink(CameraPlace place, CameraAccess access);
+    bool transfer(std::function<bool(CameraSession&, AccessError&)> access, AccessError& error);
     void lose(int code, const std::string& message);
     static void attempt(const std::shared_ptr<Attempt>& attempt);
     bool adopt(Attempt& attempt, std::string& error);
@@ -58,6 +60,7 @@ private:
     std::shared_ptr<CameraSession> m_session;
     std::shared_ptr<Attempt> m_attempt; ///< to reconnect, while it runs
     std::string m_description;
+    std::chrono::milliseconds m_slowTime { 0 }; ///< of the slow accesses in a row, up to now
     AccessError m_loss; ///< code 0 while the camera is there
     bool m_isReadOnly = false;
 };
