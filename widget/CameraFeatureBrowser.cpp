@@ -42,25 +42,31 @@ class CameraFeatureBrowser::Impl {
 public:
     QPointer<BrowserWindow> window;
 
-    FeatureRow* find(const std::string& name) const
+    template <typename Use> void with(Use&& use) const
     {
-        return window ? window->model().find(name) : nullptr;
+        if (BrowserWindow* present = window.data())
+            use(*present);
+    }
+    template <typename Use> void withRow(const std::string& name, Use&& use) const
+    {
+        BrowserWindow* present = window.data();
+        FeatureRow* row = present != nullptr ? present->model().find(name) : nullptr;
+        if (row != nullptr)
+            use(*present, *row);
     }
     void add(const std::string& category, std::unique_ptr<FeatureRow> row) const
     {
-        if (window)
-            window->model().addFeature(category, std::move(row));
+        with([&](BrowserWindow& present) { present.model().addFeature(category, std::move(row)); });
     }
-    void updated(FeatureRow& row, int changes) const { window->updated(row, changes); }
     void show(Qt::WindowType type, IEventFeatureReceiver* receiver, int width, int height,
         const std::vector<int>& columns, const std::map<std::string, FEATURE_STATE>& states) const
     {
-        if (!window)
-            return;
-        window->events().setReceiver(receiver);
-        window->model().setStates(states);
-        window->applySizes(width, height, columns);
-        window->present(type);
+        with([&](BrowserWindow& present) {
+            present.events().setReceiver(receiver);
+            present.model().setStates(states);
+            present.applySizes(width, height, columns);
+            present.present(type);
+        });
     }
 };
 
@@ -82,8 +88,7 @@ void CameraFeatureBrowser::addCategory(std::string name, TYPE_LEVEL level)
 
 void CameraFeatureBrowser::addSubCategory(std::string parent, std::string name, TYPE_LEVEL level)
 {
-    if (m_impl->window)
-        m_impl->window->model().addCategory(parent, name, level);
+    m_impl->with([&](BrowserWindow& window) { window.model().addCategory(parent, name, level); });
 }
 
 void CameraFeatureBrowser::addIntFeature(std::string category, std::string name, long value,
@@ -143,85 +148,82 @@ void CameraFeatureBrowser::addCommandFeature(std::string category, std::string n
 void CameraFeatureBrowser::modifyFeature(
     std::string name, long value, long min, long max, unsigned int inc, bool readOnly, bool flag)
 {
-    if (FeatureRow* row = m_impl->find(name))
-        m_impl->updated(*row,
-            m_impl->window->model().setInteger(*row, { value, min, max, inc }, readOnly, flag));
+    m_impl->withRow(name, [&](BrowserWindow& window, FeatureRow& row) {
+        const IntegerValue integer { value, min, max, inc };
+        window.updated(row, window.model().setInteger(row, integer, readOnly, flag));
+    });
 }
 
 void CameraFeatureBrowser::modifyFeature(
     std::string name, double value, double min, double max, double inc, bool readOnly, bool flag)
 {
-    if (FeatureRow* row = m_impl->find(name))
-        m_impl->updated(
-            *row, m_impl->window->model().setFloat(*row, { value, min, max, inc }, readOnly, flag));
+    m_impl->withRow(name, [&](BrowserWindow& window, FeatureRow& row) {
+        const FloatValue number { value, min, max, inc };
+        window.updated(row, window.model().setFloat(row, number, readOnly, flag));
+    });
 }
 
 void CameraFeatureBrowser::modifyFeature(std::string name, std::string value, CAM_TYPE_VALUE kind,
     std::list<std::string> entries, bool readOnly, bool flag)
 {
-    FeatureRow* row = m_impl->find(name);
-    if (row == nullptr)
-        return;
-    FeatureModel& model = m_impl->window->model();
-    if (isChoice(*row)) {
-        ChoiceValue choice { indexFromText(value), toVector(std::move(entries)) };
-        m_impl->updated(*row, model.setChoice(*row, std::move(choice), readOnly, flag));
-        return;
-    }
-    if (isPlainText(*row))
-        model.setKind(
-            *row, kind == CAM_TYPE_READ_ONLY_STRING ? RowKind::ReadOnlyText : RowKind::Text);
-    m_impl->updated(*row, model.setText(*row, std::move(value), readOnly, flag));
+    m_impl->withRow(name, [&](BrowserWindow& window, FeatureRow& row) {
+        FeatureModel& model = window.model();
+        if (isChoice(row)) {
+            ChoiceValue choice { indexFromText(value), toVector(std::move(entries)) };
+            window.updated(row, model.setChoice(row, std::move(choice), readOnly, flag));
+            return;
+        }
+        if (isPlainText(row))
+            model.setKind(
+                row, kind == CAM_TYPE_READ_ONLY_STRING ? RowKind::ReadOnlyText : RowKind::Text);
+        window.updated(row, model.setText(row, std::move(value), readOnly, flag));
+    });
 }
 
 void CameraFeatureBrowser::setDefaultValue(std::string name, long value, std::string message)
 {
-    FeatureRow* row = m_impl->find(name);
-    if (row == nullptr)
-        return;
-    if (const auto* current = std::get_if<IntegerValue>(&row->value)) {
-        IntegerValue reset = *current;
-        reset.value = value;
-        m_impl->updated(*row, m_impl->window->model().setInteger(*row, reset, row->readOnly, true));
-    }
-    m_impl->window->writer().showMessage(name, toText(message));
+    m_impl->withRow(name, [&](BrowserWindow& window, FeatureRow& row) {
+        if (const auto* current = std::get_if<IntegerValue>(&row.value)) {
+            IntegerValue reset = *current;
+            reset.value = value;
+            window.updated(row, window.model().setInteger(row, reset, row.readOnly, true));
+        }
+        window.writer().showMessage(name, toText(message));
+    });
 }
 
 void CameraFeatureBrowser::setDefaultValue(std::string name, double value, std::string message)
 {
-    FeatureRow* row = m_impl->find(name);
-    if (row == nullptr)
-        return;
-    if (const auto* current = std::get_if<FloatValue>(&row->value)) {
-        FloatValue reset = *current;
-        reset.value = value;
-        m_impl->updated(*row, m_impl->window->model().setFloat(*row, reset, row->readOnly, true));
-    }
-    m_impl->window->writer().showMessage(name, toText(message));
+    m_impl->withRow(name, [&](BrowserWindow& window, FeatureRow& row) {
+        if (const auto* current = std::get_if<FloatValue>(&row.value)) {
+            FloatValue reset = *current;
+            reset.value = value;
+            window.updated(row, window.model().setFloat(row, reset, row.readOnly, true));
+        }
+        window.writer().showMessage(name, toText(message));
+    });
 }
 
 void CameraFeatureBrowser::setItemDescription(std::string name, std::string text)
 {
-    if (FeatureRow* row = m_impl->find(name))
-        m_impl->window->setDescription(*row, std::move(text));
+    m_impl->withRow(name, [&](BrowserWindow& window, FeatureRow& row) {
+        window.setDescription(row, std::move(text));
+    });
 }
 
 void CameraFeatureBrowser::modifyFeatureStates(std::map<std::string, FEATURE_STATE>& states)
 {
-    if (m_impl->window)
-        m_impl->window->model().setStates(states);
+    m_impl->with([&](BrowserWindow& window) { window.model().setStates(states); });
 }
 
 void CameraFeatureBrowser::setNumberOfSteps(int steps)
 {
-    if (m_impl->window)
-        m_impl->window->setSliderSteps(steps);
+    m_impl->with([&](BrowserWindow& window) { window.setSliderSteps(steps); });
 }
 
 void CameraFeatureBrowser::setVisibility(TYPE_LEVEL level)
 {
-    if (m_impl->window)
-        m_impl->window->setLevel(level);
+    m_impl->with([&](BrowserWindow& window) { window.setLevel(level); });
 }
 
 void CameraFeatureBrowser::showDialog(IEventFeatureReceiver* receiver, int width, int height,
@@ -238,37 +240,35 @@ void CameraFeatureBrowser::showStandalone(IEventFeatureReceiver* receiver, int w
 
 void CameraFeatureBrowser::showDialog()
 {
-    if (m_impl->window)
-        m_impl->window->present(
-            m_impl->window->windowType() == Qt::Window ? Qt::Window : Qt::Dialog);
+    m_impl->with([](BrowserWindow& window) {
+        window.present(window.windowType() == Qt::Window ? Qt::Window : Qt::Dialog);
+    });
 }
 
 void CameraFeatureBrowser::hideDialog()
 {
-    if (m_impl->window)
-        m_impl->window->hide();
+    m_impl->with([](BrowserWindow& window) { window.hide(); });
 }
 
 void CameraFeatureBrowser::closeDialog()
 {
-    if (m_impl->window)
-        m_impl->window->close();
+    m_impl->with([](BrowserWindow& window) { window.close(); });
 }
 
 bool CameraFeatureBrowser::isVisible()
 {
-    return m_impl->window && m_impl->window->isVisible();
+    const BrowserWindow* window = m_impl->window.data();
+    return window != nullptr && window->isVisible();
 }
 
 QWidget* CameraFeatureBrowser::GetWidget()
 {
-    return m_impl->window;
+    return m_impl->window.data();
 }
 
 void CameraFeatureBrowser::clearFeatureItems()
 {
-    if (m_impl->window)
-        m_impl->window->clear();
+    m_impl->with([](BrowserWindow& window) { window.clear(); });
 }
 
 } // namespace featurebrowser

@@ -59,31 +59,32 @@ void FeatureDelegate::updateEditorGeometry(
 
 void FeatureDelegate::rowChanged(const FeatureRow& row)
 {
-    if (!m_editor || m_editor->rowName() != row.name)
+    RowEditor* open = editor();
+    if (open == nullptr || open->rowName() != row.name)
         return;
     if (row.isEditable())
-        m_editor->update(row);
+        open->update(row);
     else
         revert();
 }
 
 void FeatureDelegate::revert()
 {
-    if (m_editor)
-        close(m_editor);
+    if (RowEditor* open = editor())
+        close(open);
 }
 
 void FeatureDelegate::finish()
 {
-    if (m_editor)
-        editorLeft(m_editor, Leave::FocusLost);
+    if (RowEditor* open = editor())
+        editorLeft(open, Leave::FocusLost);
 }
 
 void FeatureDelegate::close(RowEditor* editor)
 {
     editor->finish();
-    if (m_editor == editor)
-        m_editor.clear();
+    if (this->editor() == editor)
+        m_editor = nullptr;
     Q_EMIT closeEditor(editor, NoHint);
 }
 

@@ -19,7 +19,7 @@ public:
 
     void setSliderSteps(int steps) { m_sliderSteps = steps; }
     /// The open editor; null when there is none.
-    RowEditor* editor() const { return m_editor; }
+    RowEditor* editor() const { return m_editor.data(); }
     /// Brings the open editor in line with its row, which has changed.
     void rowChanged(const FeatureRow& row);
     /// Ends the open edit, if any, without writing.
