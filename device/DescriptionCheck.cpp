@@ -54,12 +54,11 @@ bool parseInteger(std::string_view text, std::int64_t& value)
 /// An integer child: `fallback` when absent; -1 when it is no number.
 std::int64_t integerChild(const pugi::xml_node& element, const char* tag, std::int64_t fallback)
 {
-    const std::string_view text = childText(element, tag);
     std::int64_t value = 0;
-    if (text.empty()) {
+    if (!element.child(tag)) {
         return fallback;
     }
-    return parseInteger(text, value) ? value : -1;
+    return parseInteger(childText(element, tag), value) ? value : -1;
 }
 
 bool isPossibleLength(std::string_view kind, std::int64_t length)
@@ -100,6 +99,25 @@ std::string registerFault(const Description& description, const DescriptionNode&
     return {};
 }
 
+/// What holds the value of a node that is neither a register nor a formula.
+std::string sourceFault(const DescriptionNode& node)
+{
+    if (isRegister(node.kind) || isOneOf(node.kind, { "IntSwissKnife", "SwissKnife" })) {
+        return {};
+    }
+    const bool isConverter = isOneOf(node.kind, { "IntConverter", "Converter" });
+    const pugi::xml_node& element = node.element;
+    const bool hasSource = element.child("pValue")
+        || (!isConverter
+            && (element.child("Value") || element.child("ValueIndexed")
+                || element.child("pValueIndexed")));
+    if (node.kind == "Command" && !element.child("CommandValue")
+        && !element.child("pCommandValue")) {
+        return "it has no value to write";
+    }
+    return hasSource ? "" : "it has no value";
+}
+
 std::string formulaFault(const DescriptionNode& node)
 {
     for (const char* tag : { "Formula", "FormulaTo", "FormulaFrom" }) {
@@ -138,7 +156,8 @@ std::string ownFault(const Description& description, const DescriptionNode& node
     if (node.name.size() > maxNameLength) {
         return "its name is too long";
     }
-    std::string fault = isRegister(node.kind) ? registerFault(description, node) : "";
+    std::string fault
+        = isRegister(node.kind) ? registerFault(description, node) : sourceFault(node);
     fault = fault.empty() ? formulaFault(node) : fault;
     return fault.empty() ? referenceFault(description, node) : fault;
 }

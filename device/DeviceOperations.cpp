@@ -18,6 +18,25 @@ namespace {
 /// Longest time between two looks at a command that is not done.
 constexpr std::chrono::milliseconds maxPause(50);
 
+/// Whether the node map's node is of the kind that the operations on a type take.
+bool holds(const Feature& feature, std::uint8_t type)
+{
+    switch (type) {
+    case FEATURE_INTEGER:
+        return ARV_IS_GC_INTEGER(feature.gc);
+    case FEATURE_FLOAT:
+        return ARV_IS_GC_FLOAT(feature.gc);
+    case FEATURE_STRING:
+        return ARV_IS_GC_STRING(feature.gc);
+    case FEATURE_ENUMERATION:
+        return ARV_IS_GC_ENUMERATION(feature.gc);
+    case FEATURE_BOOLEAN:
+        return ARV_IS_GC_BOOLEAN(feature.gc);
+    default:
+        return ARV_IS_GC_COMMAND(feature.gc);
+    }
+}
+
 bool isOnGrid(std::int64_t value, std::int64_t minimum, std::int64_t increment)
 {
     const std::uint64_t distance
@@ -95,8 +114,10 @@ const Feature* DeviceOperations::lookup(const char* name, std::uint8_t type)
         fail(wrongKind, feature->name + ": holds another kind of value");
         return nullptr;
     }
-    if (feature->gc == nullptr) {
-        fail(notReadable, feature->name + ": cannot be used, " + feature->node->broken);
+    if (feature->gc == nullptr || !holds(*feature, type)) {
+        fail(notReadable,
+            feature->name + ": cannot be used, "
+                + (feature->node->isBroken() ? feature->node->broken : "it is raw data"));
         return nullptr;
     }
     return feature;

@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cstdlib>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace zqcameralib {
 
@@ -215,10 +216,14 @@ std::vector<EnumEntry> enumEntries(ArvGcEnumeration* enumeration, const Descript
 
 void markConditionalEntries(std::vector<EnumEntry>& entries, const DescriptionNode& node)
 {
+    std::unordered_set<std::string_view> conditional;
+    for (const pugi::xml_node& entry : node.element.children("EnumEntry")) {
+        if (entry.child("pIsImplemented") || entry.child("pIsAvailable")) {
+            conditional.insert(entry.attribute("Name").value());
+        }
+    }
     for (EnumEntry& entry : entries) {
-        const pugi::xml_node element
-            = node.element.find_child_by_attribute("EnumEntry", "Name", entry.name.c_str());
-        entry.isConditional = element.child("pIsImplemented") || element.child("pIsAvailable");
+        entry.isConditional = conditional.count(entry.name) != 0;
     }
 }
 

@@ -83,10 +83,10 @@ std::string guardedInteger(char sign, const std::string& divisor)
 }
 
 /// The same with an operand that may be 0.
-std::string guardedFloat(char sign, const std::string& divisor)
+std::string guardedFloat(const std::string& divisor)
 {
     const std::string isZero = "(" + divisor + "=0)";
-    return sign + ("(" + divisor + "+" + isZero + "+SQRT(0-" + isZero + "))");
+    return "/(" + divisor + "+" + isZero + "+SQRT(0-" + isZero + "))";
 }
 
 } // namespace
@@ -102,8 +102,9 @@ std::string guardDivisions(std::string_view formula, FormulaKind kind)
             guarded += formula.substr(at, end - at);
         } else {
             const std::string divisor = "(" + guardDivisions(operand, kind) + ")";
-            guarded += kind == FormulaKind::Integer ? guardedInteger(c, divisor)
-                                                    : guardedFloat(c, divisor);
+            // The remainder is an integer one in every formula.
+            guarded += kind == FormulaKind::Integer || c == '%' ? guardedInteger(c, divisor)
+                                                                : guardedFloat(divisor);
         }
         at = end;
         if (guarded.size() > maxGuardedLength) {

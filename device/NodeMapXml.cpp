@@ -37,6 +37,14 @@ const std::unordered_set<std::string_view>& evaluatedReferences()
     return tags;
 }
 
+bool isOnce(std::string_view tag)
+{
+    static const std::unordered_set<std::string_view> many { "Address", "pAddress", "pVariable",
+        "Constant", "Expression", "ValueIndexed", "pValueIndexed", "EnumEntry", "IntSwissKnife",
+        "SwissKnife", "pIndex" };
+    return many.count(tag) == 0;
+}
+
 bool isFormula(std::string_view tag)
 {
     return tag == "Formula" || tag == "FormulaTo" || tag == "FormulaFrom" || tag == "Expression";
@@ -159,15 +167,22 @@ private:
 
     void copyChildren(const pugi::xml_node& source, pugi::xml_node& target)
     {
+        std::unordered_set<std::string_view> written;
         for (const pugi::xml_node& child : source.children()) {
             const std::string_view tag = child.name();
+            // Of several where one has a meaning, the first counts here and the last below.
+            if ((isOnce(tag) && !written.insert(tag).second)
+                || (tag == "Length" && source.child("pLength"))) {
+                continue;
+            }
             if (tag == "pLength") {
                 copyLength(source, child, target);
             } else if (evaluatedReferences().count(tag) != 0) {
                 copyReference(child, target);
             } else if (evaluatedTags().count(tag) != 0) {
                 copyText(child, target);
-            } else if (tag == "EnumEntry" || tag == "IntSwissKnife" || tag == "SwissKnife") {
+            } else if ((tag == "EnumEntry" && child.child("Value")) || tag == "IntSwissKnife"
+                || tag == "SwissKnife") {
                 copyElement(child, target);
             }
         }

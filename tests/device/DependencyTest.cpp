@@ -32,13 +32,16 @@ TestCamera makeCamera()
               "<IntSwissKnife Name=\"SelOffset\"><pVariable Name=\"S\">SelReg</pVariable>"
               "<Formula>S*4</Formula></IntSwissKnife>"
               "<Integer Name=\"Gain\"><pValue>GainReg</pValue></Integer>"
-              "<Command Name=\"UserSetLoad\"><pValue>Lone</pValue></Command>"
+              "<Command "
+              "Name=\"UserSetLoad\"><pValue>Lone</pValue><CommandValue>1</CommandValue></Command>"
               "<MaskedIntReg Name=\"Low\"><Address>32</Address><Length>4</Length><LSB>0</LSB>"
               "<MSB>7</MSB><AccessMode>RW</AccessMode><pPort>Device</pPort></MaskedIntReg>"
               "<IntReg Name=\"High\"><Address>34</Address><Length>2</Length><AccessMode>RW"
               "</AccessMode><pPort>Device</pPort></IntReg>"
               "<Integer Name=\"TLParamsLocked\"><Value>0</Value></Integer>"
-              "<Command Name=\"AcquisitionStart\"><pValue>StartReg</pValue></Command>"
+              "<Command "
+              "Name=\"AcquisitionStart\"><pValue>StartReg</pValue><CommandValue>1</CommandValue></"
+              "Command>"
             + intReg("StartReg", 48)
             + intReg("Locked", 52, element("pIsLocked", "TLParamsLocked")));
 }

@@ -1,0 +1,81 @@
+#include "HostileDescriptions.h"
+#include "TestCamera.h"
+
+#include <sys/resource.h>
+
+#include <chrono>
+
+using namespace featurebrowser;
+
+namespace {
+
+std::string criticalMessages;
+
+void keepMessage(const char*, GLogLevelFlags level, const char* message, gpointer)
+{
+    if ((level & (G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_ERROR)) != 0) {
+        criticalMessages += std::string(message) + "\n";
+    }
+}
+
+/// Whatever a browser does with a camera, on every feature.
+void useEverything(TestCamera& camera)
+{
+    int left = 2000; // per description
+    for (const auto& item : camera.repository.GetFeatureList()) {
+        const char* name = item->name.c_str();
+        if (item->type == FEATURE_CATEGORY || --left < 0) {
+            continue;
+        }
+        camera.port.invalidate();
+        camera.repository.ReadFeature(item);
+        camera.device.SetIntegerValue(name, item->intMin, 1);
+        camera.device.SetFloatValue(name, item->floatMin);
+        camera.device.SetStringValue(name, "text");
+        camera.device.SetBooleanValue(name, 1);
+        camera.device.SetEnumValue(
+            name, item->enumEntries.empty() ? "" : item->enumEntries.front().c_str(), 0);
+        camera.device.ExecuteCommand(name, 1);
+        if (left > 1900) {
+            camera.repository.GetInvalidatedFeatures(name);
+            camera.repository.GetSelectedFeatures(name);
+        }
+    }
+}
+
+TEST(HostileDescriptions, AreRefusedInOneLineOrToleratedQuietly)
+{
+    using Clock = std::chrono::steady_clock;
+    g_log_set_default_handler(keepMessage, nullptr);
+    const std::vector<HostileDescription> all = hostileDescriptions();
+    ASSERT_GT(all.size(), 200U);
+    std::size_t refused = 0;
+    double slowest = 0.0;
+    std::string slowestName;
+    for (const HostileDescription& description : all) {
+        criticalMessages.clear();
+        std::string error;
+        const Clock::time_point start = Clock::now();
+        auto impl = zqcameralib::openDescription(description.text, error);
+        if (!impl) {
+            ++refused;
+            EXPECT_FALSE(error.empty()) << description.name;
+            EXPECT_EQ(error.find('\n'), std::string::npos) << description.name;
+        } else {
+            TestCamera camera(std::make_unique<zqcameralib::ZQCamera>(std::move(impl)));
+            const double taken = std::chrono::duration<double>(Clock::now() - start).count();
+            slowestName = taken > slowest ? description.name : slowestName;
+            slowest = std::max(slowest, taken);
+            useEverything(camera);
+        }
+        EXPECT_EQ(criticalMessages, "") << description.name;
+    }
+    g_log_set_default_handler(g_log_default_handler, nullptr);
+    rusage usage {};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf(
+        "%zu descriptions, %zu refused; slowest open and load %.3f s (%s), at most %ld MB\n",
+        all.size(), refused, slowest, slowestName.c_str(), usage.ru_maxrss / 1024);
+}
+
+} // namespace
