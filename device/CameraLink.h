@@ -44,6 +44,9 @@ public:
     bool runWithSession(std::function<void(CameraSession&)> task, std::chrono::milliseconds limit,
         AccessError& error);
 
+    /// Runs `task` on the access thread without waiting, also when the camera is lost.
+    void post(std::function<void()> task) { m_thread->post(std::move(task)); }
+
 private:
     struct Attempt;
 

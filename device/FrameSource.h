@@ -1,0 +1,38 @@
+#pragma once
+
+#include "featurebrowser/ZQAcquisition.h"
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+namespace zqcameralib {
+
+/// What images look like at the start of an acquisition.
+struct ImageFormat {
+    std::int64_t width = 0;
+    std::int64_t height = 0;
+    std::uint32_t pixelFormat = 0;
+    std::size_t payload = 0; ///< bytes of one image
+    double framesPerSecond = 0.0;
+    std::uint64_t frameLimit = 0; ///< 0: until it is stopped
+};
+
+/// Where frames come from. Used by one acquisition: next() on its thread, the rest before and
+/// after.
+class FrameSource {
+public:
+    enum class Outcome { Complete, Incomplete, Nothing };
+
+    FrameSource() = default;
+    FrameSource(const FrameSource&) = delete;
+    FrameSource& operator=(const FrameSource&) = delete;
+    virtual ~FrameSource() = default;
+
+    /// Waits a short while for the next frame, which is valid until the next call.
+    virtual Outcome next(featurebrowser::ZQFrame& frame) = 0;
+    /// Frames not received so far.
+    virtual std::uint64_t lost() const = 0;
+};
+
+} // namespace zqcameralib

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "FrameSource.h"
+
+#include <vector>
+
+namespace zqcameralib {
+
+/// Moving images of a camera that exists in process only, at its frame rate.
+class SimulatedFrames : public FrameSource {
+public:
+    explicit SimulatedFrames(const ImageFormat& format);
+
+    Outcome next(featurebrowser::ZQFrame& frame) override;
+    std::uint64_t lost() const override { return m_lost; }
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    void draw(std::uint64_t number);
+
+    ImageFormat m_format;
+    Clock::duration m_period;
+    Clock::time_point m_start;
+    std::uint64_t m_number = 0; ///< of the next frame
+    std::uint64_t m_delivered = 0;
+    std::uint64_t m_lost = 0;
+    std::vector<std::uint8_t> m_image;
+};
+
+} // namespace zqcameralib

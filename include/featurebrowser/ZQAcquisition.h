@@ -1,0 +1,74 @@
+#pragma once
+
+#include "Export.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace zqcameralib {
+class ZQCamera;
+} // namespace zqcameralib
+
+namespace featurebrowser {
+
+class ICameraDevice;
+
+/// One image as it arrives. The data belongs to the acquisition and is valid only during the call
+/// that hands it out.
+struct ZQFrame {
+    const std::uint8_t* data = nullptr;
+    std::size_t size = 0; ///< bytes of data
+    int width = 0; ///< pixels
+    int height = 0; ///< pixels
+    std::uint32_t pixelFormat = 0; ///< PFNC code, for example 0x01080001 for Mono8
+    std::uint64_t frameId = 0; ///< as the camera counts
+    std::uint64_t timestampNs = 0; ///< camera's clock, nanoseconds
+    std::uint64_t systemTimestampNs = 0; ///< this computer's clock, nanoseconds since 1970
+};
+
+/// What happened to the frames since start().
+struct ZQFrameCounters {
+    std::uint64_t delivered = 0; ///< handed out
+    std::uint64_t incomplete = 0; ///< arrived with data missing; not handed out
+    std::uint64_t lost = 0; ///< not received at all, for example because no buffer was free
+};
+
+/// Starts and stops a camera's image acquisition and hands its frames out on a thread of its own.
+///
+/// Uses the device's commands, so that ICameraDevice::IsGrabbing and the features that are locked
+/// while images are acquired follow. start() and stop() belong to the thread that drives the
+/// device; counters() and isRunning() to any. A simulated camera makes up moving images of its
+/// size, pixel format and frame rate.
+class ZQ_EXPORT ZQAcquisition {
+public:
+    /// Called with each complete frame, on the acquisition's thread. It may take its time: frames
+    /// that find no free buffer meanwhile are lost. It may not throw, nor call stop().
+    using FrameHandler = std::function<void(const ZQFrame&)>;
+
+    /// Neither pointer is owned or may be null; both have to outlive this. `device` is the one
+    /// built over `camera`.
+    ZQAcquisition(zqcameralib::ZQCamera* camera, ICameraDevice* device);
+    ZQAcquisition(const ZQAcquisition&) = delete;
+    ZQAcquisition& operator=(const ZQAcquisition&) = delete;
+    /// Stops.
+    ~ZQAcquisition();
+
+    /// Makes `buffers` buffers (2 to 1000) for the present image size and starts. Returns 0 or a
+    /// device error code (ICameraDevice::GetErrorText); already running is not an error and
+    /// changes nothing.
+    int start(FrameHandler handler, int buffers = 8);
+    /// Stops; when it returns, the handler is not running and will not be called again. Returns 0
+    /// or the error of the camera's stop command; the acquisition has ended in any case. Does not
+    /// wait for a camera that is lost.
+    int stop();
+    bool isRunning() const;
+    ZQFrameCounters counters() const;
+
+private:
+    class Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+} // namespace featurebrowser

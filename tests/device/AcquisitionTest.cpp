@@ -1,0 +1,94 @@
+#include "StatusCodes.h"
+#include "TestCamera.h"
+
+#include "featurebrowser/ZQAcquisition.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+using namespace featurebrowser;
+
+namespace {
+
+/// Lets a test wait for frames.
+class Frames {
+public:
+    ZQAcquisition::FrameHandler handler()
+    {
+        return [this](const ZQFrame& frame) {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_last = frame;
+            m_firstByte = frame.size == 0 ? 0 : frame.data[0];
+            m_thread = std::this_thread::get_id();
+            ++m_count;
+            m_arrived.notify_all();
+        };
+    }
+    void waitFor(int count)
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_arrived.wait_for(lock, std::chrono::seconds(10), [&] { return m_count >= count; });
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_arrived;
+    ZQFrame m_last;
+    int m_firstByte = 0;
+    int m_count = 0;
+    std::thread::id m_thread;
+};
+
+TEST(Acquisition, DeliversImagesOfTheCamerasSizeOnAThreadOfItsOwn)
+{
+    TestCamera camera(TestCamera::simulated());
+    ASSERT_EQ(camera.device.SetIntegerValue("Width", 64, 1), STATUS_OK);
+    ASSERT_EQ(camera.device.SetIntegerValue("Height", 32, 1), STATUS_OK);
+    long payload = 0;
+    camera.device.GetIntegerValue("PayloadSize", &payload);
+    ZQAcquisition acquisition(camera.camera.get(), &camera.device);
+    Frames frames;
+
+    ASSERT_EQ(acquisition.start(frames.handler()), STATUS_OK);
+    EXPECT_EQ(acquisition.start(frames.handler()), STATUS_OK);
+    EXPECT_NE(camera.device.IsGrabbing(), 0);
+    EXPECT_EQ(camera.device.SetIntegerValue("Width", 128, 1), zqcameralib::featureLocked);
+    frames.waitFor(3);
+    EXPECT_EQ(acquisition.stop(), STATUS_OK);
+    EXPECT_EQ(camera.device.IsGrabbing(), 0);
+    EXPECT_FALSE(acquisition.isRunning());
+
+    const int count = frames.m_count;
+    EXPECT_GE(count, 3);
+    EXPECT_EQ(acquisition.counters().delivered, static_cast<std::uint64_t>(count));
+    EXPECT_EQ(frames.m_last.width, 64);
+    EXPECT_EQ(frames.m_last.height, 32);
+    EXPECT_EQ(frames.m_last.size, static_cast<std::size_t>(payload));
+    EXPECT_EQ(frames.m_last.pixelFormat, 0x01080001U);
+    EXPECT_EQ(frames.m_firstByte, static_cast<int>((frames.m_last.frameId - 1) & 0xFFU));
+    EXPECT_NE(frames.m_thread, std::this_thread::get_id());
+    EXPECT_EQ(camera.device.SetIntegerValue("Width", 128, 1), STATUS_OK);
+}
+
+TEST(Acquisition, EndsByItselfAfterTheFramesAskedFor)
+{
+    TestCamera camera(TestCamera::simulated());
+    ASSERT_EQ(camera.device.SetEnumValue("AcquisitionMode", "SingleFrame", 0), STATUS_OK);
+    ZQAcquisition acquisition(camera.camera.get(), &camera.device);
+    Frames frames;
+    ASSERT_EQ(acquisition.start(frames.handler()), STATUS_OK);
+    frames.waitFor(1);
+    std::this_thread::sleep_for(std::chrono::milliseconds(150));
+    EXPECT_EQ(frames.m_count, 1);
+}
+
+TEST(Acquisition, WithoutAnImageSizeIsRefused)
+{
+    TestCamera camera("A", intReg("A", 0));
+    ZQAcquisition acquisition(camera.camera.get(), &camera.device);
+    EXPECT_EQ(acquisition.start(nullptr), zqcameralib::noImage);
+    EXPECT_FALSE(acquisition.isRunning());
+    EXPECT_EQ(acquisition.stop(), STATUS_OK);
+}
+
+} // namespace
