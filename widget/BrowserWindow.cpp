@@ -28,13 +28,15 @@ BrowserWindow::BrowserWindow(QWidget* parent)
     if (parent != nullptr)
         setWindowFlags(Qt::Dialog); // a window of its own until an application embeds it
     setWindowTitle(tr("Camera features"));
-    makeTree();
-    makeFilterBar();
+    // In the order in which Tab goes through them.
+    m_filterBar = new FilterBar(this);
     m_watch = new WatchStrip(m_model, this);
+    makeTree();
     m_changes = new ChangeStrip(m_model, this);
     m_description = new DescriptionPane(this);
     arrange();
     connectTree();
+    connectFilterBar();
     makeShortcuts();
     connect(m_watch, &WatchStrip::pinsChanged, this, &BrowserWindow::favouritesChanged);
     connect(m_changes, &ChangeStrip::rowWanted, this, &BrowserWindow::showRow);
@@ -68,9 +70,8 @@ void BrowserWindow::connectTree()
         [this](int column, int, int width) { columnResized(column, width); });
 }
 
-void BrowserWindow::makeFilterBar()
+void BrowserWindow::connectFilterBar()
 {
-    m_filterBar = new FilterBar(this);
     m_filterBar->setLevel(m_tree->filter().level);
     connect(m_filterBar, &FilterBar::textChanged, this, &BrowserWindow::filterTextChanged);
     connect(m_filterBar, &FilterBar::levelChosen, this, &BrowserWindow::levelChosen);
@@ -112,9 +113,6 @@ void BrowserWindow::arrange()
     const int unit = fontMetrics().height();
     resize(unit * 36, unit * 46);
     m_tree->header()->resizeSection(FeatureModel::NameColumn, unit * 19);
-    setTabOrder(m_filterBar, m_tree);
-    setTabOrder(m_tree, m_changes);
-    setTabOrder(m_changes, m_description);
 }
 
 QByteArrayList BrowserWindow::favourites() const

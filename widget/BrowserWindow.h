@@ -61,7 +61,7 @@ protected:
 private:
     void makeTree();
     void connectTree();
-    void makeFilterBar();
+    void connectFilterBar();
     void makeShortcuts();
     void arrange();
     void applyFilter();

@@ -2,6 +2,7 @@
 
 #include "BrowserWindow.h"
 #include "NewRows.h"
+#include "Translations.h"
 #include "ValueWriter.h"
 
 #include <QPointer>
@@ -73,6 +74,7 @@ public:
 CameraFeatureBrowser::CameraFeatureBrowser(QWidget* parent)
     : m_impl(std::make_unique<Impl>())
 {
+    loadTranslations();
     m_impl->window = new BrowserWindow(parent);
 }
 

@@ -43,7 +43,6 @@ DescriptionPane::DescriptionPane(QWidget* parent)
     m_text->setReadOnly(true);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_text->setTabChangesFocus(true);
-    m_text->setPlaceholderText(tr("Select a feature to read about it here"));
     m_text->setMinimumHeight(fontMetrics().lineSpacing() * 3);
 
     auto* layout = new QVBoxLayout(this);
@@ -59,6 +58,9 @@ void DescriptionPane::showRow(const FeatureRow* row)
     m_title->setVisible(row != nullptr);
     const QString text
         = row != nullptr && row->extras ? tidyLines(toText(row->extras->description)) : QString();
+    m_text->setPlaceholderText(row == nullptr ? tr("Select a feature to read about it here")
+            : row->isCategory()               ? QString()
+                                              : tr("The camera does not describe this feature"));
     if (text != m_text->toPlainText())
         m_text->setPlainText(text);
 }

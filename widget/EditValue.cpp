@@ -2,6 +2,21 @@
 
 namespace featurebrowser {
 
+bool fits(const FeatureRow& row, const EditValue& value)
+{
+    if (const auto* choice = std::get_if<ChoiceValue>(&row.value)) {
+        const auto* entered = std::get_if<EntryIndex>(&value);
+        return entered != nullptr && entered->index >= 0
+            && static_cast<std::size_t>(entered->index) < choice->entries.size();
+    }
+    if (std::holds_alternative<IntegerValue>(row.value))
+        return std::holds_alternative<qint64>(value);
+    if (std::holds_alternative<FloatValue>(row.value))
+        return std::holds_alternative<double>(value);
+    return std::holds_alternative<TextValue>(row.value)
+        && std::holds_alternative<std::string>(value);
+}
+
 bool holds(const FeatureRow& row, const EditValue& value)
 {
     if (!row.hasValue)

@@ -12,6 +12,9 @@ struct EntryIndex {
 /// What a user entered.
 using EditValue = std::variant<qint64, double, EntryIndex, std::string>;
 
+/// Whether the value is one for this kind of row; an entry has to be one of the row's.
+bool fits(const FeatureRow& row, const EditValue& value);
+
 /// Whether the row holds, and shows, this value already.
 bool holds(const FeatureRow& row, const EditValue& value);
 

@@ -62,7 +62,7 @@ void FeatureDelegate::rowChanged(const FeatureRow& row)
     RowEditor* open = editor();
     if (open == nullptr || open->rowName() != row.name)
         return;
-    if (row.isEditable())
+    if (row.isEditable() && open->isFor(row))
         open->update(row);
     else
         revert();
@@ -94,7 +94,7 @@ void FeatureDelegate::editorLeft(RowEditor* editor, Leave how)
 {
     const std::string name = editor->rowName();
     const FeatureRow* row = m_tree->features().find(name);
-    if (row == nullptr || how == Leave::Revert) {
+    if (row == nullptr || !editor->isFor(*row) || how == Leave::Revert) {
         close(editor);
         return;
     }

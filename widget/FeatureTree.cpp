@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QHeaderView>
 #include <QPainter>
+#include <QResizeEvent>
 
 #include <utility>
 
@@ -217,8 +218,11 @@ void FeatureTree::dataChanged(
     updateRow(*FeatureModel::row(topLeft));
 #ifndef QT_NO_ACCESSIBILITY
     if (QAccessible::isActive()) {
-        QAccessibleEvent event(this, QAccessible::NameChanged);
-        event.setChild(topLeft.row());
+        QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::DataChanged);
+        event.setFirstRow(topLeft.row());
+        event.setLastRow(bottomRight.row());
+        event.setFirstColumn(topLeft.column());
+        event.setLastColumn(bottomRight.column());
         QAccessible::updateAccessibility(&event);
     }
 #endif
@@ -269,6 +273,17 @@ void FeatureTree::updateGeometries()
     m_onScreenStale = true;
     QTreeView::updateGeometries();
     Q_EMIT moved();
+}
+
+// The strips around the tree come and go with what the user does: the row that they are working on,
+// and the message at it, stay in sight.
+void FeatureTree::resizeEvent(QResizeEvent* event)
+{
+    QTreeView::resizeEvent(event);
+    const QRect current = visualRect(currentIndex());
+    const bool wasInSight = current.top() >= 0 && current.bottom() <= event->oldSize().height();
+    if (!current.isEmpty() && wasInSight && current.bottom() > viewport()->height())
+        scrollTo(currentIndex());
 }
 
 void FeatureTree::currentChanged(const QModelIndex& current, const QModelIndex& previous)

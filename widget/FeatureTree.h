@@ -70,11 +70,13 @@ protected:
         QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void applyFilter();
     void openHits();
     void closeHits();
+    void explain(const FeatureRow& row);
     bool isOnButton(const QModelIndex& index, const QPoint& position) const;
     void updateRow(const FeatureRow& row);
     void findRowsOnScreen();

@@ -7,6 +7,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 
 namespace featurebrowser {
 
@@ -15,12 +16,23 @@ void FeatureTree::activate(const FeatureRow& row)
     const QModelIndex index = m_features->indexOf(&row);
     if (row.isCategory())
         setExpanded(index, !isExpanded(index));
+    else if (!row.isEditable())
+        explain(row);
     else if (row.kind == RowKind::Command)
         m_writer->press(row.name);
     else if (row.kind == RowKind::Boolean)
         m_writer->toggle(row.name);
-    else if (row.isEditable())
+    else
         edit(index.siblingAtColumn(FeatureModel::ValueColumn));
+}
+
+// Says why nothing happens.
+void FeatureTree::explain(const FeatureRow& row)
+{
+    const QPoint below
+        = visualRect(m_features->indexOf(&row, FeatureModel::ValueColumn)).bottomLeft();
+    QToolTip::showText(viewport()->mapToGlobal(below),
+        m_features->indexOf(&row).data(Qt::ToolTipRole).toString(), viewport());
 }
 
 void FeatureTree::editNeighbour(const FeatureRow& row, bool forward)

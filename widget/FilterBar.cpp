@@ -40,6 +40,7 @@ FilterBar::FilterBar(QWidget* parent)
     layout->addWidget(expand);
     layout->addWidget(collapse);
     layout->addWidget(m_levels);
+    setTabOrder(collapse, m_levels);
 }
 
 void FilterBar::makeField()

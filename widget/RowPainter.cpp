@@ -69,6 +69,8 @@ void RowPainter::paint(int column)
     m_painter.setClipRect(m_option.rect, Qt::IntersectClip);
     paintBackground();
     m_painter.setFont(m_option.font);
+    // Names and values are technical text: only their place is mirrored, not their order.
+    m_painter.setLayoutDirection(Qt::LeftToRight);
     if (column == FeatureModel::NameColumn)
         paintName();
     else if (!m_row.isCategory())

@@ -31,9 +31,11 @@ SelectorMatrix::SelectorMatrix(
     note->setWordWrap(true);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->setAlternatingRowColors(true);
+    m_table->horizontalHeader()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 8);
     m_table->setAccessibleName(windowTitle());
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     auto* again = buttons->addButton(tr("&Read again"), QDialogButtonBox::ActionRole);
+    again->setAutoDefault(false);
     connect(again, &QPushButton::clicked, this, &SelectorMatrix::fill);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
     auto* layout = new QVBoxLayout(this);
@@ -80,6 +82,7 @@ void SelectorMatrix::fill()
     if (!self)
         return;
     m_table->resizeColumnsToContents();
+    m_table->resizeRowsToContents();
     m_filling = false;
 }
 

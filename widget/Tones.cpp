@@ -36,7 +36,7 @@ QColor alarmBackground(const QPalette& palette)
 
 QColor changedBackground(const QPalette& palette, double strength)
 {
-    return mix(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 0.4 * strength);
+    return mix(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 0.3 * strength);
 }
 
 QColor matchBackground(const QPalette& palette)

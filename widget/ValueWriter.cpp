@@ -93,7 +93,7 @@ void ValueWriter::run(Write& write, const std::function<void(IEventFeatureReceiv
 void ValueWriter::write(const std::string& name, const EditValue& value)
 {
     FeatureRow* row = m_model.find(name);
-    if (row == nullptr || !row->isEditable())
+    if (row == nullptr || !row->isEditable() || !fits(*row, value))
         return;
     Write write;
     write.result.name = name;
@@ -108,9 +108,11 @@ void ValueWriter::write(const std::string& name, const EditValue& value)
 void ValueWriter::judge(const Write& write, const EditValue& entered)
 {
     FeatureRow* row = m_model.find(write.result.name);
-    if (row == nullptr || write.complained || !m_events.hasReceiver())
+    if (row == nullptr || write.complained)
         return;
-    if (!write.answered)
+    if (!m_events.hasReceiver())
+        showMessage(row->name, tr("Not written: nothing is connected to this browser"));
+    else if (!write.answered)
         showMessage(row->name, tr("The camera has not confirmed this value"));
     else if (mustComeBack(*row) && !holds(*row, entered))
         showMessage(row->name,

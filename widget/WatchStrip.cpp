@@ -46,7 +46,7 @@ WatchStrip::WatchStrip(FeatureModel* model, QWidget* parent)
     setObjectName(QStringLiteral("watchStrip"));
     setAccessibleName(tr("Pinned features"));
     m_layout->setContentsMargins(4, 2, 0, 2);
-    m_layout->setVerticalSpacing(0);
+    m_layout->setVerticalSpacing(3);
     m_layout->setColumnStretch(0, 3);
     m_layout->setColumnStretch(1, 2);
     hide();

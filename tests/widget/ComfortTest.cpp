@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableWidget>
+#include <QTranslator>
 #include <QVBoxLayout>
 
 namespace featurebrowser {
@@ -206,6 +207,33 @@ TEST_F(ComfortTest, StatesAndContextsAreSaidInWords)
     browser->addStringFeature("Camera", "<img src='x'>", "", LEVEL_BEGINNER, 0, false, true,
         ADDRESS_NONE, SELECTOR_NONE, "");
     EXPECT_FALSE(row("<img src='x'>").data(Qt::ToolTipRole).toString().contains("<img"));
+}
+
+TEST_F(ComfortTest, GermanIsComplete)
+{
+    QTranslator german;
+    ASSERT_TRUE(german.load("widget_de", ":/zqfeaturebrowserwidget"));
+    QCoreApplication::installTranslator(&german);
+    browser = std::make_unique<CameraFeatureBrowser>(nullptr);
+    browser->addIntFeature("", "Width", 1, 0, 9, 0, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
+    show();
+    EXPECT_EQ(tree()->model()->headerData(1, Qt::Horizontal), QVariant("Wert"));
+    edit("Width", "1 ms");
+    EXPECT_EQ(message(), "„1 ms“ ist keine Zahl; die Einheit dieser Einstellung ist nicht bekannt");
+    press(Qt::Key_Escape);
+    edit("Width", "2");
+    EXPECT_EQ(message(), "Die Kamera hat diesen Wert nicht bestätigt");
+}
+
+TEST_F(ComfortTest, TabGoesThroughTheWindowInReadingOrder)
+{
+    QTest::keySequence(browser->GetWidget(), QKeySequence::Find);
+    const std::vector<const char*> order { "expandButton", "collapseButton", "levelBox",
+        "featureTree", "descriptionText", "filterField" };
+    for (const char* next : order) {
+        press(Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), next);
+    }
 }
 
 } // namespace featurebrowser

@@ -70,6 +70,14 @@ TEST_F(MessageTest, AnUnconfirmedValueIsShownButMarked)
     EXPECT_EQ(journal.take(), Lines { "Int Width 48" }) << "trying again is possible";
 }
 
+TEST_F(MessageTest, WithoutAReceiverNothingLooksWritten)
+{
+    browser->showDialog(nullptr, 0, 0, {}, {});
+    edit("Width", "48");
+    EXPECT_EQ(message(), "Not written: nothing is connected to this browser");
+    EXPECT_TRUE(journal.take().empty());
+}
+
 TEST_F(MessageTest, ATextThatComesBackDifferentIsTold)
 {
     acceptAs("left");

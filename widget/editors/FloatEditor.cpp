@@ -5,6 +5,7 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -32,6 +33,7 @@ protected:
 FloatEditor::FloatEditor(const FeatureRow& row, int sliderSteps, QWidget* parent)
     : RowEditor(row, parent)
     , m_field(new QLineEdit(this))
+    , m_unitLabel(makeUnitLabel())
     , m_slider(new QuietSlider(Qt::Horizontal, this))
     , m_sliderSteps(sliderSteps)
 {
@@ -41,6 +43,7 @@ FloatEditor::FloatEditor(const FeatureRow& row, int sliderSteps, QWidget* parent
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     layout->addWidget(m_field, 1);
+    layout->addWidget(m_unitLabel);
     layout->addWidget(m_slider, 1);
     watch(m_field);
     m_slider->installEventFilter(this);
@@ -59,6 +62,7 @@ FloatEditor::FloatEditor(const FeatureRow& row, int sliderSteps, QWidget* parent
 void FloatEditor::showLimits(const FeatureRow& row)
 {
     m_unit = rowUnit(row);
+    showUnit(m_unitLabel, row);
     m_scale = SliderScale(std::get<FloatValue>(row.value), row.logarithmic, m_sliderSteps);
     const QSignalBlocker quiet(m_slider);
     m_slider->setRange(0, m_scale.steps());

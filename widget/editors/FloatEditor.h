@@ -31,6 +31,7 @@ private:
     void placeSlider();
 
     QLineEdit* m_field;
+    QLabel* m_unitLabel;
     QSlider* m_slider;
     SliderScale m_scale;
     int m_sliderSteps;

@@ -5,6 +5,7 @@
 #include "ValueText.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QWheelEvent>
 
@@ -64,10 +65,12 @@ void IntegerSpinBox::wheelEvent(QWheelEvent* event)
 IntegerEditor::IntegerEditor(const FeatureRow& row, QWidget* parent)
     : RowEditor(row, parent)
     , m_box(new IntegerSpinBox(this))
+    , m_unitLabel(makeUnitLabel())
 {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_box);
+    layout->addWidget(m_box, 1);
+    layout->addWidget(m_unitLabel);
     watch(m_box);
     connect(m_box, &IntegerSpinBox::edited, this, [this] { touch(); });
 }
@@ -75,6 +78,7 @@ IntegerEditor::IntegerEditor(const FeatureRow& row, QWidget* parent)
 void IntegerEditor::showLimits(const FeatureRow& row)
 {
     m_unit = rowUnit(row);
+    showUnit(m_unitLabel, row);
     m_box->setLimits(std::get<IntegerValue>(row.value), m_unit);
 }
 

@@ -44,6 +44,7 @@ protected:
 
 private:
     IntegerSpinBox* m_box;
+    QLabel* m_unitLabel;
     QString m_unit;
 };
 

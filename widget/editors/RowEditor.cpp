@@ -5,16 +5,19 @@
 #include "FloatEditor.h"
 #include "IntegerEditor.h"
 #include "TextEditor.h"
+#include "ValueText.h"
 
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QLabel>
 
 namespace featurebrowser {
 
 RowEditor::RowEditor(const FeatureRow& row, QWidget* parent)
     : QWidget(parent)
     , m_rowName(row.name)
+    , m_kind(row.kind)
 {
     setAutoFillBackground(true);
 }
@@ -32,6 +35,21 @@ void RowEditor::update(const FeatureRow& row)
     showLimits(row);
     if (!m_touched)
         showValue(row);
+}
+
+QLabel* RowEditor::makeUnitLabel()
+{
+    auto* label = new QLabel(this);
+    label->setTextFormat(Qt::PlainText);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    label->hide();
+    return label;
+}
+
+void RowEditor::showUnit(QLabel* label, const FeatureRow& row)
+{
+    label->setText(rowUnit(row));
+    label->setVisible(!label->text().isEmpty());
 }
 
 void RowEditor::leave(Leave how)

@@ -6,6 +6,8 @@
 
 #include <optional>
 
+class QLabel;
+
 namespace featurebrowser {
 
 /// How a user leaves an editor.
@@ -27,6 +29,8 @@ public:
     RowEditor(const FeatureRow& row, QWidget* parent);
 
     const std::string& rowName() const { return m_rowName; }
+    /// Whether this is an editor for the row as it is now.
+    bool isFor(const FeatureRow& row) const { return m_kind == row.kind; }
     /// The user has changed something since the last write.
     bool isTouched() const { return m_touched; }
     void setTouched(bool touched) { m_touched = touched; }
@@ -42,6 +46,9 @@ Q_SIGNALS:
     void left(featurebrowser::RowEditor* editor, featurebrowser::Leave how);
 
 protected:
+    /// A label for the feature's unit, hidden while there is none.
+    QLabel* makeUnitLabel();
+    void showUnit(QLabel* label, const FeatureRow& row);
     /// `field` takes the focus and its keys.
     void watch(QWidget* field);
     void touch() { m_touched = true; }
@@ -55,6 +62,7 @@ private:
     void focusLost(Qt::FocusReason reason);
 
     std::string m_rowName;
+    RowKind m_kind;
     bool m_touched = false;
     bool m_finished = false;
 };
