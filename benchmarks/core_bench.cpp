@@ -45,7 +45,7 @@ void loadTree(benchmark::State& state, const std::vector<FEATURE_TYPE>& kinds)
         items.push_back(makeItem(kinds[static_cast<std::size_t>(i) % kinds.size()], i));
     ZQFeatureBrowser browser(&device, nullptr);
     std::FILE* const original = std::exchange(stderr, std::fopen("/dev/null", "w"));
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         browser.LoadFeatureBrowser();
     std::fclose(std::exchange(stderr, original));
     constexpr int passes = 2;

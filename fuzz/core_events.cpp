@@ -18,7 +18,6 @@
 namespace {
 
 using featurebrowser::FeatureItem;
-using featurebrowser::TYPE_LEVEL;
 using Input = FuzzedDataProvider;
 
 constexpr std::size_t longestText = 300; // beyond the fixed buffers

@@ -34,7 +34,7 @@ std::string shownAddress(ZQFeatureBrowser& browser, FeatureItem& item, const std
     } catch (const std::logic_error&) { // std::invalid_argument, std::out_of_range
         return {};
     }
-    const std::string start = "widget.modifyText(\"IP\", \"";
+    const std::string start = R"(widget.modifyText("IP", ")";
     const std::size_t begin = doubles::journal().find(start) + start.size();
     return doubles::journal().substr(begin, doubles::journal().find('"', begin) - begin);
 }
@@ -69,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     browser.ShowDialog(0, 0, {}, LEVEL_GURU);
     const doubles::StderrDouble standardError;
 
-    const double limit = input.ConsumeFloatingPoint<double>();
+    const auto limit = input.ConsumeFloatingPoint<double>();
     const auto number = std::to_string(input.ConsumeIntegral<std::uint32_t>());
     const auto type = input.ConsumeIntegralInRange<std::uint8_t>(0, 10);
     const std::string text = input.ConsumeRemainingBytesAsString();

@@ -10,6 +10,7 @@
 namespace featurebrowser {
 namespace {
 
+using doubles::line;
 using doubles::Script;
 
 constexpr int refused = -7;
@@ -100,11 +101,11 @@ std::map<std::string, std::string> readJournals()
     std::map<std::string, std::string> journals;
     std::ifstream file(EVENT_JOURNALS);
     std::string heading;
-    for (std::string line; std::getline(file, line);) {
-        if (line.rfind("== ", 0) == 0)
-            heading = line.substr(3);
-        else if (!line.empty() && line[0] != '#')
-            journals[heading] += line + '\n';
+    for (std::string entry; std::getline(file, entry);) {
+        if (entry.rfind("== ", 0) == 0)
+            heading = entry.substr(3);
+        else if (!entry.empty() && entry[0] != '#')
+            journals[heading] += entry + '\n';
     }
     return journals;
 }
@@ -116,7 +117,7 @@ TEST_F(CoreTest, EventsDoExactlyWhatTheirJournalSays)
     for (const auto& [heading, expected] : journals) {
         SCOPED_TRACE(heading);
         const std::vector<std::string> parts = splitHeading(heading);
-        const auto run = [&, &expected = expected](bool withReceiver) {
+        const auto run = [&](bool withReceiver) {
             doubles::reset();
             arrangeUsualCase(m_script);
             for (std::size_t i = 1; i < parts.size(); ++i)
@@ -167,14 +168,14 @@ TEST_F(CoreTest, OffGridValueIsMovedTowardsTheMinimumAndWrittenOnce)
         m_script.statuses["SetIntegerValue"] = { ERROR_VALUE_NOT_ON_INCREMENT };
         const std::string text
             = journalOf([&](auto&, auto& events) { events.FeatureIntModified("F", c.entered); });
-        const std::string written = std::to_string(c.written);
         EXPECT_EQ(linesWith("device.Set", text),
-            "device.SetIntegerValue(\"F\", " + std::to_string(c.entered)
-                + ", 1)\ndevice.SetIntegerValue(\"F\", " + written + ", 1)\n");
+            line("device.SetIntegerValue", "F", c.entered, 1)
+                + line("device.SetIntegerValue", "F", c.written, 1));
+        std::ostringstream message;
+        message << "Difference between values Min and Max not divisible by Inc = " << c.inc
+                << "\nValue adjusted to " << c.written;
         EXPECT_EQ(linesWith("widget.set", text),
-            "widget.setDefaultInteger(\"F\", " + written
-                + ", \"Difference between values Min and Max not divisible by Inc = "
-                + std::to_string(c.inc) + "\\nValue adjusted to " + written + "\")\n");
+            line("widget.setDefaultInteger", "F", c.written, message.str()));
     }
 }
 
@@ -192,10 +193,9 @@ TEST_F(CoreTest, BinningPausesBeforeTheDisplayUpdate)
         m_script.pauseErrors = errors;
         const std::string text = journalOf(
             [&, name = name](auto&, auto& events) { events.FeatureIntModified(name, 2); });
-        const std::string quoted = '"' + name + '"';
-        EXPECT_NE(text.find("GetFeature(" + quoted + ")\n" + pause + "repository.ReadFeature("),
-            std::string::npos)
-            << text;
+        const std::string start = line("repository.GetFeature", name) + pause;
+        const std::string whatFollows = start + line("repository.ReadFeature", name);
+        EXPECT_NE(text.find(whatFollows), std::string::npos) << text;
         EXPECT_EQ(linesWith("nanosleep", text), pause);
     }
 }
@@ -207,7 +207,7 @@ TEST_F(CoreTest, ErrorTextWithoutATerminatorIsCutAtItsBuffer)
     const std::string text
         = journalOf([](auto&, auto& events) { events.FeatureBoolModified("F", 0); });
     EXPECT_EQ(linesWith("receiver.", text),
-        "receiver.SendError(-7, \"" + std::string(errorTextSize - 1, 'e') + "\")\n");
+        line("receiver.SendError", -7, std::string(errorTextSize - 1, 'e')));
 }
 
 TEST_F(CoreTest, OddNamesAndHugeValuesAreTracedWithinBounds)
@@ -225,9 +225,10 @@ TEST_F(CoreTest, OddNamesAndHugeValuesAreTracedWithinBounds)
     }
     const std::string text = journalOf(
         [](auto&, auto& events) { events.FeatureIntModified(std::string("%d\0b", 4), 1); });
-    EXPECT_EQ(linesWith("stderr(", text), "stderr(\"Update feature in camera: %d\")\n");
-    EXPECT_EQ(linesWith("device.", text), "device.SetIntegerValue(\"%d\", 1, 1)\n");
-    EXPECT_EQ(linesWith("receiver.", text), "receiver.FeatureIntModified(\"%d\\0b\", 1)\n");
+    EXPECT_EQ(linesWith("stderr(", text), line("stderr", "Update feature in camera: %d"));
+    EXPECT_EQ(linesWith("device.", text), line("device.SetIntegerValue", "%d", 1, 1));
+    EXPECT_EQ(linesWith("receiver.", text),
+        line("receiver.FeatureIntModified", std::string("%d\0b", 4), 1));
 }
 
 TEST_F(CoreTest, CommandMessagesAndTraceStayWithinTheirBuffers)
@@ -236,16 +237,16 @@ TEST_F(CoreTest, CommandMessagesAndTraceStayWithinTheirBuffers)
         m_script.statuses["ExecuteCommand"] = { status };
         return journalOf([name](auto&, auto& events) { events.FeatureExecCommand(name); });
     };
-    EXPECT_EQ(linesWith("stderr", run("100%d", 0)), "stderr(\"Exec command: 100%d\\n\")\n");
+    EXPECT_EQ(linesWith("stderr", run("100%d", 0)), line("stderr", "Exec command: 100%d\n"));
     const std::string fits(240, 'c');
-    EXPECT_EQ(linesWith("stderr", run(fits, 0)), "stderr(\"Exec command: " + fits + "\\n\")\n");
+    EXPECT_EQ(linesWith("stderr", run(fits, 0)), line("stderr", "Exec command: " + fits + "\n"));
     // The bounded function empties its buffer: nothing is traced, the command is run.
     const std::string tooLong(1100, 'c');
     const std::string text = run(tooLong, 5);
     EXPECT_EQ(linesWith("stderr", text), "");
-    EXPECT_EQ(linesWith("device.Exec", text), "device.ExecuteCommand(\"" + tooLong + "\", 1)\n");
+    EXPECT_EQ(linesWith("device.Exec", text), line("device.ExecuteCommand", tooLong, 1));
     EXPECT_EQ(linesWith("receiver.Send", text),
-        "receiver.SendError(5, \"Command [" + std::string(1023 - 9, 'c') + "\")\n");
+        line("receiver.SendError", 5, "Command [" + std::string(1023 - 9, 'c')));
 }
 
 } // namespace

@@ -62,25 +62,26 @@ const std::vector<PresentationCase> presentationCases = {
         "Integer(#, 7, -5, 1099511627776, 4000000000, @)" },
     { 2, 5, "GevMAC", "7", "Int(#, 7, -5, 1099511627776, 4000000000, 2, @$",
         "Integer(#, 7, -5, 1099511627776, 4000000000, @)" },
-    { 2, address, "GevMACAddress", "258x", "String(#, \"mac 258\", 2, 0, @, 2$",
-        "Text(#, \"mac 258\", 3, [], @)" },
-    { 2, address, "DeviceMAC", "0", "String(#, \"mac 0\", 2, 0, @, 2$",
-        "Text(#, \"mac 0\", 3, [], @)" },
+    { 2, address, "GevMACAddress", "258x", R"(String(#, "mac 258", 2, 0, @, 2$)",
+        R"(Text(#, "mac 258", 3, [], @))" },
+    { 2, address, "DeviceMAC", "0", R"(String(#, "mac 0", 2, 0, @, 2$)",
+        R"(Text(#, "mac 0", 3, [], @))" },
     { 2, address, "DeviceMAC", "", "", "" },
     { 2, address, "DeviceMAC", "x", "invalid: stoll", "invalid: stoll" },
     { 2, address, "DeviceMAC", "9223372036854775808", "out of range: stoll",
         "out of range: stoll" },
-    { 2, address, "MyGevIP", "3232235777", "String(#, \"192.168.1.1\", 2, 0, @, 1$",
-        "Text(#, \"192.168.1.1\", 3, [], @)" },
-    { 2, address, "MyGevIP", "", "String(#, \"\", 2, 0, @, 1$", "Text(#, \"\", 3, [], @)" },
-    { 2, ipv4, "MAC", "0", "String(#, \"0.0.0.0\", 2, 0, @, 1$", "Text(#, \"0.0.0.0\", 3, [], @)" },
-    { 2, ipv4, "Mask", "", "String(#, \"\", 2, 0, @, 1$", "Text(#, \"\", 3, [], @)" },
-    { 2, ipv4, "Mask", "4294967297", "String(#, \"0.0.0.1\", 2, 0, @, 1$",
-        "Text(#, \"0.0.0.1\", 3, [], @)" },
-    { 2, ipv4, "Mask", "-1", "String(#, \"255.255.255.255\", 2, 0, @, 1$",
-        "Text(#, \"255.255.255.255\", 3, [], @)" },
-    { 2, ipv4, "Mask", " 10abc", "String(#, \"0.0.0.10\", 2, 0, @, 1$",
-        "Text(#, \"0.0.0.10\", 3, [], @)" },
+    { 2, address, "MyGevIP", "3232235777", R"(String(#, "192.168.1.1", 2, 0, @, 1$)",
+        R"(Text(#, "192.168.1.1", 3, [], @))" },
+    { 2, address, "MyGevIP", "", R"(String(#, "", 2, 0, @, 1$)", R"(Text(#, "", 3, [], @))" },
+    { 2, ipv4, "MAC", "0", R"(String(#, "0.0.0.0", 2, 0, @, 1$)",
+        R"(Text(#, "0.0.0.0", 3, [], @))" },
+    { 2, ipv4, "Mask", "", R"(String(#, "", 2, 0, @, 1$)", R"(Text(#, "", 3, [], @))" },
+    { 2, ipv4, "Mask", "4294967297", R"(String(#, "0.0.0.1", 2, 0, @, 1$)",
+        R"(Text(#, "0.0.0.1", 3, [], @))" },
+    { 2, ipv4, "Mask", "-1", R"(String(#, "255.255.255.255", 2, 0, @, 1$)",
+        R"(Text(#, "255.255.255.255", 3, [], @))" },
+    { 2, ipv4, "Mask", " 10abc", R"(String(#, "0.0.0.10", 2, 0, @, 1$)",
+        R"(Text(#, "0.0.0.10", 3, [], @))" },
     { 2, ipv4, "Mask", "x", "invalid: stoul", "invalid: stoul" },
     { 2, ipv4, "Mask", "18446744073709551616", "out of range: stoul", "out of range: stoul" },
     // Floats: the whole name decides about the slider.
@@ -91,18 +92,18 @@ const std::vector<PresentationCase> presentationCases = {
     { 3, 0, "ExposureTimeAbs", "x", "Double(#, 0, 0.5, 9.5, 0.25, 2, 0, @$",
         "Double(#, 0, 0.5, 9.5, 0.25, @)" },
     // Texts: up to the first NUL when added, whole when updated.
-    { 4, 0, "ID", "one" + nul + "two", "String(#, \"one\", 2, 32, @, 0$",
-        "Text(#, \"one\\0two\", 3, [], @)" },
-    { 8, 0, "Model", "100%", "String(#, \"100%\", 2, 32, @, 0$", "Text(#, \"100%\", 9, [], @)" },
-    { 5, 0, "Mode", "2", "Enum(#, 2, [\"a\" \"b\" \"a\"], 2, false, false, true$",
-        "Text(#, \"2\", 6, [\"a\" \"b\" \"a\"], @)" },
-    { 5, 0, "Mode", " -x", "Enum(#, 0, [\"a\" \"b\" \"a\"], 2, false, false, true$",
-        "Text(#, \" -x\", 6, [\"a\" \"b\" \"a\"], @)" },
-    { 5, 0, "Mode", "4294967297", "Enum(#, 2147483647, [\"a\" \"b\" \"a\"], 2, false, false, true$",
-        "Text(#, \"4294967297\", 6, [\"a\" \"b\" \"a\"], @)" },
-    { 6, 0, "Run", "Go" + nul, "Command(#, \"Go\\0\", 2, @$", "Text(#, \"Go\\0\", 7, [], @)" },
-    { 7, 0, "Flag", "1", "Enum(#, 1, [\"a\" \"b\" \"a\"], 2, false, true, true$",
-        "Text(#, \"1\", 8, [\"a\" \"b\" \"a\"], @)" },
+    { 4, 0, "ID", "one" + nul + "two", R"(String(#, "one", 2, 32, @, 0$)",
+        R"(Text(#, "one\0two", 3, [], @))" },
+    { 8, 0, "Model", "100%", R"(String(#, "100%", 2, 32, @, 0$)", R"(Text(#, "100%", 9, [], @))" },
+    { 5, 0, "Mode", "2", R"(Enum(#, 2, ["a" "b" "a"], 2, false, false, true$)",
+        R"(Text(#, "2", 6, ["a" "b" "a"], @))" },
+    { 5, 0, "Mode", " -x", R"(Enum(#, 0, ["a" "b" "a"], 2, false, false, true$)",
+        R"(Text(#, " -x", 6, ["a" "b" "a"], @))" },
+    { 5, 0, "Mode", "4294967297", R"(Enum(#, 2147483647, ["a" "b" "a"], 2, false, false, true$)",
+        R"(Text(#, "4294967297", 6, ["a" "b" "a"], @))" },
+    { 6, 0, "Run", "Go" + nul, R"(Command(#, "Go\0", 2, @$)", R"(Text(#, "Go\0", 7, [], @))" },
+    { 7, 0, "Flag", "1", R"(Enum(#, 1, ["a" "b" "a"], 2, false, true, true$)",
+        R"(Text(#, "1", 8, ["a" "b" "a"], @))" },
 };
 
 std::string replaced(std::string text, const std::string& what, const std::string& by)
@@ -121,7 +122,7 @@ std::string expand(std::string pattern, bool adding, const PresentationCase& c)
     pattern = replaced(pattern, "(#", adding ? "Feature(\"Cat\", " + name : '(' + name);
     pattern
         = replaced(pattern, "@", c.type == FEATURE_READ_ONLY_STRING ? "true, true" : "false, true");
-    return (adding ? "widget.add" : "widget.modify") + replaced(pattern, "$", ", 3, \"Sel\")")
+    return (adding ? "widget.add" : "widget.modify") + replaced(pattern, "$", R"(, 3, "Sel"))")
         + '\n';
 }
 
@@ -146,7 +147,7 @@ TEST_F(CoreTest, EveryKindOfRecordIsAddedAndUpdatedAsItIsShown)
         m_script.features = { makeItem(FEATURE_CATEGORY, "Cat", ""), item };
         m_script.onRead = [](auto&) { return false; }; // nothing may be updated then
         const std::string added = outcome([&] {
-            return linesWith("\"Cat\", \"",
+            return linesWith(R"("Cat", ")",
                 journalOf([&](auto& browser, auto&) { browser.LoadFeatureBrowser(); }));
         });
         EXPECT_EQ(added, expand(c.added, true, c));

@@ -59,14 +59,19 @@ std::enable_if_t<!std::is_same_v<Sequence, std::string>> append(
 /// The journal so far: one line per call, as in device.SetIntegerValue("Width", 10, 1).
 std::string& journal();
 
-template <class... Arguments> void note(const char* call, const Arguments&... arguments)
+/// The line that `note` writes.
+template <class... Arguments> std::string line(const char* call, const Arguments&... arguments)
 {
-    std::string& text = journal();
-    text += call;
+    std::string text = call;
     text += '(';
     [[maybe_unused]] const char* separator = "";
     ((text += separator, append(text, arguments), separator = ", "), ...);
-    text += ")\n";
+    return text += ")\n";
+}
+
+template <class... Arguments> void note(const char* call, const Arguments&... arguments)
+{
+    journal() += line(call, arguments...);
 }
 
 } // namespace doubles
