@@ -259,6 +259,8 @@ void BrowserWindow::present(Qt::WindowType type)
             | Qt::WindowSystemMenuHint;
         setWindowFlags(flags);
     }
+    if (!embedded && focusWidget() == nullptr)
+        m_tree->setFocus();
     show();
     if (!embedded) {
         raise();

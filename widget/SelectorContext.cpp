@@ -33,7 +33,7 @@ QString selectorContext(const FeatureModel& model, const FeatureRow& row)
         return parts.join(QStringLiteral(", "));
     const auto count = row.selector == SELECTOR_NONE ? 0 : model.selectedBy(row.name).size();
     return count == 0 ? QString()
-                      : FeatureModel::tr("selects %n feature(s)", nullptr, static_cast<int>(count));
+                      : FeatureModel::tr("selects %n", nullptr, static_cast<int>(count));
 }
 
 } // namespace featurebrowser

@@ -90,10 +90,10 @@
             <translation>Ausgewählt durch %1</translation>
         </message>
         <message numerus="yes">
-            <source>selects %n feature(s)</source>
+            <source>selects %n</source>
             <translation>
-                <numerusform>wählt %n Einstellung aus</numerusform>
-                <numerusform>wählt %n Einstellungen aus</numerusform>
+                <numerusform>wählt %n aus</numerusform>
+                <numerusform>wählt %n aus</numerusform>
             </translation>
         </message>
     </context>

@@ -14,10 +14,10 @@
     <context>
         <name>featurebrowser::FeatureModel</name>
         <message numerus="yes">
-            <source>selects %n feature(s)</source>
+            <source>selects %n</source>
             <translation>
-                <numerusform>selects %n feature</numerusform>
-                <numerusform>selects %n features</numerusform>
+                <numerusform>selects %n</numerusform>
+                <numerusform>selects %n</numerusform>
             </translation>
         </message>
     </context>
