@@ -217,6 +217,27 @@ bool CameraLink::write(std::uint64_t address, const std::uint8_t* buffer, std::s
     return done;
 }
 
+void CameraLink::readTogether(std::vector<Request>& requests)
+{
+    auto shared = std::make_shared<std::vector<Request>>(requests);
+    const auto task = [shared](CameraSession& session) {
+        using Clock = std::chrono::steady_clock;
+        const Clock::time_point start = Clock::now();
+        for (Request& request : *shared) {
+            AccessError ignored;
+            request.done = session.read(
+                request.address, request.bytes.data(), request.bytes.size(), request.kind, ignored);
+            if (!request.done || Clock::now() - start > slowAccess) {
+                return;
+            }
+        }
+    };
+    AccessError ignored;
+    if (runWithSession(task, accessLimit, ignored)) {
+        requests = std::move(*shared);
+    }
+}
+
 bool CameraLink::reconnect(std::string& error)
 {
     if (!isLost()) {

@@ -32,6 +32,8 @@ public:
         AccessError& error) override;
     bool write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size, AccessKind kind,
         AccessError& error) override;
+    bool prefersBatches() const override { return true; }
+    void readTogether(std::vector<Request>& requests) override;
     bool isLost() override;
     AccessError loss() const override { return m_loss; }
     bool isReadOnly() const override { return m_isReadOnly; }

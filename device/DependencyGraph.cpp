@@ -88,6 +88,17 @@ constexpr std::size_t maxOverlaps = 256;
 
 } // namespace
 
+bool fixedRegister(const DescriptionNode& node, std::uint64_t& address, std::size_t& size)
+{
+    Place place {};
+    if (!fixedPlace(node, place)) {
+        return false;
+    }
+    address = place.first;
+    size = place.last - place.first + 1;
+    return true;
+}
+
 DependencyGraph::DependencyGraph(const Description& description)
     : m_description(description)
     , m_dependents(description.nodes().size())

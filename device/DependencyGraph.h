@@ -2,9 +2,14 @@
 
 #include "Description.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace zqcameralib {
+
+/// Where a register is, when the description says so in a plain number. False otherwise, and for
+/// nodes that are no registers.
+bool fixedRegister(const DescriptionNode& node, std::uint64_t& address, std::size_t& size);
 
 /// Which nodes can change when one is written or run: through values, limits, increments,
 /// conditions, addresses, indices, lengths, formulas, selectors and declared invalidations, and

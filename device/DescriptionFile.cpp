@@ -6,7 +6,6 @@
 #include <array>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <type_traits>
 
@@ -86,16 +85,17 @@ bool readDescriptionFile(const std::string& path, std::string& text, std::string
         error = path + ": not a file";
         return false;
     }
-    if (std::filesystem::file_size(path, failure) > maxFileSize || failure) {
+    const std::uintmax_t size = std::filesystem::file_size(path, failure);
+    if (failure || size > maxFileSize) {
         error = path + ": too large for a camera description";
         return false;
     }
+    text.resize(size);
     std::ifstream file(path, std::ios::binary);
-    if (!file) {
+    if (!file.read(text.data(), static_cast<std::streamsize>(size))) {
         error = path + ": cannot be read";
         return false;
     }
-    text.assign(std::istreambuf_iterator<char>(file), {});
     if (text.compare(0, 4, "PK\x03\x04") == 0 && !unzip(path, text, error)) {
         return false;
     }

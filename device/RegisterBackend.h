@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace zqcameralib {
 
@@ -31,6 +32,19 @@ public:
     virtual bool write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size,
         AccessKind kind, AccessError& error)
         = 0;
+
+    /// One register of several that are read together.
+    struct Request {
+        std::uint64_t address = 0;
+        AccessKind kind = AccessKind::Memory;
+        std::vector<std::uint8_t> bytes; ///< in: as many as are wanted
+        bool done = false;
+    };
+    /// Whether reading several registers together costs less than one by one.
+    virtual bool prefersBatches() const { return false; }
+    /// Reads what can be read at once; an access that fails or takes long ends it early. Nothing
+    /// is an error: what is not done is read again one by one.
+    virtual void readTogether(std::vector<Request>& /*requests*/) { }
 
     /// Whether the camera does not answer any more; every access then fails at once with loss().
     virtual bool isLost() { return false; }

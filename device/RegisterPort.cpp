@@ -46,6 +46,7 @@ bool RegisterPort::read(std::uint64_t address, std::uint8_t* buffer, std::size_t
     AccessKind kind, AccessError& error)
 {
     const Register key(address, size);
+    m_fourByteKind = size == 4 ? kind : m_fourByteKind;
     if (m_trace != nullptr) {
         m_trace->push_back(key);
     }
@@ -68,12 +69,45 @@ bool RegisterPort::read(std::uint64_t address, std::uint8_t* buffer, std::size_t
     if (!m_backend->read(address, buffer, size, kind, error)) {
         return fail(error);
     }
+    keep(key, buffer);
+    return true;
+}
+
+void RegisterPort::keep(const Register& key, const std::uint8_t* bytes)
+{
     if (m_snapshot.empty()) {
         m_snapshotStart = Clock::now();
     }
     m_snapshot[key] = Kept { m_bytes.size() };
-    m_bytes.insert(m_bytes.end(), buffer, buffer + size);
-    return true;
+    m_bytes.insert(m_bytes.end(), bytes, bytes + key.second);
+}
+
+void RegisterPort::prefetch(const std::vector<Register>& registers)
+{
+    if (!m_backend->prefersBatches()) {
+        return;
+    }
+    if (!m_snapshot.empty() && snapshotExpired()) {
+        clearSnapshot();
+    }
+    std::vector<RegisterBackend::Request> requests;
+    std::unordered_set<Register, Hash> wanted;
+    for (const Register& key : registers) {
+        if (m_snapshot.count(key) == 0 && wanted.insert(key).second) {
+            const AccessKind kind = key.second == 4 ? m_fourByteKind : AccessKind::Memory;
+            requests.push_back({ key.first, kind, std::vector<std::uint8_t>(key.second), false });
+        }
+    }
+    if (requests.size() < 2) {
+        return;
+    }
+    m_backend->readTogether(requests);
+    for (const RegisterBackend::Request& request : requests) {
+        if (request.done) {
+            ++m_reads;
+            keep({ request.address, request.bytes.size() }, request.bytes.data());
+        }
+    }
 }
 
 bool RegisterPort::write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size,

@@ -34,6 +34,10 @@ public:
     bool write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size, AccessKind kind,
         AccessError& error);
 
+    /// Reads registers that are going to be read anyway into the snapshot, where reading them
+    /// together costs less. Failures are left to the reading proper.
+    void prefetch(const std::vector<Register>& registers);
+
     /// Forgets the snapshot; a value written without a register counts as a change as well.
     void invalidate();
 
@@ -93,6 +97,7 @@ private:
 
     bool fail(AccessError& error);
     bool snapshotExpired() const;
+    void keep(const Register& key, const std::uint8_t* bytes);
     void clearSnapshot();
 
     std::unique_ptr<RegisterBackend> m_backend;
@@ -105,6 +110,7 @@ private:
     std::uint64_t m_writes = 0;
     std::uint64_t m_changes = 0;
     AccessError m_lastFailure;
+    AccessKind m_fourByteKind = AccessKind::Memory; ///< what this camera wants for four bytes
     FaultHook m_faultHook;
     std::vector<Register>* m_trace = nullptr;
     std::vector<Recorder*> m_recorders;

@@ -1,5 +1,6 @@
 #include "Repository.h"
 
+#include "CertainReads.h"
 #include "StatusCodes.h"
 #include "WriteBlock.h"
 
@@ -33,6 +34,13 @@ bool switchesAcquisition(const std::string& name)
     return name == "AcquisitionStart" || name == "AcquisitionStop" || name == "AcquisitionAbort";
 }
 
+zqcameralib::ZQCamera::Impl::Registers distinct(zqcameralib::ZQCamera::Impl::Registers registers)
+{
+    std::sort(registers.begin(), registers.end());
+    registers.erase(std::unique(registers.begin(), registers.end()), registers.end());
+    return registers;
+}
+
 /// Stands for the whole camera; not part of the tree.
 std::shared_ptr<FeatureItem> wholeDevice()
 {
@@ -53,6 +61,11 @@ int ZQCameraRepository::Impl::load()
     clear();
     m_camera.port().invalidate();
     const RegisterPort::Pass pass(m_camera.port());
+    if (m_loadRegisters.empty()) {
+        m_loadRegisters = certainReads(m_camera.description(), m_camera.features());
+    }
+    m_camera.port().prefetch(m_loadRegisters);
+    RegisterPort::Recorder recorder(m_camera.port());
     for (const Feature& feature : m_camera.features()) {
         if (feature.type == FEATURE_CATEGORY || m_reader.isImplemented(feature)) {
             addRecord(feature);
@@ -62,6 +75,7 @@ int ZQCameraRepository::Impl::load()
         clear();
         return m_camera.port().backend().loss().code;
     }
+    m_loadRegisters = distinct(std::move(recorder.read));
     dropEmptyCategories();
     m_changesAtLoad = m_camera.port().changes();
     m_loadedAt = Clock::now();
@@ -111,6 +125,10 @@ ZQCameraRepository::Impl::ItemPointer ZQCameraRepository::Impl::find(const std::
 bool ZQCameraRepository::Impl::readRecord(Record& record)
 {
     FEATURE_STATE state = FEATURE_AVAILABLE;
+    // Registers that move may be others by now.
+    if (!touchesMoving(*record.feature)) {
+        m_camera.port().prefetch(record.touched);
+    }
     RegisterPort::Recorder recorder(m_camera.port());
     const bool done = m_reader.read(*record.feature, *record.item, state);
     record.touched = std::move(recorder.read);
@@ -180,15 +198,18 @@ ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::affectedBy(
     return list;
 }
 
+bool ZQCameraRepository::Impl::touchesMoving(const Feature& feature) const
+{
+    const auto node
+        = static_cast<std::size_t>(feature.node - m_camera.description().nodes().data());
+    return m_camera.dependencies().touchesMovingRegister(node);
+}
+
 /// Registers at fixed places are compared, bit by bit, in the description already.
 bool ZQCameraRepository::Impl::touchesWritten(const Record& record, const Feature& written) const
 {
-    const auto moves = [this](const Feature& feature) {
-        return m_camera.dependencies().touchesMovingRegister(
-            m_camera.description().find(feature.name));
-    };
     const auto& registers = m_camera.written(written);
-    if (registers.empty() || (!moves(*record.feature) && !moves(written))) {
+    if (registers.empty() || (!touchesMoving(*record.feature) && !touchesMoving(written))) {
         return false;
     }
     return std::any_of(record.touched.begin(), record.touched.end(), [&](const auto& touched) {
@@ -223,9 +244,12 @@ int ZQCameraRepository::Impl::updateStates()
     }
     const RegisterPort::Pass pass(m_camera.port());
     const std::uint64_t failures = m_camera.port().failures();
+    m_camera.port().prefetch(m_stateRegisters);
+    RegisterPort::Recorder recorder(m_camera.port());
     for (auto& [name, record] : m_records) {
         m_states[name] = m_reader.state(*record.feature);
     }
+    m_stateRegisters = distinct(std::move(recorder.read));
     if (m_camera.port().backend().isLost()) {
         return m_camera.port().backend().loss().code;
     }

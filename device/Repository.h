@@ -43,6 +43,7 @@ private:
     void dropEmptyCategories();
     bool readRecord(Record& record);
     bool isStillFresh(Record& record);
+    bool touchesMoving(const zqcameralib::Feature& feature) const;
     bool touchesWritten(const Record& record, const zqcameralib::Feature& written) const;
     void explain(Record& record, FEATURE_STATE state);
     ItemList affectedBy(const zqcameralib::Feature& feature) const;
@@ -53,6 +54,9 @@ private:
     ItemList m_items;
     std::unordered_map<std::string, Record> m_records;
     std::map<std::string, FEATURE_STATE> m_states;
+    /// What was read last in whole passes, to be read together the next time.
+    zqcameralib::ZQCamera::Impl::Registers m_loadRegisters;
+    zqcameralib::ZQCamera::Impl::Registers m_stateRegisters;
     std::uint64_t m_changesAtLoad = 0;
     Clock::time_point m_loadedAt;
 };
