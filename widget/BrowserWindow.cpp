@@ -64,6 +64,7 @@ void BrowserWindow::connectTree()
     connect(m_model, &QAbstractItemModel::dataChanged, m_callout, &MessageCallout::follow);
     connect(m_model, &QAbstractItemModel::modelReset, m_callout, &MessageCallout::follow);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &BrowserWindow::rowsAdded);
+    connect(m_tree, &FeatureTree::dismissed, m_callout, [this] { m_callout->showRow(nullptr); });
     connect(m_tree, &FeatureTree::currentRowChanged, this, &BrowserWindow::rowSelected);
     connect(m_tree, &QWidget::customContextMenuRequested, this, &BrowserWindow::showMenu);
     connect(m_tree->header(), &QHeaderView::sectionResized, this,
@@ -195,7 +196,8 @@ void BrowserWindow::written(const WriteResult& result)
 void BrowserWindow::rowSelected(FeatureRow* row)
 {
     m_description->showRow(row);
-    m_callout->showRow(row);
+    if (row != nullptr && row->extras && !row->extras->message.isEmpty())
+        m_callout->showRow(row); // else one that stands at another row stays to be read
     if (row == nullptr || m_ownChange)
         return;
     const std::string name = row->name;

@@ -93,7 +93,9 @@ void FeatureDelegate::close(RowEditor* editor)
 void FeatureDelegate::editorLeft(RowEditor* editor, Leave how)
 {
     const std::string name = editor->rowName();
-    const FeatureRow* row = m_tree->features().find(name);
+    FeatureRow* row = m_tree->features().find(name);
+    if (row != nullptr && editor->hasComplained())
+        m_tree->features().setMessage(*row, {});
     if (row == nullptr || !editor->isFor(*row) || how == Leave::Revert) {
         close(editor);
         return;
@@ -101,6 +103,7 @@ void FeatureDelegate::editorLeft(RowEditor* editor, Leave how)
     QString problem;
     const auto value = editor->isTouched() ? editor->value(problem) : std::nullopt;
     if (!problem.isEmpty()) {
+        editor->setComplained();
         if (how == Leave::FocusLost)
             close(editor);
         m_writer->showMessage(name, problem);

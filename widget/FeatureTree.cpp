@@ -289,7 +289,7 @@ void FeatureTree::resizeEvent(QResizeEvent* event)
 void FeatureTree::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTreeView::currentChanged(current, previous);
-    if (current.internalPointer() != previous.internalPointer())
+    if (!m_quiet && current.internalPointer() != previous.internalPointer())
         Q_EMIT currentRowChanged(current.isValid() ? FeatureModel::row(current) : nullptr);
 }
 

@@ -55,11 +55,14 @@ public:
 Q_SIGNALS:
     /// Another row became current through the user; null = none.
     void currentRowChanged(featurebrowser::FeatureRow* row);
+    /// Escape, where it has nothing else to end.
+    void dismissed();
     /// The rows on the screen have moved.
     void moved();
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -86,6 +89,7 @@ private:
     ChangeMarks* m_marks;
     FeatureDelegate* m_delegate;
     QPersistentModelIndex m_pressed; ///< where the mouse button went down
+    bool m_quiet = false; ///< a row becomes current without the user
     bool m_buttonDown = false; ///< on the button of a command
     RowFilter m_filter;
     int m_hitsAboveLevel = 0;

@@ -7,6 +7,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QToolTip>
 
 namespace featurebrowser {
@@ -62,7 +63,16 @@ void FeatureTree::keyPressEvent(QKeyEvent* event)
         activate(*row);
         return;
     }
+    if (event->key() == Qt::Key_Escape)
+        Q_EMIT dismissed();
     QTreeView::keyPressEvent(event);
+}
+
+// With the focus the first row becomes current: nobody has selected it.
+void FeatureTree::focusInEvent(QFocusEvent* event)
+{
+    const QScopedValueRollback<bool> quiet(m_quiet, true);
+    QTreeView::focusInEvent(event);
 }
 
 bool FeatureTree::isOnButton(const QModelIndex& index, const QPoint& position) const

@@ -186,8 +186,8 @@ TEST_F(EditingTest, ASliderWritesSparselyAndItsLastValueAlways)
     EXPECT_EQ(slider->value(), 370); // 100 * log10(5000)
     for (int position = 371; position <= 400; ++position)
         slider->setValue(position);
-    EXPECT_EQ(journal.lines.size(), 1U);
     QTest::qWait(120);
+    EXPECT_LE(journal.lines.size(), 2U);
     EXPECT_EQ(journal.take().back(), "Double ExposureTime 10000");
     EXPECT_TRUE(isEditing());
     press(Qt::Key_Return);

@@ -35,7 +35,14 @@ TEST_F(MessageTest, ARejectionStaysAtItsRowUntilTheNextGoodValue)
     EXPECT_EQ(message(), "");
     select("ExposureTime");
     select("Width");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(message(), "");
+    select("ExposureTime");
+    select("Width");
     EXPECT_NE(message(), "") << "still marked, so it can be read again";
+
+    select("PixelFormat");
+    EXPECT_NE(message(), "") << "going on does not take it away";
 
     journal.answer = [this](const std::string&) {
         browser->modifyFeature("Width", 32L, 16L, 64L, 16U, false, true);

@@ -58,6 +58,7 @@ TEST_F(NumberInputTest, WhatCanBeReadInTwoWaysOrNotAtAllIsNotLetOut)
         EXPECT_TRUE(isEditing()) << "the typed text stays";
         EXPECT_EQ(message(), edited.message);
         press(Qt::Key_Escape);
+        EXPECT_EQ(message(), "") << "what was typed is gone, and so is what was wrong with it";
     }
     EXPECT_TRUE(journal.take().empty());
 }

@@ -111,8 +111,10 @@ TEST_F(TreeTest, LevelHidesFeaturesAndCategoriesLeftEmpty)
 
 TEST_F(TreeTest, UserSelectionIsToldAndItsDescriptionShown)
 {
-    show();
     journal.hearsSelection = true;
+    browser->showDialog(&journal, 600, 700, {}, {});
+    ASSERT_TRUE(QTest::qWaitForWindowActive(browser->GetWidget()));
+    EXPECT_TRUE(journal.take().empty()) << "showing selects nothing";
     click("Width", 0);
     press(Qt::Key_Down);
     EXPECT_EQ(journal.take(), (Lines { "Selection Width", "Selection ExposureTime" }));

@@ -48,12 +48,13 @@ FloatEditor::FloatEditor(const FeatureRow& row, int sliderSteps, QWidget* parent
     watch(m_field);
     m_slider->installEventFilter(this);
     m_pause.setSingleShot(true);
-    m_pause.setInterval(writePause);
     connect(m_field, &QLineEdit::textEdited, this, [this] { touch(); });
     connect(m_slider, &QSlider::valueChanged, this, &FloatEditor::sliderMoved);
     connect(&m_pause, &QTimer::timeout, this, [this] {
+        // By the timer only: its write may delete this editor, which a slider in the middle of a
+        // mouse event would not survive.
         if (std::exchange(m_writePending, false)) {
-            m_pause.start();
+            m_pause.start(writePause);
             leave(Leave::KeepOpen);
         }
     });
@@ -85,12 +86,9 @@ void FloatEditor::sliderMoved(int position)
 {
     m_field->setText(exactFloatText(m_scale.valueAt(position)));
     touch();
-    if (m_pause.isActive()) {
-        m_writePending = true;
-        return;
-    }
-    m_pause.start();
-    leave(Leave::KeepOpen);
+    m_writePending = true;
+    if (!m_pause.isActive())
+        m_pause.start(0);
 }
 
 // The arrow keys step as in a spin box: nothing is written before the value is accepted.

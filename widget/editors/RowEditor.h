@@ -34,6 +34,9 @@ public:
     /// The user has changed something since the last write.
     bool isTouched() const { return m_touched; }
     void setTouched(bool touched) { m_touched = touched; }
+    /// Its text was not let out, and the row says why.
+    bool hasComplained() const { return m_complained; }
+    void setComplained() { m_complained = true; }
     /// Ignores the focus from now on: the editor is about to go.
     void finish() { m_finished = true; }
 
@@ -64,6 +67,7 @@ private:
     std::string m_rowName;
     RowKind m_kind;
     bool m_touched = false;
+    bool m_complained = false;
     bool m_finished = false;
 };
 
