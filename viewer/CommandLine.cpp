@@ -38,6 +38,15 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
                        "the GenICam description FILE.xml (plain or zipped) describes. Needs no "
                        "hardware and no network. Write --simulate=FILE.xml, with the equals sign."),
         QStringLiteral("FILE.xml"));
+    const QCommandLineOption list(QStringLiteral("list"),
+        QStringLiteral("Search all networks and buses for cameras for about a second, print them, "
+                       "one to a line, and exit."));
+    const QCommandLineOption camera(QStringLiteral("camera"),
+        QStringLiteral("Open a camera: its id as --list prints it, or the IPv4 address of a GigE "
+                       "Vision camera."),
+        QStringLiteral("ID"));
+    const QCommandLineOption readOnly(QStringLiteral("read-only"),
+        QStringLiteral("With --camera: only look, and leave the control to other applications."));
     const QCommandLineOption level(QStringLiteral("level"),
         QStringLiteral("Show features up to this visibility: Beginner, Expert or Guru (the "
                        "default)."),
@@ -56,7 +65,7 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Shows the features of a GenICam camera, changes them and runs commands."));
-    parser.addOptions({ simulate, level, dump, print, screenshot });
+    parser.addOptions({ simulate, list, camera, readOnly, level, dump, print, screenshot });
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     if (!parser.parse(withOptionalValues(arguments))) {
@@ -79,7 +88,14 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
                     .arg(parser.value(level));
         return false;
     }
+    if (parser.isSet(camera) && (parser.isSet(simulate) || parser.value(camera).isEmpty())) {
+        error = QStringLiteral("--camera needs the id of a camera, and goes without --simulate.");
+        return false;
+    }
     result.description = parser.value(simulate);
+    result.camera = parser.value(camera);
+    result.readOnly = parser.isSet(readOnly);
+    result.list = parser.isSet(list);
     result.dump = parser.isSet(dump);
     result.print = parser.isSet(print);
     result.screenshot = parser.value(screenshot);

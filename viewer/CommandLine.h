@@ -11,6 +11,9 @@ namespace zqviewer {
 struct CommandLine {
     QString description; ///< GenICam description to simulate; empty = the built-in camera
     featurebrowser::TYPE_LEVEL level = featurebrowser::LEVEL_GURU;
+    QString camera; ///< id or address of a real camera; empty = simulate
+    bool readOnly = false; ///< leave the control of the camera to others
+    bool list = false; ///< print the cameras found and exit
     bool dump = false; ///< print the tree as JSON and exit
     bool print = false; ///< print the tree as readable text and exit
     QString screenshot; ///< write a picture of the window to this file and exit; empty = do not

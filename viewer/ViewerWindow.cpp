@@ -3,7 +3,9 @@
 #include "featurebrowser/ZQCamera.h"
 #include "featurebrowser/ZQCameraRepository.h"
 
+#include <QAction>
 #include <QLabel>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QStyle>
 #include <QTimer>
@@ -34,21 +36,32 @@ auto featureCount(ZQCameraRepository& repository)
 
 QString title(const zqcameralib::ZQCamera& camera)
 {
-    return QStringLiteral("%1 %2").arg(
+    const QString name = QStringLiteral("%1 %2").arg(
         QString::fromStdString(camera.vendor()), QString::fromStdString(camera.model()));
+    return camera.isReadOnly() ? ViewerWindow::tr("%1 (read-only)").arg(name.trimmed())
+                               : name.trimmed();
 }
 
 } // namespace
 
 ViewerWindow::ViewerWindow(zqcameralib::ZQCamera& camera, TYPE_LEVEL level, QString& error)
-    : m_device(&camera, nullptr)
+    : m_camera(camera)
+    , m_device(&camera, nullptr)
     , m_browser(&m_device, this)
     , m_message(new QLabel(this))
+    , m_reconnect(new QPushButton(tr("&Reconnect"), this))
 {
-    setWindowTitle(title(camera).trimmed());
+    setWindowTitle(title(camera));
     m_message->setTextFormat(Qt::PlainText);
     m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
     statusBar()->addWidget(m_message, 1);
+    statusBar()->addPermanentWidget(m_reconnect);
+    m_reconnect->hide();
+    connect(m_reconnect, &QPushButton::clicked, this, &ViewerWindow::reconnect);
+    auto* reload = new QAction(tr("Read all features again"), this);
+    reload->setShortcut(QKeySequence::Refresh);
+    connect(reload, &QAction::triggered, this, &ViewerWindow::reload);
+    addAction(reload);
     setCentralWidget(m_browser.GetWidget());
 
     const int status = m_device.GetRepository()->Load();
@@ -59,6 +72,9 @@ ViewerWindow::ViewerWindow(zqcameralib::ZQCamera& camera, TYPE_LEVEL level, QStr
     m_browser.ShowStandalone(0, 0, {}, level);
     resize(760, 860);
     showMessage(true, tr("%1 features read.").arg(featureCount(*m_device.GetRepository())));
+    auto* timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, &ViewerWindow::watchConnection);
+    timer->start(500);
 }
 
 ViewerWindow::~ViewerWindow()
@@ -90,6 +106,36 @@ void ViewerWindow::run(const std::string& command)
     SendError(status,
         status == 0 ? "Executed Command [" + command + "]"
                     : errorText(m_device, status).toStdString());
+}
+
+void ViewerWindow::reload()
+{
+    if (m_browser.ReloadFeatureBrowser() == 0) {
+        showMessage(true, tr("%1 features read.").arg(featureCount(*m_device.GetRepository())));
+    }
+}
+
+void ViewerWindow::watchConnection()
+{
+    if (m_camera.isLost() && m_reconnect->isHidden()) {
+        showMessage(false, tr("The camera does not answer."));
+        m_device.GetRepository()->UpdateFeatureStates();
+        m_browser.RefreshStates();
+    }
+    m_reconnect->setVisible(m_camera.isLost());
+}
+
+void ViewerWindow::reconnect()
+{
+    const int status = m_device.Reconnect();
+    if (status != 0) {
+        showMessage(false, errorText(m_device, status));
+        return;
+    }
+    m_browser.LoadFeatureBrowser();
+    m_browser.RefreshStates();
+    showMessage(true, tr("Connected again."));
+    watchConnection();
 }
 
 void ViewerWindow::FeatureIntModified(std::string name, long value)

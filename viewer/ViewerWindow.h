@@ -9,6 +9,7 @@
 #include <memory>
 
 class QLabel;
+class QPushButton;
 class QTreeView;
 
 namespace zqviewer {
@@ -46,10 +47,15 @@ private:
     void showWritten(const std::string& name, const QString& value);
     void showMessage(bool good, const QString& text);
     void run(const std::string& command);
+    void reload();
+    void watchConnection();
+    void reconnect();
 
+    zqcameralib::ZQCamera& m_camera;
     featurebrowser::ZQCameraDevice m_device;
     featurebrowser::ZQFeatureBrowser m_browser;
     QLabel* m_message;
+    QPushButton* m_reconnect;
 };
 
 } // namespace zqviewer

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QTreeView>
 
+#include <array>
 #include <cstdio>
 
 namespace {
@@ -24,6 +25,7 @@ int fail(const QString& error)
 void print(const QByteArray& text)
 {
     std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stdout);
+    std::fflush(stdout); // what follows on standard error stands behind it
 }
 
 bool takeScreenshot(ViewerWindow& window, const QString& file)
@@ -44,6 +46,40 @@ bool chooseDisplay(bool windowNeeded)
         return qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+int listCameras()
+{
+    zqcameralib::ZQDiscovery discovery;
+    for (const zqcameralib::CameraInfo& camera : discovery.discover()) {
+        const std::array fields { camera.id, camera.vendor, camera.model, camera.serial,
+            camera.protocol, camera.address,
+            std::string(camera.reachable ? "reachable" : "not reachable") };
+        QStringList line;
+        for (const std::string& field : fields) {
+            line.append(QString::fromStdString(field));
+        }
+        print(line.join(QLatin1Char('\t')).toUtf8() + '\n');
+    }
+    if (discovery.cameras().empty()) {
+        std::fputs("No cameras found.\n", stderr);
+    }
+    return 0;
+}
+
+std::unique_ptr<zqcameralib::ZQCamera> openCamera(const CommandLine& options, std::string& error)
+{
+    using zqcameralib::CameraAccess;
+    using zqcameralib::ZQCamera;
+    if (!options.camera.isEmpty()) {
+        return ZQCamera::Open(options.camera.toStdString(),
+            options.readOnly ? CameraAccess::ReadOnly : CameraAccess::Control, error);
+    }
+    if (!options.description.isEmpty()) {
+        return ZQCamera::OpenDescription(
+            QFile::encodeName(options.description).toStdString(), error);
+    }
+    return ZQCamera::OpenSimulated(error);
 }
 
 int runBatch(ViewerWindow& window, const CommandLine& options)
@@ -83,12 +119,12 @@ int main(int argc, char** argv)
             return fail(error);
         }
     }
+    if (options.list) {
+        return listCameras();
+    }
     // Before the window system: what it prints would stand around the one line of a failure.
     std::string openError;
-    const auto camera = options.description.isEmpty()
-        ? zqcameralib::ZQCamera::OpenSimulated(openError)
-        : zqcameralib::ZQCamera::OpenDescription(
-            QFile::encodeName(options.description).toStdString(), openError);
+    const auto camera = openCamera(options, openError);
     if (!camera) {
         return fail(QString::fromStdString(openError));
     }
