@@ -127,7 +127,7 @@ CameraLink::~CameraLink()
 void CameraLink::abandonThread()
 {
     m_thread->finishWithin(std::chrono::milliseconds(0));
-    m_thread.reset(new AccessThread);
+    m_thread = std::make_unique<AccessThread>();
 }
 
 void CameraLink::lose(int code, const std::string& message)

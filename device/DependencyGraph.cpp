@@ -173,8 +173,10 @@ void DependencyGraph::findMovingRegisters()
             mark(node);
         }
     }
-    for (std::size_t at = 0; at < pending.size(); ++at) {
-        for (const std::size_t reader : m_dependents[pending[at]]) {
+    while (!pending.empty()) {
+        const std::size_t changed = pending.back();
+        pending.pop_back();
+        for (const std::size_t reader : m_dependents[changed]) {
             mark(reader);
         }
     }
@@ -196,21 +198,26 @@ std::vector<bool> DependencyGraph::affectedBy(const std::vector<std::size_t>& no
         }
     };
     // A node that changes in the camera changes with all that its value comes from.
+    std::vector<bool> isThrough(m_dependents.size(), false);
     const auto markThrough = [&](std::size_t node) {
         std::vector<std::size_t> through { node };
-        for (std::size_t at = 0; at < through.size(); ++at) {
-            if (!affected[through[at]]) {
-                const std::vector<std::size_t>& behind = m_written[through[at]];
+        while (!through.empty()) {
+            const std::size_t changed = through.back();
+            through.pop_back();
+            mark(changed);
+            if (!isThrough[changed]) {
+                isThrough[changed] = true;
+                const std::vector<std::size_t>& behind = m_written[changed];
                 through.insert(through.end(), behind.begin(), behind.end());
             }
-            mark(through[at]);
         }
     };
     for (const std::size_t node : nodes) {
         markThrough(node);
     }
-    for (std::size_t at = 0; at < pending.size(); ++at) {
-        const std::size_t changed = pending[at];
+    while (!pending.empty()) {
+        const std::size_t changed = pending.back();
+        pending.pop_back();
         for (const std::size_t next : m_dependents[changed]) {
             mark(next);
         }

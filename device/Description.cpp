@@ -175,7 +175,7 @@ void Description::collectReferences(DescriptionNode& node)
     struct Walker : pugi::xml_tree_walker {
         Description* description = nullptr;
         DescriptionNode* node = nullptr;
-        void add(const pugi::xml_node& element, std::string_view tag, const char* target)
+        void add(const pugi::xml_node& element, std::string_view tag, const char* target) const
         {
             node->references.push_back({ element, tag, description->find(trimmed(target)) });
         }

@@ -235,8 +235,8 @@ public:
     std::uint64_t totalCost() const
     {
         std::uint64_t total = 0;
-        for (std::size_t i = 0; i < m_nodes.size(); ++i) {
-            for (const Reference& reference : m_nodes[i].references) {
+        for (const DescriptionNode& node : m_nodes) {
+            for (const Reference& reference : node.references) {
                 if (reference.tag == "pFeature" && reference.target != Description::absent) {
                     total += readCost(reference.target);
                 }

@@ -99,8 +99,10 @@ private:
                 add(entry.node);
             }
         }
-        for (std::size_t at = 0; at < pending.size(); ++at) {
-            for (const Reference& reference : m_description.node(pending[at]).references) {
+        while (!pending.empty()) {
+            const DescriptionNode& node = m_description.node(pending.back());
+            pending.pop_back();
+            for (const Reference& reference : node.references) {
                 if (reference.tag == "pOffset" || evaluatedReferences().count(reference.tag) != 0) {
                     add(reference.target);
                 }
@@ -176,7 +178,7 @@ private:
                 continue;
             }
             if (tag == "pLength") {
-                copyLength(source, child, target);
+                copyLength(source.name(), child, target);
             } else if (evaluatedReferences().count(tag) != 0) {
                 copyReference(child, target);
             } else if (evaluatedTags().count(tag) != 0) {
@@ -229,13 +231,12 @@ private:
     }
 
     /// The camera tells the length, and the node map would ask for that much memory.
-    void copyLength(const pugi::xml_node& reg, const pugi::xml_node& source, pugi::xml_node& parent)
+    void copyLength(std::string_view kind, const pugi::xml_node& source, pugi::xml_node& parent)
     {
         const std::string name(elementText(source));
         if (!canBeEvaluated(m_description.find(name))) {
             return;
         }
-        const std::string_view kind = reg.name();
         const bool isNumber = kind != "StringReg" && kind != "Register";
         const std::string least = isNumber ? "1" : "0";
         const std::string most = std::to_string(isNumber ? 8L : maxRegisterLength);

@@ -181,7 +181,7 @@ ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::affectedBy(
     const zqcameralib::Description& description = m_camera.description();
     std::vector<std::size_t> changed { description.find(feature.name) };
     if (switchesAcquisition(feature.name)
-        && description.find("TLParamsLocked") != description.absent) {
+        && description.find("TLParamsLocked") != zqcameralib::Description::absent) {
         changed.push_back(description.find("TLParamsLocked"));
     }
     const std::vector<bool> affected = m_camera.dependencies().affectedBy(changed);

@@ -16,8 +16,7 @@ std::string names(const std::list<std::shared_ptr<FeatureItem>>& items)
 /// "Last" is listed first, so that tree order differs from the order of discovery.
 TestCamera makeCamera()
 {
-    return TestCamera(
-        "Last Width Offset Sel Gain Lone UserSetLoad Low High AcquisitionStart Locked",
+    return { "Last Width Offset Sel Gain Lone UserSetLoad Low High AcquisitionStart Locked",
         intReg("WidthReg", 0) + intReg("GainReg", 4, element("pAddress", "SelOffset"))
             + intReg("SelReg", 8) + intReg("Lone", 16)
             + "<Integer Name=\"Width\"><pValue>WidthReg</pValue><pMax>OffsetFree</pMax></Integer>"
@@ -43,7 +42,7 @@ TestCamera makeCamera()
               "Name=\"AcquisitionStart\"><pValue>StartReg</pValue><CommandValue>1</CommandValue></"
               "Command>"
             + intReg("StartReg", 48)
-            + intReg("Locked", 52, element("pIsLocked", "TLParamsLocked")));
+            + intReg("Locked", 52, element("pIsLocked", "TLParamsLocked")) };
 }
 
 TEST(Dependents, AreCompleteInTreeOrderAndOnce)

@@ -1,6 +1,7 @@
 #include "StatusCodes.h"
 #include "TestCamera.h"
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -48,7 +49,7 @@ TEST(Writes, AreRefusedWithCodeAndTextBeforeAnythingIsSent)
 {
     TestCamera camera(members, nodes);
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    const Refusal cases[] = {
+    const std::vector<Refusal> cases {
         { [](auto& d) { return d.SetIntegerValue("Int", 3, 1); }, ERROR_VALUE_OUT_OF_RANGE,
             "Int: 3 is below the minimum of 4" },
         { [](auto& d) { return d.SetIntegerValue("Int", 44, 1); }, ERROR_VALUE_OUT_OF_RANGE,
@@ -158,11 +159,11 @@ TEST(ErrorText, EveryCodeHasANameAndASentence)
     TestCamera camera(members, nodes);
     for (const int code : { int(STATUS_OK), int(ERROR_VALUE_OUT_OF_RANGE), unknownFeature,
              notWritable, cameraLost, deviceErrorBase + 5, 12345 }) {
-        char name[errorTextSize] = { 1 };
-        char text[errorTextSize] = { 1 };
-        camera.device.GetErrorText(code, name, text);
-        EXPECT_GT(std::string(name).size(), 1U) << code;
-        EXPECT_GT(std::string(text).size(), 5U) << code;
+        std::array<char, errorTextSize> name { 1 };
+        std::array<char, errorTextSize> text { 1 };
+        camera.device.GetErrorText(code, name.data(), text.data());
+        EXPECT_GT(std::string(name.data()).size(), 1U) << code;
+        EXPECT_GT(std::string(text.data()).size(), 5U) << code;
     }
     // A name longer than the buffer is cut between characters.
     std::string longName;

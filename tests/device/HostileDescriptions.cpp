@@ -9,16 +9,17 @@ namespace {
 
 using All = std::vector<HostileDescription>;
 
-const char* const kinds[] = { "Integer", "IntReg", "MaskedIntReg", "Float", "FloatReg", "Boolean",
-    "Enumeration", "String", "StringReg", "Command", "IntSwissKnife", "SwissKnife", "IntConverter",
-    "Converter", "Register", "Category" };
+const std::vector<std::string> kinds { "Integer", "IntReg", "MaskedIntReg", "Float", "FloatReg",
+    "Boolean", "Enumeration", "String", "StringReg", "Command", "IntSwissKnife", "SwissKnife",
+    "IntConverter", "Converter", "Register", "Category" };
 
-const char* const references[] = { "pValue", "pAddress", "pIndex", "pLength", "pMin", "pMax",
-    "pInc", "pVariable", "pIsImplemented", "pIsAvailable", "pIsLocked", "pSelected", "pInvalidator",
-    "pCommandValue", "pValueIndexed", "pValueDefault", "pFeature", "pPort" };
+const std::vector<std::string> references { "pValue", "pAddress", "pIndex", "pLength", "pMin",
+    "pMax", "pInc", "pVariable", "pIsImplemented", "pIsAvailable", "pIsLocked", "pSelected",
+    "pInvalidator", "pCommandValue", "pValueIndexed", "pValueDefault", "pFeature", "pPort" };
 
-const char* const values[] = { "", "abc", "-1", "0", "1e999", "NaN", "0x", "9223372036854775807",
-    "-9223372036854775808", "18446744073709551616", "1.5", "%s%n", "\xFF\xFE" };
+const std::vector<std::string> values { "", "abc", "-1", "0", "1e999", "NaN", "0x",
+    "9223372036854775807", "-9223372036854775808", "18446744073709551616", "1.5", "%s%n",
+    "\xFF\xFE" };
 
 std::string node(const std::string& kind, const std::string& name, const std::string& content)
 {
@@ -49,8 +50,8 @@ std::string referTo(const std::string& tag, const std::string& target)
 
 void addReferences(All& all)
 {
-    for (const std::string kind : kinds) {
-        for (const std::string tag : references) {
+    for (const std::string& kind : kinds) {
+        for (const std::string& tag : references) {
             all.push_back({ kind + " with " + tag + " to itself",
                 TestCamera::description("A", node(kind, "A", body(kind) + referTo(tag, "A"))) });
             all.push_back({ kind + " with " + tag + " to nothing",
@@ -70,10 +71,10 @@ void addValues(All& all)
     for (const std::string tag : { "Value", "Min", "Max", "Inc", "Address", "Length", "LSB", "MSB",
              "Bit", "OnValue", "CommandValue", "Visibility", "AccessMode", "Sign", "Endianess",
              "Representation", "Unit", "ChunkID", "PollingTime" }) {
-        for (const std::string value : values) {
+        for (const std::string& value : values) {
             std::string nodes;
             std::string members;
-            for (const std::string kind : kinds) {
+            for (const std::string& kind : kinds) {
                 const std::string own = body(kind);
                 const std::size_t old = own.find("<" + tag + ">");
                 const std::size_t end = own.find("</" + tag + ">");
@@ -266,7 +267,7 @@ void addText(All& all)
     all.push_back({ "zeros", std::string(5000, '\0') });
     all.push_back({ "zero within", good.substr(0, 200) + std::string(3, '\0') + good.substr(200) });
     all.push_back({ "UTF-16 mark only", "\xFF\xFE" });
-    all.push_back({ "UTF-16 odd", "\xFF\xFE<\0R" });
+    all.push_back({ "UTF-16 odd", std::string("\xFF\xFE<") + std::string(1, char()) + "R" });
     all.push_back({ "names of blanks and marks",
         TestCamera::description("A",
             intReg(" ", 0) + intReg("", 0) + intReg("%s%n&lt;b&gt;", 0) + intReg("\xC3\x28", 0)

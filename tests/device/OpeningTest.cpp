@@ -19,7 +19,7 @@ protected:
 
     std::string write(const std::string& name, const std::string& content)
     {
-        const std::string path = (m_folder / name).string();
+        std::string path = (m_folder / name).string();
         std::ofstream(path, std::ios::binary) << content;
         return path;
     }
@@ -57,10 +57,11 @@ TEST_F(Opening, TakesEveryFormThatCamerasDeliver)
 
 TEST_F(Opening, RefusesWhatIsNoDescriptionInOneClearLine)
 {
-    const struct {
+    struct Case {
         std::string path;
         const char* says;
-    } cases[] = {
+    };
+    const std::vector<Case> cases {
         { (m_folder / "none.xml").string(), "no such file" },
         { m_folder.string(), "not a file" },
         { write("empty.xml", ""), "empty" },
@@ -71,7 +72,7 @@ TEST_F(Opening, RefusesWhatIsNoDescriptionInOneClearLine)
         { write("rootless.xml", "<RegisterDescription/>"), "no root category" },
         { write("broken.zip", "PK\x03\x04 and then nothing of use"), "archive" },
     };
-    for (const auto& test : cases) {
+    for (const Case& test : cases) {
         std::string error;
         EXPECT_FALSE(ZQCamera::OpenDescription(test.path, error)) << test.path;
         EXPECT_NE(error.find(test.says), std::string::npos) << error;

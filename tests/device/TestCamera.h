@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -54,10 +55,10 @@ public:
     }
     std::string errorText(int code)
     {
-        char name[featurebrowser::errorTextSize];
-        char text[featurebrowser::errorTextSize];
-        device.GetErrorText(code, name, text);
-        return text;
+        std::array<char, featurebrowser::errorTextSize> name {};
+        std::array<char, featurebrowser::errorTextSize> text {};
+        device.GetErrorText(code, name.data(), text.data());
+        return text.data();
     }
     std::string listed() const;
 

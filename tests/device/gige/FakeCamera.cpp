@@ -70,11 +70,11 @@ void FakeCamera::kill()
     }
 }
 
-void FakeCamera::stall()
+void FakeCamera::stall() const
 {
     ::kill(m_process, SIGSTOP);
 }
-void FakeCamera::resume()
+void FakeCamera::resume() const
 {
     ::kill(m_process, SIGCONT);
 }

@@ -15,8 +15,8 @@ public:
 
     void start();
     void kill();
-    void stall();
-    void resume();
+    void stall() const;
+    void resume() const;
 
     /// Whether the program is there.
     static bool isInstalled();

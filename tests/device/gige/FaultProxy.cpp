@@ -8,6 +8,7 @@
 
 #include <array>
 #include <chrono>
+#include <stdexcept>
 #include <utility>
 
 namespace {
@@ -39,8 +40,10 @@ FaultProxy::FaultProxy(std::uint32_t seed)
 {
     const sockaddr_in front = endpoint(address, controlPort);
     const sockaddr_in back = endpoint("127.0.0.1", controlPort);
-    bind(m_front, reinterpret_cast<const sockaddr*>(&front), sizeof front);
-    connect(m_back, reinterpret_cast<const sockaddr*>(&back), sizeof back);
+    if (bind(m_front, reinterpret_cast<const sockaddr*>(&front), sizeof front) != 0
+        || connect(m_back, reinterpret_cast<const sockaddr*>(&back), sizeof back) != 0) {
+        throw std::runtime_error("no address for the proxy");
+    }
     m_thread = std::thread([this] { run(); });
 }
 

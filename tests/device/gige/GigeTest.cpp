@@ -161,7 +161,7 @@ TEST_P(Fault, ShowsNoWrongValueAndIsRecoveredFrom)
 }
 
 const auto stall = [](FakeCamera& camera) { camera.stall(); };
-const auto resumeAfter(std::chrono::milliseconds time)
+auto resumeAfter(std::chrono::milliseconds time)
 {
     return [time](FakeCamera& camera) {
         std::this_thread::sleep_for(time);
