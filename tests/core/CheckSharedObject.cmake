@@ -21,7 +21,6 @@ set(expected
   "featurebrowser::listOfLogarithmicControls[abi:cxx11]"
   "typeinfo for ${receiver}"
   "typeinfo name for ${receiver}"
-  "vtable for ${receiver}"
   "${facade}::ZQFeatureBrowser(featurebrowser::ICameraDevice*, ${receiver}*)"
   "${facade}::ZQFeatureBrowser(zqcameralib::ZQCamera*, ${receiver}*)"
   "${facade}::~ZQFeatureBrowser()"
@@ -33,9 +32,10 @@ foreach(operation Show Hide CloseDialog ClearFeatureBrowser RefreshStates LoadFe
   list(APPEND expected "${facade}::${operation}()")
 endforeach()
 list(SORT expected)
+set(optional "vtable for ${receiver}") # optimised builds need none
 
 foreach(symbol IN LISTS symbols)
-  if(NOT symbol IN_LIST expected)
+  if(NOT symbol IN_LIST expected AND NOT symbol IN_LIST optional)
     message(SEND_ERROR "exported and should not be: ${symbol}")
   endif()
 endforeach()
