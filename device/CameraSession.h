@@ -51,7 +51,7 @@ private:
     explicit CameraSession(ArvDevice* device);
 
     ArvDevice* m_device;
-    std::shared_ptr<Flags> m_flags = std::make_shared<Flags>(); // before the handler that shares it
+    std::shared_ptr<Flags> m_flags = std::make_shared<Flags>();
     gulong m_handler = 0;
 };
 
