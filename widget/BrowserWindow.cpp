@@ -25,8 +25,9 @@ BrowserWindow::BrowserWindow(QWidget* parent)
     , m_model(new FeatureModel(this))
     , m_writer(new ValueWriter(*m_model, m_events, this))
 {
-    if (parent != nullptr)
+    if (parent != nullptr) {
         setWindowFlags(Qt::Dialog); // a window of its own until an application embeds it
+    }
     setWindowTitle(tr("Camera features"));
     // In the order in which Tab goes through them.
     m_filterBar = new FilterBar(this);
@@ -125,11 +126,13 @@ void BrowserWindow::setFavourites(const QByteArrayList& names)
 {
     const auto now = m_watch->pinned();
     for (const QByteArray& name : now) {
-        if (!names.contains(name))
+        if (!names.contains(name)) {
             m_watch->setPinned(name.toStdString(), false);
+        }
     }
-    for (const QByteArray& name : names)
+    for (const QByteArray& name : names) {
         m_watch->setPinned(name.toStdString(), true);
+    }
 }
 
 void BrowserWindow::setLevel(TYPE_LEVEL level)
@@ -140,8 +143,9 @@ void BrowserWindow::setLevel(TYPE_LEVEL level)
 
 void BrowserWindow::levelChosen(TYPE_LEVEL level)
 {
-    if (level == m_tree->filter().level)
+    if (level == m_tree->filter().level) {
         return;
+    }
     setLevel(level);
     m_events.raise({}, [level](auto& receiver) { receiver.FeatureLevelChanged(level); });
 }
@@ -165,8 +169,9 @@ void BrowserWindow::setDescription(FeatureRow& row, std::string text)
 {
     m_model->setDescription(row, std::move(text));
     const FeatureRow* current = m_tree->currentRow();
-    if (current == nullptr || current == &row)
+    if (current == nullptr || current == &row) {
         m_description->showRow(&row);
+    }
 }
 
 void BrowserWindow::setSliderSteps(int steps)
@@ -184,22 +189,27 @@ void BrowserWindow::written(const WriteResult& result)
 {
     m_changes->showResult(result);
     const auto mark = [this](const std::string& name) {
-        if (const FeatureRow* row = m_model->find(name))
+        if (const FeatureRow* row = m_model->find(name)) {
             m_tree->marks().mark(row);
+        }
     };
-    if (!result.isCommand)
+    if (!result.isCommand) {
         mark(result.name);
-    for (const std::string& name : result.followers)
+    }
+    for (const std::string& name : result.followers) {
         mark(name);
+    }
 }
 
 void BrowserWindow::rowSelected(FeatureRow* row)
 {
     m_description->showRow(row);
-    if (row != nullptr && row->extras && !row->extras->message.isEmpty())
+    if (row != nullptr && row->extras && !row->extras->message.isEmpty()) {
         m_callout->showRow(row); // else one that stands at another row stays to be read
-    if (row == nullptr || m_ownChange)
+    }
+    if (row == nullptr || m_ownChange) {
         return;
+    }
     const std::string name = row->name;
     m_events.raise(name, [&name](auto& receiver) { receiver.ItemSelectionChanged(name); });
 }
@@ -208,8 +218,9 @@ void BrowserWindow::columnResized(int column, int width)
 {
     const QHeaderView* header = m_tree->header();
     const bool follows = header->stretchLastSection() && column == header->count() - 1;
-    if (m_ownChange || follows)
+    if (m_ownChange || follows) {
         return;
+    }
     m_events.raise(
         {}, [column, width](auto& receiver) { receiver.ItemColumnResized(column, width); });
 }
@@ -236,8 +247,9 @@ void BrowserWindow::showRow(const FeatureRow& row)
 void BrowserWindow::showMenu(const QPoint& position)
 {
     const QModelIndex index = m_tree->indexAt(position);
-    if (!index.isValid())
+    if (!index.isValid()) {
         return;
+    }
     auto* menu = new RowMenu(*m_tree, *m_watch, *FeatureModel::row(index), this);
     menu->setObjectName(QStringLiteral("rowMenu"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -261,8 +273,9 @@ void BrowserWindow::present(Qt::WindowType type)
             | Qt::WindowSystemMenuHint;
         setWindowFlags(flags);
     }
-    if (!embedded && focusWidget() == nullptr)
+    if (!embedded && focusWidget() == nullptr) {
         m_tree->setFocus();
+    }
     show();
     if (!embedded) {
         raise();
@@ -278,10 +291,12 @@ void BrowserWindow::applySizes(int width, int height, const std::vector<int>& co
     const int count = std::min(header->count(), static_cast<int>(columns.size()));
     for (int column = 0; column < count; ++column) {
         const int wanted = columns[static_cast<std::size_t>(column)];
-        if (wanted <= 0)
+        if (wanted <= 0) {
             continue;
-        if (column == header->count() - 1)
+        }
+        if (column == header->count() - 1) {
             header->setStretchLastSection(false);
+        }
         header->resizeSection(column, wanted);
     }
 }

@@ -45,15 +45,17 @@ public:
 
     template <typename Use> void with(Use&& use) const
     {
-        if (BrowserWindow* present = window.data())
+        if (BrowserWindow* present = window.data()) {
             use(*present);
+        }
     }
     template <typename Use> void withRow(const std::string& name, Use&& use) const
     {
         BrowserWindow* present = window.data();
         FeatureRow* row = present != nullptr ? present->model().find(name) : nullptr;
-        if (row != nullptr)
+        if (row != nullptr) {
             use(*present, *row);
+        }
     }
     void add(const std::string& category, std::unique_ptr<FeatureRow> row) const
     {
@@ -175,9 +177,10 @@ void CameraFeatureBrowser::modifyFeature(std::string name, std::string value, CA
             window.updated(row, model.setChoice(row, std::move(choice), readOnly, flag));
             return;
         }
-        if (isPlainText(row))
+        if (isPlainText(row)) {
             model.setKind(
                 row, kind == CAM_TYPE_READ_ONLY_STRING ? RowKind::ReadOnlyText : RowKind::Text);
+        }
         window.updated(row, model.setText(row, std::move(value), readOnly, flag));
     });
 }

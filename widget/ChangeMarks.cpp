@@ -35,8 +35,9 @@ void ChangeMarks::clear()
 double ChangeMarks::strength(const FeatureRow* row) const
 {
     const auto found = m_times.constFind(row);
-    if (found == m_times.constEnd())
+    if (found == m_times.constEnd()) {
         return 0;
+    }
     const qint64 age = m_clock.elapsed() - *found;
     return std::clamp(1.0 - static_cast<double>(age - fullTime) / fadeTime, 0.0, 1.0);
 }
@@ -46,13 +47,16 @@ void ChangeMarks::fade()
     const auto rows = m_times.keys();
     for (const FeatureRow* row : rows) {
         const double now = strength(row);
-        if (now <= 0)
+        if (now <= 0) {
             m_times.remove(row);
-        if (now < 1)
+        }
+        if (now < 1) {
             Q_EMIT faded(row);
+        }
     }
-    if (m_times.isEmpty())
+    if (m_times.isEmpty()) {
         m_timer.stop();
+    }
 }
 
 } // namespace featurebrowser

@@ -38,22 +38,27 @@ ChangeStrip::ChangeStrip(FeatureModel* model, QWidget* parent)
 void ChangeStrip::showResult(const WriteResult& result)
 {
     const FeatureRow* row = m_model->find(result.name);
-    if (row == nullptr)
+    if (row == nullptr) {
         return;
+    }
     m_rows = result.followers;
     m_position = 0;
     const int count = static_cast<int>(m_rows.size());
     const QString name = toText(row->name);
     QString text = result.isCommand ? name : name + QStringLiteral(" = ") + valueText(*row);
-    if (row->extras && !row->extras->message.isEmpty())
+    if (row->extras && !row->extras->message.isEmpty()) {
         text = tr("%1 was not accepted as entered").arg(name);
-    if (count > 0)
+    }
+    if (count > 0) {
         text += QStringLiteral(": ") + tr("%n feature(s) followed", nullptr, count);
+    }
     QStringList names;
-    for (std::size_t i = 0; i < std::min(m_rows.size(), namesInToolTip); ++i)
+    for (std::size_t i = 0; i < std::min(m_rows.size(), namesInToolTip); ++i) {
         names.append(toText(m_rows[i]).toHtmlEscaped());
-    if (m_rows.size() > namesInToolTip)
+    }
+    if (m_rows.size() > namesInToolTip) {
         names.append(QStringLiteral("\u2026"));
+    }
     m_text->setText(text);
     m_text->setToolTip(names.join(QStringLiteral("<br>")));
     m_next->setVisible(count > 0);

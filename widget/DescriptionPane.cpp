@@ -17,8 +17,9 @@ QString tidyLines(QString text)
     const auto lines = text.split(QLatin1Char('\n'));
     for (const QString& line : lines) {
         qsizetype end = line.size();
-        while (end > 0 && line.at(static_cast<int>(end) - 1).isSpace())
+        while (end > 0 && line.at(static_cast<int>(end) - 1).isSpace()) {
             --end;
+        }
         tidy += line.left(static_cast<int>(end)) + QLatin1Char('\n');
     }
     return tidy.trimmed();
@@ -61,8 +62,9 @@ void DescriptionPane::showRow(const FeatureRow* row)
     m_text->setPlaceholderText(row == nullptr ? tr("Select a feature to read about it here")
             : row->isCategory()               ? QString()
                                               : tr("The camera does not describe this feature"));
-    if (text != m_text->toPlainText())
+    if (text != m_text->toPlainText()) {
         m_text->setPlainText(text);
+    }
 }
 
 } // namespace featurebrowser

@@ -9,18 +9,21 @@ bool fits(const FeatureRow& row, const EditValue& value)
         return entered != nullptr && entered->index >= 0
             && static_cast<std::size_t>(entered->index) < choice->entries.size();
     }
-    if (std::holds_alternative<IntegerValue>(row.value))
+    if (std::holds_alternative<IntegerValue>(row.value)) {
         return std::holds_alternative<qint64>(value);
-    if (std::holds_alternative<FloatValue>(row.value))
+    }
+    if (std::holds_alternative<FloatValue>(row.value)) {
         return std::holds_alternative<double>(value);
+    }
     return std::holds_alternative<TextValue>(row.value)
         && std::holds_alternative<std::string>(value);
 }
 
 bool holds(const FeatureRow& row, const EditValue& value)
 {
-    if (!row.hasValue)
+    if (!row.hasValue) {
         return false;
+    }
     if (const auto* integer = std::get_if<IntegerValue>(&row.value)) {
         const auto* entered = std::get_if<qint64>(&value);
         return entered != nullptr && *entered == integer->value;

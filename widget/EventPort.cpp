@@ -7,8 +7,9 @@ namespace featurebrowser {
 void EventPort::raise(
     const std::string& name, const std::function<void(IEventFeatureReceiver&)>& event)
 {
-    if (m_receiver == nullptr)
+    if (m_receiver == nullptr) {
         return;
+    }
     try {
         event(*m_receiver);
     } catch (const std::exception& error) {

@@ -60,31 +60,36 @@ void FeatureDelegate::updateEditorGeometry(
 void FeatureDelegate::rowChanged(const FeatureRow& row)
 {
     RowEditor* open = editor();
-    if (open == nullptr || open->rowName() != row.name)
+    if (open == nullptr || open->rowName() != row.name) {
         return;
-    if (row.isEditable() && open->isFor(row))
+    }
+    if (row.isEditable() && open->isFor(row)) {
         open->update(row);
-    else
+    } else {
         revert();
+    }
 }
 
 void FeatureDelegate::revert()
 {
-    if (RowEditor* open = editor())
+    if (RowEditor* open = editor()) {
         close(open);
+    }
 }
 
 void FeatureDelegate::finish()
 {
-    if (RowEditor* open = editor())
+    if (RowEditor* open = editor()) {
         editorLeft(open, Leave::FocusLost);
+    }
 }
 
 void FeatureDelegate::close(RowEditor* editor)
 {
     editor->finish();
-    if (this->editor() == editor)
+    if (this->editor() == editor) {
         m_editor = nullptr;
+    }
     Q_EMIT closeEditor(editor, NoHint);
 }
 
@@ -94,8 +99,9 @@ void FeatureDelegate::editorLeft(RowEditor* editor, Leave how)
 {
     const std::string name = editor->rowName();
     FeatureRow* row = m_tree->features().find(name);
-    if (row != nullptr && editor->hasComplained())
+    if (row != nullptr && editor->hasComplained()) {
         m_tree->features().setMessage(*row, {});
+    }
     if (row == nullptr || !editor->isFor(*row) || how == Leave::Revert) {
         close(editor);
         return;
@@ -104,27 +110,31 @@ void FeatureDelegate::editorLeft(RowEditor* editor, Leave how)
     const auto value = editor->isTouched() ? editor->value(problem) : std::nullopt;
     if (!problem.isEmpty()) {
         editor->setComplained();
-        if (how == Leave::FocusLost)
+        if (how == Leave::FocusLost) {
             close(editor);
+        }
         m_writer->showMessage(name, problem);
         return;
     }
     const bool isMarked = row->extras && !row->extras->message.isEmpty();
     const bool isNew = value && (isMarked || !holds(*row, *value));
-    if (how == Leave::KeepOpen)
+    if (how == Leave::KeepOpen) {
         editor->setTouched(false);
-    else
+    } else {
         close(editor);
-    if (isNew)
+    }
+    if (isNew) {
         m_writer->write(name, *value);
+    }
     editNeighbour(name, how);
 }
 
 void FeatureDelegate::editNeighbour(const std::string& name, Leave how)
 {
     const FeatureRow* row = m_tree->features().find(name);
-    if (row != nullptr && (how == Leave::Next || how == Leave::Previous))
+    if (row != nullptr && (how == Leave::Next || how == Leave::Previous)) {
         m_tree->editNeighbour(*row, how == Leave::Next);
+    }
 }
 
 } // namespace featurebrowser

@@ -11,8 +11,9 @@ namespace featurebrowser {
 
 TYPE_SELECTOR getSelectorState(FeatureItem* item)
 {
-    if (item == nullptr)
+    if (item == nullptr) {
         return SELECTOR_NONE;
+    }
     const int role = (item->isSelector ? SELECTOR_SELECTOR : SELECTOR_NONE)
         | (item->selectorParent.empty() ? SELECTOR_NONE : SELECTOR_SELECTED);
     return static_cast<TYPE_SELECTOR>(role);
@@ -25,8 +26,9 @@ std::string convertToMACAddress(long address)
     std::string text;
     for (int shift = 44; shift >= 0; shift -= 4) {
         text += digits[(bits >> static_cast<unsigned>(shift)) & 0xFU];
-        if (shift % 8 == 0 && shift > 0)
+        if (shift % 8 == 0 && shift > 0) {
             text += ':';
+        }
     }
     return text;
 }
@@ -35,8 +37,9 @@ int getNumberOfDecimals(double value)
 {
     constexpr int digits = 9;
     constexpr int maxDecimals = 15;
-    if (!std::isfinite(value) || value == 0)
+    if (!std::isfinite(value) || value == 0) {
         return 0;
+    }
     std::array<char, 32> buffer {};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
         std::chars_format::scientific, digits - 1);

@@ -66,15 +66,17 @@ FeatureRow* FeatureModel::row(const QModelIndex& index)
 
 QModelIndex FeatureModel::indexOf(const FeatureRow* row, int column) const
 {
-    if (row == nullptr || row == &m_root)
+    if (row == nullptr || row == &m_root) {
         return {};
+    }
     return createIndex(row->position, column, const_cast<FeatureRow*>(row));
 }
 
 void FeatureModel::addCategory(const std::string& parent, const std::string& name, TYPE_LEVEL level)
 {
-    if (find(name) != nullptr)
+    if (find(name) != nullptr) {
         return;
+    }
     auto row = std::make_unique<FeatureRow>();
     row->name = name;
     row->level = static_cast<std::uint8_t>(level);
@@ -99,16 +101,18 @@ void FeatureModel::addFeature(const std::string& category, std::unique_ptr<Featu
 FeatureRow* FeatureModel::insert(const std::string& category, std::unique_ptr<FeatureRow> row)
 {
     FeatureRow* parent = find(category);
-    if (parent == nullptr || !parent->isCategory())
+    if (parent == nullptr || !parent->isCategory()) {
         parent = &m_root;
+    }
     row->parent = parent;
     row->position = static_cast<int>(parent->children.size());
     FeatureRow* added = row.get();
     beginInsertRows(indexOf(parent), added->position, added->position);
     parent->children.push_back(std::move(row));
     m_byName.emplace(added->name, added);
-    for (const std::string& selector : selectorNames(*added))
+    for (const std::string& selector : selectorNames(*added)) {
         m_selected[selector].push_back(added);
+    }
     endInsertRows();
     return added;
 }
@@ -151,8 +155,9 @@ template <typename V>
 int FeatureModel::setValue(FeatureRow& row, V value, bool readOnly, bool hasValue)
 {
     V* current = std::get_if<V>(&row.value);
-    if (current == nullptr)
+    if (current == nullptr) {
         return Nothing; // a value of another kind than the row was added with
+    }
     const bool shown = row.hasValue || hasValue;
     const int changes = (row.readOnly != readOnly ? Flags : Nothing)
         | (row.hasValue != hasValue || (shown && !same(*current, value)) ? Value : Nothing)
@@ -160,8 +165,9 @@ int FeatureModel::setValue(FeatureRow& row, V value, bool readOnly, bool hasValu
     *current = std::move(value);
     row.readOnly = readOnly;
     row.hasValue = hasValue;
-    if (changes != Nothing)
+    if (changes != Nothing) {
         touch(row);
+    }
     return changes;
 }
 
@@ -203,10 +209,12 @@ void FeatureModel::setDescription(FeatureRow& row, std::string text)
 
 void FeatureModel::setMessage(FeatureRow& row, const QString& message)
 {
-    if (message.isEmpty() && !row.extras)
+    if (message.isEmpty() && !row.extras) {
         return;
-    if (std::exchange(row.more().message, message) != message)
+    }
+    if (std::exchange(row.more().message, message) != message) {
         touch(row);
+    }
 }
 
 void FeatureModel::setStates(const std::map<std::string, FEATURE_STATE>& states)
@@ -214,26 +222,30 @@ void FeatureModel::setStates(const std::map<std::string, FEATURE_STATE>& states)
     for (const auto& [name, row] : m_byName) {
         const auto found = states.find(row->name);
         const int state = found == states.end() ? FEATURE_AVAILABLE : found->second;
-        if (std::exchange(row->state, static_cast<std::uint8_t>(state)) != state)
+        if (std::exchange(row->state, static_cast<std::uint8_t>(state)) != state) {
             touch(*row);
+        }
     }
 }
 
 void FeatureModel::touch(const FeatureRow& row)
 {
     Q_EMIT dataChanged(indexOf(&row, NameColumn), indexOf(&row, ValueColumn));
-    if (row.selector != SELECTOR_SELECTOR && row.selector != SELECTOR_BOTH)
+    if (row.selector != SELECTOR_SELECTOR && row.selector != SELECTOR_BOTH) {
         return;
-    for (const FeatureRow* selected : selectedBy(row.name)) // they show it as their context
+    }
+    for (const FeatureRow* selected : selectedBy(row.name)) { // they show it as their context
         Q_EMIT dataChanged(indexOf(selected, NameColumn), indexOf(selected, ValueColumn));
+    }
 }
 
 QModelIndex FeatureModel::index(int position, int column, const QModelIndex& parent) const
 {
     const FeatureRow& above = parent.isValid() ? *row(parent) : m_root;
     if (position < 0 || static_cast<std::size_t>(position) >= above.children.size() || column < 0
-        || column >= ColumnCount || (parent.isValid() && parent.column() != NameColumn))
+        || column >= ColumnCount || (parent.isValid() && parent.column() != NameColumn)) {
         return {};
+    }
     return createIndex(position, column, above.children[static_cast<std::size_t>(position)].get());
 }
 
@@ -244,8 +256,9 @@ QModelIndex FeatureModel::parent(const QModelIndex& index) const
 
 int FeatureModel::rowCount(const QModelIndex& parent) const
 {
-    if (!parent.isValid())
+    if (!parent.isValid()) {
         return static_cast<int>(m_root.children.size());
+    }
     return parent.column() == NameColumn ? static_cast<int>(row(parent)->children.size()) : 0;
 }
 
@@ -261,21 +274,25 @@ QVariant FeatureModel::data(const QModelIndex& index, int role) const
 
 QVariant FeatureModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
+    }
     return section == NameColumn ? tr("Feature") : tr("Value");
 }
 
 Qt::ItemFlags FeatureModel::flags(const QModelIndex& index) const
 {
-    if (!index.isValid())
+    if (!index.isValid()) {
         return Qt::NoItemFlags;
+    }
     Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     const FeatureRow& feature = *row(index);
-    if (!feature.isCategory())
+    if (!feature.isCategory()) {
         flags |= Qt::ItemNeverHasChildren;
-    if (index.column() == ValueColumn && feature.isEditable())
+    }
+    if (index.column() == ValueColumn && feature.isEditable()) {
         flags |= Qt::ItemIsEditable;
+    }
     return flags;
 }
 

@@ -81,8 +81,9 @@ struct FeatureRow {
     bool isEditable() const { return !isCategory() && !readOnly && kind != RowKind::Mac; }
     RowExtras& more()
     {
-        if (!extras)
+        if (!extras) {
             extras = std::make_unique<RowExtras>();
+        }
         return *extras;
     }
 };

@@ -40,12 +40,15 @@ void FeatureTree::setFilter(const RowFilter& filter)
 {
     m_filter = filter;
     applyFilter();
-    if (filter.text().isEmpty())
+    viewport()->update(); // the same rows may show longer hits
+    if (filter.text().isEmpty()) {
         closeHits();
-    else
+    } else {
         openHits();
-    if (const FeatureRow* row = currentRow(); row != nullptr && !row->hidden)
+    }
+    if (const FeatureRow* row = currentRow(); row != nullptr && !row->hidden) {
         scrollTo(currentIndex());
+    }
 }
 
 FeatureRow* FeatureTree::currentRow() const
@@ -56,8 +59,9 @@ FeatureRow* FeatureTree::currentRow() const
 
 void FeatureTree::showRow(const FeatureRow& row)
 {
-    for (const FeatureRow* above = row.parent; above != nullptr; above = above->parent)
+    for (const FeatureRow* above = row.parent; above != nullptr; above = above->parent) {
         expand(m_features->indexOf(above));
+    }
     const QModelIndex index = m_features->indexOf(&row, FeatureModel::ValueColumn);
     setCurrentIndex(index);
     scrollTo(index);
@@ -68,8 +72,9 @@ void FeatureTree::openHits()
 {
     m_features->forEachCategory([this](const FeatureRow& category) {
         const QModelIndex index = m_features->indexOf(&category);
-        if (category.hidden || isExpanded(index))
+        if (category.hidden || isExpanded(index)) {
             return;
+        }
         m_openedForHits.insert(category.name);
         expand(index);
     });
@@ -78,20 +83,24 @@ void FeatureTree::openHits()
 // What holds the current row stays open: the user has found it.
 void FeatureTree::closeHits()
 {
-    for (const FeatureRow* row = currentRow(); row != nullptr; row = row->parent)
+    for (const FeatureRow* row = currentRow(); row != nullptr; row = row->parent) {
         m_openedForHits.erase(row->name);
-    for (const std::string& name : std::exchange(m_openedForHits, {}))
+    }
+    for (const std::string& name : std::exchange(m_openedForHits, {})) {
         collapse(m_features->indexOf(m_features->find(name)));
+    }
 }
 
 void FeatureTree::collapseOthers(const std::string& name)
 {
     std::unordered_set<std::string> kept;
-    for (const FeatureRow* row = m_features->find(name); row != nullptr; row = row->parent)
+    for (const FeatureRow* row = m_features->find(name); row != nullptr; row = row->parent) {
         kept.insert(row->name);
+    }
     m_features->forEachCategory([&](const FeatureRow& category) {
-        if (kept.count(category.name) == 0)
+        if (kept.count(category.name) == 0) {
             collapse(m_features->indexOf(&category));
+        }
     });
 }
 
@@ -99,20 +108,24 @@ void FeatureTree::focusFirstHit()
 {
     setFocus(Qt::ShortcutFocusReason);
     const FeatureRow* current = currentRow();
-    if (current != nullptr && !current->hidden && !current->isCategory())
+    if (current != nullptr && !current->hidden && !current->isCategory()) {
         return;
+    }
     QModelIndex index = indexAt(QPoint(viewport()->width() / 2, 0));
-    while (index.isValid() && FeatureModel::row(index)->isCategory())
+    while (index.isValid() && FeatureModel::row(index)->isCategory()) {
         index = indexBelow(index);
-    if (index.isValid())
+    }
+    if (index.isValid()) {
         setCurrentIndex(index.siblingAtColumn(FeatureModel::ValueColumn));
+    }
 }
 
 void FeatureTree::paintEvent(QPaintEvent* event)
 {
     QTreeView::paintEvent(event);
-    if (m_hits > 0 || m_filter.text().isEmpty() || m_filterStale)
+    if (m_hits > 0 || m_filter.text().isEmpty() || m_filterStale) {
         return;
+    }
     QPainter painter(viewport());
     painter.setPen(tones::dim(palette()));
     painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12),
@@ -136,15 +149,17 @@ struct Hider {
             hits += isHit ? 1 : 0;
             return isHit;
         }
-        if (!filter.text().isEmpty() && filter.isHit(row))
+        if (!filter.text().isEmpty() && filter.isHit(row)) {
             ++hitsAboveLevel;
+        }
         return false;
     }
 
     bool shows(FeatureRow& row)
     {
-        if (!row.isCategory())
+        if (!row.isCategory()) {
             return showsFeature(row);
+        }
         const bool some = apply(row);
         const bool isEmpty = row.children.empty() && filter.text().isEmpty();
         return some || (isEmpty && filter.passesLevel(row));
@@ -156,8 +171,9 @@ struct Hider {
         for (const auto& child : parent.children) {
             const bool shown = shows(*child);
             some = some || shown;
-            if (std::exchange(child->hidden, !shown) == shown)
+            if (std::exchange(child->hidden, !shown) == shown) {
                 tree.setRowHidden(child->position, tree.features().indexOf(&parent), !shown);
+            }
         }
         return some;
     }
@@ -176,8 +192,9 @@ void FeatureTree::applyFilter()
 
 void FeatureTree::doItemsLayout()
 {
-    if (m_filterStale)
+    if (m_filterStale) {
         applyFilter();
+    }
     m_layoutPending = false;
     m_onScreenStale = true;
     QTreeView::doItemsLayout();
@@ -210,11 +227,13 @@ void FeatureTree::dataChanged(
         QTreeView::dataChanged(topLeft, bottomRight, roles);
         return;
     }
-    if (!topLeft.isValid())
+    if (!topLeft.isValid()) {
         return;
+    }
     m_delegate->rowChanged(*FeatureModel::row(topLeft));
-    if (!isVisible() || m_layoutPending)
+    if (!isVisible() || m_layoutPending) {
         return;
+    }
     updateRow(*FeatureModel::row(topLeft));
 #ifndef QT_NO_ACCESSIBILITY
     if (QAccessible::isActive()) {
@@ -231,17 +250,20 @@ void FeatureTree::dataChanged(
 void FeatureTree::updateRow(const FeatureRow& row)
 {
     const QRect rect = rowRect(row);
-    if (!rect.isEmpty())
+    if (!rect.isEmpty()) {
         viewport()->update(rect);
+    }
 }
 
 QRect FeatureTree::rowRect(const FeatureRow& row)
 {
-    if (m_onScreenStale)
+    if (m_onScreenStale) {
         findRowsOnScreen();
+    }
     const auto found = m_onScreen.constFind(&row);
-    if (found == m_onScreen.constEnd())
+    if (found == m_onScreen.constEnd()) {
         return {};
+    }
     return { 0, *found, viewport()->width(), m_rowHeight };
 }
 
@@ -250,8 +272,9 @@ void FeatureTree::findRowsOnScreen()
     m_onScreen.clear();
     m_onScreenStale = false;
     QModelIndex index = indexAt(QPoint(viewport()->width() / 2, 0));
-    if (!index.isValid())
+    if (!index.isValid()) {
         return;
+    }
     index = index.siblingAtColumn(FeatureModel::NameColumn);
     const QRect first = visualRect(index);
     m_rowHeight = first.height();
@@ -282,22 +305,25 @@ void FeatureTree::resizeEvent(QResizeEvent* event)
     QTreeView::resizeEvent(event);
     const QRect current = visualRect(currentIndex());
     const bool wasInSight = current.top() >= 0 && current.bottom() <= event->oldSize().height();
-    if (!current.isEmpty() && wasInSight && current.bottom() > viewport()->height())
+    if (!current.isEmpty() && wasInSight && current.bottom() > viewport()->height()) {
         scrollTo(currentIndex());
+    }
 }
 
 void FeatureTree::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTreeView::currentChanged(current, previous);
-    if (!m_quiet && current.internalPointer() != previous.internalPointer())
+    if (!m_quiet && current.internalPointer() != previous.internalPointer()) {
         Q_EMIT currentRowChanged(current.isValid() ? FeatureModel::row(current) : nullptr);
+    }
 }
 
 void FeatureTree::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const
 {
     const QBrush background = RowPainter::rowBackground(*this, *FeatureModel::row(index));
-    if (background.style() != Qt::NoBrush && !selectionModel()->isSelected(index))
+    if (background.style() != Qt::NoBrush && !selectionModel()->isSelected(index)) {
         painter->fillRect(rect, background);
+    }
     QTreeView::drawBranches(painter, rect, index);
 }
 

@@ -15,16 +15,17 @@ namespace featurebrowser {
 void FeatureTree::activate(const FeatureRow& row)
 {
     const QModelIndex index = m_features->indexOf(&row);
-    if (row.isCategory())
+    if (row.isCategory()) {
         setExpanded(index, !isExpanded(index));
-    else if (!row.isEditable())
+    } else if (!row.isEditable()) {
         explain(row);
-    else if (row.kind == RowKind::Command)
+    } else if (row.kind == RowKind::Command) {
         m_writer->press(row.name);
-    else if (row.kind == RowKind::Boolean)
+    } else if (row.kind == RowKind::Boolean) {
         m_writer->toggle(row.name);
-    else
+    } else {
         edit(index.siblingAtColumn(FeatureModel::ValueColumn));
+    }
 }
 
 // Says why nothing happens.
@@ -42,16 +43,18 @@ void FeatureTree::editNeighbour(const FeatureRow& row, bool forward)
     do {
         index = forward ? indexBelow(index) : indexAbove(index);
     } while (index.isValid() && !FeatureModel::row(index)->isEditable());
-    if (!index.isValid())
+    if (!index.isValid()) {
         return;
+    }
     const std::string name = FeatureModel::row(index)->name;
     setCurrentIndex(index.siblingAtColumn(FeatureModel::ValueColumn));
     // Selecting told the application, which may have changed anything.
     const FeatureRow* next = m_features->find(name);
     const bool opens
         = next != nullptr && next->kind != RowKind::Command && next->kind != RowKind::Boolean;
-    if (opens)
+    if (opens) {
         activate(*next);
+    }
 }
 
 void FeatureTree::keyPressEvent(QKeyEvent* event)
@@ -63,8 +66,9 @@ void FeatureTree::keyPressEvent(QKeyEvent* event)
         activate(*row);
         return;
     }
-    if (event->key() == Qt::Key_Escape)
+    if (event->key() == Qt::Key_Escape) {
         Q_EMIT dismissed();
+    }
     QTreeView::keyPressEvent(event);
 }
 
@@ -82,9 +86,10 @@ bool FeatureTree::isOnButton(const QModelIndex& index, const QPoint& position) c
     cell.rect = visualRect(index);
     const FeatureRow& row = *FeatureModel::row(index);
     QRect area = RowPainter::buttonRect(cell, row);
-    if (row.kind == RowKind::Boolean) // its text acts too, as beside a check box of a form
+    if (row.kind == RowKind::Boolean) { // its text acts too, as beside a check box of a form
         area.setWidth(area.width() + 8
             + fontMetrics().horizontalAdvance(index.data(FeatureModel::ValueRole).toString()));
+    }
     return QStyle::visualRect(layoutDirection(), cell.rect, area)
         .adjusted(-3, -3, 3, 3)
         .contains(position);
@@ -104,27 +109,31 @@ void FeatureTree::mouseReleaseEvent(QMouseEvent* event)
 {
     const QModelIndex pressed = m_pressed;
     m_pressed = QModelIndex();
-    if (std::exchange(m_buttonDown, false))
+    if (std::exchange(m_buttonDown, false)) {
         viewport()->update(visualRect(pressed));
+    }
     QTreeView::mouseReleaseEvent(event);
     const bool isClick = event->button() == Qt::LeftButton && pressed.isValid()
         && pressed == indexAt(event->pos()) && pressed.column() == FeatureModel::ValueColumn;
-    if (!isClick)
+    if (!isClick) {
         return;
+    }
     const FeatureRow& row = *FeatureModel::row(pressed);
     const bool isButton = row.kind == RowKind::Command || row.kind == RowKind::Boolean;
-    if (!row.isCategory() && (!isButton || isOnButton(pressed, event->pos())))
+    if (!row.isCategory() && (!isButton || isOnButton(pressed, event->pos()))) {
         activate(row);
+    }
 }
 
 // The second press of a double click is a press like any other for buttons and boxes.
 void FeatureTree::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QModelIndex index = indexAt(event->pos());
-    if (index.isValid() && !FeatureModel::row(index)->isCategory())
+    if (index.isValid() && !FeatureModel::row(index)->isCategory()) {
         mousePressEvent(event);
-    else
+    } else {
         QTreeView::mouseDoubleClickEvent(event);
+    }
 }
 
 } // namespace featurebrowser

@@ -97,12 +97,14 @@ void FilterBar::setHitsAboveLevel(int count)
 
 bool FilterBar::eventFilter(QObject* object, QEvent* event)
 {
-    if (event->type() != QEvent::KeyPress)
+    if (event->type() != QEvent::KeyPress) {
         return QWidget::eventFilter(object, event);
+    }
     switch (static_cast<QKeyEvent*>(event)->key()) {
     case Qt::Key_Escape:
-        if (m_field->text().isEmpty())
+        if (m_field->text().isEmpty()) {
             return false;
+        }
         m_field->clear();
         return true;
     case Qt::Key_Down:

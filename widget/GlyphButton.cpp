@@ -28,8 +28,9 @@ void GlyphButton::paintEvent(QPaintEvent* event)
     QRect area(0, 0, side, side);
     area.moveCenter(rect().center());
     drawGlyph(painter, m_glyph, area, palette().color(QPalette::ButtonText));
-    if (hasFocus())
+    if (hasFocus()) {
         painter.drawRect(rect().adjusted(1, 1, -2, -2));
+    }
 }
 
 } // namespace featurebrowser

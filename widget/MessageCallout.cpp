@@ -49,8 +49,9 @@ void MessageCallout::showRow(const FeatureRow* row)
 
 void MessageCallout::follow()
 {
-    if (m_rowName.empty() && isHidden())
+    if (m_rowName.empty() && isHidden()) {
         return;
+    }
     const FeatureRow* row = m_rowName.empty() ? nullptr : m_tree->features().find(m_rowName);
     if (row == nullptr || !row->extras || row->extras->message.isEmpty()) {
         m_rowName.clear();

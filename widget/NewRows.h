@@ -17,8 +17,9 @@ inline std::unique_ptr<FeatureRow> newRow(RowKind kind, std::string name, TYPE_L
     row->readOnly = readOnly;
     row->hasValue = hasValue;
     row->selector = static_cast<std::uint8_t>(selector);
-    if (!selectors.empty())
+    if (!selectors.empty()) {
         row->more().selectors = std::move(selectors);
+    }
     return row;
 }
 

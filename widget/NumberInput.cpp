@@ -29,14 +29,17 @@ Parts splitUnit(const QString& text, const QString& unit)
         "\\A\\s*([+-]?(?:0[xX][0-9A-Fa-f]+|inf|nan|[0-9.,' ]*[0-9.,](?:[eE][+-]?[0-9]+)?))"
         "\\s*([^0-9\\s].*?)?\\s*\\z"));
     const auto match = split.match(text);
-    if (!match.hasMatch())
+    if (!match.hasMatch()) {
         return { {}, 0, Words::tr("“%1” is not a number").arg(text.trimmed()) };
+    }
     const QString typed = match.captured(2);
-    if (typed.isEmpty())
+    if (typed.isEmpty()) {
         return { match.captured(1), 0, {} };
+    }
     const auto exponent = unitExponent(typed, unit);
-    if (exponent)
+    if (exponent) {
         return { match.captured(1), *exponent, {} };
+    }
     return { {}, 0,
         unit.isEmpty() ? Words::tr("“%1” is not a number; the unit of this feature is not known")
                              .arg(text.trimmed())
@@ -69,21 +72,25 @@ QString withPoint(QString number, QString& problem)
     const auto points = number.count(point);
     const int lastComma = number.lastIndexOf(comma);
     const int lastPoint = number.lastIndexOf(point);
-    if (commas == 0 && points <= 1)
+    if (commas == 0 && points <= 1) {
         return number;
+    }
     if (commas == 1 && points == 0) {
-        if (isGrouped(number, comma))
+        if (isGrouped(number, comma)) {
             problem = ambiguous(number);
+        }
         return number.replace(comma, point);
     }
     const QChar decimal = lastComma > lastPoint ? comma : point;
     const QChar group = decimal == comma ? point : comma;
-    if (number.count(decimal) == 1 && isGrouped(number.left(number.lastIndexOf(decimal)), group))
+    if (number.count(decimal) == 1 && isGrouped(number.left(number.lastIndexOf(decimal)), group)) {
         return number.remove(group).replace(decimal, point);
+    }
     if (commas == 0 || points == 0) {
         const QChar only = commas == 0 ? point : comma;
-        if (isGrouped(number, only))
+        if (isGrouped(number, only)) {
             return number.remove(only);
+        }
     }
     problem = Words::tr("“%1” is not a number").arg(number);
     return {};
@@ -94,50 +101,60 @@ QString withPoint(QString number, QString& problem)
 NumberInput<double> readFloat(const QString& text, const QString& unit)
 {
     const Parts parts = splitUnit(text, unit);
-    if (!parts.problem.isEmpty())
+    if (!parts.problem.isEmpty()) {
         return { {}, parts.problem };
+    }
     const int mark = parts.number.indexOf(QLatin1Char('e'), 0, Qt::CaseInsensitive);
     QString mantissa = mark < 0 ? parts.number : parts.number.left(mark);
     const int exponent = mark < 0 ? 0 : parts.number.mid(mark + 1).toInt();
     QString problem;
     mantissa = withPoint(mantissa, problem);
-    if (!problem.isEmpty())
+    if (!problem.isEmpty()) {
         return { {}, problem };
+    }
     // The unit's power of ten joins the decimal exponent: converted once, so rounded once.
-    if (!mantissa.isEmpty() && mantissa.at(0) == QLatin1Char('+'))
+    if (!mantissa.isEmpty() && mantissa.at(0) == QLatin1Char('+')) {
         mantissa.remove(0, 1);
+    }
     const QByteArray digits
         = mantissa.toLatin1() + 'e' + QByteArray::number(exponent + parts.exponent);
     double value = 0;
     const auto end = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (end.ec == std::errc::result_out_of_range)
+    if (end.ec == std::errc::result_out_of_range) {
         return { {}, Words::tr("“%1” is beyond the range of numbers").arg(text.trimmed()) };
-    if (end.ec != std::errc() || end.ptr != digits.data() + digits.size())
+    }
+    if (end.ec != std::errc() || end.ptr != digits.data() + digits.size()) {
         return { {}, Words::tr("“%1” is not a number").arg(text.trimmed()) };
+    }
     return { value, {} };
 }
 
 NumberInput<qint64> readInteger(const QString& text, const QString& unit)
 {
     const Parts parts = splitUnit(text, unit);
-    if (!parts.problem.isEmpty())
+    if (!parts.problem.isEmpty()) {
         return { {}, parts.problem };
+    }
     static const QRegularExpression whole(
         QStringLiteral("\\A([+-]?)(?:0[xX]([0-9A-Fa-f]+)|([0-9]+))\\z"));
     const auto match = whole.match(parts.number);
-    if (!match.hasMatch() || parts.exponent < 0)
+    if (!match.hasMatch() || parts.exponent < 0) {
         return { {}, Words::tr("“%1” is not a whole number").arg(text.trimmed()) };
+    }
     const bool isHex = !match.captured(2).isEmpty();
     QByteArray digits = (isHex ? match.captured(2) : match.captured(3)).toLatin1();
-    if (!isHex)
+    if (!isHex) {
         digits += QByteArray(parts.exponent, '0');
-    if (match.captured(1) == QLatin1String("-"))
+    }
+    if (match.captured(1) == QLatin1String("-")) {
         digits.prepend('-');
+    }
     qint64 value = 0;
     const auto end
         = std::from_chars(digits.data(), digits.data() + digits.size(), value, isHex ? 16 : 10);
-    if (end.ec != std::errc())
+    if (end.ec != std::errc()) {
         return { {}, Words::tr("“%1” does not fit into 64 bits").arg(text.trimmed()) };
+    }
     return { value, {} };
 }
 

@@ -16,12 +16,14 @@ void appendRows(const FeatureRow& category, QStringList& lines)
 {
     lines.append(QLatin1Char('[') + toText(category.name) + QLatin1Char(']'));
     for (const auto& child : category.children) {
-        if (child->hidden)
+        if (child->hidden) {
             continue;
-        if (child->isCategory())
+        }
+        if (child->isCategory()) {
             appendRows(*child, lines);
-        else
+        } else {
             lines.append(rowAsText(*child));
+        }
     }
 }
 
@@ -29,8 +31,9 @@ void appendRows(const FeatureRow& category, QStringList& lines)
 
 QString rowAsText(const FeatureRow& row)
 {
-    if (!row.isCategory())
+    if (!row.isCategory()) {
         return toText(row.name) + QLatin1Char('=') + valueText(row);
+    }
     QStringList lines;
     appendRows(row, lines);
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
@@ -43,8 +46,9 @@ RowMenu::RowMenu(FeatureTree& tree, WatchStrip& watch, const FeatureRow& row, QW
 {
     addCopyActions(row);
     addSeparator();
-    if (!row.isCategory())
+    if (!row.isCategory()) {
         addWatchActions(row);
+    }
     addSeparator();
     addTreeActions(row);
 }
@@ -61,8 +65,9 @@ void RowMenu::addCopyActions(const FeatureRow& row)
     }
     addCopy(tr("Copy &value"), valueText(row));
     addCopy(tr("&Copy name=value"), rowAsText(row));
-    if (row.parent != nullptr && row.parent->parent != nullptr)
+    if (row.parent != nullptr && row.parent->parent != nullptr) {
         addCopy(tr("Copy category as &text"), rowAsText(*row.parent));
+    }
 }
 
 void RowMenu::addWatchActions(const FeatureRow& row)

@@ -35,8 +35,9 @@ std::optional<Glyph> stateGlyph(const FeatureRow& row)
 QString oneLine(QString text)
 {
     for (QChar& c : text) {
-        if (c.unicode() < 0x20 || c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
+        if (c.unicode() < 0x20 || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) {
             c = QLatin1Char(' ');
+        }
     }
     return text;
 }
@@ -56,10 +57,11 @@ RowPainter::RowPainter(QPainter& painter, const QStyleOptionViewItem& option,
     , m_row(row)
     , m_rest(option.rect.adjusted(margin, 0, -margin, 0))
 {
-    if (row.isCategory())
+    if (row.isCategory()) {
         m_option.font.setBold(true);
-    else if (!row.isEditable())
+    } else if (!row.isEditable()) {
         m_option.font.setItalic(true);
+    }
     m_option.fontMetrics = QFontMetrics(m_option.font);
 }
 
@@ -71,22 +73,26 @@ void RowPainter::paint(int column)
     m_painter.setFont(m_option.font);
     // Names and values are technical text: only their place is mirrored, not their order.
     m_painter.setLayoutDirection(Qt::LeftToRight);
-    if (column == FeatureModel::NameColumn)
+    if (column == FeatureModel::NameColumn) {
         paintName();
-    else if (!m_row.isCategory())
+    } else if (!m_row.isCategory()) {
         paintValue();
+    }
     m_painter.restore();
 }
 
 QBrush RowPainter::rowBackground(const FeatureTree& tree, const FeatureRow& row)
 {
-    if (row.isCategory())
+    if (row.isCategory()) {
         return tones::categoryBackground(tree.palette());
-    if (row.extras && !row.extras->message.isEmpty())
+    }
+    if (row.extras && !row.extras->message.isEmpty()) {
         return tones::alarmBackground(tree.palette());
+    }
     const double strength = tree.marks().strength(&row);
-    if (strength > 0)
+    if (strength > 0) {
         return tones::changedBackground(tree.palette(), strength);
+    }
     return {};
 }
 
@@ -99,8 +105,9 @@ void RowPainter::paintBackground()
 
 QColor RowPainter::textColor() const
 {
-    if (m_option.state.testFlag(QStyle::State_Selected))
+    if (m_option.state.testFlag(QStyle::State_Selected)) {
         return m_option.palette.color(QPalette::HighlightedText);
+    }
     const bool weak = !m_row.isCategory()
         && (!m_row.isEditable() || m_row.state != FEATURE_AVAILABLE || !m_row.hasValue);
     return weak ? tones::dim(m_option.palette) : m_option.palette.color(QPalette::Text);
@@ -129,8 +136,9 @@ void RowPainter::paintText(const QString& text, const QColor& color)
 void RowPainter::paintMatches(const QString& text)
 {
     const QString& wanted = m_tree.filter().text();
-    if (wanted.isEmpty() || m_option.state.testFlag(QStyle::State_Selected))
+    if (wanted.isEmpty() || m_option.state.testFlag(QStyle::State_Selected)) {
         return;
+    }
     const QString shown = oneLine(text);
     for (int at = shown.indexOf(wanted, 0, Qt::CaseInsensitive); at >= 0;
          at = shown.indexOf(wanted, at + wanted.size(), Qt::CaseInsensitive)) {
@@ -166,8 +174,9 @@ void RowPainter::paintValue()
         paintButton();
         return;
     }
-    if (m_row.kind == RowKind::Boolean && m_row.hasValue)
+    if (m_row.kind == RowKind::Boolean && m_row.hasValue) {
         paintCheckBox();
+    }
     const QString text = valueText(m_row);
     paintMatches(text);
     paintText(text, textColor());
@@ -188,12 +197,15 @@ void RowPainter::paintSigns()
             m_option.state.testFlag(QStyle::State_Selected) ? dimColor() : color);
         m_rest.setRight(area.left() - margin);
     };
-    if (opensList(m_row))
+    if (opensList(m_row)) {
         sign(Glyph::Chevron, dimColor());
-    if (const auto glyph = stateGlyph(m_row))
+    }
+    if (const auto glyph = stateGlyph(m_row)) {
         sign(*glyph, *glyph == Glyph::Warning ? tones::alarm(m_option.palette) : dimColor());
-    if (m_row.extras && !m_row.extras->message.isEmpty())
+    }
+    if (m_row.extras && !m_row.extras->message.isEmpty()) {
         sign(Glyph::Warning, tones::alarm(m_option.palette));
+    }
 }
 
 QRect RowPainter::buttonRect(const QStyleOptionViewItem& cell, const FeatureRow& row)

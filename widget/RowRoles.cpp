@@ -37,10 +37,12 @@ QVariant floatRole(const FloatValue& number, int role)
 
 QVariant limitRole(const FeatureRow& row, int role)
 {
-    if (const auto* integer = std::get_if<IntegerValue>(&row.value))
+    if (const auto* integer = std::get_if<IntegerValue>(&row.value)) {
         return integerRole(*integer, role);
-    if (const auto* number = std::get_if<FloatValue>(&row.value))
+    }
+    if (const auto* number = std::get_if<FloatValue>(&row.value)) {
         return floatRole(*number, role);
+    }
     return {};
 }
 
@@ -66,8 +68,9 @@ QVariant displayText(const FeatureRow& row, int column)
 // Read aloud, the name alone would say too little.
 QVariant accessibleText(const FeatureRow& row, int column)
 {
-    if (row.isCategory())
+    if (row.isCategory()) {
         return displayText(row, column);
+    }
     const QString unit = rowUnit(row);
     const QString value
         = unit.isEmpty() ? valueText(row) : valueText(row) + QLatin1Char(' ') + unit;
@@ -122,14 +125,18 @@ QString kindName(RowKind kind)
 QString rowExplanation(const FeatureRow& row)
 {
     QStringList lines { toText(row.name) };
-    if (!row.isCategory() && !row.isEditable())
+    if (!row.isCategory() && !row.isEditable()) {
         lines.append(FeatureModel::tr("Read-only"));
-    if (row.state != FEATURE_AVAILABLE)
+    }
+    if (row.state != FEATURE_AVAILABLE) {
         lines.append(stateText(row.state));
-    if (row.extras && !row.extras->selectors.empty())
+    }
+    if (row.extras && !row.extras->selectors.empty()) {
         lines.append(FeatureModel::tr("Selected by %1").arg(toText(row.extras->selectors)));
-    if (row.extras && !row.extras->message.isEmpty())
+    }
+    if (row.extras && !row.extras->message.isEmpty()) {
         lines.append(row.extras->message);
+    }
     return lines.join(QLatin1Char('\n'));
 }
 

@@ -55,8 +55,9 @@ bool SelectorMatrix::canShow(const FeatureModel& model, const FeatureRow& row)
 void SelectorMatrix::fill()
 {
     const FeatureRow* selector = m_model->find(m_selector);
-    if (m_filling || selector == nullptr || !canShow(*m_model, *selector))
+    if (m_filling || selector == nullptr || !canShow(*m_model, *selector)) {
         return;
+    }
     m_filling = true;
     const QPointer<SelectorMatrix> self(this);
     const QStringList entries = entryTexts(*selector);
@@ -64,8 +65,9 @@ void SelectorMatrix::fill()
     m_features.clear();
     QStringList labels;
     for (const FeatureRow* feature : m_model->selectedBy(m_selector)) {
-        if (feature->kind == RowKind::Command)
+        if (feature->kind == RowKind::Command) {
             continue;
+        }
         m_features.push_back(feature->name);
         labels.append(toText(feature->name));
     }
@@ -73,14 +75,18 @@ void SelectorMatrix::fill()
     m_table->setColumnCount(entries.size());
     m_table->setVerticalHeaderLabels(labels);
     m_table->setHorizontalHeaderLabels(entries);
-    for (int entry = 0; self && entry < entries.size(); ++entry)
+    for (int entry = 0; self && entry < entries.size(); ++entry) {
         fillColumn(entry);
-    if (!self)
+    }
+    if (!self) {
         return;
-    if (before >= 0)
+    }
+    if (before >= 0) {
         m_writer->write(m_selector, EntryIndex { before });
-    if (!self)
+    }
+    if (!self) {
         return;
+    }
     m_table->resizeColumnsToContents();
     m_table->resizeRowsToContents();
     m_filling = false;
@@ -90,8 +96,9 @@ void SelectorMatrix::fillColumn(int entry)
 {
     const QPointer<SelectorMatrix> self(this);
     m_writer->write(m_selector, EntryIndex { entry });
-    if (!self)
+    if (!self) {
         return;
+    }
     const FeatureRow* selector = m_model->find(m_selector);
     const bool isSwitched = selector != nullptr && holds(*selector, EntryIndex { entry })
         && (!selector->extras || selector->extras->message.isEmpty());

@@ -17,8 +17,9 @@ constexpr std::size_t kept = 120;
 void Sparkline::add(double value)
 {
     m_values.push_back(value);
-    if (m_values.size() > kept)
+    if (m_values.size() > kept) {
         m_values.pop_front();
+    }
     update();
 }
 
@@ -37,8 +38,9 @@ void Sparkline::paintEvent(QPaintEvent*)
             most = std::max(most, value);
         }
     }
-    if (!(least <= most))
+    if (!(least <= most)) {
         return;
+    }
     const QRectF area = QRectF(rect()).adjusted(2, 2.5, -3, -2.5);
     const double step = area.width() / static_cast<double>(kept - 1);
     double x = area.right() - step * static_cast<double>(m_values.size() - 1);

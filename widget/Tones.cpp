@@ -5,8 +5,8 @@ namespace featurebrowser::tones {
 QColor mix(const QColor& base, const QColor& tint, double share)
 {
     const auto blend = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
-    return QColor(blend(base.red(), tint.red()), blend(base.green(), tint.green()),
-        blend(base.blue(), tint.blue()));
+    return { blend(base.red(), tint.red()), blend(base.green(), tint.green()),
+        blend(base.blue(), tint.blue()) };
 }
 
 bool isDark(const QPalette& palette)

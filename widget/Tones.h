@@ -3,11 +3,9 @@
 #include <QColor>
 #include <QPalette>
 
-namespace featurebrowser {
-
 /// Colours beside those that the palette names, mixed from it so that they fit light and dark
 /// themes.
-namespace tones {
+namespace featurebrowser::tones {
 
 QColor mix(const QColor& base, const QColor& tint, double share);
 bool isDark(const QPalette& palette);
@@ -22,6 +20,4 @@ QColor changedBackground(const QPalette& palette, double strength);
 /// Behind the matches of the filter.
 QColor matchBackground(const QPalette& palette);
 
-} // namespace tones
-
-} // namespace featurebrowser
+} // namespace featurebrowser::tones

@@ -10,8 +10,9 @@ namespace featurebrowser {
 void TreeMemory::store(FeatureTree& tree)
 {
     FeatureModel& model = tree.features();
-    if (model.root().children.empty())
+    if (model.root().children.empty()) {
         return; // emptied twice: what it looked like before still holds
+    }
     *this = TreeMemory();
     m_scroll = tree.verticalScrollBar()->value();
     if (const FeatureRow* row = tree.currentRow()) {
@@ -21,8 +22,9 @@ void TreeMemory::store(FeatureTree& tree)
     }
     model.forEachCategory([&](const FeatureRow& category) {
         m_known.insert(category.name);
-        if (tree.isExpanded(model.indexOf(&category)))
+        if (tree.isExpanded(model.indexOf(&category))) {
             m_expanded.insert(category.name);
+        }
     });
 }
 
@@ -35,11 +37,13 @@ void TreeMemory::restore(FeatureTree& tree, FeatureRow& row)
         const bool isTop = row.parent == &model.root();
         const bool opens
             = isNew ? isTop && model.rowCountTotal() <= smallTree : m_expanded.count(row.name) != 0;
-        if (opens)
+        if (opens) {
             tree.expand(model.indexOf(&row));
+        }
     }
-    if (m_current.empty() || row.name != m_current)
+    if (m_current.empty() || row.name != m_current) {
         return;
+    }
     m_current.clear();
     model.setDescription(row, m_description);
     tree.setCurrentIndex(model.indexOf(&row, m_currentColumn));

@@ -47,15 +47,17 @@ constexpr std::array<Unit, 26> units { {
 const Unit* findUnit(const QString& text)
 {
     for (const Unit& unit : units) {
-        if (text == QString::fromUtf16(unit.symbol))
+        if (text == QString::fromUtf16(unit.symbol)) {
             return &unit;
+        }
     }
     for (const Unit& unit : units) {
         const QRegularExpression words(
             QStringLiteral("\\A(?:%1)\\z").arg(QString::fromUtf8(unit.words)),
             QRegularExpression::CaseInsensitiveOption);
-        if (words.match(text).hasMatch())
+        if (words.match(text).hasMatch()) {
             return &unit;
+        }
     }
     return nullptr;
 }
@@ -85,22 +87,24 @@ QString unitFromDescription(const QString& description)
     auto hints = hinted.globalMatch(description);
     while (hints.hasNext()) {
         const auto hint = hints.next();
-        const QString unit
-            = knownUnit(hint.captured(1).isEmpty() ? hint.captured(2) : hint.captured(1));
-        if (!unit.isEmpty())
+        QString unit = knownUnit(hint.captured(1).isEmpty() ? hint.captured(2) : hint.captured(1));
+        if (!unit.isEmpty()) {
             return unit;
+        }
     }
     return {};
 }
 
 std::optional<int> unitExponent(const QString& from, const QString& to)
 {
-    if (from == to && !to.isEmpty())
+    if (from == to && !to.isEmpty()) {
         return 0;
+    }
     const Unit* source = findUnit(from);
     const Unit* target = findUnit(to);
-    if (source == nullptr || target == nullptr || source->quantity != target->quantity)
+    if (source == nullptr || target == nullptr || source->quantity != target->quantity) {
         return std::nullopt;
+    }
     return source->exponent - target->exponent;
 }
 

@@ -25,10 +25,12 @@ QString scientificText(double value)
     const QString text = formatted(value, std::chars_format::scientific, 8);
     const int exponent = text.indexOf(QLatin1Char('e'));
     QString mantissa = text.left(exponent);
-    while (mantissa.endsWith(QLatin1Char('0')))
+    while (mantissa.endsWith(QLatin1Char('0'))) {
         mantissa.chop(1);
-    if (mantissa.endsWith(QLatin1Char('.')))
+    }
+    if (mantissa.endsWith(QLatin1Char('.'))) {
         mantissa.chop(1);
+    }
     return mantissa + text.mid(exponent);
 }
 
@@ -45,8 +47,9 @@ bool needsScientific(double value)
 
 QString choiceText(const ChoiceValue& choice)
 {
-    if (choice.index < 0 || static_cast<std::size_t>(choice.index) >= choice.entries.size())
+    if (choice.index < 0 || static_cast<std::size_t>(choice.index) >= choice.entries.size()) {
         return noValueText();
+    }
     return toText(choice.entries[static_cast<std::size_t>(choice.index)]);
 }
 
@@ -54,24 +57,28 @@ QString choiceText(const ChoiceValue& choice)
 
 QString noValueText()
 {
-    return QString(QChar(0x2014));
+    return { QChar(0x2014) };
 }
 
 QString floatText(double value)
 {
-    if (value == 0)
+    if (value == 0) {
         return QStringLiteral("0"); // also for -0
-    if (!std::isfinite(value))
+    }
+    if (!std::isfinite(value)) {
         return std::isnan(value) ? QStringLiteral("nan") : formatted(value);
-    if (needsScientific(value))
+    }
+    if (needsScientific(value)) {
         return scientificText(value);
+    }
     return formatted(value, std::chars_format::fixed, getNumberOfDecimals(value));
 }
 
 QString exactFloatText(double value)
 {
-    if (!std::isfinite(value) || value == 0)
+    if (!std::isfinite(value) || value == 0) {
         return floatText(value);
+    }
     const double magnitude = std::fabs(value);
     return magnitude < 1e-6 || magnitude >= 1e15 ? formatted(value)
                                                  : formatted(value, std::chars_format::fixed);
@@ -79,18 +86,24 @@ QString exactFloatText(double value)
 
 QString valueText(const FeatureRow& row)
 {
-    if (row.isCategory())
+    if (row.isCategory()) {
         return {};
-    if (!row.hasValue)
+    }
+    if (!row.hasValue) {
         return noValueText();
-    if (const auto* integer = std::get_if<IntegerValue>(&row.value))
+    }
+    if (const auto* integer = std::get_if<IntegerValue>(&row.value)) {
         return QString::number(integer->value);
-    if (const auto* number = std::get_if<FloatValue>(&row.value))
+    }
+    if (const auto* number = std::get_if<FloatValue>(&row.value)) {
         return floatText(number->value);
-    if (const auto* text = std::get_if<TextValue>(&row.value))
+    }
+    if (const auto* text = std::get_if<TextValue>(&row.value)) {
         return toText(text->text);
-    if (const auto* choice = std::get_if<ChoiceValue>(&row.value))
+    }
+    if (const auto* choice = std::get_if<ChoiceValue>(&row.value)) {
         return choiceText(*choice);
+    }
     return {};
 }
 
@@ -103,8 +116,9 @@ QStringList entryTexts(const FeatureRow& row)
 {
     QStringList texts;
     if (const auto* choice = std::get_if<ChoiceValue>(&row.value)) {
-        for (const std::string& entry : choice->entries)
+        for (const std::string& entry : choice->entries) {
             texts.append(toText(entry));
+        }
     }
     return texts;
 }

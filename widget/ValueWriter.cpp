@@ -64,8 +64,9 @@ bool mustComeBack(const FeatureRow& row)
 
 QString enteredText(const FeatureRow& row, const EditValue& entered)
 {
-    if (const auto* text = std::get_if<std::string>(&entered))
+    if (const auto* text = std::get_if<std::string>(&entered)) {
         return toText(*text);
+    }
     const auto* index = std::get_if<EntryIndex>(&entered);
     return index != nullptr ? entryTexts(row).value(index->index) : QString();
 }
@@ -93,8 +94,9 @@ void ValueWriter::run(Write& write, const std::function<void(IEventFeatureReceiv
 void ValueWriter::write(const std::string& name, const EditValue& value)
 {
     FeatureRow* row = m_model.find(name);
-    if (row == nullptr || !row->isEditable() || !fits(*row, value))
+    if (row == nullptr || !row->isEditable() || !fits(*row, value)) {
         return;
+    }
     Write write;
     write.result.name = name;
     const auto event = eventFor(*row, value);
@@ -108,25 +110,28 @@ void ValueWriter::write(const std::string& name, const EditValue& value)
 void ValueWriter::judge(const Write& write, const EditValue& entered)
 {
     FeatureRow* row = m_model.find(write.result.name);
-    if (row == nullptr || write.complained)
+    if (row == nullptr || write.complained) {
         return;
-    if (!m_events.hasReceiver())
+    }
+    if (!m_events.hasReceiver()) {
         showMessage(row->name, tr("Not written: nothing is connected to this browser"));
-    else if (!write.answered)
+    } else if (!write.answered) {
         showMessage(row->name, tr("The camera has not confirmed this value"));
-    else if (mustComeBack(*row) && !holds(*row, entered))
+    } else if (mustComeBack(*row) && !holds(*row, entered)) {
         showMessage(row->name,
             tr("The camera has not taken “%1”; the row shows what it holds")
                 .arg(enteredText(*row, entered)));
-    else
+    } else {
         m_model.setMessage(*row, {});
+    }
 }
 
 void ValueWriter::press(const std::string& name)
 {
     FeatureRow* row = m_model.find(name);
-    if (row == nullptr || !row->isEditable())
+    if (row == nullptr || !row->isEditable()) {
         return;
+    }
     Write write;
     write.result.name = name;
     write.result.isCommand = true;
@@ -138,33 +143,39 @@ void ValueWriter::press(const std::string& name)
 void ValueWriter::toggle(const std::string& name)
 {
     const FeatureRow* row = m_model.find(name);
-    if (row != nullptr && row->kind == RowKind::Boolean)
+    if (row != nullptr && row->kind == RowKind::Boolean) {
         write(name, EntryIndex { std::get<ChoiceValue>(row->value).index == 1 ? 0 : 1 });
+    }
 }
 
 void ValueWriter::updated(FeatureRow& row, int changes)
 {
     bool isAnswer = false;
     for (Write* write : m_running) {
-        if (write->result.name == row.name)
+        if (write->result.name == row.name) {
             isAnswer = write->answered = true;
+        }
         auto& followers = write->result.followers;
         if (changes != FeatureModel::Nothing
-            && std::find(followers.begin(), followers.end(), row.name) == followers.end())
+            && std::find(followers.begin(), followers.end(), row.name) == followers.end()) {
             followers.push_back(row.name);
+        }
     }
-    if (!isAnswer && (changes & FeatureModel::Value) != 0)
+    if (!isAnswer && (changes & FeatureModel::Value) != 0) {
         m_model.setMessage(row, {});
+    }
 }
 
 void ValueWriter::showMessage(const std::string& name, const QString& message)
 {
     FeatureRow* row = m_model.find(name);
-    if (row == nullptr)
+    if (row == nullptr) {
         return;
+    }
     for (Write* write : m_running) {
-        if (write->result.name == name)
+        if (write->result.name == name) {
             write->complained = true;
+        }
     }
     m_model.setMessage(*row, message.trimmed());
     Q_EMIT messageShown(row);

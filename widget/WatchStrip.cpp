@@ -16,14 +16,18 @@ namespace {
 
 double plotted(const FeatureRow& row)
 {
-    if (!row.hasValue)
+    if (!row.hasValue) {
         return std::numeric_limits<double>::quiet_NaN();
-    if (const auto* integer = std::get_if<IntegerValue>(&row.value))
+    }
+    if (const auto* integer = std::get_if<IntegerValue>(&row.value)) {
         return static_cast<double>(integer->value);
-    if (const auto* number = std::get_if<FloatValue>(&row.value))
+    }
+    if (const auto* number = std::get_if<FloatValue>(&row.value)) {
         return number->value;
-    if (const auto* choice = std::get_if<ChoiceValue>(&row.value))
+    }
+    if (const auto* choice = std::get_if<ChoiceValue>(&row.value)) {
         return choice->index;
+    }
     return std::numeric_limits<double>::quiet_NaN();
 }
 
@@ -60,12 +64,14 @@ WatchStrip::WatchStrip(FeatureModel* model, QWidget* parent)
 
 void WatchStrip::setPinned(const std::string& name, bool pinned)
 {
-    if (pinned == isPinned(name))
+    if (pinned == isPinned(name)) {
         return;
-    if (pinned)
+    }
+    if (pinned) {
         add(name);
-    else
+    } else {
         remove(name);
+    }
     setVisible(!m_watches.empty());
     Q_EMIT pinsChanged();
 }
@@ -94,39 +100,46 @@ void WatchStrip::remove(const std::string& name)
 {
     const auto found = m_watches.find(name);
     for (QWidget* part : std::initializer_list<QWidget*> {
-             found->second.name, found->second.value, found->second.line, found->second.unpin })
+             found->second.name, found->second.value, found->second.line, found->second.unpin }) {
         part->deleteLater();
+    }
     m_watches.erase(found);
 }
 
 QByteArrayList WatchStrip::pinned() const
 {
     std::vector<std::pair<int, QByteArray>> ordered;
-    for (const auto& [name, watch] : m_watches)
+    for (const auto& [name, watch] : m_watches) {
         ordered.emplace_back(watch.order, QByteArray::fromStdString(name));
+    }
     std::sort(ordered.begin(), ordered.end());
     QByteArrayList names;
-    for (const auto& entry : ordered)
+    for (const auto& entry : ordered) {
         names.append(entry.second);
+    }
     return names;
 }
 
 void WatchStrip::valueSeen(const FeatureRow& row)
 {
-    if (m_watches.empty())
+    if (m_watches.empty()) {
         return;
+    }
     const auto found = m_watches.find(row.name);
-    if (found != m_watches.end())
+    if (found != m_watches.end()) {
         found->second.line->add(plotted(row));
+    }
 }
 
 void WatchStrip::rowChanged(const FeatureRow& row)
 {
-    if (m_watches.empty())
+    if (m_watches.empty()) {
         return;
+    }
     const auto found = m_watches.find(row.name);
-    if (found == m_watches.end())
+    if (found == m_watches.end()) {
         return;
+    }
     const QString unit = rowUnit(row);
     found->second.value->setText(
         unit.isEmpty() ? valueText(row) : valueText(row) + QLatin1Char(' ') + unit);

@@ -39,8 +39,9 @@ protected:
         auto* menu = child<QMenu>("rowMenu");
         const auto actions = menu->actions();
         for (QAction* action : actions) {
-            if (action->text().remove('&') == words)
+            if (action->text().remove('&') == words) {
                 action->trigger();
+            }
         }
         menu->close();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -129,8 +130,9 @@ TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
     EXPECT_TRUE(strip->isVisible());
     const auto texts = [strip] {
         std::string all;
-        for (const QLabel* label : strip->findChildren<QLabel*>())
+        for (const QLabel* label : strip->findChildren<QLabel*>()) {
             all += label->text().toStdString() + " ";
+        }
         return all;
     };
     EXPECT_EQ(texts(), "Gain 2.5 Width 640 ");
@@ -167,9 +169,10 @@ TEST_F(ComfortTest, TheTreeLooksTheSameWhenItIsBuiltAnew)
     const auto build = [this] {
         for (const char* category : { "A", "B", "C" }) {
             browser->addCategory(category, LEVEL_BEGINNER);
-            for (int i = 0; i < 40; ++i)
+            for (int i = 0; i < 40; ++i) {
                 browser->addIntFeature(category, category + std::to_string(i), i, 0, 99, 1,
                     LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
+            }
         }
     };
     browser->clearFeatureItems();

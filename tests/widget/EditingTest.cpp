@@ -85,8 +85,9 @@ TEST_F(EditingTest, BooleansAndCommandsActOnTheirBoxAndButton)
     for (const auto& act : std::vector<std::function<void()>> { [this] {
                                                                    click("ReverseX", 1, { 10, 0 });
                                                                },
-             [] { press(Qt::Key_Space); } })
+             [] { press(Qt::Key_Space); } }) {
         act();
+    }
     EXPECT_EQ(journal.take(), (Lines { "Bool ReverseX 1", "Bool ReverseX 0" }));
     click("AcquisitionStart", 1, { 20, 0 });
     press(Qt::Key_Return);
@@ -131,8 +132,9 @@ TEST_F(EditingTest, TheWheelChangesNothing)
             { 0, -240 }, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(target, &event);
     };
-    for (const char* name : { "Width", "ExposureTime", "PixelFormat", "ReverseX" })
+    for (const char* name : { "Width", "ExposureTime", "PixelFormat", "ReverseX" }) {
         turn(name);
+    }
     select("ExposureTime");
     press(Qt::Key_F2);
     turn("ExposureTime");
@@ -184,8 +186,9 @@ TEST_F(EditingTest, ASliderWritesSparselyAndItsLastValueAlways)
     ASSERT_TRUE(slider != nullptr && slider->isVisible());
     EXPECT_EQ(slider->maximum(), 600);
     EXPECT_EQ(slider->value(), 370); // 100 * log10(5000)
-    for (int position = 371; position <= 400; ++position)
+    for (int position = 371; position <= 400; ++position) {
         slider->setValue(position);
+    }
     QTest::qWait(120);
     EXPECT_LE(journal.lines.size(), 2U);
     EXPECT_EQ(journal.take().back(), "Double ExposureTime 10000");

@@ -13,8 +13,9 @@ TEST(HelperFunctions, DecimalsShowNineSignificantDigits)
         { 1.0 / 3, 9 }, { 123456789.5, 0 }, { 9.9999999999, 0 }, { 1e300, 0 },
         { std::numeric_limits<double>::infinity(), 0 },
         { std::numeric_limits<double>::quiet_NaN(), 0 } };
-    for (const auto& [value, decimals] : cases)
+    for (const auto& [value, decimals] : cases) {
         EXPECT_EQ(getNumberOfDecimals(value), decimals) << value;
+    }
 }
 
 TEST(HelperFunctions, MacAddressIsTheLow48Bits)

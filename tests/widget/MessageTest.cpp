@@ -54,8 +54,9 @@ TEST_F(MessageTest, ARejectionStaysAtItsRowUntilTheNextGoodValue)
 TEST_F(MessageTest, ExceptionsEndAtTheirRow)
 {
     journal.answer = [](const std::string& line) {
-        if (line == "Command AcquisitionStart")
+        if (line == "Command AcquisitionStart") {
             throw 1; // NOLINT(hicpp-exception-baseclass)
+        }
         throw std::out_of_range("stoll");
     };
     edit("Width", "7");

@@ -46,8 +46,9 @@ TEST_F(ReentrancyTest, AMessageBoxInAHandlerCausesNoSecondEvent)
 TEST_F(ReentrancyTest, ARowCanBeEditedWhileItsEventIsHandled)
 {
     journal.answer = [this](const std::string& line) {
-        if (line == "Int Width 32")
+        if (line == "Int Width 32") {
             edit("Width", "48");
+        }
         browser->modifyFeature("Width", 48L, 16L, 4096L, 16U, false, true);
     };
     edit("Width", "32");

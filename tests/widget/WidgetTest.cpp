@@ -14,11 +14,13 @@ QModelIndex find(const QAbstractItemModel& model, const QByteArray& name, const 
     const int nameRole = model.roleNames().key("name");
     for (int i = 0; i < model.rowCount(parent); ++i) {
         const QModelIndex index = model.index(i, 0, parent);
-        if (index.data(nameRole).toByteArray() == name)
+        if (index.data(nameRole).toByteArray() == name) {
             return index;
+        }
         const QModelIndex below = find(model, name, index);
-        if (below.isValid())
+        if (below.isValid()) {
             return below;
+        }
     }
     return {};
 }
@@ -38,8 +40,9 @@ template <typename... T> std::string line(const T&... parts)
 void Journal::add(const std::string& text)
 {
     lines.push_back(text);
-    if (answer)
+    if (answer) {
         answer(text);
+    }
 }
 
 void Journal::FeatureIntModified(std::string name, long value)
@@ -72,8 +75,9 @@ void Journal::FeatureExecCommand(std::string name)
 }
 void Journal::ItemSelectionChanged(std::string name)
 {
-    if (hearsSelection)
+    if (hearsSelection) {
         add(line("Selection", name));
+    }
 }
 void Journal::ItemColumnResized(int column, int width)
 {
@@ -176,8 +180,9 @@ void WidgetTest::press(Qt::Key key)
 void WidgetTest::type(const char* text)
 {
     // keyClicks knows no letters beyond ASCII.
-    for (const QChar letter : QString::fromUtf8(text))
+    for (const QChar letter : QString::fromUtf8(text)) {
         QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, letter, {});
+    }
 }
 
 void WidgetTest::edit(const std::string& name, const char* text, Qt::Key key) const

@@ -38,7 +38,7 @@ public:
     bool hearsSelection = false;
 
 private:
-    void add(const std::string& line);
+    void add(const std::string& text);
 };
 
 using Lines = std::vector<std::string>;

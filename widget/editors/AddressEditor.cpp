@@ -37,8 +37,9 @@ std::optional<EditValue> AddressEditor::value(QString& problem) const
         QStringLiteral("\\A(?:(?:25[0-5]|2[0-4][0-9]|1[0-9]{2}|[1-9]?"
                        "[0-9])(?:\\.(?!\\z)|\\z)){4}\\z"));
     const QString text = m_field->text();
-    if (whole.match(text).hasMatch())
+    if (whole.match(text).hasMatch()) {
         return text.toStdString();
+    }
     problem = tr("“%1” is not an IPv4 address: four numbers from 0 to 255 with points between")
                   .arg(text);
     return std::nullopt;

@@ -44,10 +44,12 @@ void ChoiceEditor::showLimits(const FeatureRow& row)
 {
     const QStringList entries = entryTexts(row);
     QStringList shown;
-    for (int i = 0; i < m_box->count(); ++i)
+    for (int i = 0; i < m_box->count(); ++i) {
         shown.append(m_box->itemText(i));
-    if (shown == entries)
+    }
+    if (shown == entries) {
         return;
+    }
     m_box->clear();
     m_box->addItems(entries);
 }
@@ -61,15 +63,17 @@ void ChoiceEditor::showEvent(QShowEvent* event)
 {
     RowEditor::showEvent(event);
     QTimer::singleShot(0, m_box, [this] {
-        if (m_box->isVisible())
+        if (m_box->isVisible()) {
             m_box->showPopup();
+        }
     });
 }
 
 std::optional<EditValue> ChoiceEditor::value(QString&) const
 {
-    if (m_box->currentIndex() < 0)
+    if (m_box->currentIndex() < 0) {
         return std::nullopt;
+    }
     return EntryIndex { m_box->currentIndex() };
 }
 

@@ -73,8 +73,9 @@ void FloatEditor::showLimits(const FeatureRow& row)
 
 void FloatEditor::showValue(const FeatureRow& row)
 {
-    if (m_slider->isSliderDown())
+    if (m_slider->isSliderDown()) {
         return;
+    }
     const double value = std::get<FloatValue>(row.value).value;
     m_field->setText(row.hasValue ? exactFloatText(value) : QString());
     m_field->selectAll();
@@ -87,15 +88,17 @@ void FloatEditor::sliderMoved(int position)
     m_field->setText(exactFloatText(m_scale.valueAt(position)));
     touch();
     m_writePending = true;
-    if (!m_pause.isActive())
+    if (!m_pause.isActive()) {
         m_pause.start(0);
+    }
 }
 
 // The arrow keys step as in a spin box: nothing is written before the value is accepted.
 void FloatEditor::stepBy(int steps)
 {
-    if (!m_scale.isUsable())
+    if (!m_scale.isUsable()) {
         return;
+    }
     const double now = readFloat(m_field->text(), m_unit).value.value_or(m_scale.valueAt(0));
     const int position = std::clamp(m_scale.positionOf(now) + steps, 0, m_scale.steps());
     m_field->setText(exactFloatText(m_scale.valueAt(position)));

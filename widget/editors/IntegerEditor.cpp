@@ -40,8 +40,9 @@ void IntegerSpinBox::stepBy(int steps)
 QAbstractSpinBox::StepEnabled IntegerSpinBox::stepEnabled() const
 {
     const auto now = readInteger(lineEdit()->text(), m_unit).value;
-    if (!now)
+    if (!now) {
         return StepUpEnabled | StepDownEnabled;
+    }
     StepEnabled enabled = StepNone;
     enabled.setFlag(StepUpEnabled, *now < m_limits.maximum);
     enabled.setFlag(StepDownEnabled, *now > m_limits.minimum);
@@ -56,10 +57,11 @@ QValidator::State IntegerSpinBox::validate(QString&, int&) const
 
 void IntegerSpinBox::wheelEvent(QWheelEvent* event)
 {
-    if (hasFocus())
+    if (hasFocus()) {
         QAbstractSpinBox::wheelEvent(event);
-    else
+    } else {
         event->ignore();
+    }
 }
 
 IntegerEditor::IntegerEditor(const FeatureRow& row, QWidget* parent)

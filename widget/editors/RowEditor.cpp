@@ -26,15 +26,17 @@ void RowEditor::watch(QWidget* field)
 {
     field->setAccessibleName(toText(m_rowName));
     field->installEventFilter(this);
-    if (focusProxy() == nullptr)
+    if (focusProxy() == nullptr) {
         setFocusProxy(field);
+    }
 }
 
 void RowEditor::update(const FeatureRow& row)
 {
     showLimits(row);
-    if (!m_touched)
+    if (!m_touched) {
         showValue(row);
+    }
 }
 
 QLabel* RowEditor::makeUnitLabel()
@@ -54,8 +56,9 @@ void RowEditor::showUnit(QLabel* label, const FeatureRow& row)
 
 void RowEditor::leave(Leave how)
 {
-    if (!m_finished)
+    if (!m_finished) {
         Q_EMIT left(this, how);
+    }
 }
 
 bool RowEditor::keyPressed(int key)
@@ -83,14 +86,17 @@ bool RowEditor::keyPressed(int key)
 void RowEditor::focusLost(Qt::FocusReason reason)
 {
     if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason
-        || reason == Qt::MenuBarFocusReason)
+        || reason == Qt::MenuBarFocusReason) {
         return;
+    }
     // The parents of a list that drops down lead here too, across its window.
     const QWidget* now = QApplication::focusWidget();
-    while (now != nullptr && now != this)
+    while (now != nullptr && now != this) {
         now = now->parentWidget();
-    if (now == nullptr)
+    }
+    if (now == nullptr) {
         leave(Leave::FocusLost);
+    }
 }
 
 bool RowEditor::eventFilter(QObject* object, QEvent* event)

@@ -16,17 +16,20 @@ SliderScale::SliderScale(const FloatValue& limits, bool logarithmic, int steps)
 double SliderScale::exactAt(double position) const
 {
     const double share = position / m_steps;
-    if (m_logarithmic)
+    if (m_logarithmic) {
         return m_limits.minimum * std::pow(m_limits.maximum / m_limits.minimum, share);
+    }
     return m_limits.minimum + (m_limits.maximum - m_limits.minimum) * share;
 }
 
 double SliderScale::valueAt(int position) const
 {
-    if (position <= 0)
+    if (position <= 0) {
         return m_limits.minimum;
-    if (position >= m_steps)
+    }
+    if (position >= m_steps) {
         return m_limits.maximum;
+    }
     double value = exactAt(position);
     const double room = (exactAt(position + 1.0) - exactAt(position - 1.0)) / 4;
     const int decimals = static_cast<int>(std::ceil(-std::log10(room)));
@@ -41,10 +44,12 @@ double SliderScale::valueAt(int position) const
 
 int SliderScale::positionOf(double value) const
 {
-    if (!m_usable || !(value > m_limits.minimum))
+    if (!m_usable || !(value > m_limits.minimum)) {
         return 0;
-    if (value >= m_limits.maximum)
+    }
+    if (value >= m_limits.maximum) {
         return m_steps;
+    }
     const double share = m_logarithmic
         ? std::log(value / m_limits.minimum) / std::log(m_limits.maximum / m_limits.minimum)
         : (value - m_limits.minimum) / (m_limits.maximum - m_limits.minimum);
