@@ -109,14 +109,16 @@ std::uint64_t RawDevice::accesses() const
 void RawDevice::readFacts(const char* name) const
 {
     ArvGcNode* found = arv_gc_get_node(nodeMap(), name);
-    if (!ARV_IS_GC_FEATURE_NODE(found))
+    if (!ARV_IS_GC_FEATURE_NODE(found)) {
         return;
+    }
     auto* node = ARV_GC_FEATURE_NODE(found);
     arv_gc_feature_node_is_implemented(node, nullptr);
     arv_gc_feature_node_is_locked(node, nullptr);
     if (!arv_gc_feature_node_is_available(node, nullptr)
-        || arv_gc_feature_node_get_actual_access_mode(node) == ARV_GC_ACCESS_MODE_WO)
+        || arv_gc_feature_node_get_actual_access_mode(node) == ARV_GC_ACCESS_MODE_WO) {
         return;
+    }
     if (ARV_IS_GC_ENUMERATION(node)) {
         guint count = 0;
         g_free(arv_gc_enumeration_dup_available_string_values(

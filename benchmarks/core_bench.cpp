@@ -27,12 +27,15 @@ std::shared_ptr<FeatureItem> makeItem(FEATURE_TYPE type, int number)
     item->valueText = "2";
     item->accessMode = ACCESS_READ_WRITE;
     item->intWritable = 1;
-    if (type == FEATURE_STRING)
+    if (type == FEATURE_STRING) {
         item->valueText = "Device user identification";
-    if (type == FEATURE_ENUMERATION)
+    }
+    if (type == FEATURE_ENUMERATION) {
         item->enumEntries = { "Off", "Once", "Continuous", "ExternalTriggerInput" };
-    if (type == FEATURE_BOOLEAN)
+    }
+    if (type == FEATURE_BOOLEAN) {
         item->enumEntries = { "Off", "On" };
+    }
     return item;
 }
 
@@ -41,12 +44,14 @@ void loadTree(benchmark::State& state, const std::vector<FEATURE_TYPE>& kinds)
 {
     ZQCameraDevice device(nullptr, nullptr);
     auto& items = device.GetRepository()->GetFeatureList();
-    for (int i = 0; i < records; ++i)
+    for (int i = 0; i < records; ++i) {
         items.push_back(makeItem(kinds[static_cast<std::size_t>(i) % kinds.size()], i));
+    }
     ZQFeatureBrowser browser(&device, nullptr);
     std::FILE* const original = std::exchange(stderr, std::fopen("/dev/null", "w"));
-    for ([[maybe_unused]] auto _ : state)
+    for ([[maybe_unused]] auto _ : state) {
         browser.LoadFeatureBrowser();
+    }
     std::fclose(std::exchange(stderr, original));
     constexpr int passes = 2;
     state.counters["perRecordAndPass"] = benchmark::Counter(records * passes,

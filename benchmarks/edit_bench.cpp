@@ -59,11 +59,13 @@ public:
         const QAbstractItemModel& model = *tree->model();
         for (int i = 0; i < model.rowCount(parent); ++i) {
             const QModelIndex here = model.index(i, 0, parent);
-            if (here.data(model.roleNames().key("name")).toByteArray() == name)
+            if (here.data(model.roleNames().key("name")).toByteArray() == name) {
                 return here;
+            }
             const QModelIndex inside = row(name, here);
-            if (inside.isValid())
+            if (inside.isValid()) {
                 return inside;
+            }
         }
         return {};
     }
@@ -74,13 +76,15 @@ public:
         tree->setFocus();
         tree->setCurrentIndex(row(edit.feature).siblingAtColumn(1));
         QTest::keyClick(tree, Qt::Key_F2);
-        if (edit.isChoice)
+        if (edit.isChoice) {
             static_cast<void>(QTest::qWaitFor([] { return QApplication::activePopupWidget(); }));
+        }
         QWidget* top = edit.isChoice ? QApplication::activePopupWidget() : nullptr;
         QWidget* field
             = top && top->focusWidget() ? top->focusWidget() : QApplication::focusWidget();
-        if (!edit.isChoice)
+        if (!edit.isChoice) {
             QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+        }
         QTest::keyClicks(field, QString::fromUtf8(value));
         return field;
     }
@@ -132,10 +136,11 @@ void edit(benchmark::State& state, const Edit& what)
         QWidget* field = chain.prepare(what, value);
         std::vector<RegisterPort::Register> readAfterWrite;
         port.setFaultHook([&](std::uint64_t address, std::size_t size, bool isWrite) {
-            if (isWrite)
+            if (isWrite) {
                 readAfterWrite.clear();
-            else
+            } else {
                 readAfterWrite.emplace_back(address, size);
+            }
             return false;
         });
         const std::uint64_t writesBefore = port.writes();
@@ -166,8 +171,9 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     // The trace of the browser is not what is read here.
-    if (!std::freopen("/dev/null", "w", stderr))
+    if (!std::freopen("/dev/null", "w", stderr)) {
         return 1;
+    }
     benchmark::Initialize(&argc, argv);
     const std::array edits { Edit { "DeviceUserTag", { "17", "18" }, false },
         Edit { "Width", { "640", "1024" }, false }, Edit { "BlackLevel", { "1.5", "2.5" }, false },

@@ -39,32 +39,37 @@ std::unique_ptr<ZQCamera> open(const std::string& path)
     std::string error;
     auto camera
         = path.empty() ? ZQCamera::OpenSimulated(error) : ZQCamera::OpenDescription(path, error);
-    if (!camera)
+    if (!camera) {
         throw std::runtime_error(error);
+    }
     return camera;
 }
 
 std::string descriptionText(const std::string& path)
 {
-    if (path.empty())
+    if (path.empty()) {
         return std::string(simulatedCameraDescription());
+    }
     std::string text;
     std::string error;
-    if (!readDescriptionFile(path, text, error))
+    if (!readDescriptionFile(path, text, error)) {
         throw std::runtime_error(error);
+    }
     return text.substr(text.find('<')); // some files begin with a line of text
 }
 
 double rawPass(ZQCamera& camera, const std::string& path, std::uint64_t& accesses)
 {
     std::vector<std::string> names;
-    for (const Feature& feature : camera.impl().features())
+    for (const Feature& feature : camera.impl().features()) {
         names.push_back(feature.name);
+    }
     const auto start = Clock::now();
     const std::string xml = descriptionText(path);
     const RawDevice raw(camera.impl().port().backend(), xml);
-    for (const std::string& name : names)
+    for (const std::string& name : names) {
         raw.readFacts(name.c_str());
+    }
     accesses = raw.accesses();
     return secondsSince(start);
 }
@@ -109,8 +114,9 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     // The trace of the browser is not what is read here.
-    if (!std::freopen("/dev/null", "w", stderr))
+    if (!std::freopen("/dev/null", "w", stderr)) {
         return 1;
+    }
     benchmark::Initialize(&argc, argv);
     std::vector<std::string> paths(argv + 1, argv + argc);
     paths.insert(paths.begin(), std::string());

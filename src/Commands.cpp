@@ -26,34 +26,39 @@ void traceCommand(const std::string& name)
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::FeatureExecCommand(std::string name)
 {
     traceCommand(name);
-    if (name == "DeviceReset")
+    if (name == "DeviceReset") {
         return resetDevice(name);
+    }
     const bool start = name == "AcquisitionStart";
     if (start || name == "AcquisitionStop") {
         const bool grabbing = device->IsGrabbing() != 0;
-        if (grabbing == start)
+        if (grabbing == start) {
             return;
+        }
         handOverCommand(name, start ? "Starting to grab..." : "Stopping to grab...");
         return refreshAfterCommand(name);
     }
     executeCommand(name);
     refreshAfterCommand(name);
-    if (receiver)
+    if (receiver) {
         receiver->AllConfigChanged();
+    }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::resetDevice(const std::string& name)
 {
-    if (!receiver)
+    if (!receiver) {
         widget->closeDialog();
+    }
     handOverCommand(name, "Execute DeviceReset...");
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::handOverCommand(
     const std::string& name, const char* announcement)
 {
-    if (!receiver)
+    if (!receiver) {
         return executeCommand(name);
+    }
     traceText(announcement);
     receiver->FeatureExecCommand(name);
 }
@@ -70,8 +75,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::executeCommand(const std::string& n
     } else {
         std::snprintf(message.data(), message.size(), "Executed Command [%s]", name.c_str());
     }
-    if (receiver)
+    if (receiver) {
         receiver->SendError(status, message.data());
+    }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::refreshAfterCommand(const std::string& name)
@@ -79,10 +85,11 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::refreshAfterCommand(const std::stri
     const auto items = repository->GetInvalidatedFeatures(name);
     const bool everything = std::any_of(items.begin(), items.end(),
         [](const auto& item) { return item && item->name == "Device"; });
-    if (everything)
+    if (everything) {
         reloadRepository();
-    else
+    } else {
         updateInvalidators(name);
+    }
 }
 
 } // namespace featurebrowser

@@ -15,13 +15,15 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::FeatureEnumModified(
     }
     const auto item = repository->GetFeature(name);
     updateFeature(item);
-    if (item && item->isSelector)
+    if (item && item->isSelector) {
         updateSelectors(name);
-    else
+    } else {
         updateInvalidators(name);
+    }
     recomputeStates();
-    if (receiver)
+    if (receiver) {
         receiver->FeatureEnumModified(name, entry, index);
+    }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::FeatureBoolModified(std::string name, int value)
@@ -34,8 +36,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::FeatureBoolModified(std::string nam
     updateFeature(name);
     updateInvalidators(name);
     recomputeStates();
-    if (receiver)
+    if (receiver) {
         receiver->FeatureBoolModified(name, value);
+    }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::FeatureStringModified(
@@ -46,10 +49,12 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::FeatureStringModified(
     // hears of the refusal.
     updateFeature(name);
     updateInvalidators(name);
-    if (receiver)
+    if (receiver) {
         receiver->FeatureStringModified(name, value);
-    if (status != STATUS_OK)
+    }
+    if (status != STATUS_OK) {
         reportRefusedWrite(status);
+    }
 }
 
 std::string ZQFeatureBrowser::ZQFeatureBrowserImpl::errorText(int code)
@@ -64,8 +69,9 @@ std::string ZQFeatureBrowser::ZQFeatureBrowserImpl::errorText(int code)
 std::string ZQFeatureBrowser::ZQFeatureBrowserImpl::reportRefusedWrite(int status)
 {
     std::string text = errorText(device->GetLastError());
-    if (receiver)
+    if (receiver) {
         receiver->SendError(status, text);
+    }
     return text;
 }
 

@@ -64,8 +64,9 @@ std::string floatText(const FeatureItem& item)
     const bool scientific = item.floatMin < -fixedLimit || item.floatMax > fixedLimit;
     std::string text = item.description + "\r\nMin: " + limitText(item.floatMin, scientific)
         + " Max: " + limitText(item.floatMax, scientific) + "\r\n";
-    if (item.floatInc > smallestShownIncrement)
+    if (item.floatInc > smallestShownIncrement) {
         text += "Increment: " + generalText(item.floatInc) + "\r\n";
+    }
     return text + typeLines("Float", item);
 }
 
@@ -115,8 +116,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::ItemSelectionChanged(std::string na
         updateFeature(item);
         widget->setItemDescription(item->name, getTextDescription(item));
     }
-    if (receiver)
+    if (receiver) {
         receiver->ItemSelectionChanged(name);
+    }
 }
 
 } // namespace featurebrowser

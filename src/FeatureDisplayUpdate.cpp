@@ -13,8 +13,9 @@ namespace {
 /// std::out_of_range.
 long integerValue(const std::string& text)
 {
-    if (text.empty())
+    if (text.empty()) {
         return 0;
+    }
     try {
         return std::stoll(text);
     } catch (const std::invalid_argument&) {
@@ -40,8 +41,9 @@ CAM_TYPE_VALUE getType(int type)
 {
     constexpr std::array kinds { CAM_TYPE_INTEGER, CAM_TYPE_FLOAT, CAM_TYPE_STRING,
         CAM_TYPE_ENUMERATION, CAM_TYPE_COMMAND, CAM_TYPE_BOOLEAN, CAM_TYPE_READ_ONLY_STRING };
-    if (type < FEATURE_INTEGER || type > FEATURE_READ_ONLY_STRING)
+    if (type < FEATURE_INTEGER || type > FEATURE_READ_ONLY_STRING) {
         return CAM_TYPE_NONE;
+    }
     return kinds[static_cast<std::size_t>(type - FEATURE_INTEGER)];
 }
 
@@ -52,8 +54,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::updateFeature(const std::string& na
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::updateFeature(const std::shared_ptr<FeatureItem>& item)
 {
-    if (!item || !repository->ReadFeature(item))
+    if (!item || !repository->ReadFeature(item)) {
         return;
+    }
     switch (item->type) {
     case FEATURE_INTEGER:
         return updateInteger(*item);
@@ -79,8 +82,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::updateInteger(const FeatureItem& it
         return widget->modifyFeature(item.name, integerValue(item.valueText), item.intMin,
             item.intMax, item.intInc, isReadOnly(item), isDisplayFlagSet(item));
     case IntegerForm::macAddress:
-        if (item.valueText.empty())
+        if (item.valueText.empty()) {
             return;
+        }
         return pushText(
             *widget, item, convertToMACAddress(std::stoll(item.valueText)), CAM_TYPE_STRING);
     case IntegerForm::ipv4Address:

@@ -81,8 +81,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::addFeatureItem(
         case IntegerForm::number:
             return entry.addNumber();
         case IntegerForm::macAddress:
-            if (item->valueText.empty())
+            if (item->valueText.empty()) {
                 return;
+            }
             return entry.addText(convertToMACAddress(std::stoll(item->valueText)), 0, ADDRESS_MAC);
         case IntegerForm::ipv4Address:
             return entry.addText(getIPAddressV4Text(item->valueText.c_str()), 0, ADDRESS_IPV4);

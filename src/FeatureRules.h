@@ -10,10 +10,12 @@ enum class IntegerForm { number, macAddress, ipv4Address };
 /// Whether a record is shown read-only; the same when it is added and when it is updated.
 inline bool isReadOnly(const FeatureItem& item)
 {
-    if (item.type == FEATURE_READ_ONLY_STRING || item.lockedFlag == 1)
+    if (item.type == FEATURE_READ_ONLY_STRING || item.lockedFlag == 1) {
         return true;
-    if (item.accessMode == ACCESS_UNKNOWN || item.accessMode == ACCESS_READ_ONLY)
+    }
+    if (item.accessMode == ACCESS_UNKNOWN || item.accessMode == ACCESS_READ_ONLY) {
         return true;
+    }
     return item.type == FEATURE_INTEGER && item.intWritable == 0;
 }
 
@@ -27,14 +29,18 @@ inline bool isDisplayFlagSet(const FeatureItem& item)
 /// "MAC" goes before "Gev": GevMACAddress is a MAC address.
 inline IntegerForm integerForm(const FeatureItem& item)
 {
-    if (item.representation == REPRESENTATION_IPV4)
+    if (item.representation == REPRESENTATION_IPV4) {
         return IntegerForm::ipv4Address;
-    if (item.representation != REPRESENTATION_ADDRESS)
+    }
+    if (item.representation != REPRESENTATION_ADDRESS) {
         return IntegerForm::number;
-    if (item.name.find("MAC") != std::string::npos)
+    }
+    if (item.name.find("MAC") != std::string::npos) {
         return IntegerForm::macAddress;
-    if (item.name.find("Gev") != std::string::npos)
+    }
+    if (item.name.find("Gev") != std::string::npos) {
         return IntegerForm::ipv4Address;
+    }
     return IntegerForm::number;
 }
 

@@ -26,8 +26,9 @@ void traceValue(const char* what, const std::string& name, const std::string& va
 /// Some cameras answer with the old geometry for a moment after a binning write.
 void pauseAfterBinning(const std::string& name)
 {
-    if (name != "BinningHorizontal" && name != "BinningVertical")
+    if (name != "BinningHorizontal" && name != "BinningVertical") {
         return;
+    }
     constexpr long nanoseconds = 300'000'000;
     timespec remaining { 0, nanoseconds };
     while (nanosleep(&remaining, &remaining) == -1 && errno == EINTR) { }
@@ -37,8 +38,9 @@ void pauseAfterBinning(const std::string& name)
 /// no grid to move on. From below the minimum that direction is up.
 long gridValue(const FeatureItem& item, long value, long current)
 {
-    if (item.intMax <= item.intMin || item.intInc == 0)
+    if (item.intMax <= item.intMin || item.intInc == 0) {
         return current;
+    }
     const Wide offset = Wide { value } - item.intMin;
     return static_cast<long>(value - offset % item.intInc);
 }
@@ -78,8 +80,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::acceptInteger(const std::string& na
         traceValue("Update feature in repository: ", name, item->valueText);
     }
     updateInvalidators(name);
-    if (receiver)
+    if (receiver) {
         receiver->FeatureIntModified(name, value);
+    }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::resetInteger(const std::string& name, long value)
@@ -98,8 +101,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::adjustInteger(const std::string& na
 {
     long current = value;
     device->GetIntegerValue(name.c_str(), &current);
-    if (const auto item = repository->GetFeature(name))
+    if (const auto item = repository->GetFeature(name)) {
         retryInteger(*item, name, value, current);
+    }
     updateInvalidators(name);
 }
 
@@ -140,8 +144,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::acceptDouble(const std::string& nam
 {
     updateFeature(name);
     updateInvalidators(name);
-    if (receiver)
+    if (receiver) {
         receiver->FeatureDoubleModified(name, value);
+    }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::resetDouble(const std::string& name, double value)
@@ -149,8 +154,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::resetDouble(const std::string& name
     double current = value;
     device->GetFloatValue(name.c_str(), &current);
     const auto item = repository->GetFeature(name);
-    if (!item)
+    if (!item) {
         return;
+    }
     // Dependents are not refreshed here, unlike after an integer out of range.
     widget->setDefaultValue(name, current,
         "Error writing feature " + name + "\nvalue must be between " + fixedText(item->floatMin)
@@ -180,8 +186,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::FeatureIPModified(
     }
     updateFeature(name);
     updateInvalidators(name);
-    if (receiver)
+    if (receiver) {
         receiver->FeatureIPModified(name, text);
+    }
 }
 
 } // namespace featurebrowser

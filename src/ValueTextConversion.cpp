@@ -43,8 +43,9 @@ namespace featurebrowser {
 
 std::string ZQFeatureBrowser::ZQFeatureBrowserImpl::getIPAddressV4Text(const char* text) const
 {
-    if (*text == '\0')
+    if (*text == '\0') {
         return {};
+    }
     in_addr address {};
     address.s_addr = htonl(static_cast<std::uint32_t>(std::stoul(text) & 0xFFFFFFFFU));
     std::array<char, INET_ADDRSTRLEN> dotted {};
@@ -55,8 +56,9 @@ std::string ZQFeatureBrowser::ZQFeatureBrowserImpl::getIPAddressV4Text(const cha
 std::uint32_t ZQFeatureBrowser::ZQFeatureBrowserImpl::getIPAddressV4Value(const char* text) const
 {
     in_addr address {};
-    if (inet_pton(AF_INET, text, &address) != 1)
+    if (inet_pton(AF_INET, text, &address) != 1) {
         return 0;
+    }
     return ntohl(address.s_addr);
 }
 

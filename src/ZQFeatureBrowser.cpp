@@ -36,8 +36,9 @@ ZQFeatureBrowser::ZQFeatureBrowserImpl::ZQFeatureBrowserImpl(
 ZQFeatureBrowser::ZQFeatureBrowserImpl::~ZQFeatureBrowserImpl()
 {
     delete widget;
-    if (ownsDevice)
+    if (ownsDevice) {
         delete device;
+    }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::applyShowSettings(TYPE_LEVEL level)
@@ -62,8 +63,9 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::showDialog(
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::showStandalone(
     int a, int b, std::vector<int> columns, TYPE_LEVEL level)
 {
-    if (widget->isVisible())
+    if (widget->isVisible()) {
         return;
+    }
     applyShowSettings(level);
     const auto& states = repository->GetFeatureStates();
     widget->showStandalone(this, a, b, std::move(columns), states);
@@ -82,8 +84,9 @@ int ZQFeatureBrowser::ZQFeatureBrowserImpl::loadFeatureBrowser()
     }
     // A copy, so that no record disappears while values are pushed.
     const std::list<std::shared_ptr<FeatureItem>> items = repository->GetFeatureList();
-    for (const auto& item : items)
+    for (const auto& item : items) {
         updateFeature(item);
+    }
     traceText("Fill finished !!!");
     return 0;
 }
@@ -100,55 +103,63 @@ void ZQFeatureBrowser::ZQFeatureBrowserImpl::addFeatureItems(
 {
     categoryPath.clear();
     for (const auto& item : items) {
-        if (!item)
+        if (!item) {
             continue;
+        }
         categoryPath.resize(item->depth);
-        if (item->type == FEATURE_CATEGORY)
+        if (item->type == FEATURE_CATEGORY) {
             addCategoryItem(*item);
-        else
+        } else {
             addFeatureItem(item, item->level);
+        }
     }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::addCategoryItem(const FeatureItem& item)
 {
     const auto level = static_cast<TYPE_LEVEL>(item.level);
-    if (item.depth == 0)
+    if (item.depth == 0) {
         widget->addCategory(item.name, level);
-    else
+    } else {
         widget->addSubCategory(categoryPath.back(), item.name, level);
+    }
     categoryPath.push_back(item.name);
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::ItemColumnResized(int column, int width)
 {
-    if (receiver)
+    if (receiver) {
         receiver->ItemColumnResized(column, width);
+    }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::FeatureCloseDialog(
     int width, int height, TYPE_LEVEL level)
 {
-    if (receiver)
+    if (receiver) {
         receiver->FeatureCloseDialog(width, height, level);
+    }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::SendError(int code, std::string text)
 {
-    if (receiver)
+    if (receiver) {
         receiver->SendError(code, std::move(text));
+    }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::FeatureLevelChanged(TYPE_LEVEL level)
 {
-    if (receiver)
+    if (receiver) {
         receiver->FeatureLevelChanged(level);
+    }
 }
 
 void ZQFeatureBrowser::ZQFeatureBrowserImpl::AllConfigChanged()
 {
-    if (receiver)
+    if (receiver) {
         receiver->AllConfigChanged();
+    }
 }
 
 // The facade.
@@ -187,8 +198,9 @@ void ZQFeatureBrowser::Hide()
 
 void ZQFeatureBrowser::CloseDialog()
 {
-    if (impl->widget->isVisible())
+    if (impl->widget->isVisible()) {
         impl->widget->closeDialog();
+    }
 }
 
 void ZQFeatureBrowser::ClearFeatureBrowser()

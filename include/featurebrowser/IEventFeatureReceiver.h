@@ -49,7 +49,7 @@ public:
     virtual void SendError(int code, std::string text) = 0;
     /// The user chose another visibility level.
     virtual void FeatureLevelChanged(TYPE_LEVEL level) = 0;
-    /// A command may have changed any feature of the camera.
+    /// A command was run, with or without success, and may have changed any feature of the camera.
     virtual void AllConfigChanged() = 0;
 };
 

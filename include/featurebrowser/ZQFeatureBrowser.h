@@ -27,7 +27,8 @@ struct FeatureItem;
 /// Needs a QApplication. All calls on the user-interface thread, on which the application's
 /// receiver is called too. No operation throws because of a camera; a value text that is no number
 /// can let std::invalid_argument or std::out_of_range through to the caller of the load, reload and
-/// refresh operations (see ZQCameraRepository: a well-behaved camera side never delivers one).
+/// refresh operations, and of the receiver's events (see ZQCameraRepository: a well-behaved camera
+/// side never delivers one; the widget catches what comes out of an event).
 ///
 /// Do not destroy a browser inside a call of its receiver; destroy it later, from a queued call.
 class ZQ_EXPORT ZQFeatureBrowser {

@@ -33,8 +33,9 @@ public:
     GermanProcess()
         : m_set(std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr)
     {
-        if (m_set)
+        if (m_set) {
             m_previous = std::locale::global(std::locale("de_DE.UTF-8"));
+        }
     }
     GermanProcess(const GermanProcess&) = delete;
     GermanProcess& operator=(const GermanProcess&) = delete;
@@ -54,31 +55,36 @@ private:
 TEST(Customatof, RunsWithAndWithoutTheNamedLocale)
 {
     const char* expected = std::getenv("ZQ_EXPECT_NAMED_LOCALE");
-    if (!expected)
+    if (!expected) {
         GTEST_SKIP() << "run by hand, on whatever the host has";
+    }
     EXPECT_EQ(namedLocaleExists(), std::string(expected) == "1");
 }
 
 TEST(Customatof, ReadsCameraNumbers)
 {
-    for (const auto& [text, value] : numbers)
+    for (const auto& [text, value] : numbers) {
         EXPECT_EQ(customatof(text), value) << '\'' << text << '\'';
+    }
 }
 
 TEST(Customatof, IgnoresTheProcessLocale)
 {
     const GermanProcess german;
-    if (!german.isSet())
+    if (!german.isSet()) {
         GTEST_SKIP() << "no locale with a decimal comma";
-    for (const auto& [text, value] : numbers)
+    }
+    for (const auto& [text, value] : numbers) {
         EXPECT_EQ(customatof(text), value) << '\'' << text << '\'';
+    }
 }
 
 TEST_F(CoreTest, MessagesAndDescriptionsIgnoreTheProcessLocale)
 {
     const GermanProcess german;
-    if (!german.isSet())
+    if (!german.isSet()) {
         GTEST_SKIP() << "no locale with a decimal comma";
+    }
     const Item item = makeItem(FEATURE_FLOAT, "F", "1");
     item->floatMax = 1234567.5;
     m_script.features = { item };

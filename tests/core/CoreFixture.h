@@ -62,9 +62,11 @@ protected:
     {
         std::istringstream stream(text);
         std::string lines;
-        for (std::string line; std::getline(stream, line);)
-            if ((line.find(part) != std::string::npos) == containing)
+        for (std::string line; std::getline(stream, line);) {
+            if ((line.find(part) != std::string::npos) == containing) {
                 lines += line + '\n';
+            }
+        }
         return lines;
     }
 

@@ -30,10 +30,11 @@ const std::string command = "command ";
 
 void fire(const std::string& event, IEventFeatureReceiver& events)
 {
-    if (event.rfind(command, 0) == 0)
+    if (event.rfind(command, 0) == 0) {
         events.FeatureExecCommand(event.substr(command.size()));
-    else
+    } else {
         widgetEvents.at(event)(events);
+    }
 }
 
 void answerWrites(Script& script, const std::deque<int>& statuses)
@@ -87,10 +88,11 @@ std::vector<std::string> splitHeading(const std::string& heading)
 {
     std::vector<std::string> parts { "" };
     for (const char c : heading) {
-        if (c == ',')
+        if (c == ',') {
             parts.emplace_back();
-        else if (c != ' ' || !parts.back().empty())
+        } else if (c != ' ' || !parts.back().empty()) {
             parts.back() += c;
+        }
     }
     return parts;
 }
@@ -102,10 +104,11 @@ std::map<std::string, std::string> readJournals()
     std::ifstream file(EVENT_JOURNALS);
     std::string heading;
     for (std::string entry; std::getline(file, entry);) {
-        if (entry.rfind("== ", 0) == 0)
+        if (entry.rfind("== ", 0) == 0) {
             heading = entry.substr(3);
-        else if (!entry.empty() && entry[0] != '#')
+        } else if (!entry.empty() && entry[0] != '#') {
             journals[heading] += entry + '\n';
+        }
     }
     return journals;
 }
@@ -120,8 +123,9 @@ TEST_F(CoreTest, EventsDoExactlyWhatTheirJournalSays)
         const auto run = [&](bool withReceiver) {
             doubles::reset();
             arrangeUsualCase(m_script);
-            for (std::size_t i = 1; i < parts.size(); ++i)
+            for (std::size_t i = 1; i < parts.size(); ++i) {
                 circumstances.at(parts[i])(m_script);
+            }
             return journalOf([&](auto&, auto& events) { fire(parts[0], events); }, withReceiver);
         };
         EXPECT_EQ(run(parts.back() != "no receiver"), expected);

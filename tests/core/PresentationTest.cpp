@@ -116,8 +116,9 @@ std::string replaced(std::string text, const std::string& what, const std::strin
 /// selector's role and text. Patterns without arguments stay as they are.
 std::string expand(std::string pattern, bool adding, const PresentationCase& c)
 {
-    if (pattern.find('#') == std::string::npos)
+    if (pattern.find('#') == std::string::npos) {
         return pattern;
+    }
     const std::string name = '"' + c.name + '"';
     pattern = replaced(pattern, "(#", adding ? "Feature(\"Cat\", " + name : '(' + name);
     pattern
@@ -199,10 +200,12 @@ TEST_F(CoreTest, ReadOnlyRuleIsTheSameWhenAddedAndWhenUpdated)
 TEST(Types, OnlyShownKindsHaveAValueKind)
 {
     const std::vector<int> kinds = { 0, 0, 5, 4, 3, 6, 7, 8, 9, 0 };
-    for (int type = 0; type < 10; ++type)
+    for (int type = 0; type < 10; ++type) {
         EXPECT_EQ(getType(type), kinds.at(static_cast<std::size_t>(type))) << type;
-    for (const int type : { -5, -1, 255, 258, 2147483647, -2147483647 - 1 })
+    }
+    for (const int type : { -5, -1, 255, 258, 2147483647, -2147483647 - 1 }) {
         EXPECT_EQ(getType(type), CAM_TYPE_NONE) << type;
+    }
 }
 
 } // namespace

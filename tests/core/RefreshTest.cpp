@@ -28,8 +28,9 @@ protected:
     RefreshTest()
     {
         for (const char* name : { "F", "Width", "Height", "HeightInterface", "PayloadSize",
-                 "DoubleRate_Enable", "DoubleRate_Enable2" })
+                 "DoubleRate_Enable", "DoubleRate_Enable2" }) {
             m_script.features.push_back(makeCommand(name));
+        }
     }
 
     /// What follows the record's own update in a refresh of `name`.

@@ -33,8 +33,9 @@ int answer(const std::string& operation, const Arguments&... arguments)
 {
     note(("device." + operation).c_str(), arguments...);
     auto& statuses = script().statuses[operation];
-    if (statuses.empty())
+    if (statuses.empty()) {
         return 0;
+    }
     const int status = statuses.front();
     statuses.pop_front();
     return status;
@@ -42,8 +43,9 @@ int answer(const std::string& operation, const Arguments&... arguments)
 
 template <class Value> int read(const std::optional<Value>& scripted, Value* result)
 {
-    if (!scripted)
+    if (!scripted) {
         return -1;
+    }
     *result = *scripted;
     return 0;
 }

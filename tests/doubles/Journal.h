@@ -49,8 +49,9 @@ std::enable_if_t<!std::is_same_v<Sequence, std::string>> append(
 {
     line += '[';
     for (const auto& element : sequence) {
-        if (line.back() != '[')
+        if (line.back() != '[') {
             line += ' ';
+        }
         append(line, element);
     }
     line += ']';

@@ -35,8 +35,9 @@ extern "C" int nanosleep(const timespec* time, timespec* remaining)
 {
     doubles::note("nanosleep", time->tv_sec, time->tv_nsec, time == remaining);
     auto& errors = doubles::script().pauseErrors;
-    if (errors.empty())
+    if (errors.empty()) {
         return 0;
+    }
     *remaining = { 0, time->tv_nsec / 2 };
     errno = errors.front();
     errors.pop_front();

@@ -50,8 +50,9 @@ void Receiver::FeatureDoubleModified(std::string name, double value)
 void Receiver::FeatureExecCommand(std::string name)
 {
     heard.push_back("command " + name);
-    if (executor)
+    if (executor) {
         executor->ExecuteCommand(name.c_str(), 1);
+    }
 }
 
 void Receiver::SendError(int code, std::string text)
@@ -68,8 +69,9 @@ Browser::Browser(Ear ear)
 {
     std::string error;
     m_camera = zqcameralib::ZQCamera::OpenSimulated(error);
-    if (!m_camera)
+    if (!m_camera) {
         throw std::runtime_error(error);
+    }
     m_device = std::make_unique<ZQCameraDevice>(m_camera.get(), nullptr);
     m_device->GetRepository()->Load();
     m_browser = std::make_unique<ZQFeatureBrowser>(
@@ -78,8 +80,9 @@ Browser::Browser(Ear ear)
     m_browser->ShowStandalone(900, 900, {}, LEVEL_GURU);
     m_tree = m_browser->GetWidget()->findChild<QTreeView*>(QStringLiteral("featureTree"));
     m_tree->expandAll();
-    if (!QTest::qWaitForWindowActive(m_browser->GetWidget()->window()))
+    if (!QTest::qWaitForWindowActive(m_browser->GetWidget()->window())) {
         throw std::runtime_error("the window never became active");
+    }
 }
 
 Browser::~Browser() = default;
@@ -91,11 +94,13 @@ QModelIndex find(
 {
     for (int i = 0; i < model.rowCount(parent); ++i) {
         const QModelIndex row = model.index(i, 0, parent);
-        if (row.data(role).toByteArray() == name)
+        if (row.data(role).toByteArray() == name) {
             return row;
+        }
         const QModelIndex inside = find(model, role, name, row);
-        if (inside.isValid())
+        if (inside.isValid()) {
             return inside;
+        }
     }
     return {};
 }
@@ -126,14 +131,17 @@ bool Browser::showsText(const char* text) const
     };
     for (const QWidget* widget : QApplication::allWidgets()) {
         if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-            if (shows(label, label->text()))
+            if (shows(label, label->text())) {
                 return true;
+            }
         } else if (const auto* pane = qobject_cast<const QPlainTextEdit*>(widget)) {
-            if (shows(pane, pane->toPlainText()))
+            if (shows(pane, pane->toPlainText())) {
                 return true;
+            }
         } else if (const auto* page = qobject_cast<const QTextEdit*>(widget)) {
-            if (shows(page, page->toPlainText()))
+            if (shows(page, page->toPlainText())) {
                 return true;
+            }
         }
     }
     return false;
