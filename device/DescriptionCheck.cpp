@@ -72,6 +72,25 @@ bool isPossibleLength(std::string_view kind, std::int64_t length)
     return length >= 1 && length <= maxRegisterLength;
 }
 
+/// The length of a register as far as the description fixes it; `told` when the camera tells it.
+constexpr std::int64_t told = -2;
+
+std::int64_t registerLength(const Description& description, const pugi::xml_node& element)
+{
+    const pugi::xml_node reference = element.child("pLength");
+    if (!reference) {
+        return integerChild(element, "Length", 4);
+    }
+    const std::size_t target = description.find(elementText(reference));
+    if (target == Description::absent) {
+        return told;
+    }
+    const DescriptionNode& node = description.node(target);
+    return node.kind == "Integer" && node.element.child("Value")
+        ? integerChild(node.element, "Value", -1)
+        : told;
+}
+
 std::string registerFault(const Description& description, const DescriptionNode& node)
 {
     const bool isEntry = node.kind == "StructEntry";
@@ -83,12 +102,13 @@ std::string registerFault(const Description& description, const DescriptionNode&
     if (port == Description::absent || description.node(port).kind != "Port") {
         return "its register has no port";
     }
-    if (!element.child("pLength")
-        && !isPossibleLength(node.kind, integerChild(element, "Length", 4))) {
+    const std::int64_t length = registerLength(description, element);
+    const bool isText = node.kind == "StringReg" || node.kind == "Register";
+    if (!isPossibleLength(node.kind, length) && !(isText && length == told)) {
         return "its register has an impossible length";
     }
     if (node.kind == "MaskedIntReg" || isEntry) {
-        const std::int64_t bits = 8 * integerChild(element, "Length", 4);
+        const std::int64_t bits = 8 * length;
         for (const char* tag : { "LSB", "MSB", "Bit" }) {
             const std::int64_t bit = integerChild(node.element, tag, 0);
             if (bit < 0 || bit >= bits) {
@@ -107,10 +127,9 @@ std::string sourceFault(const DescriptionNode& node)
     }
     const bool isConverter = isOneOf(node.kind, { "IntConverter", "Converter" });
     const pugi::xml_node& element = node.element;
-    const bool hasSource = element.child("pValue")
-        || (!isConverter
-            && (element.child("Value") || element.child("ValueIndexed")
-                || element.child("pValueIndexed")));
+    const bool canBeIndexed = isOneOf(node.kind, { "Integer", "Float" });
+    const bool hasSource = element.child("pValue") || (!isConverter && element.child("Value"))
+        || (canBeIndexed && (element.child("ValueIndexed") || element.child("pValueIndexed")));
     if (node.kind == "Command" && !element.child("CommandValue")
         && !element.child("pCommandValue")) {
         return "it has no value to write";

@@ -327,7 +327,7 @@ int DeviceOperations::setString(const char* name, const char* value)
     if (m_camera.port().failures() != failures) {
         return failPort();
     }
-    if (feature->textRegister != nullptr && text.size() > length) {
+    if (feature->textRegister != nullptr && (length == 0 || text.size() > length)) {
         return fail(textTooLong,
             feature->name + ": the text has " + std::to_string(text.size()) + " bytes, at most "
                 + std::to_string(length) + " fit");

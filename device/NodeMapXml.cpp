@@ -230,17 +230,20 @@ private:
         }
     }
 
-    /// The camera tells the length, and the node map would ask for that much memory.
+    /// The camera tells the length of a text, and the node map would ask for that much memory.
     void copyLength(std::string_view kind, const pugi::xml_node& source, pugi::xml_node& parent)
     {
         const std::string name(elementText(source));
-        if (!canBeEvaluated(m_description.find(name))) {
+        const std::size_t target = m_description.find(name);
+        if (!canBeEvaluated(target)) {
             return;
         }
-        const bool isNumber = kind != "StringReg" && kind != "Register";
-        const std::string least = isNumber ? "1" : "0";
-        const std::string most = std::to_string(isNumber ? 8L : maxRegisterLength);
-        std::string& guard = m_lengths[name + " " + most];
+        if (kind != "StringReg" && kind != "Register") {
+            const pugi::xml_node fixed = m_description.node(target).element.child("Value");
+            parent.append_child("Length").text() = std::string(elementText(fixed)).c_str();
+            return;
+        }
+        std::string& guard = m_lengths[name];
         if (guard.empty()) {
             guard = "ZQLength" + std::to_string(m_lengths.size());
             pugi::xml_node knife = m_root.append_child("IntSwissKnife");
@@ -248,9 +251,9 @@ private:
             pugi::xml_node variable = knife.append_child("pVariable");
             variable.append_attribute("Name") = "L";
             variable.text() = name.c_str();
-            const std::string formula
-                = "(L<" + least + ")?" + least + ":((L>" + most + ")?" + most + ":L)";
-            knife.append_child("Formula").text() = formula.c_str();
+            const std::string most = std::to_string(maxRegisterLength);
+            knife.append_child("Formula").text()
+                = ("(L<0)?0:((L>" + most + ")?" + most + ":L)").c_str();
         }
         parent.append_child("pLength").text() = guard.c_str();
     }
