@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QResizeEvent>
+#include <QScrollBar>
 
 #include <utility>
 
@@ -32,6 +33,13 @@ FeatureTree::FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* pare
     setAllColumnsShowFocus(true);
     setVerticalScrollMode(ScrollPerPixel);
     connect(m_marks, &ChangeMarks::faded, this, [this](const FeatureRow* row) { updateRow(*row); });
+    connect(
+        this, &FeatureTree::scrollWanted, this,
+        [this](int place) {
+            doItemsLayout();
+            verticalScrollBar()->setValue(place);
+        },
+        Qt::QueuedConnection);
     header()->setSectionsMovable(false);
     header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 6);
 }
@@ -102,6 +110,11 @@ void FeatureTree::collapseOthers(const std::string& name)
             collapse(m_features->indexOf(&category));
         }
     });
+}
+
+void FeatureTree::scrollLater(int place)
+{
+    Q_EMIT scrollWanted(place);
 }
 
 void FeatureTree::focusFirstHit()

@@ -38,6 +38,8 @@ public:
     ChangeMarks& marks() const { return *m_marks; }
     /// Collapses all categories but the ones that the row stands in.
     void collapseOthers(const std::string& name);
+    /// Scrolls to that place once the rows that are being added are all there.
+    void scrollLater(int place);
     /// Takes the focus, on the first feature that the filter shows when the current row is hidden.
     void focusFirstHit();
     /// Opens the row's editor, presses its button, toggles it, or opens and closes a category.
@@ -53,6 +55,7 @@ public:
         const QVector<int>& roles = {}) override;
 
 Q_SIGNALS:
+    void scrollWanted(int place);
     /// Another row became current through the user; null = none.
     void currentRowChanged(featurebrowser::FeatureRow* row);
     /// Escape, where it has nothing else to end.

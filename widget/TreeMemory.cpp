@@ -3,7 +3,6 @@
 #include "FeatureTree.h"
 
 #include <QScrollBar>
-#include <QTimer>
 
 namespace featurebrowser {
 
@@ -47,10 +46,7 @@ void TreeMemory::restore(FeatureTree& tree, FeatureRow& row)
     m_current.clear();
     model.setDescription(row, m_description);
     tree.setCurrentIndex(model.indexOf(&row, m_currentColumn));
-    QTimer::singleShot(0, &tree, [&tree, scroll = m_scroll] {
-        tree.doItemsLayout();
-        tree.verticalScrollBar()->setValue(scroll);
-    });
+    tree.scrollLater(m_scroll);
 }
 
 } // namespace featurebrowser

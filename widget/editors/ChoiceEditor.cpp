@@ -3,7 +3,6 @@
 #include "ValueText.h"
 
 #include <QHBoxLayout>
-#include <QTimer>
 #include <QWheelEvent>
 
 namespace featurebrowser {
@@ -34,6 +33,15 @@ ChoiceEditor::ChoiceEditor(const FeatureRow& row, QWidget* parent)
         touch();
         leave(Leave::Accept);
     });
+    // Opens when the editor stands at its place.
+    connect(
+        this, &ChoiceEditor::shown, m_box,
+        [this] {
+            if (m_box->isVisible()) {
+                m_box->showPopup();
+            }
+        },
+        Qt::QueuedConnection);
     // Hidden before the box tells of the choice, so this waits for it.
     connect(
         m_box, &ChoiceBox::popupHidden, this, [this] { leave(Leave::Revert); },
@@ -62,11 +70,7 @@ void ChoiceEditor::showValue(const FeatureRow& row)
 void ChoiceEditor::showEvent(QShowEvent* event)
 {
     RowEditor::showEvent(event);
-    QTimer::singleShot(0, m_box, [this] {
-        if (m_box->isVisible()) {
-            m_box->showPopup();
-        }
-    });
+    Q_EMIT shown();
 }
 
 std::optional<EditValue> ChoiceEditor::value(QString&) const
