@@ -38,7 +38,7 @@ TEST_F(Opening, TakesEveryFormThatCamerasDeliver)
     latin1.replace(latin1.find("\"V\""), 3, "\"V\xE9\"");
     const std::string zip = (m_folder / "camera.zip").string();
     ASSERT_EQ(std::system(("cd " + m_folder.string() + " && printf '%s' '" + good
-                  + "' > a.xml && python3 -m zipfile -c camera.zip a.xml")
+                  + "' > a.xml && zip -q camera.zip a.xml")
                               .c_str()),
         0);
 

@@ -1,0 +1,179 @@
+#include "DeviceOperations.h"
+
+#include "NumberText.h"
+#include "StatusCodes.h"
+#include "WriteBlock.h"
+
+#include <cmath>
+#include <cstdlib>
+
+namespace zqcameralib {
+
+using namespace featurebrowser;
+
+namespace {
+
+/// Whether the node map's node is of the kind that the operations on a type take.
+bool holds(const Feature& feature, std::uint8_t type)
+{
+    switch (type) {
+    case FEATURE_INTEGER:
+        return ARV_IS_GC_INTEGER(feature.gc);
+    case FEATURE_FLOAT:
+        return ARV_IS_GC_FLOAT(feature.gc);
+    case FEATURE_STRING:
+        return ARV_IS_GC_STRING(feature.gc);
+    case FEATURE_ENUMERATION:
+        return ARV_IS_GC_ENUMERATION(feature.gc);
+    case FEATURE_BOOLEAN:
+        return ARV_IS_GC_BOOLEAN(feature.gc);
+    default:
+        return ARV_IS_GC_COMMAND(feature.gc);
+    }
+}
+
+bool isOnGrid(std::int64_t value, std::int64_t minimum, std::int64_t increment)
+{
+    const std::uint64_t distance
+        = static_cast<std::uint64_t>(value) - static_cast<std::uint64_t>(minimum);
+    return increment <= 1 || distance % static_cast<std::uint64_t>(increment) == 0;
+}
+
+/// Schema 1.1: integers that take only the values of a list.
+bool isInValueSet(const Feature& feature, std::int64_t value)
+{
+    const std::string list(childText(feature.node->element, "ValidValueSet"));
+    if (list.empty()) {
+        return true;
+    }
+    for (std::size_t at = 0; at != std::string::npos;) {
+        const std::size_t end = list.find(';', at);
+        if (std::strtoll(list.substr(at, end - at).c_str(), nullptr, 0) == value) {
+            return true;
+        }
+        at = end == std::string::npos ? end : end + 1;
+    }
+    return false;
+}
+
+} // namespace
+
+const Feature* DeviceOperations::lookup(const char* name, std::uint8_t type)
+{
+    RegisterBackend& backend = m_camera.port().backend();
+    if (backend.isLost()) {
+        fail(backend.loss().code, backend.loss().message);
+        m_isGrabbing = false;
+        return nullptr;
+    }
+    const Feature* feature = name == nullptr ? nullptr : m_camera.feature(name);
+    if (feature == nullptr) {
+        fail(unknownFeature,
+            std::string(name == nullptr ? "(no name)" : name) + ": the camera has no such feature");
+        return nullptr;
+    }
+    if (feature->type != type
+        && !(type == FEATURE_STRING && feature->type == FEATURE_READ_ONLY_STRING)) {
+        fail(wrongKind, feature->name + ": holds another kind of value");
+        return nullptr;
+    }
+    if (feature->gc == nullptr || !holds(*feature, type)) {
+        fail(notReadable,
+            feature->name + ": cannot be used, "
+                + (feature->node->isBroken() ? feature->node->broken : "it is raw data"));
+        return nullptr;
+    }
+    return feature;
+}
+
+int DeviceOperations::checkReadable(const Feature& feature)
+{
+    const FEATURE_STATE state = m_reader.state(feature);
+    if (state == FEATURE_READ_FAILED) {
+        return failPort();
+    }
+    if (state == FEATURE_NOT_AVAILABLE) {
+        return fail(notAvailable, feature.name + ": " + unavailableReason(m_camera, feature));
+    }
+    if (feature.access != ACCESS_READ_ONLY && feature.access != ACCESS_READ_WRITE) {
+        return fail(notReadable, feature.name + ": can only be written");
+    }
+    return STATUS_OK;
+}
+
+int DeviceOperations::checkWritable(const Feature& feature)
+{
+    const FEATURE_STATE state = m_reader.state(feature);
+    if (state == FEATURE_READ_FAILED) {
+        return failPort();
+    }
+    if (state == FEATURE_NOT_AVAILABLE) {
+        return fail(notAvailable, feature.name + ": " + unavailableReason(m_camera, feature));
+    }
+    if (feature.access != ACCESS_WRITE_ONLY && feature.access != ACCESS_READ_WRITE) {
+        return fail(notWritable, feature.name + ": is read-only");
+    }
+    if (m_camera.port().backend().isReadOnly()) {
+        return fail(accessDenied,
+            feature.name + ": the camera is opened for reading only, another application has it");
+    }
+    if (state == FEATURE_LOCKED) {
+        return fail(featureLocked, feature.name + ": " + lockReason(m_camera, feature));
+    }
+    return STATUS_OK;
+}
+
+int DeviceOperations::checkInteger(const Feature& feature, std::int64_t value)
+{
+    const std::uint64_t failures = m_camera.port().failures();
+    const FeatureReader::IntegerLimits limits = m_reader.integerLimits(feature);
+    if (m_camera.port().failures() != failures) {
+        return failPort();
+    }
+    const std::string what = feature.name + ": " + integerText(value) + " is ";
+    if (value < limits.minimum) {
+        return fail(
+            ERROR_VALUE_OUT_OF_RANGE, what + "below the minimum of " + integerText(limits.minimum));
+    }
+    if (value > limits.maximum) {
+        return fail(
+            ERROR_VALUE_OUT_OF_RANGE, what + "above the maximum of " + integerText(limits.maximum));
+    }
+    if (value < feature.registerMin || value > feature.registerMax) {
+        return fail(ERROR_VALUE_OUT_OF_RANGE, what + "more than its register holds");
+    }
+    if (!isOnGrid(value, limits.minimum, limits.increment)) {
+        return fail(ERROR_VALUE_NOT_ON_INCREMENT,
+            what + "not a multiple of " + integerText(limits.increment) + " from "
+                + integerText(limits.minimum));
+    }
+    if (!isInValueSet(feature, value)) {
+        return fail(notInValueSet,
+            what + "not one of " + std::string(childText(feature.node->element, "ValidValueSet")));
+    }
+    return STATUS_OK;
+}
+
+int DeviceOperations::checkFloat(const Feature& feature, double value)
+{
+    const std::uint64_t failures = m_camera.port().failures();
+    const FeatureReader::FloatLimits limits = m_reader.floatLimits(feature);
+    if (m_camera.port().failures() != failures) {
+        return failPort();
+    }
+    if (!std::isfinite(value)) {
+        return fail(ERROR_FLOAT_OUT_OF_RANGE, feature.name + ": the value is not a number");
+    }
+    const std::string what = feature.name + ": " + floatText(value) + " is ";
+    if (value < limits.minimum) {
+        return fail(
+            ERROR_FLOAT_OUT_OF_RANGE, what + "below the minimum of " + floatText(limits.minimum));
+    }
+    if (value > limits.maximum) {
+        return fail(
+            ERROR_FLOAT_OUT_OF_RANGE, what + "above the maximum of " + floatText(limits.maximum));
+    }
+    return STATUS_OK;
+}
+
+} // namespace zqcameralib
