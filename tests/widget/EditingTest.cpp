@@ -197,6 +197,31 @@ TEST_F(EditingTest, ASliderWritesSparselyAndItsLastValueAlways)
     EXPECT_TRUE(journal.take().empty()) << "written already";
 }
 
+TEST_F(EditingTest, ArrowsStepAFloatWithoutWriting)
+{
+    browser->setNumberOfSteps(600);
+    select("ExposureTime");
+    press(Qt::Key_F2);
+    for (int i = 0; i < 30; ++i) {
+        press(Qt::Key_Up);
+    }
+    EXPECT_TRUE(journal.take().empty());
+    press(Qt::Key_Return);
+    EXPECT_EQ(journal.take(), Lines { "Double ExposureTime 10000" });
+}
+
+TEST_F(EditingTest, AListThatShrinksWhileOpenOffersOnlyWhatIsLeft)
+{
+    click("PixelFormat");
+    ASSERT_NE(popup(), nullptr);
+    browser->modifyFeature("PixelFormat", "0", CAM_TYPE_ENUMERATION, { "Only" }, false, true);
+    press(Qt::Key_End);
+    press(Qt::Key_Return);
+    QTest::qWait(0);
+    EXPECT_TRUE(journal.take().empty());
+    EXPECT_EQ(text("PixelFormat"), "Only");
+}
+
 TEST_F(EditingTest, TextsAreCountedInBytesAndNeverCut)
 {
     edit("DeviceUserID", "\u00E4\u00E4\u00E4\u00E41");

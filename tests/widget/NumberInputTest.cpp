@@ -31,6 +31,23 @@ TEST_F(NumberInputTest, PointCommaAndUnitsAreUnderstood)
     }
 }
 
+TEST_F(NumberInputTest, TheUnitStandsInTheDescription)
+{
+    const std::vector<std::pair<const char*, const char*>> cases { { "Time.\r\nUnit: ms\r\n",
+                                                                       " ms" },
+        { "Unit: furlongs", " furlongs" }, { "Exposure time in us.", " us" }, { "Delay [s]", " s" },
+        { "Gain (dB) in an absolute unit", " dB" },
+        { "Device temperature in degrees Celsius (C).", " \u00B0C" },
+        { "Rate in frames per second", " fps" }, { "Sets the time (in practice, short)", "" },
+        { "The mode in which it runs", "" }, { "", "" } };
+    for (const auto& [description, unit] : cases) {
+        browser->setItemDescription("ExposureTime", description);
+        EXPECT_EQ(row("ExposureTime", 1).data(Qt::AccessibleTextRole).toString(),
+            QString("5000") + QString::fromUtf8(unit))
+            << description;
+    }
+}
+
 TEST_F(NumberInputTest, WhatCanBeReadInTwoWaysOrNotAtAllIsNotLetOut)
 {
     struct Case {

@@ -56,6 +56,22 @@ TEST_F(ReentrancyTest, ARowCanBeEditedWhileItsEventIsHandled)
     EXPECT_EQ(text("Width"), "48");
 }
 
+TEST_F(ReentrancyTest, TwoBrowsersDoNotKnowOfEachOther)
+{
+    Journal others;
+    CameraFeatureBrowser other(nullptr);
+    other.addIntFeature("", "Width", 3, 0, 9, 1, LEVEL_GURU, false, true, SELECTOR_NONE, "");
+    other.showDialog(&others, 0, 0, {}, {});
+    browser->setVisibility(LEVEL_BEGINNER);
+    browser->modifyFeature("Width", 32L, 16L, 64L, 16U, false, true);
+    browser->closeDialog();
+    const auto* view = other.GetWidget()->findChild<QTreeView*>("featureTree");
+    EXPECT_EQ(view->model()->index(0, 1).data(), QVariant("3"));
+    EXPECT_FALSE(view->isRowHidden(0, {}));
+    EXPECT_TRUE(other.isVisible() && others.lines.empty());
+    EXPECT_EQ(journal.take().size(), 1U);
+}
+
 TEST_F(ReentrancyTest, DeletingTheBrowserWhileEmbeddedIsClean)
 {
     auto dock = std::make_unique<QWidget>();
