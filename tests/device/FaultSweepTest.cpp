@@ -16,9 +16,7 @@ Values shown(TestCamera& camera)
 {
     Values values;
     for (const auto& item : camera.repository.GetFeatureList()) {
-        // Polled features change by themselves.
-        const auto* feature = camera.camera->impl().feature(item->name);
-        if (item->displayFlag == 1 && !feature->node->element.child("PollingTime")) {
+        if (item->displayFlag == 1 && !camera.changesByItself(item->name)) {
             values[item->name] = item->valueText + "|" + std::to_string(item->intMin) + "|"
                 + std::to_string(item->intMax) + "|" + std::to_string(item->floatMax) + "|"
                 + std::to_string(item->accessMode) + std::to_string(item->lockedFlag);

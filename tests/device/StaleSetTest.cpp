@@ -25,20 +25,13 @@ std::string wholeRecord(TestCamera& camera, const FeatureItem& item)
     return text;
 }
 
-/// Polled features change by themselves.
-bool isPolled(TestCamera& camera, const std::string& name)
-{
-    const zqcameralib::Feature* feature = camera.camera->impl().feature(name);
-    return static_cast<bool>(feature->node->element.child("PollingTime"));
-}
-
 Snapshot readEverything(TestCamera& camera)
 {
     camera.port.invalidate();
     const zqcameralib::RegisterPort::Pass pass(camera.port);
     Snapshot snapshot;
     for (const auto& item : camera.repository.GetFeatureList()) {
-        if (item->type != FEATURE_CATEGORY && !isPolled(camera, item->name)) {
+        if (item->type != FEATURE_CATEGORY && !camera.changesByItself(item->name)) {
             camera.repository.ReadFeature(item);
             snapshot[item->name] = wholeRecord(camera, *item);
         }

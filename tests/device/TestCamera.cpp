@@ -60,6 +60,25 @@ std::string TestCamera::listed() const
     return text;
 }
 
+bool TestCamera::changesByItself(const std::string& name)
+{
+    const Description& description = camera->impl().description();
+    std::vector<std::size_t> pending { description.find(name) };
+    for (std::size_t at = 0; at < pending.size() && at < 100; ++at) {
+        const DescriptionNode& node = description.node(pending[at]);
+        if (node.element.child("PollingTime")) {
+            return true;
+        }
+        for (const Reference& reference : node.references) {
+            const bool isRead = reference.tag == "pValue" || reference.tag == "pVariable";
+            if (isRead && reference.target != Description::absent) {
+                pending.push_back(reference.target);
+            }
+        }
+    }
+    return false;
+}
+
 std::vector<std::string> realDescriptions()
 {
     const char* given = std::getenv("ZQ_CAMERA_DESCRIPTIONS");

@@ -61,6 +61,8 @@ public:
         return text.data();
     }
     std::string listed() const;
+    /// Whether the description says that the feature, or what it is read from, has to be polled.
+    bool changesByItself(const std::string& name);
 
     std::unique_ptr<zqcameralib::ZQCamera> camera;
     featurebrowser::ZQCameraDevice device;
