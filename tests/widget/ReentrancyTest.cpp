@@ -32,10 +32,12 @@ TEST_F(ReentrancyTest, AMessageBoxInAHandlerCausesNoSecondEvent)
 {
     journal.answer = [this](const std::string&) {
         QDialog box;
-        QTimer::singleShot(50, &box, [this, &box] {
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, &box, [this, &box] {
             browser->modifyFeature("Width", 64L, 16L, 4096L, 16U, false, true);
             box.accept();
         });
+        timer.start(50);
         box.exec();
     };
     edit("Width", "64");
