@@ -29,6 +29,10 @@ namespace featurebrowser {
 /// float, string, enumeration, command, boolean, ipv4, mac, readonly-string), "value" (the shown
 /// text), "minimum", "maximum", "increment", "entries" (QStringList), "readOnly" (bool), "level"
 /// (int), "state" (int, FEATURE_STATE), "description" (last text of setItemDescription).
+///
+/// The features that the user has pinned are the property "favourites" of GetWidget()
+/// (QByteArrayList of names, in order, notified by favouritesChanged): an application may store it
+/// and set it again after loading.
 class ZQ_EXPORT CameraFeatureBrowser {
 public:
     /// `parent` may be null. The widget is not shown yet.
@@ -99,7 +103,9 @@ public:
     /// Closes the window; the receiver hears FeatureCloseDialog.
     void closeDialog();
     bool isVisible();
-    /// The browser's window, for embedding; owned by this object.
+    /// The browser's window, for embedding; owned by this object. Embed it first and call
+    /// showStandalone or showDialog then: they show it where it is and set the receiver. When the
+    /// application's window deletes it, all operations do nothing from then on.
     QWidget* GetWidget();
     /// Removes all categories and features.
     void clearFeatureItems();
