@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+
 #include <dlfcn.h>
 #include <link.h>
 
@@ -20,6 +22,7 @@ int main(int argc, char** argv)
 {
     ::testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
+    setlocale(LC_NUMERIC, "C"); // the application has taken the host's; traces print numbers by it
     const int result = RUN_ALL_TESTS();
     dl_iterate_phdr(pin, nullptr);
     return result;
