@@ -13,7 +13,7 @@ mv "$stage/first" "$stage/prefix"
 export QT_QPA_PLATFORM=offscreen
 export ASAN_OPTIONS=detect_leaks=0 # Qt's off-screen platform leaks its screen
 
-cmake -S "$source/consumer" -B "$stage/consumer" -DCMAKE_PREFIX_PATH="$stage/prefix" \
+cmake -G Ninja -S "$source/consumer" -B "$stage/consumer" -DCMAKE_PREFIX_PATH="$stage/prefix" \
   -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" >/dev/null
 cmake --build "$stage/consumer" >/dev/null
 "$stage/consumer/consumer"
