@@ -131,7 +131,7 @@ void edit(benchmark::State& state, const Edit& what)
     std::uint64_t reads = 0;
     std::size_t repeats = 0;
     std::size_t turn = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const char* value = what.values[++turn % 2];
         QWidget* field = chain.prepare(what, value);
         std::vector<RegisterPort::Register> readAfterWrite;

@@ -81,7 +81,7 @@ void load(benchmark::State& state, const std::string& path)
     std::uint64_t reads = 0;
     std::uint64_t rawReads = 0;
     std::size_t distinct = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const auto start = Clock::now();
         const auto camera = open(path);
         ZQFeatureBrowser browser(camera.get(), nullptr);

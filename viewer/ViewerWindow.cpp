@@ -174,7 +174,7 @@ void ViewerWindow::FeatureExecCommand(std::string name)
     if (name == "DeviceReset") {
         // The browser refreshes nothing after a reset: read the camera anew once this event is
         // over.
-        QTimer::singleShot(0, this, [this] { m_browser.ReloadFeatureBrowser(); });
+        QMetaObject::invokeMethod(this, &ViewerWindow::reload, Qt::QueuedConnection);
     }
     m_device.GetRepository()->UpdateFeatureStates();
     m_browser.RefreshStates();

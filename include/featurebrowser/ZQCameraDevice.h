@@ -18,8 +18,8 @@ class ZQCameraRepository;
 /// with the repository of its features.
 class ZQ_EXPORT ZQCameraDevice : public ICameraDevice {
 public:
-    /// Neither pointer is owned; `camera` has to outlive the device. `discovery` may be null; a lost
-    /// camera is sought where it was, without it.
+    /// Neither pointer is owned; `camera` has to outlive the device. `discovery` may be null; a
+    /// lost camera is sought where it was, without it.
     ZQCameraDevice(zqcameralib::ZQCamera* camera, zqcameralib::ZQDiscovery* discovery);
     ~ZQCameraDevice() override;
 

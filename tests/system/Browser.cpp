@@ -3,12 +3,11 @@
 #include "featurebrowser/ZQCameraRepository.h"
 
 #include <QApplication>
-#include <QLabel>
-#include <QPlainTextEdit>
 #include <QTest>
-#include <QTextEdit>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 using namespace featurebrowser;
 
@@ -89,6 +88,17 @@ Browser::~Browser() = default;
 
 namespace {
 
+QString textOf(const QWidget& widget)
+{
+    for (const char* property : { "text", "plainText" }) {
+        const QVariant text = widget.property(property);
+        if (text.isValid()) {
+            return text.toString();
+        }
+    }
+    return {};
+}
+
 QModelIndex find(
     const QAbstractItemModel& model, int role, const QByteArray& name, const QModelIndex& parent)
 {
@@ -125,26 +135,10 @@ std::string Browser::shown(const char* name) const
 
 bool Browser::showsText(const char* text) const
 {
-    const auto wanted = QString::fromUtf8(text);
-    const auto shows = [&wanted](const QWidget* widget, const QString& content) {
-        return widget->isVisible() && content.contains(wanted);
-    };
-    for (const QWidget* widget : QApplication::allWidgets()) {
-        if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-            if (shows(label, label->text())) {
-                return true;
-            }
-        } else if (const auto* pane = qobject_cast<const QPlainTextEdit*>(widget)) {
-            if (shows(pane, pane->toPlainText())) {
-                return true;
-            }
-        } else if (const auto* page = qobject_cast<const QTextEdit*>(widget)) {
-            if (shows(page, page->toPlainText())) {
-                return true;
-            }
-        }
-    }
-    return false;
+    const QWidgetList widgets = QApplication::allWidgets();
+    return std::any_of(widgets.begin(), widgets.end(), [text](const QWidget* widget) {
+        return widget->isVisible() && textOf(*widget).contains(QString::fromUtf8(text));
+    });
 }
 
 QPoint Browser::place(const char* name) const
