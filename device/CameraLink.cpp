@@ -15,10 +15,21 @@ namespace {
 constexpr std::chrono::milliseconds stuckAfter(6000);
 /// An access that takes longer has met a lost packet or a camera in trouble.
 constexpr std::chrono::milliseconds slowAccess(250);
+/// Slow accesses less far apart add up; a packet lost now and then is forgiven.
+constexpr std::chrono::seconds forgivenAfter(5);
 
 const char* const lostText = "the camera does not answer any more; reconnect to it";
+const char* const tooSlowText
+    = "the camera answers too late, or packets to it get lost; reconnect to it";
 const char* const controlLostText
     = "the control of the camera was lost, to another application or by its time-out; reconnect";
+
+using Clock = std::chrono::steady_clock;
+
+std::chrono::milliseconds since(Clock::time_point start)
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+}
 
 bool meansLoss(int code)
 {
@@ -151,34 +162,49 @@ bool CameraLink::runWithSession(
         return false;
     }
     if (!m_thread->run([session = m_session, work = std::move(task)] { work(*session); }, limit)) {
-        lose(cameraLost, lostText);
+        lose(cameraLost, m_slowTime.count() == 0 ? lostText : tooSlowText);
         error = m_loss;
         return false;
     }
     return true;
 }
 
+std::chrono::milliseconds CameraLink::timeLeft()
+{
+    if (Clock::now() - m_lastSlow > forgivenAfter) {
+        m_slowTime = std::chrono::milliseconds(0);
+    }
+    return accessLimit - m_slowTime;
+}
+
+void CameraLink::account(std::chrono::milliseconds taken)
+{
+    if (taken > slowAccess) {
+        m_slowTime += taken;
+        m_lastSlow = Clock::now();
+    }
+    if (m_slowTime >= accessLimit) {
+        lose(cameraLost, tooSlowText);
+    }
+}
+
 bool CameraLink::transfer(
     std::function<bool(CameraSession&, AccessError&)> access, AccessError& error)
 {
-    using Clock = std::chrono::steady_clock;
     const Clock::time_point start = Clock::now();
     auto result = std::make_shared<Result>();
     const auto task = [result, access = std::move(access)](CameraSession& session) {
         result->done = access(session, result->error);
     };
-    if (!runWithSession(task, accessLimit - m_slowTime, error)) {
+    if (!runWithSession(task, timeLeft(), error)) {
         return false;
     }
-    const auto taken = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
-    m_slowTime = taken > slowAccess ? m_slowTime + taken : std::chrono::milliseconds(0);
-    if ((!result->done && meansLoss(result->error.code)) || m_slowTime >= accessLimit) {
+    account(since(start));
+    if (!result->done && m_loss.code == 0 && meansLoss(result->error.code)) {
         lose(cameraLost, lostText);
-        error = m_loss;
-        return false;
     }
     if (!result->done) {
-        error = result->error;
+        error = m_loss.code != 0 ? m_loss : result->error;
     }
     return result->done;
 }
@@ -219,22 +245,28 @@ bool CameraLink::write(std::uint64_t address, const std::uint8_t* buffer, std::s
 
 void CameraLink::readTogether(std::vector<Request>& requests)
 {
-    auto shared = std::make_shared<std::vector<Request>>(requests);
-    const auto task = [shared](CameraSession& session) {
-        using Clock = std::chrono::steady_clock;
+    struct Batch {
+        std::vector<Request> requests;
+        std::chrono::milliseconds last { 0 };
+    };
+    auto batch = std::make_shared<Batch>(Batch { requests, {} });
+    const auto task = [batch](CameraSession& session) {
         const Clock::time_point start = Clock::now();
-        for (Request& request : *shared) {
+        for (Request& request : batch->requests) {
+            const Clock::time_point begin = Clock::now();
             AccessError ignored;
             request.done = session.read(
                 request.address, request.bytes.data(), request.bytes.size(), request.kind, ignored);
-            if (!request.done || Clock::now() - start > slowAccess) {
+            batch->last = since(begin);
+            if (!request.done || since(start) > slowAccess) {
                 return;
             }
         }
     };
     AccessError ignored;
-    if (runWithSession(task, accessLimit, ignored)) {
-        requests = std::move(*shared);
+    if (runWithSession(task, timeLeft(), ignored)) {
+        requests = std::move(batch->requests);
+        account(batch->last);
     }
 }
 

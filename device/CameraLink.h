@@ -17,7 +17,7 @@ namespace zqcameralib {
 class CameraLink : public RegisterBackend {
 public:
     /// One lost packet costs 0.5 s, so that an access with two of them still succeeds. Slow
-    /// accesses in a row share it: a camera that answers everything late is lost as well.
+    /// accesses within a few seconds share it, so that no fault blocks the caller for longer.
     static constexpr std::chrono::milliseconds accessLimit { 1200 };
     /// Opening reads the whole description.
     static constexpr std::chrono::milliseconds openLimit { 15000 };
@@ -54,6 +54,10 @@ private:
 
     CameraLink(CameraPlace place, CameraAccess access);
     bool transfer(std::function<bool(CameraSession&, AccessError&)> access, AccessError& error);
+    /// How long the next access may take.
+    std::chrono::milliseconds timeLeft();
+    /// Adds the time of an access that was slow, and gives the camera up when it is too much.
+    void account(std::chrono::milliseconds taken);
     void lose(int code, const std::string& message);
     static void attempt(const std::shared_ptr<Attempt>& attempt);
     bool adopt(Attempt& attempt, std::string& error);
@@ -65,7 +69,8 @@ private:
     std::shared_ptr<CameraSession> m_session;
     std::shared_ptr<Attempt> m_attempt; ///< to reconnect, while it runs
     std::string m_description;
-    std::chrono::milliseconds m_slowTime { 0 }; ///< of the slow accesses in a row, up to now
+    std::chrono::milliseconds m_slowTime { 0 }; ///< of the slow accesses not forgiven yet
+    std::chrono::steady_clock::time_point m_lastSlow;
     AccessError m_loss; ///< code 0 while the camera is there
     bool m_isReadOnly = false;
 };

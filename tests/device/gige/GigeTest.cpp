@@ -285,6 +285,27 @@ TEST_F(GigE, ACameraUnderControlOpensForReadingOnlyOrNotAtAll)
     EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), STATUS_OK);
 }
 
+TEST_F(GigE, ACameraTakenByAnotherApplicationIsRetakenWhenThatIsDone)
+{
+    open();
+    m_proxy.set(with([](Faults& f) { f.loseRequests = 1; })); // also those that keep the control
+    std::string error;
+    std::unique_ptr<ZQCamera> other;
+    for (const Clock::time_point start = Clock::now(); !other && Clock::now() - start < 10s;) {
+        std::this_thread::sleep_for(200ms);
+        other = ZQCamera::Open("127.0.0.1", CameraAccess::Control, error);
+    }
+    ASSERT_TRUE(other) << error;
+    m_proxy.set({});
+
+    // A real camera refuses the write, this one does not answer it at all.
+    EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), cameraLost);
+    EXPECT_NE(m_device->Reconnect(), STATUS_OK);
+    other.reset();
+    recover();
+    EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), STATUS_OK);
+}
+
 TEST_F(GigE, DiscoveryListsTheCameraAndItsIdOpensIt)
 {
     ZQDiscovery discovery;
