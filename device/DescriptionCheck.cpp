@@ -144,6 +144,12 @@ std::string formulaFault(const DescriptionNode& node)
             return "its formula is too long";
         }
     }
+    for (const pugi::xml_node& child : node.element.children()) {
+        if (isOneOf(child.name(), { "pVariable", "Constant", "Expression" })
+            && child.attribute("Name").empty()) {
+            return "its formula has a variable without a name";
+        }
+    }
     return {};
 }
 

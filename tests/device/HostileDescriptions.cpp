@@ -119,6 +119,18 @@ void addFormulas(All& all)
             TestCamera::description(
                 "FIntSwissKnife FSwissKnife FIntConverter FConverter", nodes) });
     }
+    for (const std::string tag : { "pVariable", "Constant", "Expression" }) {
+        std::string nodes = intReg("X", 0);
+        for (const std::string kind : { "IntSwissKnife", "SwissKnife" }) {
+            nodes += node(kind, "F" + kind, element(tag, "X") + element("Formula", "X"));
+        }
+        for (const std::string kind : { "IntConverter", "Converter" }) {
+            nodes += node(kind, "F" + kind, body(kind) + element(tag, "X") + "<pValue>X</pValue>");
+        }
+        all.push_back({ tag + " without a name",
+            TestCamera::description(
+                "FIntSwissKnife FSwissKnife FIntConverter FConverter", nodes) });
+    }
     std::string deep;
     for (int i = 0; i < 5000; ++i) {
         deep = "(" + deep + (i % 2 == 0 ? "1)" : "/M)");
