@@ -223,6 +223,9 @@ public:
         , m_chain(m_nodes.size(), 1)
     {
         for (std::size_t i = 0; i < m_nodes.size(); ++i) {
+            if (!hasValue(m_nodes[i].kind)) {
+                continue; // a port or a category is what it is, whatever it refers to
+            }
             for (const Reference& reference : m_nodes[i].references) {
                 if (isValueReference(reference.tag) && reference.target != Description::absent) {
                     ++m_needed[i];

@@ -6,8 +6,8 @@
 using namespace featurebrowser;
 
 // For every N, the Nth register access of a load fails: nothing may be shown that the camera did
-// not say, and the next load is right again. By default some N are tried; with ZQ_ALL_FAULTS all
-// are.
+// not say, and the next load is right again. By default some N are tried; with ZQ_ALL_FAULTS, which
+// the test preset all-faults sets, all are.
 namespace {
 
 using Values = std::map<std::string, std::string>;

@@ -296,6 +296,11 @@ void addText(All& all)
             "<StructEntry Name=\"S\"><LSB>40</LSB><MSB>99</MSB></StructEntry>"
             "<StructEntry Name=\"T\"><Bit>3</Bit></StructEntry></StructReg><StructEntry "
             "Name=\"U\"/>") });
+    all.push_back({ "port that refers to what cannot be read",
+        TestCamera::description("A",
+            node("IntReg", "A", "<Address>0</Address><Length>4</Length><pPort>P</pPort>")
+                + node("Port", "P", referTo("pVariable", "A") + referTo("pValue", "B"))
+                + node("StructEntry", "B", "")) });
     all.push_back({ "port missing",
         TestCamera::description("A", node("IntReg", "A", "<Address>0</Address>")) });
 }
