@@ -3,7 +3,8 @@
 //
 //   reads/distinct  accesses over different registers involved
 //   /once           time over one pass that reads each of these registers once, unpacked from any
-//                   node map, over the same connection; to reach for a load: at most 1.15
+//                   node map, over a connection of the same kind; to reach for a load: at most 1.15
+//   own_us          microseconds over that pass: what does not depend on how far the camera is
 //   /raw            time over Aravis' own pass over the same features; to reach: at most 0.65
 //
 // Prints nothing but a reason where there is no camera process or no such network.
@@ -100,8 +101,10 @@ struct Rig {
 };
 
 /// Measures `work`, after which `items` have been brought up to date, against both yardsticks.
-void measure(benchmark::State& state, Rig& rig, const std::function<void()>& work,
-    const std::function<std::list<std::shared_ptr<FeatureItem>>()>& items)
+void measure(
+    benchmark::State& state, Rig& rig, const std::function<void()>& work,
+    const std::function<std::list<std::shared_ptr<FeatureItem>>()>& items,
+    const std::function<void()>& prepare = [] {})
 {
     RegisterPort& port = rig.camera->impl().port();
     double ours = 0.0;
@@ -111,6 +114,7 @@ void measure(benchmark::State& state, Rig& rig, const std::function<void()>& wor
     std::size_t distinct = 0;
     for (auto _ : state) {
         std::vector<RegisterPort::Register> trace;
+        prepare();
         port.invalidate();
         const std::uint64_t before = port.reads();
         port.setTrace(&trace);
@@ -127,6 +131,7 @@ void measure(benchmark::State& state, Rig& rig, const std::function<void()>& wor
     state.counters["reads"] = double(reads);
     state.counters["reads/distinct"] = double(reads) / double(distinct);
     state.counters["/once"] = ours / once;
+    state.counters["own_us"] = (ours - once) / double(state.iterations()) * 1e6;
     state.counters["/raw"] = ours / raw;
 }
 
@@ -137,16 +142,21 @@ void registerAll(Rig& rig)
     const auto add = [](const char* name, std::function<void(benchmark::State&)> run) {
         benchmark::RegisterBenchmark(name, run)->UseManualTime()->Unit(benchmark::kMicrosecond);
     };
-    add("gige/load", [&rig, &repository, everything](benchmark::State& state) {
+    const auto loadAll = [](ZQCameraRepository& loaded) {
+        loaded.Load();
+        for (const auto& item : loaded.GetFeatureList()) {
+            loaded.ReadFeature(item);
+        }
+    };
+    add("gige/load", [&rig, everything, loadAll](benchmark::State& state) {
+        std::unique_ptr<ZQCameraDevice> fresh;
         measure(
-            state, rig,
-            [&] {
-                repository.Load();
-                for (const auto& item : repository.GetFeatureList()) {
-                    repository.ReadFeature(item);
-                }
-            },
-            everything);
+            state, rig, [&] { loadAll(*fresh->GetRepository()); }, everything,
+            [&] { fresh = std::make_unique<ZQCameraDevice>(rig.camera.get(), nullptr); });
+    });
+    add("gige/reload", [&rig, &repository, everything, loadAll](benchmark::State& state) {
+        measure(
+            state, rig, [&] { loadAll(repository); }, everything);
     });
     add("gige/states", [&rig, &repository, everything](benchmark::State& state) {
         measure(

@@ -55,7 +55,10 @@ void AccessThread::work(const std::shared_ptr<State>& state)
         lock.lock();
         state->isBusy = false;
         state->ended = number;
+        // Who is woken wants the lock at once; each vain wake-up costs two switches of threads.
+        lock.unlock();
         state->progress.notify_all();
+        lock.lock();
     }
     state->isOver = true;
     state->progress.notify_all();
@@ -66,7 +69,9 @@ bool AccessThread::run(Task task, std::chrono::milliseconds limit)
     std::unique_lock<std::mutex> lock(m_state->mutex);
     const std::uint64_t number = ++m_state->posted;
     m_state->tasks.emplace_back(number, std::move(task));
+    lock.unlock();
     m_state->wake.notify_one();
+    lock.lock();
     return m_state->progress.wait_for(lock, limit, [&] { return m_state->ended >= number; });
 }
 

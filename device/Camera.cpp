@@ -29,6 +29,9 @@ bool ZQCamera::Impl::start(std::string& error)
     for (std::size_t i = 0; i < m_features.size(); ++i) {
         m_byName.emplace(m_features[i].name, i);
     }
+    if (m_port.backend().prefersBatches()) {
+        m_certainReads = CertainReads(*m_description, m_features);
+    }
     return true;
 }
 

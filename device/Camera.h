@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CertainReads.h"
 #include "DependencyGraph.h"
 #include "Description.h"
 #include "Feature.h"
@@ -33,6 +34,8 @@ public:
     /// Null when there is no feature of that name.
     const Feature* feature(std::string_view name) const;
     const DependencyGraph& dependencies() const { return m_dependencies; }
+    /// Nothing where reading registers together gains nothing.
+    const CertainReads& certainReads() const { return m_certainReads; }
     using Registers = std::vector<RegisterPort::Register>;
     /// Where the last write to a feature went to.
     void setWritten(const Feature& feature, Registers registers);
@@ -46,6 +49,7 @@ private:
     RegisterPort m_port;
     PortDevicePointer m_device;
     std::vector<Feature> m_features;
+    CertainReads m_certainReads;
     std::unordered_map<std::string_view, std::size_t> m_byName;
     std::unordered_map<const Feature*, Registers> m_written;
 };

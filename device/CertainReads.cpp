@@ -11,46 +11,61 @@ namespace zqcameralib {
 
 namespace {
 
+bool isCondition(std::string_view tag)
+{
+    return tag == "pIsImplemented" || tag == "pIsAvailable" || tag == "pIsLocked";
+}
+bool isLimit(std::string_view tag)
+{
+    return tag == "pMin" || tag == "pMax" || tag == "pInc";
+}
+/// Of indexed values only one is read, of a command none.
+bool isAlwaysRead(std::string_view tag)
+{
+    return isValueReference(tag) && tag != "pValueIndexed" && tag != "pValueDefault"
+        && tag != "pCommandValue";
+}
+
+/// Follows values down to their registers.
 class Collector {
 public:
     explicit Collector(const Description& description)
         : m_description(description)
-        , m_seen(description.nodes().size(), false)
+        , m_seenBy(description.nodes().size(), 0)
     {
     }
 
-    void addFeature(const Feature& feature)
+    /// What is added from here on goes to `registers`, each node once.
+    void collectInto(CertainReads::Registers& registers)
     {
-        addReferences(*feature.node, [](std::string_view tag) { return isCondition(tag); });
-        const bool isReadable = feature.access == featurebrowser::ACCESS_READ_ONLY
-            || feature.access == featurebrowser::ACCESS_READ_WRITE;
-        if (feature.implementedIf.empty() && feature.availableIf.empty() && isReadable
-            && feature.type != featurebrowser::FEATURE_COMMAND) {
-            addValue(m_description.find(feature.name));
-            addReferences(*feature.node, [](std::string_view tag) { return isLimit(tag); });
+        m_registers = &registers;
+        ++m_collection;
+    }
+
+    void addConditions(const Feature& feature)
+    {
+        for (const std::vector<ArvGcFeatureNode*>* nodes :
+            { &feature.implementedIf, &feature.availableIf, &feature.lockedIf }) {
+            for (ArvGcFeatureNode* node : *nodes) {
+                addReferences(m_description.find(arv_gc_feature_node_get_name(node)), isCondition);
+            }
         }
     }
 
-    std::vector<RegisterPort::Register> take() { return std::move(m_registers); }
+    void addContent(const Feature& feature)
+    {
+        const std::size_t node = m_description.find(feature.name);
+        addValue(node);
+        addReferences(node, isLimit);
+    }
 
 private:
-    static bool isCondition(std::string_view tag)
+    template <typename Wanted> void addReferences(std::size_t index, Wanted wanted)
     {
-        return tag == "pIsImplemented" || tag == "pIsAvailable" || tag == "pIsLocked";
-    }
-    static bool isLimit(std::string_view tag)
-    {
-        return tag == "pMin" || tag == "pMax" || tag == "pInc";
-    }
-    /// Of indexed values only one is read, of a command none.
-    static bool isAlwaysRead(std::string_view tag)
-    {
-        return isValueReference(tag) && tag != "pValueIndexed" && tag != "pValueDefault"
-            && tag != "pCommandValue";
-    }
-
-    template <typename Wanted> void addReferences(const DescriptionNode& node, Wanted wanted)
-    {
+        if (index == Description::absent) {
+            return;
+        }
+        const DescriptionNode& node = m_description.node(index);
         for (const Reference& reference : node.references) {
             // Conditions within an entry of an enumeration are not the enumeration's.
             if (reference.target != Description::absent && wanted(reference.tag)
@@ -65,10 +80,10 @@ private:
         std::vector<std::size_t> pending { start };
         for (std::size_t at = 0; at < pending.size(); ++at) {
             const std::size_t index = pending[at];
-            if (m_seen[index] || m_description.node(index).isBroken()) {
+            if (m_seenBy[index] == m_collection || m_description.node(index).isBroken()) {
                 continue;
             }
-            m_seen[index] = true;
+            m_seenBy[index] = m_collection;
             addRegister(m_description.node(index));
             for (const Reference& reference : m_description.node(index).references) {
                 if (reference.target != Description::absent && isAlwaysRead(reference.tag)) {
@@ -81,33 +96,47 @@ private:
     void addRegister(const DescriptionNode& node)
     {
         RegisterPort::Register place;
-        const bool isFixed = fixedRegister(node, place.first, place.second);
-        const std::string_view port = childText(node.element, "pPort");
-        const std::size_t owner = m_description.find(port);
-        if (isFixed && !node.element.child("pLength")
-            && childText(node.element, "AccessMode") != "WO" && owner != Description::absent
-            && !m_description.node(owner).element.first_child()) {
-            m_registers.push_back(place);
+        const pugi::xml_node where
+            = node.kind == "StructEntry" ? node.element.parent() : node.element;
+        if (fixedRegister(node, place.first, place.second) && !where.child("pLength")
+            && childText(where, "AccessMode") != "WO" && !isOnDetachedPort(m_description, node)) {
+            m_registers->push_back(place);
         }
     }
 
     const Description& m_description;
-    std::vector<bool> m_seen;
-    std::vector<RegisterPort::Register> m_registers;
+    std::vector<std::size_t> m_seenBy; ///< by node: the collection that it was last added to
+    std::size_t m_collection = 0;
+    CertainReads::Registers* m_registers = nullptr;
 };
+
+bool isRead(const Feature& feature)
+{
+    const bool isReadable = feature.access == featurebrowser::ACCESS_READ_ONLY
+        || feature.access == featurebrowser::ACCESS_READ_WRITE;
+    return isReadable && feature.gc != nullptr && !feature.isDetached
+        && feature.type != featurebrowser::FEATURE_COMMAND;
+}
 
 } // namespace
 
-std::vector<RegisterPort::Register> certainReads(
-    const Description& description, const std::vector<Feature>& features)
+CertainReads::CertainReads(const Description& description, const std::vector<Feature>& features)
+    : whenAvailable(features.size())
 {
     Collector collector(description);
+    collector.collectInto(always);
     for (const Feature& feature : features) {
-        if (feature.gc != nullptr && !feature.isDetached) {
-            collector.addFeature(feature);
+        collector.addConditions(feature);
+        if (isRead(feature) && !feature.isConditional()) {
+            collector.addContent(feature);
         }
     }
-    return collector.take();
+    for (std::size_t i = 0; i < features.size(); ++i) {
+        if (isRead(features[i]) && features[i].isConditional()) {
+            collector.collectInto(whenAvailable[i]);
+            collector.addContent(features[i]);
+        }
+    }
 }
 
 } // namespace zqcameralib

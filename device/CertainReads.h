@@ -8,9 +8,19 @@
 
 namespace zqcameralib {
 
-/// The registers that a load reads whatever they hold: those of conditions, and those of features
-/// without conditions, at places that the description fixes.
-std::vector<RegisterPort::Register> certainReads(
-    const Description& description, const std::vector<Feature>& features);
+/// The registers that a load is bound to read, as far as the description tells their places, so
+/// that they can be read together.
+struct CertainReads {
+    using Registers = std::vector<RegisterPort::Register>;
+
+    CertainReads() = default;
+    CertainReads(const Description& description, const std::vector<Feature>& features);
+
+    /// Those of conditions, and those of features without conditions.
+    Registers always;
+    /// For features with conditions, each in its place: those of the feature when it is available.
+    /// Empty for the others.
+    std::vector<Registers> whenAvailable;
+};
 
 } // namespace zqcameralib

@@ -62,12 +62,14 @@ bool fixedPlace(const DescriptionNode& node, Place& place)
         return false;
     }
     const pugi::xml_node where = node.kind == "StructEntry" ? node.element.parent() : node.element;
-    const std::string_view address = childText(where, "Address");
-    if (address.empty() || where.child("pAddress") || where.child("pIndex")
+    if (!where.child("Address") || where.child("pAddress") || where.child("pIndex")
         || where.child("IntSwissKnife")) {
         return false;
     }
-    place.first = number(address);
+    place.first = 0;
+    for (const pugi::xml_node& address : where.children("Address")) {
+        place.first += number(elementText(address)); // several add up
+    }
     place.last = place.first + std::max<std::uint64_t>(number(childText(where, "Length")), 1) - 1;
     place.bits = isMasked ? ownBits(node.element) : UINT64_MAX;
     return place.last >= place.first;

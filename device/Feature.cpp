@@ -130,20 +130,6 @@ bool isRegister(std::string_view kind)
         || kind == "Register" || kind == "StructEntry";
 }
 
-/// Whether the node is a register on a port that only images or events fill.
-bool isOnDetachedPort(const Description& description, const DescriptionNode& node)
-{
-    return std::any_of(
-        node.references.begin(), node.references.end(), [&description](const Reference& r) {
-            if (r.tag != "pPort" || r.target == Description::absent) {
-                return false;
-            }
-            const pugi::xml_node port = description.node(r.target).element;
-            return port.child("ChunkID") || port.child("EventID") || port.child("pChunkID")
-                || port.child("pEventID");
-        });
-}
-
 /// Whether a value comes, directly or through formulas, from a register on such a port.
 bool readsDetachedPort(const Description& description, const DescriptionNode& start)
 {
@@ -314,6 +300,19 @@ Feature describe(const Description& description, const TreeEntry& entry, ArvGc* 
 }
 
 } // namespace
+
+bool isOnDetachedPort(const Description& description, const DescriptionNode& node)
+{
+    return std::any_of(
+        node.references.begin(), node.references.end(), [&description](const Reference& r) {
+            if (r.tag != "pPort" || r.target == Description::absent) {
+                return false;
+            }
+            const pugi::xml_node port = description.node(r.target).element;
+            return port.child("ChunkID") || port.child("EventID") || port.child("pChunkID")
+                || port.child("pEventID");
+        });
+}
 
 std::vector<Feature> collectFeatures(
     const Description& description, const std::vector<TreeEntry>& tree, ArvGc* nodeMap)

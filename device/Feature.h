@@ -42,6 +42,7 @@ struct Feature {
     std::vector<ArvGcFeatureNode*> implementedIf;
     std::vector<ArvGcFeatureNode*> availableIf;
     std::vector<ArvGcFeatureNode*> lockedIf;
+    bool isConditional() const { return !implementedIf.empty() || !availableIf.empty(); }
     /// What fits the register that holds the value.
     std::int64_t registerMin = INT64_MIN;
     std::int64_t registerMax = INT64_MAX;
@@ -53,6 +54,9 @@ struct Feature {
     /// Writing it ends in a register of the camera, not in a value kept in the node map.
     bool endsInRegister = false;
 };
+
+/// Whether the node is a register on a port that only images or events fill.
+bool isOnDetachedPort(const Description& description, const DescriptionNode& node);
 
 /// All rows of the feature tree with their facts, in tree order.
 std::vector<Feature> collectFeatures(

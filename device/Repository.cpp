@@ -1,6 +1,5 @@
 #include "Repository.h"
 
-#include "CertainReads.h"
 #include "StatusCodes.h"
 #include "WriteBlock.h"
 
@@ -61,10 +60,7 @@ int ZQCameraRepository::Impl::load()
     clear();
     m_camera.port().invalidate();
     const RegisterPort::Pass pass(m_camera.port());
-    if (m_loadRegisters.empty()) {
-        m_loadRegisters = certainReads(m_camera.description(), m_camera.features());
-    }
-    m_camera.port().prefetch(m_loadRegisters);
+    prefetchLoad();
     RegisterPort::Recorder recorder(m_camera.port());
     for (const Feature& feature : m_camera.features()) {
         if (feature.type == FEATURE_CATEGORY || m_reader.isImplemented(feature)) {
@@ -81,6 +77,25 @@ int ZQCameraRepository::Impl::load()
     m_loadedAt = Clock::now();
     m_loaded = true;
     return STATUS_OK;
+}
+
+void ZQCameraRepository::Impl::prefetchLoad()
+{
+    RegisterPort& port = m_camera.port();
+    if (!m_loadRegisters.empty()) {
+        port.prefetch(m_loadRegisters);
+        return;
+    }
+    const zqcameralib::CertainReads& certain = m_camera.certainReads();
+    port.prefetch(certain.always);
+    zqcameralib::CertainReads::Registers conditional;
+    for (std::size_t i = 0; i < certain.whenAvailable.size(); ++i) {
+        const auto& registers = certain.whenAvailable[i];
+        if (!registers.empty() && m_reader.state(m_camera.features()[i]) != FEATURE_NOT_AVAILABLE) {
+            conditional.insert(conditional.end(), registers.begin(), registers.end());
+        }
+    }
+    port.prefetch(conditional);
 }
 
 void ZQCameraRepository::Impl::addRecord(const Feature& feature)

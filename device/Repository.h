@@ -39,6 +39,9 @@ private:
         zqcameralib::ZQCamera::Impl::Registers touched; ///< when last read, where places move
     };
 
+    /// Reads together what a load is going to read: what the last one has read or, the first time,
+    /// what the description tells.
+    void prefetchLoad();
     void addRecord(const zqcameralib::Feature& feature);
     void dropEmptyCategories();
     bool readRecord(Record& record);

@@ -1,6 +1,8 @@
-#include "StatusCodes.h"
+#include "DistantCamera.h"
+#include "SimulatedCamera.h"
 #include "TestCamera.h"
 
+#include <functional>
 #include <map>
 
 using namespace featurebrowser;
@@ -25,7 +27,9 @@ Values shown(TestCamera& camera)
     return values;
 }
 
-/// Loads with the Nth access failing; how many accesses there were.
+/// Loads with the Nth access failing, none for 0; how many accesses there were.
+using Load = std::function<std::uint64_t(std::uint64_t failing)>;
+
 std::uint64_t loadWithFault(TestCamera& camera, std::uint64_t failing)
 {
     std::uint64_t count = 0;
@@ -36,13 +40,13 @@ std::uint64_t loadWithFault(TestCamera& camera, std::uint64_t failing)
     return count;
 }
 
-void sweep(TestCamera& camera, std::uint64_t step)
+void sweep(TestCamera& camera, std::uint64_t step, const Load& load)
 {
-    const std::uint64_t accesses = loadWithFault(camera, 0);
+    const std::uint64_t accesses = load(0);
     const Values right = shown(camera);
     std::size_t unread = 0;
     for (std::uint64_t failing = 1; failing <= accesses; failing += step) {
-        loadWithFault(camera, failing);
+        load(failing);
         for (const auto& [name, state] : camera.repository.GetFeatureStates()) {
             unread += state == FEATURE_READ_FAILED ? 1U : 0U;
         }
@@ -53,7 +57,7 @@ void sweep(TestCamera& camera, std::uint64_t step)
         }
     }
     EXPECT_GT(unread, 0U);
-    loadWithFault(camera, 0);
+    load(0);
     EXPECT_EQ(shown(camera), right);
 }
 
@@ -65,7 +69,31 @@ std::uint64_t stepOf(std::uint64_t few)
 TEST(FaultSweep, NeverShowsAWrongValueOfTheSimulatedCamera)
 {
     TestCamera camera(TestCamera::simulated());
-    sweep(camera, stepOf(3));
+    sweep(camera, stepOf(3), [&](std::uint64_t failing) { return loadWithFault(camera, failing); });
+}
+
+TEST(FaultSweep, NeverShowsAWrongValueOfACameraReadTogether)
+{
+    auto owned = std::make_unique<DistantCamera>(zqcameralib::makeSimulatedCameraBehaviour());
+    DistantCamera& distant = *owned;
+    std::string error;
+    auto opened = zqcameralib::openOver(
+        std::string(zqcameralib::simulatedCameraDescription()), std::move(owned), error);
+    ASSERT_TRUE(opened) << error;
+    TestCamera camera(std::make_unique<zqcameralib::ZQCamera>(std::move(opened)));
+    EXPECT_EQ(shown(camera), [] {
+        TestCamera near(TestCamera::simulated());
+        return shown(near);
+    }());
+    EXPECT_GT(distant.together, 3 * distant.alone); // the first time from the description alone
+
+    sweep(camera, stepOf(3), [&](std::uint64_t failing) {
+        distant.reset(failing);
+        camera.port.invalidate();
+        camera.repository.Load();
+        return distant.accesses();
+    });
+    EXPECT_EQ(distant.alone, 0U); // from what the last load has read
 }
 
 TEST(FaultSweep, NeverShowsAWrongValueOfARealDescription)
@@ -77,7 +105,8 @@ TEST(FaultSweep, NeverShowsAWrongValueOfARealDescription)
     for (const std::string& path : files) {
         std::string error;
         TestCamera camera(zqcameralib::ZQCamera::OpenDescription(path, error));
-        sweep(camera, stepOf(29));
+        sweep(camera, stepOf(29),
+            [&](std::uint64_t failing) { return loadWithFault(camera, failing); });
     }
 }
 
