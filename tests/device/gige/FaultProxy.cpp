@@ -136,8 +136,8 @@ void FaultProxy::onReply(Packet packet, const Faults& faults)
     if (happens(faults.loseReplies)) {
         return;
     }
-    if (faults.delayMs > 0) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(faults.delayMs));
+    if (faults.delay.count() > 0) {
+        std::this_thread::sleep_for(faults.delay);
     }
     if (happens(faults.corruptReplies)) {
         packet[m_random() % 8] ^= static_cast<std::uint8_t>(1U << (m_random() % 8));

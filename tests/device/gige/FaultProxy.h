@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <mutex>
 #include <random>
@@ -16,7 +17,7 @@ struct Faults {
     double reorderReplies = 0.0; ///< a reply waits for the next one
     double corruptReplies = 0.0; ///< a bit of the header flips
     double truncateReplies = 0.0;
-    int delayMs = 0; ///< of replies
+    std::chrono::microseconds delay { 0 }; ///< of replies
     int status = 0; ///< replies refuse with this status code
     bool pendingForever = false; ///< every request is answered with "wait", again and again
     int pendingMs = 0; ///< every request is answered with one "wait" and, so much later, for good

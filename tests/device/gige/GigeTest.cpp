@@ -206,8 +206,8 @@ INSTANTIATE_TEST_SUITE_P(Named, Fault,
             with([](Faults& f) { f.truncateReplies = 0.02; }), {}, {} },
         FaultCase { "AllRepliesTruncated", Fate::Either,
             with([](Faults& f) { f.truncateReplies = 1; }), {}, {} },
-        FaultCase { "Delayed2ms", Fate::Survives, with([](Faults& f) { f.delayMs = 2; }), {}, {} },
-        FaultCase { "Delayed600ms", Fate::Lost, with([](Faults& f) { f.delayMs = 600; }), {}, {} },
+        FaultCase { "Delayed2ms", Fate::Survives, with([](Faults& f) { f.delay = 2ms; }), {}, {} },
+        FaultCase { "Delayed600ms", Fate::Lost, with([](Faults& f) { f.delay = 600ms; }), {}, {} },
         FaultCase {
             "BusyForEver", Fate::Either, with([](Faults& f) { f.status = 0x8007; }), {}, {} },
         FaultCase {
