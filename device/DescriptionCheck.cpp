@@ -164,9 +164,8 @@ std::string referenceFault(const Description& description, const DescriptionNode
                 + ", which does not exist";
         }
         const DescriptionNode& target = description.node(reference.target);
-        const bool fits
-            = reference.tag == "pValue" ? hasValue(target.kind) : hasNumber(target.kind);
-        if (!fits) {
+        const bool isText = node.kind == "String" && reference.tag == "pValue";
+        if (isText ? !isOneOf(target.kind, { "String", "StringReg" }) : !hasNumber(target.kind)) {
             return "it refers to " + std::string(target.name) + ", which has no such value";
         }
     }

@@ -56,6 +56,12 @@ void addReferences(All& all)
                 TestCamera::description("A", node(kind, "A", body(kind) + referTo(tag, "A"))) });
             all.push_back({ kind + " with " + tag + " to nothing",
                 TestCamera::description("A", node(kind, "A", body(kind) + referTo(tag, "None"))) });
+            all.push_back({ kind + " with " + tag + " to a text of no length",
+                TestCamera::description("A B",
+                    node(kind, "A", body(kind) + referTo(tag, "B"))
+                        + node("StringReg", "B",
+                            "<Address>0</Address><pLength>L</pLength><pPort>Device</pPort>")
+                        + intReg("L", 8)) });
             all.push_back({ kind + " with " + tag + " in a circle",
                 TestCamera::description("A B C",
                     node(kind, "A", body(kind) + referTo(tag, "B"))
