@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <sstream>
 #include <iterator>
 #include <limits>
 #include <string>
@@ -43,10 +44,10 @@ TEST(RegisterMemory, KeepsBytesAcrossPagesAndPastTheHighestAddress)
 
 TEST(SimulatedCamera, EmbeddedDescriptionIsTheFileByteForByte)
 {
-    std::ifstream file(ZQ_SIMULATED_CAMERA_XML, std::ios::binary);
-    const std::string content((std::istreambuf_iterator<char>(file)), {});
-    ASSERT_FALSE(content.empty());
-    EXPECT_EQ(simulatedCameraDescription(), content);
+    std::ostringstream content;
+    content << std::ifstream(ZQ_SIMULATED_CAMERA_XML, std::ios::binary).rdbuf();
+    ASSERT_FALSE(content.str().empty());
+    EXPECT_EQ(simulatedCameraDescription(), content.str());
 }
 
 // The camera as its register port sees it.
