@@ -151,7 +151,7 @@ int DeviceOperations::checkInteger(const Feature& feature, std::int64_t value)
         return fail(notInValueSet,
             what + "not one of " + std::string(childText(feature.node->element, "ValidValueSet")));
     }
-    return STATUS_OK;
+    return checkConversion(feature, { false, value, 0.0 });
 }
 
 int DeviceOperations::checkFloat(const Feature& feature, double value)
@@ -173,7 +173,22 @@ int DeviceOperations::checkFloat(const Feature& feature, double value)
         return fail(
             ERROR_FLOAT_OUT_OF_RANGE, what + "above the maximum of " + floatText(limits.maximum));
     }
-    return STATUS_OK;
+    return checkConversion(feature, { true, 0, value });
+}
+
+int DeviceOperations::checkConversion(const Feature& feature, const Number& value)
+{
+    const std::uint64_t failures = m_camera.port().failures();
+    const std::string fault = conversionFault(m_camera, feature, value);
+    if (m_camera.port().failures() != failures) {
+        return failPort();
+    }
+    return fault.empty()
+        ? STATUS_OK
+        : fail(notConvertible,
+            feature.name + ": "
+                + (value.isFloat ? floatText(value.real) : integerText(value.integer))
+                + " cannot be written, " + fault);
 }
 
 } // namespace zqcameralib

@@ -1,5 +1,6 @@
 #include "DeviceOperations.h"
 
+#include "FormulaGuard.h"
 #include "StatusCodes.h"
 
 #include <algorithm>
@@ -101,9 +102,12 @@ int DeviceOperations::getInteger(const char* name, std::int64_t& value)
         return m_lastError;
     }
     std::int64_t result = 0;
-    const int status = read(*feature, [&](GError** error) {
+    int status = read(*feature, [&](GError** error) {
         result = arv_gc_integer_get_value(ARV_GC_INTEGER(feature->gc), error);
     });
+    if (status == STATUS_OK && feature->isIntegerFormula && result == undefinedInteger) {
+        status = fail(notReadable, feature->name + ": its formula divides by zero now");
+    }
     value = status == STATUS_OK ? result : value;
     return status;
 }
@@ -190,6 +194,9 @@ int DeviceOperations::setEnum(const char* name, const char* entry, int index)
         return fail(unknownEntry, feature->name + ": there is no entry \"" + wanted + "\" now");
     }
     const std::int64_t value = (*chosen)->value;
+    if (const int status = checkConversion(*feature, { false, value, 0.0 })) {
+        return status;
+    }
     return write(*feature, [&](GError** error) {
         arv_gc_enumeration_set_int_value(ARV_GC_ENUMERATION(feature->gc), value, error);
     });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Camera.h"
+#include "ConversionCheck.h"
 #include "FeatureReader.h"
 #include "GlibError.h"
 
@@ -47,6 +48,7 @@ private:
     int checkWritable(const Feature& feature);
     int checkInteger(const Feature& feature, std::int64_t value);
     int checkFloat(const Feature& feature, double value);
+    int checkConversion(const Feature& feature, const Number& value);
     int read(const Feature& feature, const Access& access);
     int write(const Feature& feature, const Access& access);
     int waitUntilDone(const Feature& feature);

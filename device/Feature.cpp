@@ -57,25 +57,6 @@ std::uint16_t representation(const DescriptionNode& node)
     return isMac ? REPRESENTATION_ADDRESS : REPRESENTATION_NUMBER;
 }
 
-/// The nodes that a feature's value passes through, itself first.
-std::vector<const DescriptionNode*> valueChain(
-    const Description& description, const DescriptionNode& start)
-{
-    std::vector<const DescriptionNode*> chain { &start };
-    for (std::size_t at = 0; at < chain.size(); ++at) {
-        for (const Reference& reference : chain[at]->references) {
-            if (reference.tag != "pValue" || reference.target == Description::absent) {
-                continue;
-            }
-            const DescriptionNode* next = &description.node(reference.target);
-            if (std::find(chain.begin(), chain.end(), next) == chain.end()) {
-                chain.push_back(next);
-            }
-        }
-    }
-    return chain;
-}
-
 bool hasReference(const DescriptionNode& node, std::string_view tag)
 {
     return std::any_of(node.references.begin(), node.references.end(),
@@ -112,18 +93,6 @@ int registerBits(const DescriptionNode& node)
     return width >= 1 && width <= 64 ? static_cast<int>(width) : 0;
 }
 
-void setRegisterLimits(Feature& feature, const DescriptionNode& reg)
-{
-    const int bits = registerBits(reg);
-    if (bits == 0 || bits == 64) {
-        return;
-    }
-    const bool isSigned = childText(reg.element, "Sign") == "Signed";
-    const std::int64_t span = (std::int64_t(1) << (isSigned ? bits - 1 : bits)) - 1;
-    feature.registerMax = span;
-    feature.registerMin = isSigned ? -span - 1 : 0;
-}
-
 bool isRegister(std::string_view kind)
 {
     return kind == "IntReg" || kind == "MaskedIntReg" || kind == "FloatReg" || kind == "StringReg"
@@ -153,9 +122,12 @@ void addChainFacts(Feature& feature, const Description& description, ArvGc* node
     for (const DescriptionNode* link : valueChain(description, *feature.node)) {
         isDirect = isDirect && link->kind != "IntConverter" && link->kind != "Converter";
         if (isDirect && feature.type == FEATURE_INTEGER) {
-            setRegisterLimits(feature, *link);
+            const RegisterRange range = registerRange(*link);
+            feature.registerMin = std::max(feature.registerMin, range.minimum);
+            feature.registerMax = std::min(feature.registerMax, range.maximum);
         }
         feature.endsInRegister = isRegister(link->kind);
+        feature.isIntegerFormula = link->kind == "IntSwissKnife";
         feature.hasFloatIncrement = feature.hasFloatIncrement || link->element.child("Inc")
             || hasReference(*link, "pInc");
         ArvGcFeatureNode* gc = featureNode(nodeMap, link->name);
@@ -300,6 +272,35 @@ Feature describe(const Description& description, const TreeEntry& entry, ArvGc* 
 }
 
 } // namespace
+
+RegisterRange registerRange(const DescriptionNode& node)
+{
+    const int bits = registerBits(node);
+    if (bits == 0 || bits == 64) {
+        return {};
+    }
+    const bool isSigned = childText(node.element, "Sign") == "Signed";
+    const std::int64_t span = (std::int64_t(1) << (isSigned ? bits - 1 : bits)) - 1;
+    return { isSigned ? -span - 1 : 0, span };
+}
+
+std::vector<const DescriptionNode*> valueChain(
+    const Description& description, const DescriptionNode& start)
+{
+    std::vector<const DescriptionNode*> chain { &start };
+    for (std::size_t at = 0; at < chain.size(); ++at) {
+        for (const Reference& reference : chain[at]->references) {
+            if (reference.tag != "pValue" || reference.target == Description::absent) {
+                continue;
+            }
+            const DescriptionNode* next = &description.node(reference.target);
+            if (std::find(chain.begin(), chain.end(), next) == chain.end()) {
+                chain.push_back(next);
+            }
+        }
+    }
+    return chain;
+}
 
 bool isOnDetachedPort(const Description& description, const DescriptionNode& node)
 {

@@ -51,9 +51,22 @@ struct Feature {
     ArvGcRegister* textRegister = nullptr;
     /// The value comes with images or events (chunk and event ports): no register can be read.
     bool isDetached = false;
+    /// The value comes from an integer formula, which may be undefined (FormulaGuard.h).
+    bool isIntegerFormula = false;
     /// Writing it ends in a register of the camera, not in a value kept in the node map.
     bool endsInRegister = false;
 };
+
+/// What fits an integer register; all 64-bit numbers for other nodes.
+struct RegisterRange {
+    std::int64_t minimum = INT64_MIN;
+    std::int64_t maximum = INT64_MAX;
+};
+RegisterRange registerRange(const DescriptionNode& node);
+
+/// The node and those that its value comes from through pValue, nearest first.
+std::vector<const DescriptionNode*> valueChain(
+    const Description& description, const DescriptionNode& start);
 
 /// Whether the node is a register on a port that only images or events fill.
 bool isOnDetachedPort(const Description& description, const DescriptionNode& node);

@@ -1,5 +1,6 @@
 #include "FeatureReader.h"
 
+#include "FormulaGuard.h"
 #include "GlibError.h"
 #include "NumberText.h"
 
@@ -117,7 +118,7 @@ FeatureReader::IntegerLimits FeatureReader::integerLimits(const Feature& feature
     if (limits.minimum == INT64_MIN) {
         limits.minimum = feature.registerMin;
     }
-    if (limits.maximum == INT64_MAX) {
+    if (limits.maximum == INT64_MAX || limits.maximum == undefinedInteger) {
         limits.maximum = feature.registerMax;
     }
     return limits;
@@ -174,7 +175,11 @@ FeatureReader::Outcome FeatureReader::readInteger(const Feature& feature, Item& 
     GlibError error;
     const std::int64_t value = arv_gc_integer_get_value(ARV_GC_INTEGER(feature.gc), error.out());
     item.valueText = integerText(value);
-    return error ? Outcome::Failed : Outcome::Shown;
+    if (error) {
+        return Outcome::Failed;
+    }
+    return feature.isIntegerFormula && value == undefinedInteger ? Outcome::Nothing
+                                                                 : Outcome::Shown;
 }
 
 FeatureReader::Outcome FeatureReader::readFloat(const Feature& feature, Item& item)

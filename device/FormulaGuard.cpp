@@ -1,6 +1,7 @@
 #include "FormulaGuard.h"
 
 #include <cctype>
+#include <vector>
 
 namespace zqcameralib {
 
@@ -74,11 +75,11 @@ bool isPlainNumber(std::string_view operand)
 }
 
 /// "/divisor" or "%divisor" with an operand that may be -1: instead of by -1 it divides by 1, and
-/// the dividend changes its sign first.
-std::string guardedInteger(char sign, const std::string& divisor)
+/// the dividend changes its sign first. `addend` goes to the divisor.
+std::string guardedInteger(char sign, const std::string& divisor, const std::string& addend)
 {
     const std::string isMinusOne = "(" + divisor + "=(0-1))";
-    const std::string division = sign + ("(" + divisor + "+2*" + isMinusOne + ")");
+    const std::string division = sign + ("(" + divisor + "+2*" + isMinusOne + addend + ")");
     return sign == '/' ? "*(1-2*" + isMinusOne + ")" + division : division;
 }
 
@@ -89,29 +90,85 @@ std::string guardedFloat(const std::string& divisor)
     return "/(" + divisor + "+" + isZero + "+SQRT(0-" + isZero + "))";
 }
 
+class Guard {
+public:
+    explicit Guard(FormulaKind kind)
+        : m_kind(kind)
+    {
+    }
+
+    std::string guarded(std::string_view formula)
+    {
+        std::string text = rewritten(formula, false);
+        if (m_isZero.empty()) {
+            return text;
+        }
+        const std::string undefined = m_kind == FormulaKind::Float ? "SQRT(0-1)" : "(1<<63)";
+        return "(" + m_isZero + ")?" + undefined + ":(" + text + ")";
+    }
+
+private:
+    /// `isBranch`: the text stands behind a condition, which says whether it counts.
+    std::string rewritten(std::string_view formula, bool isBranch)
+    {
+        std::string text;
+        std::vector<bool> branches { isBranch }; // one for each open parenthesis
+        for (std::size_t at = 0; at < formula.size();) {
+            const char c = formula[at];
+            const std::size_t end = c == '/' || c == '%' ? operandEnd(formula, at + 1) : at + 1;
+            const std::string_view operand = formula.substr(at + 1, end - at - 1);
+            follow(formula.substr(at, 2), branches);
+            if ((c != '/' && c != '%') || isPlainNumber(operand)) {
+                text += formula.substr(at, end - at);
+            } else {
+                text += division(
+                    c, "(" + rewritten(operand, branches.back()) + ")", branches.back());
+            }
+            at = end;
+            if (text.size() > maxGuardedLength) {
+                return std::string(formula);
+            }
+        }
+        return text;
+    }
+
+    static void follow(std::string_view next, std::vector<bool>& branches)
+    {
+        if (next[0] == '(') {
+            branches.push_back(branches.back());
+        } else if (next[0] == ')' && branches.size() > 1) {
+            branches.pop_back();
+        } else if (next[0] == '?' || next == "&&" || next == "||") {
+            branches.back() = true;
+        }
+    }
+
+    std::string division(char sign, const std::string& divisor, bool isBranch)
+    {
+        if (m_kind == FormulaKind::Float && sign == '/') {
+            return guardedFloat(divisor);
+        }
+        // The remainder is an integer one in every formula.
+        if (m_kind == FormulaKind::IntegerConverter && !isBranch) {
+            return guardedInteger(sign, divisor, "");
+        }
+        const std::string isZero = "(" + divisor + "=0)";
+        if (!isBranch) {
+            m_isZero += (m_isZero.empty() ? "" : "||") + isZero;
+        }
+        return guardedInteger(sign, divisor, "+" + isZero);
+    }
+
+    FormulaKind m_kind;
+    std::string m_isZero; ///< true when a division that counts is one by zero
+};
+
 } // namespace
 
 std::string guardDivisions(std::string_view formula, FormulaKind kind)
 {
-    std::string guarded;
-    for (std::size_t at = 0; at < formula.size();) {
-        const char c = formula[at];
-        const std::size_t end = c == '/' || c == '%' ? operandEnd(formula, at + 1) : at + 1;
-        const std::string_view operand = formula.substr(at + 1, end - at - 1);
-        if ((c != '/' && c != '%') || isPlainNumber(operand)) {
-            guarded += formula.substr(at, end - at);
-        } else {
-            const std::string divisor = "(" + guardDivisions(operand, kind) + ")";
-            // The remainder is an integer one in every formula.
-            guarded += kind == FormulaKind::Integer || c == '%' ? guardedInteger(c, divisor)
-                                                                : guardedFloat(divisor);
-        }
-        at = end;
-        if (guarded.size() > maxGuardedLength) {
-            return std::string(formula);
-        }
-    }
-    return guarded;
+    std::string text = Guard(kind).guarded(formula);
+    return text.size() > maxGuardedLength ? std::string(formula) : text;
 }
 
 } // namespace zqcameralib

@@ -50,6 +50,13 @@ bool isFormula(std::string_view tag)
     return tag == "Formula" || tag == "FormulaTo" || tag == "FormulaFrom" || tag == "Expression";
 }
 
+FormulaKind formulaKind(std::string_view owner)
+{
+    return owner == "IntSwissKnife" ? FormulaKind::IntegerNode
+        : owner == "IntConverter"   ? FormulaKind::IntegerConverter
+                                    : FormulaKind::Float;
+}
+
 class Writer {
 public:
     explicit Writer(const Description& description)
@@ -209,10 +216,7 @@ private:
             target.text() = text.c_str();
             return;
         }
-        const std::string_view owner = source.parent().name();
-        const bool isInteger = owner == "IntSwissKnife" || owner == "IntConverter";
-        target.text()
-            = guardDivisions(text, isInteger ? FormulaKind::Integer : FormulaKind::Float).c_str();
+        target.text() = guardDivisions(text, formulaKind(source.parent().name())).c_str();
     }
 
     /// A limit or a condition that cannot be evaluated is dropped: the feature is then unlimited,

@@ -19,7 +19,7 @@ struct Status {
     const char* text;
 };
 
-constexpr std::array<Status, 20> statuses { {
+constexpr std::array<Status, 21> statuses { {
     { STATUS_OK, "OK", "No error." },
     { ERROR_VALUE_OUT_OF_RANGE, "VALUE_OUT_OF_RANGE", "The value is outside the limits." },
     { ERROR_VALUE_NOT_ON_INCREMENT, "VALUE_NOT_ON_INCREMENT",
@@ -37,6 +37,7 @@ constexpr std::array<Status, 20> statuses { {
     { commandTimeout, "COMMAND_TIMEOUT", "The command was not done in time." },
     { notLoaded, "NOT_LOADED", "The features have not been read from the camera." },
     { notInValueSet, "NOT_IN_VALUE_SET", "The value is not one of those that are possible." },
+    { notConvertible, "NOT_CONVERTIBLE", "The camera's formula cannot convert the value." },
     { noImage, "NO_IMAGE", "The camera tells no image size that can be acquired." },
     { injectedFault, "INJECTED_FAULT", "Injected fault." },
     { cameraLost, "CAMERA_LOST", "The camera does not answer." },

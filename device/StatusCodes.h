@@ -24,6 +24,7 @@ constexpr int commandTimeout = statusBase(0x8031000AU); ///< did not report done
 constexpr int notLoaded = statusBase(0x8031000BU); ///< the camera cannot be read
 constexpr int notInValueSet = statusBase(0x8031000CU); ///< not one of the values of a list
 constexpr int noImage = statusBase(0x8031000DU); ///< no image size that could be acquired
+constexpr int notConvertible = statusBase(0x8031000EU); ///< a formula on its way cannot take it
 constexpr int injectedFault = statusBase(0x80350001U); ///< only in tests
 constexpr int cameraLost = statusBase(0x80350002U); ///< the camera does not answer any more
 constexpr int accessDenied = statusBase(0x80350003U); ///< another application controls the camera

@@ -34,10 +34,22 @@ const std::string nodes = intReg("Reg", 0)
     + intReg("ReadOnly", 36, element("AccessMode", "RO"))
     + intReg("WriteOnly", 40, element("AccessMode", "WO"))
     + intReg("Streaming", 44, element("pIsLocked", "TLParamsLocked"))
-    + intReg("Absent", 48, element("pIsAvailable", "Never"));
+    + intReg("Absent", 48, element("pIsAvailable", "Never")) + intReg("Raw", 52)
+    + intReg("Narrow", 56, "<Length>1</Length>")
+    + "<Float Name=\"Rate\"><pValue>Period</pValue><Min>0</Min><Max>1e6</Max></Float>"
+      "<Converter Name=\"Period\"><FormulaTo>1000000/FROM</FormulaTo><FormulaFrom>1000000/TO"
+      "</FormulaFrom><pValue>Raw</pValue></Converter>"
+      "<Integer Name=\"Tenfold\"><pValue>Tens</pValue><Min>0</Min><Max>99</Max></Integer>"
+      "<IntConverter Name=\"Tens\"><pVariable Name=\"S\">Step</pVariable><FormulaTo>FROM*10/S"
+      "</FormulaTo><FormulaFrom>TO*S/10</FormulaFrom><pValue>Narrow</pValue></IntConverter>"
+      "<Integer Name=\"Step\"><Value>1</Value></Integer>"
+      "<Float Name=\"Big\"><pValue>Single</pValue><Max>1e300</Max></Float>"
+      "<FloatReg Name=\"Single\"><Address>60</Address><Length>4</Length><AccessMode>RW"
+      "</AccessMode><pPort>Device</pPort></FloatReg>";
 
-const char* const members = "Int Set Wide Float Text Bool Enum Run AcquisitionStart "
-                            "AcquisitionStop ReadOnly WriteOnly Streaming Absent";
+const char* const members
+    = "Int Set Wide Float Text Bool Enum Run AcquisitionStart "
+      "AcquisitionStop ReadOnly WriteOnly Streaming Absent Rate Tenfold Step Big";
 
 struct Refusal {
     std::function<int(ZQCameraDevice&)> call;
@@ -85,6 +97,18 @@ TEST(Writes, AreRefusedWithCodeAndTextBeforeAnythingIsSent)
          },
             notReadable, "can only be written" },
         { [](auto& d) { return d.ExecuteCommand("Int", 1); }, wrongKind, "another kind" },
+        { [](auto& d) { return d.SetFloatValue("Rate", 0.0); }, notConvertible,
+            "Rate: 0 cannot be written, the camera's formula cannot convert it" },
+        { [](auto& d) { return d.SetFloatValue("Rate", 0.0001); }, notConvertible,
+            "converted into 1e+10, which its register does not hold" },
+        { [](auto& d) { return d.SetIntegerValue("Tenfold", 26, 1); }, notConvertible,
+            "converted into 260, which its register does not hold" },
+        { [](auto& d) {
+             return d.SetIntegerValue("Step", 0, 1) + d.SetIntegerValue("Tenfold", 1, 1);
+         },
+            notConvertible, "division by zero" },
+        { [](auto& d) { return d.SetFloatValue("Big", 1e39); }, notConvertible,
+            "more than its register holds" },
     };
     for (const Refusal& test : cases) {
         EXPECT_EQ(test.call(camera.device), test.status) << test.text;

@@ -148,8 +148,25 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ReadValue,
                 "</pVariable><pVariable Name=\"M\">Minus</pVariable><Formula>X/M + 5%M</Formula>")
                 + intReg("R", 0, "<Length>8</Length>")
                 + "<Integer Name=\"Minus\"><Value>-1</Value></Integer>",
-            { 0x80, 0, 0, 0, 0, 0, 0, 0 },
-            "-9223372036854775808 1 RO -9223372036854775808..9223372036854775807/1" },
+            { 0x80, 0, 0, 0, 0, 0, 0, 1 },
+            "9223372036854775807 1 RO -9223372036854775808..9223372036854775807/1" },
+        ValueCase { "integer formula without a value",
+            named("IntSwissKnife",
+                "<pVariable Name=\"X\">R</pVariable><Formula>7 % (1/X) + 1</Formula>")
+                + intReg("R", 0),
+            { 0, 0, 0, 0 }, " 0 RO -9223372036854775808..9223372036854775807/1" },
+        ValueCase { "integer division in the branch not taken",
+            named("IntSwissKnife",
+                "<pVariable Name=\"X\">R</pVariable>"
+                "<Formula>(X=0) ? 5 : ((X=1) ? 6 : (7/X + 8%(X-1)))</Formula>")
+                + intReg("R", 0),
+            { 0, 0, 0, 1 }, "6 1 RO -9223372036854775808..9223372036854775807/1" },
+        ValueCase { "division in a converter's branch not taken",
+            named("IntConverter",
+                "<pVariable Name=\"X\">R</pVariable><FormulaTo>FROM</FormulaTo>"
+                "<FormulaFrom>(X=0) ? 4 : (TO/X)</FormulaFrom><pValue>R</pValue>")
+                + intReg("R", 0),
+            { 0, 0, 0, 0 }, "4 1 RW 4..4/1" },
         ValueCase { "division in the branch not taken",
             named("SwissKnife",
                 "<pVariable Name=\"X\">"

@@ -7,9 +7,8 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
-#include <sstream>
-#include <iterator>
 #include <limits>
+#include <sstream>
 #include <string>
 #include <vector>
 

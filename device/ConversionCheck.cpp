@@ -1,0 +1,128 @@
+#include "ConversionCheck.h"
+
+#include "FormulaGuard.h"
+#include "GlibError.h"
+#include "NumberText.h"
+
+#include <cfloat>
+#include <cmath>
+
+namespace zqcameralib {
+
+namespace {
+
+using EvaluatorPointer = std::unique_ptr<ArvEvaluator, decltype(&g_object_unref)>;
+
+constexpr double integerLimit = 9223372036854775808.0; // 2^63
+
+bool isConverter(const DescriptionNode& node)
+{
+    return node.kind == "IntConverter" || node.kind == "Converter";
+}
+
+std::string guarded(const pugi::xml_node& element, FormulaKind kind)
+{
+    return guardDivisions(elementText(element), kind);
+}
+
+/// False when the node's value is no number that could be asked for.
+bool setVariable(ArvEvaluator* evaluator, const char* variable, ArvGcNode* node)
+{
+    GlibError error;
+    if (ARV_IS_GC_INTEGER(node)) {
+        arv_evaluator_set_int64_variable(
+            evaluator, variable, arv_gc_integer_get_value(ARV_GC_INTEGER(node), error.out()));
+    } else if (ARV_IS_GC_FLOAT(node)) {
+        arv_evaluator_set_double_variable(
+            evaluator, variable, arv_gc_float_get_value(ARV_GC_FLOAT(node), error.out()));
+    } else {
+        return false;
+    }
+    return !error;
+}
+
+bool setInputs(ArvEvaluator* evaluator, const DescriptionNode& node, FormulaKind kind, ArvGc* gc)
+{
+    for (const pugi::xml_node& child : node.element.children()) {
+        const std::string_view tag = child.name();
+        const char* name = child.attribute("Name").value();
+        const std::string text(elementText(child));
+        if (tag == "Constant") {
+            arv_evaluator_set_constant(evaluator, name, text.c_str());
+        } else if (tag == "Expression") {
+            arv_evaluator_set_sub_expression(evaluator, name, guarded(child, kind).c_str());
+        } else if (tag == "pVariable"
+            && !setVariable(evaluator, name, arv_gc_get_node(gc, text.c_str()))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Converts `value` as the node does. An empty fault and no conversion where it cannot be told.
+std::string convert(const DescriptionNode& node, ArvGc* gc, Number& value, bool& isKnown)
+{
+    const bool isFloat = node.kind == "Converter";
+    const FormulaKind kind = isFloat ? FormulaKind::Float : FormulaKind::IntegerConverter;
+    const EvaluatorPointer evaluator(
+        arv_evaluator_new(guarded(node.element.child("FormulaTo"), kind).c_str()), &g_object_unref);
+    isKnown = setInputs(evaluator.get(), node, kind, gc);
+    if (!isKnown) {
+        return {};
+    }
+    GlibError error;
+    if (isFloat) {
+        arv_evaluator_set_double_variable(evaluator.get(), "FROM",
+            value.isFloat ? value.real : static_cast<double>(value.integer));
+        value = { true, 0, arv_evaluator_evaluate_as_double(evaluator.get(), error.out()) };
+    } else {
+        arv_evaluator_set_int64_variable(evaluator.get(), "FROM",
+            value.isFloat ? static_cast<std::int64_t>(value.real) : value.integer);
+        value = { false, arv_evaluator_evaluate_as_int64(evaluator.get(), error.out()), 0.0 };
+    }
+    if (error) {
+        return std::string("the camera's formula cannot convert it: ") + error.get()->message;
+    }
+    return value.isFloat && !std::isfinite(value.real)
+        ? "the camera's formula cannot convert it into a number"
+        : "";
+}
+
+std::string fitFault(const DescriptionNode& node, const Number& value)
+{
+    if (node.kind == "FloatReg") {
+        const bool isSingle = childText(node.element, "Length") == "4";
+        return isSingle && value.isFloat && std::fabs(value.real) > double(FLT_MAX)
+            ? "it is more than its register holds"
+            : "";
+    }
+    const RegisterRange range = registerRange(node);
+    const bool isInRange = value.isFloat
+        ? std::fabs(value.real) < integerLimit && std::round(value.real) >= double(range.minimum)
+            && std::round(value.real) <= double(range.maximum)
+        : value.integer >= range.minimum && value.integer <= range.maximum;
+    return isInRange ? ""
+                     : "it is converted into "
+            + (value.isFloat ? floatText(value.real) : integerText(value.integer))
+            + ", which its register does not hold";
+}
+
+} // namespace
+
+std::string conversionFault(ZQCamera::Impl& camera, const Feature& feature, Number value)
+{
+    bool isKnown = true;
+    std::string fault;
+    const std::vector<const DescriptionNode*> chain
+        = valueChain(camera.description(), *feature.node);
+    for (auto link = chain.begin(); link != chain.end() && isKnown && fault.empty(); ++link) {
+        if (isConverter(**link)) {
+            fault = convert(**link, camera.nodeMap(), value, isKnown);
+        } else if (link + 1 == chain.end() && feature.endsInRegister) {
+            fault = fitFault(**link, value);
+        }
+    }
+    return fault;
+}
+
+} // namespace zqcameralib
