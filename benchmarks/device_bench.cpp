@@ -133,7 +133,7 @@ void measure(
     double raw = 0.0;
     std::uint64_t reads = 0;
     std::size_t distinct = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         std::vector<RegisterPort::Register> trace;
         prepare();
         port.invalidate();

@@ -4,6 +4,7 @@
 #include "GlibError.h"
 #include "NumberText.h"
 
+#include <algorithm>
 #include <cfloat>
 #include <cmath>
 
@@ -41,32 +42,35 @@ bool setVariable(ArvEvaluator* evaluator, const char* variable, ArvGcNode* node)
     return !error;
 }
 
-bool setInputs(ArvEvaluator* evaluator, const DescriptionNode& node, FormulaKind kind, ArvGc* gc)
+bool setInput(
+    ArvEvaluator* evaluator, const pugi::xml_node& element, FormulaKind kind, ArvGc* nodeMap)
 {
-    for (const pugi::xml_node& child : node.element.children()) {
-        const std::string_view tag = child.name();
-        const char* name = child.attribute("Name").value();
-        const std::string text(elementText(child));
-        if (tag == "Constant") {
-            arv_evaluator_set_constant(evaluator, name, text.c_str());
-        } else if (tag == "Expression") {
-            arv_evaluator_set_sub_expression(evaluator, name, guarded(child, kind).c_str());
-        } else if (tag == "pVariable"
-            && !setVariable(evaluator, name, arv_gc_get_node(gc, text.c_str()))) {
-            return false;
-        }
+    const std::string_view tag = element.name();
+    const char* name = element.attribute("Name").value();
+    const std::string text(elementText(element));
+    if (tag == "pVariable") {
+        return setVariable(evaluator, name, arv_gc_get_node(nodeMap, text.c_str()));
+    }
+    if (tag == "Constant") {
+        arv_evaluator_set_constant(evaluator, name, text.c_str());
+    } else if (tag == "Expression") {
+        arv_evaluator_set_sub_expression(evaluator, name, guarded(element, kind).c_str());
     }
     return true;
 }
 
-/// Converts `value` as the node does. An empty fault and no conversion where it cannot be told.
-std::string convert(const DescriptionNode& node, ArvGc* gc, Number& value, bool& isKnown)
+/// Converts `value` as the node does; what is wrong with that, if anything. Where the node's inputs
+/// cannot be told, `isKnown` is false and nothing is said.
+std::string convert(const DescriptionNode& node, ArvGc* nodeMap, Number& value, bool& isKnown)
 {
     const bool isFloat = node.kind == "Converter";
     const FormulaKind kind = isFloat ? FormulaKind::Float : FormulaKind::IntegerConverter;
     const EvaluatorPointer evaluator(
         arv_evaluator_new(guarded(node.element.child("FormulaTo"), kind).c_str()), &g_object_unref);
-    isKnown = setInputs(evaluator.get(), node, kind, gc);
+    const auto inputs = node.element.children();
+    isKnown = std::all_of(inputs.begin(), inputs.end(), [&](const pugi::xml_node& input) {
+        return setInput(evaluator.get(), input, kind, nodeMap);
+    });
     if (!isKnown) {
         return {};
     }
