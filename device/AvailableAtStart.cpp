@@ -9,7 +9,6 @@ namespace zqcameralib {
 
 namespace {
 
-using Condition = gboolean (*)(ArvGcFeatureNode*, GError**);
 using Registers = std::vector<RegisterPort::Register>;
 
 /// Largest register that is taken for one that decides something.
@@ -23,12 +22,12 @@ public:
     {
     }
 
-    void satisfy(ArvGcFeatureNode* node, Condition condition)
+    void satisfy(const Condition& condition)
     {
         Registers deciding;
         {
             RegisterPort::Recorder recorder(m_port);
-            if (check(node, condition)) {
+            if (check(condition)) {
                 settle(recorder.read);
                 return;
             }
@@ -42,19 +41,19 @@ public:
                            }),
             deciding.end());
         for (const RegisterPort::Register& reg : deciding) {
-            if (tryValues({ reg }, node, condition)) {
+            if (tryValues({ reg }, condition)) {
                 return;
             }
         }
-        tryValues(deciding, node, condition);
+        tryValues(deciding, condition);
     }
 
 private:
-    bool check(ArvGcFeatureNode* node, Condition condition)
+    bool check(const Condition& condition)
     {
         GlibError error;
         m_port.invalidate();
-        return condition(node, error.out()) != FALSE || error;
+        return condition.check(condition.node, error.out()) != FALSE || error;
     }
 
     void settle(const Registers& registers)
@@ -62,13 +61,13 @@ private:
         m_settled.insert(registers.begin(), registers.end());
     }
 
-    bool tryValues(const Registers& registers, ArvGcFeatureNode* node, Condition condition)
+    bool tryValues(const Registers& registers, const Condition& condition)
     {
         for (const std::uint8_t filler : { std::uint8_t(0xFF), std::uint8_t(0x01) }) {
             for (const RegisterPort::Register& reg : registers) {
                 fill(reg, filler);
             }
-            if (check(node, condition)) {
+            if (check(condition)) {
                 settle(registers);
                 return true;
             }
@@ -96,11 +95,11 @@ void makeAvailable(const std::vector<Feature>& features, RegisterPort& port, Reg
 {
     Starter starter(port, memory);
     for (const Feature& feature : features) {
-        for (ArvGcFeatureNode* node : feature.implementedIf) {
-            starter.satisfy(node, arv_gc_feature_node_is_implemented);
+        for (const Condition& condition : feature.implementedIf) {
+            starter.satisfy(condition);
         }
-        for (ArvGcFeatureNode* node : feature.availableIf) {
-            starter.satisfy(node, arv_gc_feature_node_is_available);
+        for (const Condition& condition : feature.availableIf) {
+            starter.satisfy(condition);
         }
     }
     port.invalidate();

@@ -11,10 +11,6 @@ namespace zqcameralib {
 
 namespace {
 
-bool isCondition(std::string_view tag)
-{
-    return tag == "pIsImplemented" || tag == "pIsAvailable" || tag == "pIsLocked";
-}
 bool isLimit(std::string_view tag)
 {
     return tag == "pMin" || tag == "pMax" || tag == "pInc";
@@ -44,37 +40,30 @@ public:
 
     void addConditions(const Feature& feature)
     {
-        for (const std::vector<ArvGcFeatureNode*>* nodes :
+        for (const std::vector<Condition>* conditions :
             { &feature.implementedIf, &feature.availableIf, &feature.lockedIf }) {
-            for (ArvGcFeatureNode* node : *nodes) {
-                addReferences(m_description.find(arv_gc_feature_node_get_name(node)), isCondition);
+            for (const Condition& condition : *conditions) {
+                addValue(condition.target);
             }
         }
     }
 
     void addContent(const Feature& feature)
     {
-        const std::size_t node = m_description.find(feature.name);
-        addValue(node);
-        addReferences(node, isLimit);
-    }
-
-private:
-    template <typename Wanted> void addReferences(std::size_t index, Wanted wanted)
-    {
-        if (index == Description::absent) {
-            return;
-        }
-        const DescriptionNode& node = m_description.node(index);
-        for (const Reference& reference : node.references) {
-            // Conditions within an entry of an enumeration are not the enumeration's.
-            if (reference.target != Description::absent && wanted(reference.tag)
-                && reference.element.parent() == node.element) {
+        addValue(m_description.find(feature.name));
+        for (const Reference& reference : feature.node->references) {
+            if (reference.target != Description::absent && isLimit(reference.tag)) {
                 addValue(reference.target);
+            }
+        }
+        for (const EnumEntry& entry : feature.entries) {
+            for (const Condition& condition : entry.availableIf) {
+                addValue(condition.target);
             }
         }
     }
 
+private:
     void addValue(std::size_t start)
     {
         std::vector<std::size_t> pending { start };

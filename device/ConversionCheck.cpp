@@ -79,6 +79,8 @@ std::string convert(const DescriptionNode& node, ArvGc* nodeMap, Number& value, 
         arv_evaluator_set_double_variable(evaluator.get(), "FROM",
             value.isFloat ? value.real : static_cast<double>(value.integer));
         value = { true, 0, arv_evaluator_evaluate_as_double(evaluator.get(), error.out()) };
+    } else if (value.isFloat && std::fabs(value.real) >= integerLimit) {
+        return "the camera's formula takes 64-bit integers only";
     } else {
         arv_evaluator_set_int64_variable(evaluator.get(), "FROM",
             value.isFloat ? static_cast<std::int64_t>(value.real) : value.integer);

@@ -168,6 +168,29 @@ int DeviceOperations::setString(const char* name, const char* value)
     });
 }
 
+const EnumEntry* DeviceOperations::chooseEntry(
+    const Feature& feature, const std::string& name, int index)
+{
+    std::vector<const EnumEntry*> named;
+    for (const EnumEntry& entry : feature.entries) {
+        if (entry.name == name) {
+            named.push_back(&entry);
+        }
+    }
+    if (named.size() == 1) {
+        return m_reader.isAvailable(*named.front()) ? named.front() : nullptr;
+    }
+    // Entries that share a name are told apart by the index, which counts those available.
+    const std::vector<const EnumEntry*> entries = m_reader.availableEntries(feature);
+    const auto at = static_cast<std::size_t>(index);
+    if (index >= 0 && at < entries.size() && entries[at]->name == name) {
+        return entries[at];
+    }
+    const auto found = std::find_if(entries.begin(), entries.end(),
+        [&name](const EnumEntry* entry) { return entry->name == name; });
+    return found == entries.end() ? nullptr : *found;
+}
+
 int DeviceOperations::setEnum(const char* name, const char* entry, int index)
 {
     const Feature* feature = lookup(name, FEATURE_ENUMERATION);
@@ -178,22 +201,15 @@ int DeviceOperations::setEnum(const char* name, const char* entry, int index)
         return status;
     }
     const std::uint64_t failures = m_camera.port().failures();
-    const std::vector<const EnumEntry*> entries = m_reader.availableEntries(*feature);
+    const std::string wanted = entry == nullptr ? "" : entry;
+    const EnumEntry* chosen = chooseEntry(*feature, wanted, index);
     if (m_camera.port().failures() != failures) {
         return failPort();
     }
-    // The name decides; entries that share one are told apart by the index.
-    const std::string wanted = entry == nullptr ? "" : entry;
-    auto chosen = std::find_if(entries.begin(), entries.end(),
-        [&wanted](const EnumEntry* candidate) { return candidate->name == wanted; });
-    const auto at = static_cast<std::size_t>(index);
-    if (index >= 0 && at < entries.size() && entries[at]->name == wanted) {
-        chosen = entries.begin() + index;
-    }
-    if (chosen == entries.end()) {
+    if (chosen == nullptr) {
         return fail(unknownEntry, feature->name + ": there is no entry \"" + wanted + "\" now");
     }
-    const std::int64_t value = (*chosen)->value;
+    const std::int64_t value = chosen->value;
     if (const int status = checkConversion(*feature, { false, value, 0.0 })) {
         return status;
     }

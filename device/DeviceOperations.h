@@ -48,6 +48,8 @@ private:
     int checkWritable(const Feature& feature);
     int checkInteger(const Feature& feature, std::int64_t value);
     int checkFloat(const Feature& feature, double value);
+    /// The available entry of that name; null when there is none.
+    const EnumEntry* chooseEntry(const Feature& feature, const std::string& name, int index);
     int checkConversion(const Feature& feature, const Number& value);
     int read(const Feature& feature, const Access& access);
     int write(const Feature& feature, const Access& access);

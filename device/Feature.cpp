@@ -9,7 +9,6 @@
 #include <charconv>
 #include <cstdlib>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace zqcameralib {
 
@@ -63,10 +62,27 @@ bool hasReference(const DescriptionNode& node, std::string_view tag)
         [tag](const Reference& r) { return r.tag == tag && r.target != Description::absent; });
 }
 
-/// Conditions of the entries of an enumeration stand inside it and are not its own.
-bool hasOwnChild(const DescriptionNode& node, const char* tag)
+/// What a node or an entry says by `tag`.
+Condition conditionOf(ArvGcFeatureNode* gc, const Reference& reference)
 {
-    return static_cast<bool>(node.element.child(tag)) && hasReference(node, tag);
+    const auto check = reference.tag == "pIsImplemented" ? arv_gc_feature_node_is_implemented
+        : reference.tag == "pIsAvailable"                ? arv_gc_feature_node_is_available
+                                                         : arv_gc_feature_node_is_locked;
+    return { gc, check, reference.target };
+}
+
+/// Conditions of the entries of an enumeration stand inside it and are not its own. Of several
+/// the first one counts.
+void addCondition(std::vector<Condition>& conditions, const DescriptionNode& node,
+    ArvGcFeatureNode* gc, std::string_view tag)
+{
+    for (const Reference& reference : node.references) {
+        if (reference.tag == tag && reference.target != Description::absent
+            && reference.element.parent() == node.element) {
+            conditions.push_back(conditionOf(gc, reference));
+            return;
+        }
+    }
 }
 
 std::int64_t number(std::string_view text)
@@ -137,52 +153,73 @@ void addChainFacts(Feature& feature, const Description& description, ArvGc* node
         if (link->kind == "StringReg" && ARV_IS_GC_REGISTER(gc)) {
             feature.textRegister = ARV_GC_REGISTER(gc);
         }
-        if (hasOwnChild(*link, "pIsImplemented")) {
-            feature.implementedIf.push_back(gc);
-        }
-        if (hasOwnChild(*link, "pIsAvailable")) {
-            feature.availableIf.push_back(gc);
-        }
-        if (hasOwnChild(*link, "pIsLocked")) {
-            feature.lockedIf.push_back(gc);
+        addCondition(feature.implementedIf, *link, gc, "pIsImplemented");
+        addCondition(feature.availableIf, *link, gc, "pIsAvailable");
+        addCondition(feature.lockedIf, *link, gc, "pIsLocked");
+    }
+}
+
+/// The conditions of the entries, by their element.
+std::unordered_map<std::size_t, std::vector<const Reference*>> entryConditions(
+    const DescriptionNode& node)
+{
+    std::unordered_map<std::size_t, std::vector<const Reference*>> conditions;
+    for (const Reference& reference : node.references) {
+        if ((reference.tag == "pIsImplemented" || reference.tag == "pIsAvailable")
+            && reference.target != Description::absent
+            && reference.element.parent() != node.element) {
+            conditions[reference.element.parent().hash_value()].push_back(&reference);
         }
     }
+    return conditions;
+}
+
+std::string_view nameOf(ArvGcFeatureNode* node)
+{
+    const char* name = arv_gc_feature_node_get_name(node);
+    return name == nullptr ? "" : name;
+}
+
+/// The entry, or the first after it that the node map has: those with a value.
+pugi::xml_node firstUsable(pugi::xml_node entry)
+{
+    while (entry && !entry.child("Value")) {
+        entry = entry.next_sibling("EnumEntry");
+    }
+    return entry;
 }
 
 std::vector<EnumEntry> enumEntries(ArvGcEnumeration* enumeration, const DescriptionNode& node)
 {
-    std::vector<EnumEntry> entries;
+    std::vector<ArvGcFeatureNode*> nodes;
     for (const GSList* at = arv_gc_enumeration_get_entries(enumeration); at != nullptr;
          at = at->next) {
-        if (!ARV_IS_GC_ENUM_ENTRY(at->data)) {
-            continue;
+        if (ARV_IS_GC_ENUM_ENTRY(at->data)) {
+            nodes.push_back(ARV_GC_FEATURE_NODE(at->data));
         }
-        EnumEntry entry;
-        entry.node = ARV_GC_FEATURE_NODE(at->data);
-        const char* name = arv_gc_feature_node_get_name(entry.node);
-        entry.name = name == nullptr ? "" : name;
-        entry.value = arv_gc_enum_entry_get_value(ARV_GC_ENUM_ENTRY(at->data), nullptr);
-        entries.push_back(entry);
     }
+    const auto conditions = entryConditions(node);
+    std::vector<EnumEntry> entries;
+    pugi::xml_node element = firstUsable(node.element.child("EnumEntry"));
     // The node map collects them by prepending.
-    const std::string_view first = node.element.child("EnumEntry").attribute("Name").value();
-    if (!entries.empty() && entries.front().name != first) {
-        std::reverse(entries.begin(), entries.end());
+    if (!nodes.empty()
+        && std::string_view(element.attribute("Name").value()) != nameOf(nodes.front())) {
+        std::reverse(nodes.begin(), nodes.end());
+    }
+    for (ArvGcFeatureNode* gc : nodes) {
+        EnumEntry entry;
+        entry.name = nameOf(gc);
+        entry.value = arv_gc_enum_entry_get_value(ARV_GC_ENUM_ENTRY(gc), nullptr);
+        const auto own = conditions.find(element.hash_value());
+        if (own != conditions.end()) {
+            for (const Reference* reference : own->second) {
+                entry.availableIf.push_back(conditionOf(gc, *reference));
+            }
+        }
+        element = firstUsable(element.next_sibling("EnumEntry"));
+        entries.push_back(std::move(entry));
     }
     return entries;
-}
-
-void markConditionalEntries(std::vector<EnumEntry>& entries, const DescriptionNode& node)
-{
-    std::unordered_set<std::string_view> conditional;
-    for (const pugi::xml_node& entry : node.element.children("EnumEntry")) {
-        if (entry.child("pIsImplemented") || entry.child("pIsAvailable")) {
-            conditional.insert(entry.attribute("Name").value());
-        }
-    }
-    for (EnumEntry& entry : entries) {
-        entry.isConditional = conditional.count(entry.name) != 0;
-    }
 }
 
 bool isBackedByRegister(const Description& description, const DescriptionNode& node)
@@ -266,7 +303,6 @@ Feature describe(const Description& description, const TreeEntry& entry, ArvGc* 
     }
     if (feature.type == FEATURE_ENUMERATION && ARV_IS_GC_ENUMERATION(feature.gc)) {
         feature.entries = enumEntries(ARV_GC_ENUMERATION(feature.gc), *feature.node);
-        markConditionalEntries(feature.entries, *feature.node);
     }
     return feature;
 }

@@ -11,12 +11,18 @@
 
 namespace zqcameralib {
 
+/// What a node says of itself by pIsImplemented, pIsAvailable or pIsLocked.
+struct Condition {
+    ArvGcFeatureNode* node = nullptr;
+    gboolean (*check)(ArvGcFeatureNode*, GError**) = nullptr;
+    std::size_t target = 0; ///< the description's node that decides: same target, same answer
+};
+
 /// One entry of an enumeration.
 struct EnumEntry {
     std::string name;
     std::int64_t value = 0;
-    ArvGcFeatureNode* node = nullptr;
-    bool isConditional = false; ///< says by pIsImplemented or pIsAvailable whether it can be chosen
+    std::vector<Condition> availableIf; ///< pIsImplemented and pIsAvailable
 };
 
 /// What never changes about a feature (or category), looked up once when the camera is opened.
@@ -39,9 +45,9 @@ struct Feature {
     ArvGcFeatureNode* commandRegister = nullptr;
     std::int64_t commandValue = 0;
     /// The node itself and those that its value comes from, as far as they have such a condition.
-    std::vector<ArvGcFeatureNode*> implementedIf;
-    std::vector<ArvGcFeatureNode*> availableIf;
-    std::vector<ArvGcFeatureNode*> lockedIf;
+    std::vector<Condition> implementedIf;
+    std::vector<Condition> availableIf;
+    std::vector<Condition> lockedIf;
     bool isConditional() const { return !implementedIf.empty() || !availableIf.empty(); }
     /// What fits the register that holds the value.
     std::int64_t registerMin = INT64_MIN;

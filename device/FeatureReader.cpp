@@ -53,27 +53,9 @@ FeatureItem staticItem(const Feature& feature)
     return item;
 }
 
-bool FeatureReader::allHold(
-    const std::vector<ArvGcFeatureNode*>& nodes, gboolean (*condition)(ArvGcFeatureNode*, GError**))
-{
-    return std::all_of(nodes.begin(), nodes.end(), [condition](ArvGcFeatureNode* node) {
-        GlibError error;
-        return condition(node, error.out()) != FALSE || error;
-    });
-}
-
-bool FeatureReader::anyLocked(const Feature& feature)
-{
-    return std::any_of(
-        feature.lockedIf.begin(), feature.lockedIf.end(), [](ArvGcFeatureNode* node) {
-            GlibError error;
-            return arv_gc_feature_node_is_locked(node, error.out()) != FALSE;
-        });
-}
-
 bool FeatureReader::isImplemented(const Feature& feature)
 {
-    return allHold(feature.implementedIf, arv_gc_feature_node_is_implemented);
+    return m_conditions.allHold(feature.implementedIf);
 }
 
 FEATURE_STATE FeatureReader::state(const Feature& feature)
@@ -87,10 +69,10 @@ FEATURE_STATE FeatureReader::state(const Feature& feature)
     const std::uint64_t failures = m_port.failures();
     FEATURE_STATE state = FEATURE_AVAILABLE;
     if (feature.access == ACCESS_NOT_AVAILABLE || feature.isDetached
-        || !allHold(feature.implementedIf, arv_gc_feature_node_is_implemented)
-        || !allHold(feature.availableIf, arv_gc_feature_node_is_available)) {
+        || !m_conditions.allHold(feature.implementedIf)
+        || !m_conditions.allHold(feature.availableIf)) {
         state = FEATURE_NOT_AVAILABLE;
-    } else if (anyLocked(feature)
+    } else if (m_conditions.anyHolds(feature.lockedIf)
         || (m_port.backend().isReadOnly() && feature.access != ACCESS_READ_ONLY)) {
         state = FEATURE_LOCKED;
     }
@@ -156,14 +138,19 @@ std::uint32_t FeatureReader::maxTextLength(const Feature& feature)
     return error ? 0 : asUnsigned32(static_cast<std::int64_t>(length));
 }
 
+bool FeatureReader::isAvailable(const EnumEntry& entry)
+{
+    return std::all_of(
+        entry.availableIf.begin(), entry.availableIf.end(), [this](const Condition& condition) {
+            return m_conditions.ask(condition) == Conditions::Truth::Yes;
+        });
+}
+
 std::vector<const EnumEntry*> FeatureReader::availableEntries(const Feature& feature)
 {
     std::vector<const EnumEntry*> available;
     for (const EnumEntry& entry : feature.entries) {
-        GlibError error;
-        if (!entry.isConditional
-            || (arv_gc_feature_node_is_available(entry.node, error.out())
-                && arv_gc_feature_node_is_implemented(entry.node, error.out()))) {
+        if (isAvailable(entry)) {
             available.push_back(&entry);
         }
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Conditions.h"
 #include "Feature.h"
 #include "RegisterPort.h"
 
@@ -15,6 +16,7 @@ class FeatureReader {
 public:
     explicit FeatureReader(RegisterPort& port)
         : m_port(port)
+        , m_conditions(port)
     {
     }
 
@@ -44,15 +46,14 @@ public:
     FloatLimits floatLimits(const Feature& feature);
     /// Longest text in bytes that fits now, 0 when there is no limit.
     std::uint32_t maxTextLength(const Feature& feature);
+    /// Whether the entry can be chosen now; one that cannot be evaluated cannot.
+    bool isAvailable(const EnumEntry& entry);
     /// The entries that can be chosen now.
     std::vector<const EnumEntry*> availableEntries(const Feature& feature);
 
 private:
     using Item = featurebrowser::FeatureItem;
 
-    bool allHold(const std::vector<ArvGcFeatureNode*>& nodes,
-        gboolean (*condition)(ArvGcFeatureNode*, GError**));
-    bool anyLocked(const Feature& feature);
     /// What came of evaluating a value: a text, nothing that a text could show, or an error.
     enum class Outcome { Shown, Nothing, Failed };
 
@@ -67,6 +68,7 @@ private:
     void readLimits(const Feature& feature, Item& item);
 
     RegisterPort& m_port;
+    Conditions m_conditions;
 };
 
 /// A record with everything that is known without asking the camera.

@@ -34,6 +34,32 @@ void RegisterPort::clearSnapshot()
 {
     m_snapshot.clear();
     m_bytes.clear();
+    ++m_snapshotNumber;
+}
+
+std::uint64_t RegisterPort::snapshotNumber()
+{
+    if (!m_snapshot.empty() && snapshotExpired()) {
+        clearSnapshot();
+    }
+    return m_snapshotNumber;
+}
+
+void RegisterPort::note(const Register& key)
+{
+    if (m_trace != nullptr) {
+        m_trace->push_back(key);
+    }
+    for (Recorder* recorder : m_recorders) {
+        recorder->read.push_back(key);
+    }
+}
+
+void RegisterPort::noteAgain(const std::vector<Register>& registers)
+{
+    for (const Register& key : registers) {
+        note(key);
+    }
 }
 
 void RegisterPort::invalidate()
@@ -47,12 +73,7 @@ bool RegisterPort::read(std::uint64_t address, std::uint8_t* buffer, std::size_t
 {
     const Register key(address, size);
     m_fourByteKind = size == 4 ? kind : m_fourByteKind;
-    if (m_trace != nullptr) {
-        m_trace->push_back(key);
-    }
-    for (Recorder* recorder : m_recorders) {
-        recorder->read.push_back(key);
-    }
+    note(key);
     if (!m_snapshot.empty() && snapshotExpired()) {
         clearSnapshot();
     }

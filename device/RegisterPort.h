@@ -38,6 +38,11 @@ public:
     /// together costs less. Failures are left to the reading proper.
     void prefetch(const std::vector<Register>& registers);
 
+    /// Another number says that what was read before may have changed since.
+    std::uint64_t snapshotNumber();
+    /// Tells the recorders of registers that would have been read from the snapshot.
+    void noteAgain(const std::vector<Register>& registers);
+
     /// Forgets the snapshot; a value written without a register counts as a change as well.
     void invalidate();
 
@@ -96,6 +101,7 @@ private:
     using Clock = std::chrono::steady_clock;
 
     bool fail(AccessError& error);
+    void note(const Register& key);
     bool snapshotExpired() const;
     void keep(const Register& key, const std::uint8_t* bytes);
     void clearSnapshot();
@@ -104,6 +110,7 @@ private:
     std::unordered_map<Register, Kept, Hash> m_snapshot;
     std::vector<std::uint8_t> m_bytes;
     Clock::time_point m_snapshotStart;
+    std::uint64_t m_snapshotNumber = 1;
     int m_passes = 0;
     std::uint64_t m_failures = 0;
     std::uint64_t m_reads = 0;

@@ -64,12 +64,13 @@ std::string namesOf(ZQCamera::Impl& camera, const Nodes& nodes)
     return text;
 }
 
-Nodes allInputs(ZQCamera::Impl& camera, const std::vector<ArvGcFeatureNode*>& conditioned,
-    std::string_view condition)
+Nodes allInputs(
+    ZQCamera::Impl& camera, const std::vector<Condition>& conditions, std::string_view condition)
 {
     Nodes all;
-    for (ArvGcFeatureNode* gc : conditioned) {
-        const std::size_t node = camera.description().find(arv_gc_feature_node_get_name(gc));
+    for (const Condition& asked : conditions) {
+        const std::size_t node
+            = camera.description().find(arv_gc_feature_node_get_name(asked.node));
         if (node != Description::absent) {
             const Nodes inputs = inputsOf(camera, camera.description().node(node), condition);
             all.insert(all.end(), inputs.begin(), inputs.end());

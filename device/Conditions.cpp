@@ -1,0 +1,44 @@
+#include "Conditions.h"
+
+#include "GlibError.h"
+
+#include <algorithm>
+
+namespace zqcameralib {
+
+Conditions::Truth Conditions::ask(const Condition& condition)
+{
+    if (m_snapshot != m_port.snapshotNumber()) {
+        m_answers.clear();
+        m_snapshot = m_port.snapshotNumber();
+    }
+    const auto known = m_answers.find(condition.target);
+    if (known != m_answers.end()) {
+        m_port.noteAgain(known->second.read);
+        return known->second.truth;
+    }
+    const std::uint64_t failures = m_port.failures();
+    RegisterPort::Recorder recorder(m_port);
+    GlibError error;
+    const bool holds = condition.check(condition.node, error.out()) != FALSE;
+    const Truth truth = error ? Truth::Unknown : holds ? Truth::Yes : Truth::No;
+    // What failed is asked again: each feature that needs it has to come out as unread.
+    if (m_port.failures() == failures && m_snapshot == m_port.snapshotNumber()) {
+        m_answers.emplace(condition.target, Answer { truth, std::move(recorder.read) });
+    }
+    return truth;
+}
+
+bool Conditions::allHold(const std::vector<Condition>& conditions)
+{
+    return std::all_of(conditions.begin(), conditions.end(),
+        [this](const Condition& condition) { return ask(condition) != Truth::No; });
+}
+
+bool Conditions::anyHolds(const std::vector<Condition>& conditions)
+{
+    return std::any_of(conditions.begin(), conditions.end(),
+        [this](const Condition& condition) { return ask(condition) == Truth::Yes; });
+}
+
+} // namespace zqcameralib
