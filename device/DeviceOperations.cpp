@@ -38,6 +38,10 @@ int DeviceOperations::failLibrary(const Feature& feature, const GError& error)
 
 std::string DeviceOperations::errorText(int code) const
 {
+    RegisterBackend& backend = m_camera.port().backend();
+    if (backend.isLost() && code == backend.loss().code) {
+        return backend.loss().message;
+    }
     return code == m_lastError && !m_lastText.empty() ? m_lastText : statusText(code);
 }
 

@@ -254,6 +254,10 @@ std::string descriptionText(const DescriptionNode& node)
     if (text.empty()) {
         text = childText(node.element, "ToolTip");
     }
+    const std::string_view values = childText(node.element, "ValidValueSet");
+    if (!values.empty()) {
+        text += (text.empty() ? "Values: " : "\nValues: ") + std::string(values);
+    }
     const std::string_view unit = childText(node.element, "Unit");
     if (!unit.empty()) {
         text += (text.empty() ? "Unit: " : "\nUnit: ") + std::string(unit);

@@ -118,8 +118,7 @@ void ViewerWindow::reload()
 void ViewerWindow::watchConnection()
 {
     if (m_camera.isLost() && m_reconnect->isHidden()) {
-        showMessage(false, tr("The camera does not answer."));
-        m_device.GetRepository()->UpdateFeatureStates();
+        showMessage(false, errorText(m_device, m_device.GetRepository()->UpdateFeatureStates()));
         m_browser.RefreshStates();
     }
     m_reconnect->setVisible(m_camera.isLost());

@@ -49,8 +49,10 @@ public:
     std::string model() const;
 
     /// Whether the camera does not answer any more, or its control was lost. From then on every
-    /// operation fails at once with one and the same error, until reconnect() succeeds. Simulated
-    /// cameras are never lost. Learnt from accesses that fail or last longer than 1.2 s.
+    /// operation fails at once with one and the same error, whose text tells which of these, until
+    /// reconnect() succeeds. Simulated cameras are never lost. Learnt from accesses that fail, or
+    /// that take 1.2 s together without some seconds of peace between them (a lost packet costs
+    /// 0.5 s).
     bool isLost() const;
     /// Tries once to find a lost camera again: takes its control back, else opens it anew. Waits at
     /// most 1.2 s; an attempt that lasts longer goes on behind, and the next call tells how it

@@ -39,6 +39,8 @@ public:
     int SetEnumValue(const char* name, const char* entry, int index) override;
     int SetBooleanValue(const char* name, int value) override;
     int GetBooleanValue(const char* name, bool* value) override;
+    /// With `flag` 1 waits until the command's register says that it is done, at most 2 s; a
+    /// command that takes longer goes on, and the error says so.
     int ExecuteCommand(const char* name, int flag) override;
     void GetErrorText(int code, char* errorName, char* errorText) override;
     int GetLastError() override;

@@ -194,11 +194,13 @@ TEST(Record, AddressesAreTranslatedByWhatTheDescriptionSays)
 
 TEST(Record, CarriesWhatAUserReads)
 {
-    TestCamera camera("Sel Other Gain",
+    TestCamera camera("Sel Other Gain Set",
         intReg("Sel", 0, element("pSelected", "Gain"))
             + intReg("Other", 4, element("pSelected", "Gain"))
             + "<Float Name=\"Gain\"><ToolTip>Tip</ToolTip><Description>Text</Description>"
-              "<Visibility>Guru</Visibility><Value>1.5</Value><Unit>dB</Unit></Float>");
+              "<Visibility>Guru</Visibility><Value>1.5</Value><Unit>dB</Unit></Float>"
+              "<Integer Name=\"Set\"><Value>1</Value><ValidValueSet>1;2;4</ValidValueSet>"
+              "</Integer>");
 
     const FeatureItem& gain = camera.item("Gain");
     EXPECT_EQ(gain.description, "Text\nUnit: dB");
@@ -207,6 +209,7 @@ TEST(Record, CarriesWhatAUserReads)
     EXPECT_EQ(gain.floatMax, DBL_MAX);
     EXPECT_EQ(gain.floatInc, 0.0);
     EXPECT_TRUE(camera.item("Sel").isSelector);
+    EXPECT_EQ(camera.item("Set").description, "Values: 1;2;4");
 }
 
 TEST(Load, ReadsEachRegisterOnceAndItsRecordsNotAgain)

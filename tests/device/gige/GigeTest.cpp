@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <functional>
@@ -90,7 +91,7 @@ protected:
     }
 
     std::unique_ptr<FakeCamera> m_fake;
-    FaultProxy m_proxy { 1 };
+    FaultProxy m_proxy { 4 };
     std::unique_ptr<ZQCamera> m_camera;
     std::unique_ptr<ZQCameraDevice> m_device;
     ZQCameraRepository* m_repository = nullptr;
@@ -146,6 +147,11 @@ TEST_P(Fault, ShowsNoWrongValueAndIsRecoveredFrom)
         EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), cameraLost);
         EXPECT_EQ(m_repository->UpdateFeatureStates(), cameraLost);
         EXPECT_EQ(m_repository->GetFeatureStates()["Width"], FEATURE_READ_FAILED);
+        std::array<char, errorTextSize> name {};
+        std::array<char, errorTextSize> text {};
+        m_device->GetErrorText(cameraLost, name.data(), text.data());
+        EXPECT_NE(std::string(text.data()).find(FaultProxy::address), std::string::npos)
+            << text.data();
         EXPECT_EQ(m_repository->GetFeature("Width")->valueText, right.at("Width"));
     }
 
