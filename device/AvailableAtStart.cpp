@@ -24,12 +24,21 @@ public:
 
     void satisfy(const Condition& condition)
     {
+        // The registers of a condition that holds are not touched again.
+        if (m_satisfied.count(condition.target) == 0 && make(condition)) {
+            m_satisfied.insert(condition.target);
+        }
+    }
+
+private:
+    bool make(const Condition& condition)
+    {
         Registers deciding;
         {
             RegisterPort::Recorder recorder(m_port);
             if (check(condition)) {
                 settle(recorder.read);
-                return;
+                return true;
             }
             deciding = std::move(recorder.read);
         }
@@ -42,13 +51,12 @@ public:
             deciding.end());
         for (const RegisterPort::Register& reg : deciding) {
             if (tryValues({ reg }, condition)) {
-                return;
+                return true;
             }
         }
-        tryValues(deciding, condition);
+        return tryValues(deciding, condition);
     }
 
-private:
     bool check(const Condition& condition)
     {
         GlibError error;
@@ -87,6 +95,7 @@ private:
     RegisterPort& m_port;
     RegisterMemory& m_memory;
     std::set<RegisterPort::Register> m_settled;
+    std::set<std::size_t> m_satisfied; ///< the nodes that decide
 };
 
 } // namespace
