@@ -3,6 +3,7 @@
 
 #include "featurebrowser/ZQAcquisition.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
@@ -25,10 +26,12 @@ public:
             m_arrived.notify_all();
         };
     }
-    void waitFor(int count)
+    /// How many there are by then.
+    int waitFor(int count)
     {
         std::unique_lock<std::mutex> lock(m_mutex);
         m_arrived.wait_for(lock, std::chrono::seconds(10), [&] { return m_count >= count; });
+        return m_count;
     }
 
     std::mutex m_mutex;
@@ -80,6 +83,40 @@ TEST(Acquisition, EndsByItselfAfterTheFramesAskedFor)
     frames.waitFor(1);
     std::this_thread::sleep_for(std::chrono::milliseconds(150));
     EXPECT_EQ(frames.m_count, 1);
+}
+
+TEST(Acquisition, IsNotDisturbedByOtherCamerasThatComeAndGo)
+{
+    TestCamera streaming(TestCamera::simulated());
+    ZQAcquisition acquisition(streaming.camera.get(), &streaming.device);
+    Frames frames;
+    ASSERT_EQ(acquisition.start(frames.handler()), STATUS_OK);
+
+    std::atomic<int> wrong { 0 };
+    std::vector<std::thread> threads;
+    for (int width = 64; width < 68 * 8; width += 15 * 8) {
+        threads.emplace_back([width, &wrong] {
+            for (int round = 0; round < 10; ++round) {
+                Frames seen;
+                TestCamera other(TestCamera::simulated());
+                ZQAcquisition images(other.camera.get(), &other.device);
+                wrong += other.device.SetIntegerValue("Width", width, 1) == STATUS_OK ? 0 : 1;
+                wrong += images.start(seen.handler()) == STATUS_OK ? 0 : 1;
+                seen.waitFor(1);
+                wrong += other.read("Width") == std::to_string(width) ? 0 : 1;
+                // Odd ones are closed while they stream.
+                wrong += round % 2 == 1 || images.stop() == STATUS_OK ? 0 : 1;
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(wrong, 0);
+    const int before = frames.waitFor(0);
+    frames.waitFor(before + 2);
+    EXPECT_EQ(acquisition.stop(), STATUS_OK);
+    EXPECT_GE(frames.m_count, before + 2);
 }
 
 TEST(Acquisition, WithoutAnImageSizeIsRefused)
