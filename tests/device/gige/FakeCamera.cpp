@@ -34,8 +34,9 @@ bool isListening()
 
 } // namespace
 
-FakeCamera::FakeCamera(std::string description)
+FakeCamera::FakeCamera(std::string description, int imageLoss)
     : m_description(std::move(description))
+    , m_imageLoss(std::to_string(imageLoss))
 {
     start();
 }
@@ -53,7 +54,8 @@ void FakeCamera::start()
         const int none = open("/dev/null", O_WRONLY);
         dup2(none, 1);
         dup2(none, 2);
-        execlp(program, program, "-i", "127.0.0.1", "-g", m_description.c_str(), nullptr);
+        execlp(program, program, "-i", "127.0.0.1", "-g", m_description.c_str(), "-r",
+            m_imageLoss.c_str(), nullptr);
         _exit(127);
     }
     for (int tries = 0; tries < 500 && !isListening(); ++tries) {

@@ -7,8 +7,8 @@
 /// and come back.
 class FakeCamera {
 public:
-    /// `description` is a file.
-    explicit FakeCamera(std::string description);
+    /// `description` is a file; so many packets in a thousand of the images get lost.
+    explicit FakeCamera(std::string description, int imageLoss = 0);
     FakeCamera(const FakeCamera&) = delete;
     FakeCamera& operator=(const FakeCamera&) = delete;
     ~FakeCamera();
@@ -23,6 +23,7 @@ public:
 
 private:
     std::string m_description;
+    std::string m_imageLoss;
     pid_t m_process = -1;
 };
 

@@ -262,6 +262,31 @@ TEST_F(GigE, StreamsAndStopsAlsoWhenTheCameraDies)
     EXPECT_GE(frames, 1);
 }
 
+TEST_F(GigE, CountsImagesThatLosePacketsAndHandsThemNotOut)
+{
+    m_fake = nullptr;
+    m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML, 2);
+    open("127.0.0.1");
+    long payload = 0;
+    EXPECT_EQ(m_device->GetIntegerValue("PayloadSize", &payload), STATUS_OK);
+    ZQAcquisition acquisition(m_camera.get(), m_device.get());
+    std::atomic<int> cut { 0 };
+    ASSERT_EQ(acquisition.start([&](const ZQFrame& frame) {
+        cut += frame.size == static_cast<std::size_t>(payload) ? 0 : 1;
+    }),
+        STATUS_OK);
+    ZQFrameCounters counters;
+    for (int tries = 0; tries < 1000 && (counters.delivered < 2 || counters.incomplete < 2);
+         ++tries) {
+        std::this_thread::sleep_for(10ms);
+        counters = acquisition.counters();
+    }
+    EXPECT_EQ(acquisition.stop(), STATUS_OK);
+    EXPECT_GE(counters.delivered, 2U);
+    EXPECT_GE(counters.incomplete, 2U);
+    EXPECT_EQ(cut, 0);
+}
+
 TEST_F(GigE, EditsReachTheCamera)
 {
     open();
