@@ -44,6 +44,11 @@ struct ValueCase {
     std::string expected; ///< "text flag access [limits]"
 };
 
+void PrintTo(const ValueCase& test, std::ostream* stream)
+{
+    *stream << test.what;
+}
+
 std::string summary(const FeatureItem& item)
 {
     std::string text = item.valueText + " " + std::to_string(item.displayFlag) + " "

@@ -109,6 +109,11 @@ struct FaultCase {
     std::function<void(FakeCamera&)> heal;
 };
 
+void PrintTo(const FaultCase& test, std::ostream* stream)
+{
+    *stream << test.name;
+}
+
 Faults with(const std::function<void(Faults&)>& change)
 {
     Faults faults;
