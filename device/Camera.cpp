@@ -1,8 +1,8 @@
 #include "Camera.h"
 
-#include "AvailableAtStart.h"
 #include "CommandBehaviour.h"
 #include "DescriptionCheck.h"
+#include "FavourableStart.h"
 #include "GlibError.h"
 #include "NodeMapXml.h"
 
@@ -98,7 +98,7 @@ std::unique_ptr<ZQCamera::Impl> openDescription(std::string text, std::string& e
     RegisterMemory& memory = backend->memory();
     std::unique_ptr<ZQCamera::Impl> camera = openOver(std::move(text), std::move(backend), error);
     if (camera) {
-        makeAvailable(camera->features(), camera->port(), memory);
+        startFavourably(*camera, memory);
         addCommandRegisters(*camera, commands);
     }
     return camera;

@@ -80,21 +80,33 @@ TEST_F(Opening, RefusesWhatIsNoDescriptionInOneClearLine)
     }
 }
 
-TEST_F(Opening, RegistersThatDecideAvailabilityStartFavourably)
+TEST_F(Opening, RegistersThatDecideStartFavourably)
 {
-    // A is implemented by an inquiry bit, B available through a formula over two registers.
-    TestCamera camera("A B",
-        intReg("A", 0, element("pIsImplemented", "Bit"))
+    const auto bit = [](const std::string& name, int number) {
+        return "<MaskedIntReg Name=\"" + name
+            + "\"><Address>16</Address><Length>4</Length><pPort>Device</pPort><Bit>"
+            + std::to_string(number) + "</Bit><Endianess>BigEndian</Endianess></MaskedIntReg>";
+    };
+    // A is implemented and locked by bits of one register, B available through a formula over two,
+    // of C's entries one is always there.
+    TestCamera camera("A B C",
+        intReg("A", 0, element("pIsImplemented", "Bit") + element("pIsLocked", "Locked"))
             + intReg("B", 4, element("pIsAvailable", "Both")) + intReg("Inq1", 8)
-            + intReg("Inq2", 12)
-            + "<MaskedIntReg Name=\"Bit\"><Address>16</Address><Length>4</Length><pPort>Device"
-              "</pPort><Bit>5</Bit><Endianess>BigEndian</Endianess></MaskedIntReg>"
+            + intReg("Inq2", 12) + bit("Bit", 5) + bit("LockBit", 7)
+            + "<IntSwissKnife Name=\"Locked\"><pVariable Name=\"L\">LockBit</pVariable>"
+              "<Formula>L=1</Formula></IntSwissKnife>"
               "<IntSwissKnife Name=\"Both\"><pVariable Name=\"X\">Inq1</pVariable>"
-              "<pVariable Name=\"Y\">Inq2</pVariable><Formula>X &amp; Y</Formula></IntSwissKnife>");
+              "<pVariable Name=\"Y\">Inq2</pVariable><Formula>X &amp; Y</Formula></IntSwissKnife>"
+              "<Enumeration Name=\"C\"><EnumEntry Name=\"First\"><pIsAvailable>EntryInq"
+              "</pIsAvailable><Value>0</Value></EnumEntry><EnumEntry Name=\"Second\"><Value>1"
+              "</Value></EnumEntry><pValue>Choice</pValue></Enumeration>"
+            + intReg("EntryInq", 20) + intReg("Choice", 24));
 
-    EXPECT_EQ(camera.listed(), "Main:0 A:1 B:1");
+    EXPECT_EQ(camera.listed(), "Main:0 A:1 B:1 C:1");
+    EXPECT_EQ(camera.state("A"), featurebrowser::FEATURE_AVAILABLE);
     EXPECT_EQ(camera.state("B"), featurebrowser::FEATURE_AVAILABLE);
     EXPECT_EQ(camera.read("A"), "0");
+    EXPECT_EQ(camera.item("C").enumEntries.size(), 2U);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "AvailableAtStart.h"
+#include "FavourableStart.h"
 
 #include "GlibError.h"
 
@@ -13,11 +13,14 @@ using Registers = std::vector<RegisterPort::Register>;
 
 /// Largest register that is taken for one that decides something.
 constexpr std::size_t maxDecidingSize = 8;
+/// Nodes looked at behind one condition.
+constexpr std::size_t maxInputs = 32;
 
 class Starter {
 public:
-    Starter(RegisterPort& port, RegisterMemory& memory)
-        : m_port(port)
+    Starter(ZQCamera::Impl& camera, RegisterMemory& memory)
+        : m_camera(camera)
+        , m_port(camera.port())
         , m_memory(memory)
     {
     }
@@ -30,7 +33,51 @@ public:
         }
     }
 
+    /// Clears the bits that lock, which may share a register with those that make available.
+    void release(const Condition& lock)
+    {
+        if (!m_released.insert(lock.target).second || !holds(lock)) {
+            return;
+        }
+        for (const std::size_t node : bitsBehind(lock.target)) {
+            const std::string name(m_camera.description().node(node).name);
+            ArvGcNode* bits = arv_gc_get_node(m_camera.nodeMap(), name.c_str());
+            GlibError error;
+            if (m_satisfied.count(node) == 0 && ARV_IS_GC_INTEGER(bits)) {
+                arv_gc_integer_set_value(ARV_GC_INTEGER(bits), 0, error.out());
+            }
+        }
+    }
+
 private:
+    bool holds(const Condition& condition)
+    {
+        GlibError error;
+        m_port.invalidate();
+        return condition.check(condition.node, error.out()) != FALSE && !error;
+    }
+
+    /// The parts of registers that the value of a node comes from.
+    std::vector<std::size_t> bitsBehind(std::size_t start) const
+    {
+        const Description& description = m_camera.description();
+        std::vector<std::size_t> bits;
+        std::vector<std::size_t> pending { start };
+        for (std::size_t at = 0; at < pending.size() && at < maxInputs; ++at) {
+            const DescriptionNode& node = description.node(pending[at]);
+            if (node.kind == "MaskedIntReg" || node.kind == "StructEntry") {
+                bits.push_back(pending[at]);
+            }
+            for (const Reference& reference : node.references) {
+                if ((reference.tag == "pValue" || reference.tag == "pVariable")
+                    && reference.target != Description::absent) {
+                    pending.push_back(reference.target);
+                }
+            }
+        }
+        return bits;
+    }
+
     bool make(const Condition& condition)
     {
         Registers deciding;
@@ -92,18 +139,20 @@ private:
         m_memory.write(reg.first, bytes.data(), bytes.size());
     }
 
+    ZQCamera::Impl& m_camera;
     RegisterPort& m_port;
     RegisterMemory& m_memory;
     std::set<RegisterPort::Register> m_settled;
     std::set<std::size_t> m_satisfied; ///< the nodes that decide
+    std::set<std::size_t> m_released;
 };
 
 } // namespace
 
-void makeAvailable(const std::vector<Feature>& features, RegisterPort& port, RegisterMemory& memory)
+void startFavourably(ZQCamera::Impl& camera, RegisterMemory& memory)
 {
-    Starter starter(port, memory);
-    for (const Feature& feature : features) {
+    Starter starter(camera, memory);
+    for (const Feature& feature : camera.features()) {
         for (const Condition& condition : feature.implementedIf) {
             starter.satisfy(condition);
         }
@@ -111,7 +160,18 @@ void makeAvailable(const std::vector<Feature>& features, RegisterPort& port, Reg
             starter.satisfy(condition);
         }
     }
-    port.invalidate();
+    for (const Feature& feature : camera.features()) {
+        // Entries mostly share one register.
+        if (!feature.entries.empty()) {
+            for (const Condition& condition : feature.entries.front().availableIf) {
+                starter.satisfy(condition);
+            }
+        }
+        for (const Condition& lock : feature.lockedIf) {
+            starter.release(lock);
+        }
+    }
+    camera.port().invalidate();
 }
 
 } // namespace zqcameralib
