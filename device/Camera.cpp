@@ -11,7 +11,6 @@ namespace zqcameralib {
 ZQCamera::Impl::Impl(
     std::unique_ptr<Description> description, std::unique_ptr<RegisterBackend> backend)
     : m_description(std::move(description))
-    , m_dependencies(*m_description)
     , m_port(std::move(backend))
 {
 }
@@ -33,6 +32,14 @@ bool ZQCamera::Impl::start(std::string& error)
         m_certainReads = CertainReads(*m_description, m_features);
     }
     return true;
+}
+
+const DependencyGraph& ZQCamera::Impl::dependencies() const
+{
+    if (!m_dependencies) {
+        m_dependencies = std::make_unique<DependencyGraph>(*m_description);
+    }
+    return *m_dependencies;
 }
 
 const Feature* ZQCamera::Impl::feature(std::string_view name) const

@@ -33,7 +33,8 @@ public:
     const std::vector<Feature>& features() const { return m_features; }
     /// Null when there is no feature of that name.
     const Feature* feature(std::string_view name) const;
-    const DependencyGraph& dependencies() const { return m_dependencies; }
+    /// Built when it is first asked for.
+    const DependencyGraph& dependencies() const;
     /// Nothing where reading registers together gains nothing.
     const CertainReads& certainReads() const { return m_certainReads; }
     using Registers = std::vector<RegisterPort::Register>;
@@ -45,7 +46,7 @@ public:
 
 private:
     std::unique_ptr<Description> m_description;
-    DependencyGraph m_dependencies;
+    mutable std::unique_ptr<DependencyGraph> m_dependencies;
     RegisterPort m_port;
     PortDevicePointer m_device;
     std::vector<Feature> m_features;

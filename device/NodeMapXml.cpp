@@ -4,6 +4,7 @@
 #include "FeatureTree.h"
 #include "FormulaGuard.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -19,30 +20,43 @@ struct StringWriter : pugi::xml_writer {
     }
 };
 
-const std::unordered_set<std::string_view>& evaluatedTags()
-{
-    static const std::unordered_set<std::string_view> tags { "Value", "Address", "Length", "Min",
-        "Max", "Inc", "Representation", "OnValue", "OffValue", "Formula", "FormulaTo",
-        "FormulaFrom", "Expression", "Constant", "AccessMode", "ImposedAccessMode", "Cachable",
-        "Endianess", "Sign", "LSB", "MSB", "Bit", "CommandValue", "ChunkID", "EventID",
-        "ValueDefault", "ValueIndexed", "IsLinear", "Slope", "NumericValue" };
-    return tags;
-}
+/// What becomes of an element.
+struct Rule {
+    enum What { Text, Reference, Length, Element };
+    What what = Text;
+    bool isOnce = true; ///< of several, only one has a meaning
+};
 
-const std::unordered_set<std::string_view>& evaluatedReferences()
+/// The rule for an element; null for those that evaluating does not need.
+const Rule* ruleFor(std::string_view tag)
 {
-    static const std::unordered_set<std::string_view> tags { "pValue", "pAddress", "pIndex",
-        "pLength", "pMin", "pMax", "pInc", "pVariable", "pIsImplemented", "pIsAvailable",
-        "pIsLocked", "pPort", "pCommandValue", "pValueIndexed", "pValueDefault" };
-    return tags;
-}
-
-bool isOnce(std::string_view tag)
-{
-    static const std::unordered_set<std::string_view> many { "Address", "pAddress", "pVariable",
-        "Constant", "Expression", "ValueIndexed", "pValueIndexed", "EnumEntry", "IntSwissKnife",
-        "SwissKnife", "pIndex" };
-    return many.count(tag) == 0;
+    static const std::unordered_map<std::string_view, Rule> rules = [] {
+        std::unordered_map<std::string_view, Rule> all;
+        for (const char* text :
+            { "Value", "Length", "Min", "Max", "Inc", "Representation", "OnValue", "OffValue",
+                "Formula", "FormulaTo", "FormulaFrom", "AccessMode", "ImposedAccessMode",
+                "Cachable", "Endianess", "Sign", "LSB", "MSB", "Bit", "CommandValue", "ChunkID",
+                "EventID", "ValueDefault", "IsLinear", "Slope", "NumericValue" }) {
+            all[text] = { Rule::Text, true };
+        }
+        for (const char* text : { "Address", "Constant", "Expression", "ValueIndexed" }) {
+            all[text] = { Rule::Text, false };
+        }
+        for (const char* reference : { "pValue", "pMin", "pMax", "pInc", "pIsImplemented",
+                 "pIsAvailable", "pIsLocked", "pPort", "pCommandValue", "pValueDefault" }) {
+            all[reference] = { Rule::Reference, true };
+        }
+        for (const char* reference : { "pAddress", "pIndex", "pVariable", "pValueIndexed" }) {
+            all[reference] = { Rule::Reference, false };
+        }
+        for (const char* element : { "EnumEntry", "IntSwissKnife", "SwissKnife" }) {
+            all[element] = { Rule::Element, false };
+        }
+        all["pLength"] = { Rule::Length, true };
+        return all;
+    }();
+    const auto found = rules.find(tag);
+    return found == rules.end() ? nullptr : &found->second;
 }
 
 bool isFormula(std::string_view tag)
@@ -110,7 +124,9 @@ private:
             const DescriptionNode& node = m_description.node(pending.back());
             pending.pop_back();
             for (const Reference& reference : node.references) {
-                if (reference.tag == "pOffset" || evaluatedReferences().count(reference.tag) != 0) {
+                const Rule* rule = ruleFor(reference.tag);
+                if (reference.tag == "pOffset"
+                    || (rule != nullptr && rule->what != Rule::Element)) {
                     add(reference.target);
                 }
             }
@@ -176,24 +192,42 @@ private:
 
     void copyChildren(const pugi::xml_node& source, pugi::xml_node& target)
     {
-        std::unordered_set<std::string_view> written;
+        std::vector<const Rule*> written;
         for (const pugi::xml_node& child : source.children()) {
-            const std::string_view tag = child.name();
-            // Of several where one has a meaning, the first counts here and the last below.
-            if ((isOnce(tag) && !written.insert(tag).second)
-                || (tag == "Length" && source.child("pLength"))) {
-                continue;
+            const Rule* rule = ruleFor(child.name());
+            if (rule == nullptr || (rule->isOnce && isAmong(written, rule))) {
+                continue; // of several, the first counts here and the last below
             }
-            if (tag == "pLength") {
-                copyLength(source.name(), child, target);
-            } else if (evaluatedReferences().count(tag) != 0) {
-                copyReference(child, target);
-            } else if (evaluatedTags().count(tag) != 0) {
+            written.push_back(rule);
+            copyChild(*rule, child, target);
+        }
+    }
+
+    static bool isAmong(const std::vector<const Rule*>& rules, const Rule* rule)
+    {
+        return std::find(rules.begin(), rules.end(), rule) != rules.end();
+    }
+
+    void copyChild(const Rule& rule, const pugi::xml_node& child, pugi::xml_node& target)
+    {
+        const std::string_view tag = child.name();
+        switch (rule.what) {
+        case Rule::Text:
+            if (tag != "Length" || !child.parent().child("pLength")) {
                 copyText(child, target);
-            } else if ((tag == "EnumEntry" && child.child("Value")) || tag == "IntSwissKnife"
-                || tag == "SwissKnife") {
+            }
+            break;
+        case Rule::Reference:
+            copyReference(child, target);
+            break;
+        case Rule::Length:
+            copyLength(child.parent().name(), child, target);
+            break;
+        case Rule::Element:
+            if (tag != "EnumEntry" || child.child("Value")) {
                 copyElement(child, target);
             }
+            break;
         }
     }
 

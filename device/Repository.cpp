@@ -141,7 +141,7 @@ bool ZQCameraRepository::Impl::readRecord(Record& record)
 {
     FEATURE_STATE state = FEATURE_AVAILABLE;
     // Registers that move may be others by now.
-    if (!touchesMoving(*record.feature)) {
+    if (m_camera.port().backend().prefersBatches() && !touchesMoving(*record.feature)) {
         m_camera.port().prefetch(record.touched);
     }
     RegisterPort::Recorder recorder(m_camera.port());
