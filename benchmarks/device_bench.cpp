@@ -317,7 +317,7 @@ int main(int argc, char** argv)
     CPU_SET(0, &one);
     sched_setaffinity(0, sizeof one, &one);
     Bench bench;
-    for (const std::string path : std::vector<std::string>(argv + 1, argv + argc)) {
+    for (const std::string& path : std::vector<std::string>(argv + 1, argv + argc)) {
         bench.addAll(path.substr(path.rfind('/') + 1), path);
     }
     std::unique_ptr<FakeCamera> fake;

@@ -173,7 +173,7 @@ void ViewerWindow::FeatureExecCommand(std::string name)
     if (name == "DeviceReset") {
         // The browser refreshes nothing after a reset: read the camera anew once this event is
         // over.
-        QMetaObject::invokeMethod(this, &ViewerWindow::reload, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, &ViewerWindow::reload);
     }
     m_device.GetRepository()->UpdateFeatureStates();
     m_browser.RefreshStates();
