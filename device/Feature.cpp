@@ -159,15 +159,15 @@ void addChainFacts(Feature& feature, const Description& description, ArvGc* node
     }
 }
 
-/// The conditions of the entries, by their element.
+/// The conditions of the entries, by their element. Of several of a kind the first one counts.
 std::unordered_map<std::size_t, std::vector<const Reference*>> entryConditions(
     const DescriptionNode& node)
 {
     std::unordered_map<std::size_t, std::vector<const Reference*>> conditions;
     for (const Reference& reference : node.references) {
         if ((reference.tag == "pIsImplemented" || reference.tag == "pIsAvailable")
-            && reference.target != Description::absent
-            && reference.element.parent() != node.element) {
+            && reference.target != Description::absent && reference.element.parent() != node.element
+            && reference.element == reference.element.parent().child(reference.element.name())) {
             conditions[reference.element.parent().hash_value()].push_back(&reference);
         }
     }
