@@ -43,13 +43,14 @@ const std::string nodes = intReg("Reg", 0)
       "<IntConverter Name=\"Tens\"><pVariable Name=\"S\">Step</pVariable><FormulaTo>FROM*10/S"
       "</FormulaTo><FormulaFrom>TO*S/10</FormulaFrom><pValue>Narrow</pValue></IntConverter>"
       "<Integer Name=\"Step\"><Value>1</Value></Integer>"
+      "<Float Name=\"Whole\"><pValue>Tens</pValue><Min>0</Min><Max>1e300</Max></Float>"
       "<Float Name=\"Big\"><pValue>Single</pValue><Max>1e300</Max></Float>"
       "<FloatReg Name=\"Single\"><Address>60</Address><Length>4</Length><AccessMode>RW"
       "</AccessMode><pPort>Device</pPort></FloatReg>";
 
 const char* const members
     = "Int Set Wide Float Text Bool Enum Run AcquisitionStart "
-      "AcquisitionStop ReadOnly WriteOnly Streaming Absent Rate Tenfold Step Big";
+      "AcquisitionStop ReadOnly WriteOnly Streaming Absent Rate Tenfold Step Whole Big";
 
 struct Refusal {
     std::function<int(ZQCameraDevice&)> call;
@@ -107,6 +108,8 @@ TEST(Writes, AreRefusedWithCodeAndTextBeforeAnythingIsSent)
              return d.SetIntegerValue("Step", 0, 1) + d.SetIntegerValue("Tenfold", 1, 1);
          },
             notConvertible, "division by zero" },
+        { [](auto& d) { return d.SetFloatValue("Whole", 1e30); }, notConvertible,
+            "takes 64-bit integers only" },
         { [](auto& d) { return d.SetFloatValue("Big", 1e39); }, notConvertible,
             "more than its register holds" },
     };
