@@ -24,16 +24,10 @@ Access parse(std::string_view text, Access whenAbsent)
         text != "RO" && text != "NA" && text != "NI" };
 }
 
-bool isRegister(std::string_view kind)
-{
-    return kind == "IntReg" || kind == "MaskedIntReg" || kind == "FloatReg" || kind == "StringReg"
-        || kind == "Register" || kind == "StructEntry";
-}
-
 Access ownAccess(const DescriptionNode& node)
 {
     Access access;
-    if (isRegister(node.kind)) {
+    if (node.isRegister()) {
         std::string_view mode = childText(node.element, "AccessMode");
         if (mode.empty() && node.kind == "StructEntry") {
             mode = childText(node.element.parent(), "AccessMode");

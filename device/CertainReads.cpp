@@ -101,9 +101,7 @@ private:
 
 bool isRead(const Feature& feature)
 {
-    const bool isReadable = feature.access == featurebrowser::ACCESS_READ_ONLY
-        || feature.access == featurebrowser::ACCESS_READ_WRITE;
-    return isReadable && feature.gc != nullptr && !feature.isDetached
+    return feature.isReadable() && !feature.isDetached
         && feature.type != featurebrowser::FEATURE_COMMAND;
 }
 

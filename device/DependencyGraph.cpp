@@ -48,17 +48,11 @@ std::uint64_t ownBits(const pugi::xml_node& element)
     return width == 64 ? UINT64_MAX : ((std::uint64_t(1) << width) - 1) << low;
 }
 
-bool isRegister(const DescriptionNode& node)
-{
-    return isOneOf(node.kind,
-        { "IntReg", "MaskedIntReg", "StructEntry", "FloatReg", "StringReg", "Register" });
-}
-
 /// Whether the node is a register whose place the description fixes; fills `place`.
 bool fixedPlace(const DescriptionNode& node, Place& place)
 {
     const bool isMasked = node.kind == "MaskedIntReg" || node.kind == "StructEntry";
-    if (!isRegister(node)) {
+    if (!node.isRegister()) {
         return false;
     }
     const pugi::xml_node where = node.kind == "StructEntry" ? node.element.parent() : node.element;
@@ -171,7 +165,7 @@ void DependencyGraph::findMovingRegisters()
     Place place {};
     for (std::size_t node = 0; node < m_dependents.size(); ++node) {
         const DescriptionNode& candidate = m_description.node(node);
-        if (isRegister(candidate) && !fixedPlace(candidate, place)) {
+        if (candidate.isRegister() && !fixedPlace(candidate, place)) {
             mark(node);
         }
     }

@@ -82,6 +82,12 @@ bool isReference(std::string_view tag)
 
 } // namespace
 
+bool DescriptionNode::isRegister() const
+{
+    return kind == "IntReg" || kind == "MaskedIntReg" || kind == "StructEntry" || kind == "FloatReg"
+        || kind == "StringReg" || kind == "Register";
+}
+
 std::string_view elementText(const pugi::xml_node& element)
 {
     return trimmed(element.text().get());

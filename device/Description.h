@@ -27,6 +27,8 @@ struct DescriptionNode {
     std::string broken;
 
     bool isBroken() const { return !broken.empty(); }
+    /// Whether its value is kept in the camera, whole or as some bits.
+    bool isRegister() const;
 };
 
 /// The text of an element without surrounding blanks.

@@ -36,12 +36,6 @@ bool hasValue(std::string_view kind)
     return hasNumber(kind) || isOneOf(kind, { "String", "StringReg", "Register", "Command" });
 }
 
-bool isRegister(std::string_view kind)
-{
-    return isOneOf(
-        kind, { "IntReg", "MaskedIntReg", "StructEntry", "FloatReg", "StringReg", "Register" });
-}
-
 /// Text of an integer as descriptions write it; false for anything else.
 bool parseInteger(std::string_view text, std::int64_t& value)
 {
@@ -122,7 +116,7 @@ std::string registerFault(const Description& description, const DescriptionNode&
 /// What holds the value of a node that is neither a register nor a formula.
 std::string sourceFault(const DescriptionNode& node)
 {
-    if (isRegister(node.kind) || isOneOf(node.kind, { "IntSwissKnife", "SwissKnife" })) {
+    if (node.isRegister() || isOneOf(node.kind, { "IntSwissKnife", "SwissKnife" })) {
         return {};
     }
     const bool isConverter = isOneOf(node.kind, { "IntConverter", "Converter" });
@@ -180,8 +174,7 @@ std::string ownFault(const Description& description, const DescriptionNode& node
     if (node.name.size() > maxNameLength) {
         return "its name is too long";
     }
-    std::string fault
-        = isRegister(node.kind) ? registerFault(description, node) : sourceFault(node);
+    std::string fault = node.isRegister() ? registerFault(description, node) : sourceFault(node);
     fault = fault.empty() ? formulaFault(node) : fault;
     return fault.empty() ? referenceFault(description, node) : fault;
 }

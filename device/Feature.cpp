@@ -109,12 +109,6 @@ int registerBits(const DescriptionNode& node)
     return width >= 1 && width <= 64 ? static_cast<int>(width) : 0;
 }
 
-bool isRegister(std::string_view kind)
-{
-    return kind == "IntReg" || kind == "MaskedIntReg" || kind == "FloatReg" || kind == "StringReg"
-        || kind == "Register" || kind == "StructEntry";
-}
-
 /// Whether a value comes, directly or through formulas, from a register on such a port.
 bool readsDetachedPort(const Description& description, const DescriptionNode& start)
 {
@@ -142,7 +136,7 @@ void addChainFacts(Feature& feature, const Description& description, ArvGc* node
             feature.registerMin = std::max(feature.registerMin, range.minimum);
             feature.registerMax = std::min(feature.registerMax, range.maximum);
         }
-        feature.endsInRegister = isRegister(link->kind);
+        feature.endsInRegister = link->isRegister();
         feature.isIntegerFormula = link->kind == "IntSwissKnife";
         feature.hasFloatIncrement = feature.hasFloatIncrement || link->element.child("Inc")
             || hasReference(*link, "pInc");
@@ -225,8 +219,8 @@ std::vector<EnumEntry> enumEntries(ArvGcEnumeration* enumeration, const Descript
 bool isBackedByRegister(const Description& description, const DescriptionNode& node)
 {
     const std::vector<const DescriptionNode*> chain = valueChain(description, node);
-    return std::any_of(chain.begin(), chain.end(),
-        [](const DescriptionNode* link) { return isRegister(link->kind); });
+    return std::any_of(
+        chain.begin(), chain.end(), [](const DescriptionNode* link) { return link->isRegister(); });
 }
 
 /// A command is done when the value it has written has gone again, if that can be read. A zero
@@ -312,6 +306,11 @@ Feature describe(const Description& description, const TreeEntry& entry, ArvGc* 
 }
 
 } // namespace
+
+bool Feature::isReadable() const
+{
+    return gc != nullptr && (access == ACCESS_READ_ONLY || access == ACCESS_READ_WRITE);
+}
 
 RegisterRange registerRange(const DescriptionNode& node)
 {

@@ -48,6 +48,8 @@ struct Feature {
     std::vector<Condition> implementedIf;
     std::vector<Condition> availableIf;
     std::vector<Condition> lockedIf;
+    /// Whether the description lets its value be read.
+    bool isReadable() const;
     bool isConditional() const { return !implementedIf.empty() || !availableIf.empty(); }
     /// What fits the register that holds the value.
     std::int64_t registerMin = INT64_MIN;

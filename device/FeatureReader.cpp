@@ -22,12 +22,6 @@ std::uint32_t asUnsigned32(std::int64_t value)
     return static_cast<std::uint32_t>(std::clamp<std::int64_t>(value, 0, UINT32_MAX));
 }
 
-bool isReadable(const Feature& feature)
-{
-    return feature.gc != nullptr
-        && (feature.access == ACCESS_READ_ONLY || feature.access == ACCESS_READ_WRITE);
-}
-
 } // namespace
 
 FeatureItem staticItem(const Feature& feature)
@@ -287,7 +281,7 @@ void FeatureReader::readAvailable(const Feature& feature, Item& item, FEATURE_ST
         item.displayFlag = 1;
         return;
     }
-    if (!isReadable(feature)) {
+    if (!feature.isReadable()) {
         return;
     }
     const Outcome outcome = readValue(feature, item);
