@@ -94,8 +94,9 @@ struct Rig {
             raw = std::make_unique<RawDevice>(backend(), text.substr(text.find('<')));
         } else if (place != FaultProxy::address) {
             // Afterwards, since one alone has the control.
+            OpeningProgress progress;
             direct = std::make_unique<DirectBackend>(
-                CameraSession::open({ "GigEVision", place }, error));
+                CameraSession::open({ "GigEVision", place }, progress, error));
             raw = std::make_unique<RawDevice>(*direct, simulatedCameraDescription());
         }
     }
@@ -108,7 +109,7 @@ struct Rig {
         std::vector<RegisterBackend::Request> requests;
         for (const auto& [address, size] : registers) {
             requests.push_back(
-                { address, AccessKind::Memory, std::vector<std::uint8_t>(size), false });
+                { address, AccessKind::Memory, std::vector<std::uint8_t>(size), false, {} });
         }
         backend().readTogether(requests);
         AccessError error;

@@ -1,5 +1,6 @@
 #include "AccessThread.h"
 
+#include <algorithm>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -8,19 +9,35 @@
 
 namespace zqcameralib {
 
-using Clock = std::chrono::steady_clock;
+namespace {
+
+struct Entry {
+    AccessThread::Task task;
+    bool hasBegun = false;
+    bool hasEnded = false;
+};
+
+using Repeated = std::shared_ptr<std::function<bool()>>;
+
+using EntryPointer = std::shared_ptr<Entry>;
+
+constexpr std::chrono::hours forEver(24);
+
+} // namespace
 
 struct AccessThread::State {
     std::mutex mutex;
     std::condition_variable wake; ///< for the thread: there is something to do
     std::condition_variable progress; ///< for callers: a task has ended
-    std::deque<std::pair<std::uint64_t, Task>> tasks;
-    std::uint64_t posted = 0;
-    std::uint64_t ended = 0; ///< tasks end in the order of their numbers
-    Clock::time_point started;
-    bool isBusy = false;
+    std::deque<EntryPointer> tasks;
+    std::deque<Repeated> behind;
+    Task idle;
+    std::chrono::milliseconds idlePeriod { forEver };
     bool isClosing = false;
     bool isOver = false;
+
+    void runNext(std::unique_lock<std::mutex>& lock);
+    void runBehind(std::unique_lock<std::mutex>& lock);
 };
 
 AccessThread::AccessThread()
@@ -37,57 +54,104 @@ AccessThread::~AccessThread()
     m_state->progress.wait_for(lock, m_finishLimit, [this] { return m_state->isOver; });
 }
 
+void AccessThread::State::runNext(std::unique_lock<std::mutex>& lock)
+{
+    const EntryPointer entry = std::move(tasks.front());
+    tasks.pop_front();
+    entry->hasBegun = true;
+    lock.unlock();
+    entry->task();
+    entry->task = nullptr; // what it owns ends on this thread
+    lock.lock();
+    entry->hasEnded = true;
+    // Who is woken wants the lock at once; each vain wake-up costs two switches of threads.
+    lock.unlock();
+    progress.notify_all();
+    lock.lock();
+}
+
+void AccessThread::State::runBehind(std::unique_lock<std::mutex>& lock)
+{
+    Repeated task = std::move(behind.front());
+    behind.pop_front();
+    lock.unlock();
+    if (!(*task)()) {
+        task = nullptr;
+    }
+    lock.lock();
+    if (task) {
+        behind.push_front(std::move(task));
+    }
+}
+
 void AccessThread::work(const std::shared_ptr<State>& state)
 {
     std::unique_lock<std::mutex> lock(state->mutex);
+    const auto isWanted
+        = [&] { return !state->tasks.empty() || !state->behind.empty() || state->isClosing; };
     for (;;) {
-        state->wake.wait(lock, [&] { return !state->tasks.empty() || state->isClosing; });
-        if (state->tasks.empty()) {
-            break;
+        if (!state->wake.wait_for(lock, state->idlePeriod, isWanted)) {
+            const Task idle = state->idle;
+            lock.unlock();
+            if (idle) {
+                idle();
+            }
+            lock.lock();
+            continue;
         }
-        auto [number, task] = std::move(state->tasks.front());
-        state->tasks.pop_front();
-        state->isBusy = true;
-        state->started = Clock::now();
-        lock.unlock();
-        task();
-        task = nullptr; // what it owns ends on this thread
-        lock.lock();
-        state->isBusy = false;
-        state->ended = number;
-        // Who is woken wants the lock at once; each vain wake-up costs two switches of threads.
-        lock.unlock();
-        state->progress.notify_all();
-        lock.lock();
+        if (!state->tasks.empty()) {
+            state->runNext(lock);
+        } else if (state->isClosing) {
+            break;
+        } else {
+            state->runBehind(lock);
+        }
     }
+    state->behind.clear();
+    state->idle = nullptr;
     state->isOver = true;
     state->progress.notify_all();
 }
 
-bool AccessThread::run(Task task, std::chrono::milliseconds limit)
+AccessThread::Outcome AccessThread::run(Task task, Clock::time_point until)
 {
+    const auto entry = std::make_shared<Entry>(Entry { std::move(task) });
     std::unique_lock<std::mutex> lock(m_state->mutex);
-    const std::uint64_t number = ++m_state->posted;
-    m_state->tasks.emplace_back(number, std::move(task));
+    m_state->tasks.push_back(entry);
     lock.unlock();
     m_state->wake.notify_one();
     lock.lock();
-    return m_state->progress.wait_for(lock, limit, [&] { return m_state->ended >= number; });
+    if (m_state->progress.wait_until(lock, until, [&] { return entry->hasEnded; })) {
+        return Outcome::Done;
+    }
+    if (entry->hasBegun) {
+        return Outcome::GoesOn;
+    }
+    auto& tasks = m_state->tasks;
+    tasks.erase(std::find(tasks.begin(), tasks.end(), entry));
+    return Outcome::NotBegun;
 }
 
 void AccessThread::post(Task task)
 {
     const std::lock_guard<std::mutex> lock(m_state->mutex);
-    m_state->tasks.emplace_back(++m_state->posted, std::move(task));
+    m_state->tasks.push_back(std::make_shared<Entry>(Entry { std::move(task) }));
     m_state->wake.notify_one();
 }
 
-std::chrono::milliseconds AccessThread::busyFor() const
+void AccessThread::repeatBehind(std::function<bool()> task)
 {
     const std::lock_guard<std::mutex> lock(m_state->mutex);
-    return m_state->isBusy
-        ? std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - m_state->started)
-        : std::chrono::milliseconds(0);
+    m_state->behind.push_back(std::make_shared<std::function<bool()>>(std::move(task)));
+    m_state->wake.notify_one();
+}
+
+void AccessThread::whenIdle(Task task, std::chrono::milliseconds period)
+{
+    const std::lock_guard<std::mutex> lock(m_state->mutex);
+    m_state->idlePeriod = task ? period : forEver;
+    m_state->idle = std::move(task);
+    m_state->wake.notify_one();
 }
 
 } // namespace zqcameralib

@@ -10,6 +10,11 @@ namespace zqcameralib {
 class AccessThread {
 public:
     using Task = std::function<void()>;
+    using Clock = std::chrono::steady_clock;
+
+    /// What became of a task by the time its caller stopped waiting. One that has not begun never
+    /// will; one that goes on has to own what it touches.
+    enum class Outcome { Done, NotBegun, GoesOn };
 
     AccessThread();
     AccessThread(const AccessThread&) = delete;
@@ -18,13 +23,15 @@ public:
     /// finishWithin; then the thread goes on alone and ends when they have.
     ~AccessThread();
 
-    /// Runs `task` and waits for its end, at most `limit`. False when it has not ended by then; it
-    /// goes on all the same, so it has to own what it touches.
-    bool run(Task task, std::chrono::milliseconds limit);
+    /// Runs `task` and waits for its end, at most until `until`.
+    Outcome run(Task task, Clock::time_point until);
     /// Runs `task` without waiting.
     void post(Task task);
-    /// How long the task that runs now has been running; 0 when there is none.
-    std::chrono::milliseconds busyFor() const;
+    /// Runs `task` again and again, whenever nothing else is to be done, until it returns false.
+    void repeatBehind(std::function<bool()> task);
+    /// Runs `task` again and again after the thread has had nothing to do for `period`. Empty: no
+    /// more.
+    void whenIdle(Task task, std::chrono::milliseconds period);
     void finishWithin(std::chrono::milliseconds limit) { m_finishLimit = limit; }
 
 private:

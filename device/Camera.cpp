@@ -6,58 +6,142 @@
 #include "GlibError.h"
 #include "NodeMapXml.h"
 
+#include <utility>
+
 namespace zqcameralib {
 
-ZQCamera::Impl::Impl(
-    std::unique_ptr<Description> description, std::unique_ptr<RegisterBackend> backend)
-    : m_description(std::move(description))
-    , m_port(std::move(backend))
+namespace {
+
+/// How long opening waits for other cameras that are being opened.
+constexpr std::chrono::seconds openLimit(60);
+/// The same for a camera that is found again, as part of one operation.
+constexpr std::chrono::milliseconds reopenLimit(500);
+
+} // namespace
+
+ZQCamera::Impl::Impl(std::unique_ptr<RegisterBackend> backend)
+    : m_port(std::move(backend))
+    , m_contents(std::make_unique<Contents>())
+    , m_cameraNumber(m_port.backend().cameraNumber())
 {
 }
 
 ZQCamera::Impl::~Impl() = default;
 
-bool ZQCamera::Impl::start(std::string& error)
+bool ZQCamera::Impl::use(std::string text, std::chrono::milliseconds limit, std::string& error)
 {
-    m_device = makePortDevice(m_port, nodeMapXml(*m_description));
-    if (!m_device) {
-        error = "the description cannot be evaluated";
+    auto contents = std::make_unique<Contents>();
+    contents->description = Description::parse(std::move(text), error);
+    if (!contents->description || !checkDescription(*contents->description, error)) {
         return false;
     }
-    m_features = collectFeatures(*m_description, buildFeatureTree(*m_description), nodeMap());
-    for (std::size_t i = 0; i < m_features.size(); ++i) {
-        m_byName.emplace(m_features[i].name, i);
+    const Description& description = *contents->description;
+    contents->device = makePortDevice(m_port, nodeMapXml(description), limit, error);
+    if (!contents->device) {
+        return false;
+    }
+    contents->features = collectFeatures(
+        description, buildFeatureTree(description), zqcameralib::nodeMap(*contents->device));
+    for (std::size_t i = 0; i < contents->features.size(); ++i) {
+        contents->byName.emplace(contents->features[i].name, i);
     }
     if (m_port.backend().prefersBatches()) {
-        m_certainReads = CertainReads(*m_description, m_features);
+        contents->certainReads = CertainReads(description, contents->features);
+    }
+    m_contents = std::move(contents);
+    ++m_generation;
+    return true;
+}
+
+bool ZQCamera::Impl::reconnect(bool waits, std::string& error)
+{
+    RegisterBackend& backend = m_port.backend();
+    const CallScope call(backend);
+    const bool wasLost = backend.isLost();
+    m_port.invalidate();
+    if (!backend.reconnect(waits, error)) {
+        return false;
+    }
+    if (!followCamera(error)) {
+        backend.giveUp(error);
+        error = backend.loss().message;
+        return false;
+    }
+    if (wasLost) {
+        endAcquisition();
     }
     return true;
 }
 
+bool ZQCamera::Impl::followCamera(std::string& error)
+{
+    const std::uint64_t number = m_port.backend().cameraNumber();
+    if (number == m_cameraNumber) {
+        return true;
+    }
+    if (!use(m_port.backend().description(), reopenLimit, error)) {
+        error = "there is another camera now, which cannot be used: " + error;
+        return false;
+    }
+    m_cameraNumber = number;
+    m_isGrabbing = false;
+    return true;
+}
+
+/// A camera that comes back may still send images to nobody.
+void ZQCamera::Impl::endAcquisition()
+{
+    if (!std::exchange(m_isGrabbing, false)) {
+        return;
+    }
+    GlibError ignored; // one that was restarted has none to stop
+    ArvGcNode* stop = arv_gc_get_node(nodeMap(), "AcquisitionStop");
+    if (ARV_IS_GC_COMMAND(stop)) {
+        arv_gc_command_execute(ARV_GC_COMMAND(stop), ignored.out());
+    }
+    setGrabbing(false);
+}
+
+bool ZQCamera::Impl::isGrabbing()
+{
+    return m_isGrabbing && !m_port.backend().isLost();
+}
+
+void ZQCamera::Impl::setGrabbing(bool grabbing)
+{
+    m_isGrabbing = grabbing;
+    ArvGcNode* node = arv_gc_get_node(nodeMap(), "TLParamsLocked");
+    GlibError ignored; // a camera without one locks by itself
+    if (ARV_IS_GC_INTEGER(node)) {
+        arv_gc_integer_set_value(ARV_GC_INTEGER(node), grabbing ? 1 : 0, ignored.out());
+        m_port.invalidate();
+    }
+}
+
 const DependencyGraph& ZQCamera::Impl::dependencies() const
 {
-    if (!m_dependencies) {
-        m_dependencies = std::make_unique<DependencyGraph>(*m_description);
+    if (!m_contents->dependencies) {
+        m_contents->dependencies = std::make_unique<DependencyGraph>(description());
     }
-    return *m_dependencies;
+    return *m_contents->dependencies;
 }
 
 const Feature* ZQCamera::Impl::feature(std::string_view name) const
 {
-    const auto found = m_byName.find(name);
-    return found == m_byName.end() ? nullptr : &m_features[found->second];
+    const auto found = m_contents->byName.find(name);
+    return found == m_contents->byName.end() ? nullptr : &m_contents->features[found->second];
 }
 
 void ZQCamera::Impl::setWritten(const Feature& feature, Registers registers)
 {
-    m_written[&feature] = std::move(registers);
+    m_contents->written[&feature] = std::move(registers);
 }
 
 const ZQCamera::Impl::Registers& ZQCamera::Impl::written(const Feature& feature) const
 {
     static const Registers none;
-    const auto found = m_written.find(&feature);
-    return found == m_written.end() ? none : found->second;
+    const auto found = m_contents->written.find(&feature);
+    return found == m_contents->written.end() ? none : found->second;
 }
 
 namespace {
@@ -83,12 +167,8 @@ void addCommandRegisters(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
 std::unique_ptr<ZQCamera::Impl> openOver(
     std::string text, std::unique_ptr<RegisterBackend> backend, std::string& error)
 {
-    std::unique_ptr<Description> description = Description::parse(std::move(text), error);
-    if (!description || !checkDescription(*description, error)) {
-        return nullptr;
-    }
-    auto camera = std::make_unique<ZQCamera::Impl>(std::move(description), std::move(backend));
-    return camera->start(error) ? std::move(camera) : nullptr;
+    auto camera = std::make_unique<ZQCamera::Impl>(std::move(backend));
+    return camera->use(std::move(text), openLimit, error) ? std::move(camera) : nullptr;
 }
 
 std::unique_ptr<ZQCamera::Impl> openSimulated(

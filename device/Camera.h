@@ -4,12 +4,14 @@
 #include "DependencyGraph.h"
 #include "Description.h"
 #include "Feature.h"
+#include "LastError.h"
 #include "MemoryBackend.h"
 #include "PortDevice.h"
 #include "RegisterPort.h"
 
 #include "featurebrowser/ZQCamera.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -20,39 +22,64 @@ namespace zqcameralib {
 /// An open camera: its checked description, its registers, and the node map between them.
 class ZQCamera::Impl {
 public:
-    Impl(std::unique_ptr<Description> description, std::unique_ptr<RegisterBackend> backend);
+    using Registers = std::vector<RegisterPort::Register>;
+
+    explicit Impl(std::unique_ptr<RegisterBackend> backend);
     Impl(const Impl&) = delete;
     Impl& operator=(const Impl&) = delete;
     ~Impl();
 
-    /// Builds the node map and the feature list; false and one line in `error` on failure.
-    bool start(std::string& error);
+    /// Builds node map and feature list of a description; waits at most `limit` for other cameras
+    /// that are being opened. On failure `error` is one line, and what was there is still there.
+    bool use(std::string text, std::chrono::milliseconds limit, std::string& error);
+    /// As ZQCamera::reconnect, without waiting where `waits` is false.
+    bool reconnect(bool waits, std::string& error);
+    /// Grows when the camera, or its description, is another one: pointers to descriptions,
+    /// features and nodes are void then.
+    std::uint64_t generation() const { return m_generation; }
 
-    const Description& description() const { return *m_description; }
+    const Description& description() const { return *m_contents->description; }
     RegisterPort& port() { return m_port; }
-    const std::vector<Feature>& features() const { return m_features; }
+    const std::vector<Feature>& features() const { return m_contents->features; }
     /// Null when there is no feature of that name.
     const Feature* feature(std::string_view name) const;
     /// Built when it is first asked for.
     const DependencyGraph& dependencies() const;
     /// Nothing where reading registers together gains nothing.
-    const CertainReads& certainReads() const { return m_certainReads; }
-    using Registers = std::vector<RegisterPort::Register>;
+    const CertainReads& certainReads() const { return m_contents->certainReads; }
     /// Where the last write to a feature went to.
     void setWritten(const Feature& feature, Registers registers);
     /// Empty when the feature has not been written yet.
     const Registers& written(const Feature& feature) const;
-    ArvGc* nodeMap() const { return zqcameralib::nodeMap(*m_device); }
+    ArvGc* nodeMap() const { return zqcameralib::nodeMap(*m_contents->device); }
+
+    LastError& lastError() { return m_lastError; }
+    /// Whether images are acquired; not while the camera is lost.
+    bool isGrabbing();
+    /// Locks, or frees, what may not change while images are acquired (SFNC: TLParamsLocked).
+    void setGrabbing(bool grabbing);
 
 private:
-    std::unique_ptr<Description> m_description;
-    mutable std::unique_ptr<DependencyGraph> m_dependencies;
+    /// All that comes from one description.
+    struct Contents {
+        std::unique_ptr<Description> description;
+        std::unique_ptr<DependencyGraph> dependencies;
+        PortDevicePointer device;
+        std::vector<Feature> features;
+        CertainReads certainReads;
+        std::unordered_map<std::string_view, std::size_t> byName;
+        std::unordered_map<const Feature*, Registers> written;
+    };
+
+    bool followCamera(std::string& error);
+    void endAcquisition();
+
     RegisterPort m_port;
-    PortDevicePointer m_device;
-    std::vector<Feature> m_features;
-    CertainReads m_certainReads;
-    std::unordered_map<std::string_view, std::size_t> m_byName;
-    std::unordered_map<const Feature*, Registers> m_written;
+    std::unique_ptr<Contents> m_contents;
+    std::uint64_t m_generation = 0;
+    std::uint64_t m_cameraNumber = 0;
+    LastError m_lastError;
+    bool m_isGrabbing = false;
 };
 
 /// Opens a description over registers elsewhere. Null and one line in `error` on failure.

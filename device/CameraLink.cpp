@@ -1,41 +1,26 @@
 #include "CameraLink.h"
 
+#include "RegisterBatch.h"
 #include "StatusCodes.h"
 
 #include <algorithm>
-#include <atomic>
 #include <utility>
-#include <vector>
 
 namespace zqcameralib {
 
 namespace {
 
-/// A thread that has not come back from one access by then never will.
-constexpr std::chrono::milliseconds stuckAfter(6000);
-/// An access that takes longer has met a lost packet or a camera in trouble.
-constexpr std::chrono::milliseconds slowAccess(250);
-/// Slow accesses less far apart add up; a packet lost now and then is forgiven.
-constexpr std::chrono::seconds forgivenAfter(5);
+/// How long a camera that nobody asks anything is left alone.
+constexpr std::chrono::seconds watchPeriod(1);
+/// How often somebody who waits looks whether it still makes sense.
+constexpr std::chrono::milliseconds waitSlice(50);
+/// How long opening may take beyond what it is expected to: packets get lost, cameras are busy.
+constexpr std::chrono::seconds openSlack(30);
 
+const char* const silentText = "the camera does not answer";
 const char* const lostText = "the camera does not answer any more; reconnect to it";
-const char* const tooSlowText
-    = "the camera answers too late, or packets to it get lost; reconnect to it";
 const char* const controlLostText
     = "the control of the camera was lost, to another application or by its time-out; reconnect";
-
-using Clock = std::chrono::steady_clock;
-
-std::chrono::milliseconds since(Clock::time_point start)
-{
-    return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
-}
-
-bool meansLoss(int code)
-{
-    return code == deviceErrorBase + ARV_DEVICE_ERROR_TIMEOUT
-        || code == deviceErrorBase + ARV_DEVICE_ERROR_NOT_CONNECTED;
-}
 
 /// How an access ended, as the two threads share it.
 struct Result {
@@ -53,6 +38,8 @@ struct CameraLink::Attempt {
     std::string description;
     std::string error;
     bool isReadOnly = false;
+    bool isOtherCamera = false;
+    std::shared_ptr<OpeningProgress> progress = std::make_shared<OpeningProgress>();
     std::atomic<bool> isOver { false };
 };
 
@@ -62,60 +49,117 @@ CameraLink::CameraLink(CameraPlace place, CameraAccess access)
 {
 }
 
+/// Leaves the session in place where it can be used again, or where another try makes sense.
+void CameraLink::findAgain(Attempt& attempt)
+{
+    if (!CameraSession::answers(attempt.place, *attempt.progress, attempt.error)) {
+        return;
+    }
+    switch (attempt.session->retake(attempt.access == CameraAccess::ReadOnly)) {
+    case CameraSession::Retaken::Yes:
+        return;
+    case CameraSession::Retaken::Denied:
+        attempt.isReadOnly = true;
+        if (attempt.access == CameraAccess::Control) {
+            attempt.error = attempt.place.address + ": another application controls the camera";
+        }
+        return;
+    case CameraSession::Retaken::OtherCamera:
+        attempt.isOtherCamera = true;
+        break;
+    case CameraSession::Retaken::No:
+        break;
+    }
+    // The old session ends before a new one begins: it would give the control away at its end.
+    attempt.session.reset();
+    openAnew(attempt);
+}
+
+void CameraLink::openAnew(Attempt& attempt)
+{
+    attempt.session = CameraSession::open(attempt.place, *attempt.progress, attempt.error);
+    if (!attempt.session) {
+        return;
+    }
+    attempt.description = attempt.session->description();
+    if (attempt.access == CameraAccess::ReadOnly) {
+        attempt.session->leaveControl();
+    } else if (attempt.access == CameraAccess::Control && !attempt.session->isController()) {
+        attempt.error = attempt.place.address + ": another application controls the camera";
+        attempt.session.reset();
+    }
+    attempt.isReadOnly = attempt.session && !attempt.session->isController();
+}
+
 void CameraLink::attempt(const std::shared_ptr<Attempt>& attempt)
 {
-    // The old session ends before a new one begins: it would give the control away at its end.
-    if (!attempt->session || attempt->access == CameraAccess::ReadOnly
-        || !attempt->session->retakeControl()) {
-        attempt->session.reset();
-        attempt->session = CameraSession::open(attempt->place, attempt->error);
-    }
     if (attempt->session) {
-        CameraSession& session = *attempt->session;
-        if (attempt->access == CameraAccess::ReadOnly) {
-            session.leaveControl();
-        }
-        attempt->isReadOnly = attempt->access == CameraAccess::ReadOnly || !session.isController();
-        if (attempt->isReadOnly && attempt->access == CameraAccess::Control) {
-            attempt->error = attempt->place.address + ": another application controls the camera";
-            attempt->session.reset();
-        } else {
-            attempt->description = session.description();
-        }
+        findAgain(*attempt);
+    } else if (CameraSession::answers(attempt->place, *attempt->progress, attempt->error)) {
+        openAnew(*attempt);
     }
+    attempt->isReadOnly = attempt->isReadOnly || attempt->access == CameraAccess::ReadOnly;
     attempt->isOver = true;
 }
 
 bool CameraLink::adopt(Attempt& attempt, std::string& error)
 {
-    if (!attempt.session) {
-        error = attempt.error;
-        return false;
-    }
     m_session = std::move(attempt.session);
-    m_isReadOnly = attempt.isReadOnly;
-    if (m_description.empty()) {
-        m_description = std::move(attempt.description);
-    } else if (m_description != attempt.description) {
-        lose(cameraLost, "the camera has another description now; open it anew");
-        error = m_loss.message;
+    error = attempt.error;
+    if (!m_session || !error.empty()) {
         return false;
     }
+    m_isReadOnly = attempt.isReadOnly;
+    if (!attempt.description.empty()) {
+        attempt.isOtherCamera = attempt.isOtherCamera || m_description != attempt.description;
+        m_description = std::move(attempt.description);
+    }
+    m_cameraNumber += attempt.isOtherCamera ? 1 : 0;
     m_loss = {};
-    m_slowTime = std::chrono::milliseconds(0);
+    ++m_health->connection;
+    m_health->lost = false;
+    watch();
     return true;
 }
 
-std::unique_ptr<CameraLink> CameraLink::open(
-    const CameraPlace& place, CameraAccess access, std::string& error)
+void CameraLink::watch()
+{
+    m_thread->whenIdle(
+        [weak = std::weak_ptr<CameraSession>(m_session)] {
+            if (const std::shared_ptr<CameraSession> session = weak.lock()) {
+                session->watch();
+            }
+        },
+        watchPeriod);
+}
+
+std::unique_ptr<CameraLink> CameraLink::open(const CameraPlace& place, CameraAccess access,
+    std::string& error, const std::shared_ptr<OpeningProgress>& progress)
 {
     std::unique_ptr<CameraLink> link(new CameraLink(place, access));
     auto attempt = std::make_shared<Attempt>();
     attempt->place = place;
     attempt->access = access;
-    if (!link->m_thread->run([attempt] { CameraLink::attempt(attempt); }, openLimit)) {
+    if (progress) {
+        attempt->progress = progress;
+    }
+    const OpeningProgress& state = *attempt->progress;
+    const Clock::time_point start = Clock::now();
+    const auto isInTime = [&] {
+        return Clock::now() - start < openSlack + std::chrono::milliseconds(4 * state.expectedMs);
+    };
+    link->m_thread->post([attempt] { CameraLink::attempt(attempt); });
+    while (!attempt->isOver && !state.isCancelled && isInTime()) {
+        link->m_thread->run([] {}, Clock::now() + waitSlice);
+    }
+    if (!attempt->isOver) {
+        error = place.address
+            + (state.isCancelled ? ": cancelled"
+                    : state.step == OpeningProgress::Step::Waiting
+                    ? ": another camera is being opened and does not come to an end"
+                    : ": the camera does not hand out its description");
+        attempt->progress->isCancelled = true;
         link->abandonThread();
-        error = place.address + ": the camera does not answer";
         return nullptr;
     }
     return link->adopt(*attempt, error) ? std::move(link) : nullptr;
@@ -123,6 +167,11 @@ std::unique_ptr<CameraLink> CameraLink::open(
 
 CameraLink::~CameraLink()
 {
+    const bool isUseless = isLost();
+    m_thread->whenIdle({}, watchPeriod);
+    if (m_attempt) {
+        m_attempt->progress->isCancelled = true;
+    }
     // The session ends on its thread: that talks to the camera once more.
     m_thread->post([session = std::move(m_session), attempt = std::move(m_attempt)]() mutable {
         if (attempt) {
@@ -130,7 +179,7 @@ CameraLink::~CameraLink()
         }
         session.reset();
     });
-    if (m_loss.code != 0) {
+    if (isUseless) {
         abandonThread();
     }
 }
@@ -144,69 +193,130 @@ void CameraLink::abandonThread()
 void CameraLink::lose(int code, const std::string& message)
 {
     m_loss = { code, m_place.address + ": " + message };
+    m_health->lost = true;
 }
 
-bool CameraLink::isLost()
+void CameraLink::giveUp(const std::string& reason)
 {
-    if (m_loss.code == 0 && !m_isReadOnly && m_session && m_session->flags()->controlLost) {
-        lose(cameraLost, controlLostText);
+    lose(cameraLost, reason);
+}
+
+bool CameraLink::isGivenUp()
+{
+    if (m_loss.code == 0 && m_session) {
+        if (!m_isReadOnly && m_session->health()->controlLost) {
+            lose(cameraLost, controlLostText);
+        } else if (m_session->health()->unanswered) {
+            lose(cameraLost, lostText);
+        }
     }
     return m_loss.code != 0;
 }
 
-bool CameraLink::runWithSession(
-    std::function<void(CameraSession&)> task, std::chrono::milliseconds limit, AccessError& error)
+bool CameraLink::isSilent() const
+{
+    const std::int64_t since = m_session ? m_session->health()->waitingSince.load() : 0;
+    return since != 0 && Clock::now() - Clock::time_point(Clock::duration(since)) > silentAfter;
+}
+
+bool CameraLink::isLost()
+{
+    return isGivenUp() || isSilent();
+}
+
+AccessError CameraLink::loss() const
+{
+    return m_loss.code != 0 ? m_loss
+                            : AccessError { cameraLost, m_place.address + ": " + silentText };
+}
+
+void CameraLink::beginCall()
+{
+    if (m_calls++ == 0) {
+        m_callEnd = Clock::now() + callLimit;
+    }
+}
+
+void CameraLink::limitWaiting(std::chrono::milliseconds total)
+{
+    m_waitingEnd.reset();
+    if (total.count() > 0) {
+        m_waitingEnd = Clock::now() + total;
+    }
+}
+
+CameraLink::Clock::time_point CameraLink::deadline() const
+{
+    const Clock::time_point end = m_calls > 0 ? m_callEnd : Clock::now() + callLimit;
+    return m_waitingEnd ? std::min(end, *m_waitingEnd) : end;
+}
+
+std::chrono::milliseconds CameraLink::timeLeft() const
+{
+    const auto left
+        = std::chrono::duration_cast<std::chrono::milliseconds>(deadline() - Clock::now());
+    return std::max(left, std::chrono::milliseconds(0));
+}
+
+AccessThread::Outcome CameraLink::run(
+    std::function<void(CameraSession&)> task, Clock::time_point until)
+{
+    return m_thread->run([session = m_session, work = std::move(task)] { work(*session); }, until);
+}
+
+AccessError CameraLink::tooSlow(AccessThread::Outcome outcome, bool isWrite) const
+{
+    std::string text = m_place.address + ": the camera answers too slowly";
+    if (isWrite) {
+        text += outcome == AccessThread::Outcome::NotBegun
+            ? "; nothing was sent"
+            : "; it has not confirmed what was sent, and may still take it";
+    }
+    return { cameraSlow, text };
+}
+
+bool CameraLink::runWithSession(std::function<void(CameraSession&)> task, AccessError& error)
 {
     if (isLost()) {
-        error = m_loss;
+        error = loss();
         return false;
     }
-    if (!m_thread->run([session = m_session, work = std::move(task)] { work(*session); }, limit)) {
-        lose(cameraLost, m_slowTime.count() == 0 ? lostText : tooSlowText);
-        error = m_loss;
+    const AccessThread::Outcome outcome = run(std::move(task), deadline());
+    if (outcome != AccessThread::Outcome::Done) {
+        error = isLost() ? loss() : tooSlow(outcome, false);
         return false;
     }
     return true;
 }
 
-std::chrono::milliseconds CameraLink::timeLeft()
-{
-    if (Clock::now() - m_lastSlow > forgivenAfter) {
-        m_slowTime = std::chrono::milliseconds(0);
-    }
-    return accessLimit - m_slowTime;
-}
-
-void CameraLink::account(std::chrono::milliseconds taken)
-{
-    if (taken > slowAccess) {
-        m_slowTime += taken;
-        m_lastSlow = Clock::now();
-    }
-    if (m_slowTime >= accessLimit) {
-        lose(cameraLost, tooSlowText);
-    }
-}
-
 bool CameraLink::transfer(
-    std::function<bool(CameraSession&, AccessError&)> access, AccessError& error)
+    std::function<bool(CameraSession&, AccessError&)> access, bool isWrite, AccessError& error)
 {
-    const Clock::time_point start = Clock::now();
+    if (isLost()) {
+        error = loss();
+        return false;
+    }
+    if (isTimeOver()) {
+        error = tooSlow(AccessThread::Outcome::NotBegun, isWrite);
+        return false;
+    }
     auto result = std::make_shared<Result>();
     const auto task = [result, access = std::move(access)](CameraSession& session) {
         result->done = access(session, result->error);
     };
-    if (!runWithSession(task, timeLeft(), error)) {
-        return false;
+    const AccessThread::Outcome outcome = run(task, deadline());
+    if (outcome == AccessThread::Outcome::Done && result->done) {
+        return true;
     }
-    account(since(start));
-    if (!result->done && m_loss.code == 0 && meansLoss(result->error.code)) {
-        lose(cameraLost, lostText);
+    // An access that nobody knows the end of is told of even where the camera is lost by now.
+    const bool isOpenEnded = isWrite && outcome == AccessThread::Outcome::GoesOn;
+    if (isLost()) {
+        error = loss();
+        error.message += isOpenEnded ? "; it has not confirmed what was sent" : "";
+    } else {
+        error = outcome == AccessThread::Outcome::Done ? result->error : tooSlow(outcome, isWrite);
     }
-    if (!result->done) {
-        error = m_loss.code != 0 ? m_loss : result->error;
-    }
-    return result->done;
+    return false;
 }
 
 bool CameraLink::read(std::uint64_t address, std::uint8_t* buffer, std::size_t size,
@@ -216,7 +326,7 @@ bool CameraLink::read(std::uint64_t address, std::uint8_t* buffer, std::size_t s
     const auto access = [bytes, address, kind](CameraSession& session, AccessError& failure) {
         return session.read(address, bytes->data(), bytes->size(), kind, failure);
     };
-    if (!transfer(access, error)) {
+    if (!transfer(access, false, error)) {
         return false;
     }
     std::copy(bytes->begin(), bytes->end(), buffer);
@@ -234,7 +344,7 @@ bool CameraLink::write(std::uint64_t address, const std::uint8_t* buffer, std::s
     const auto access = [bytes, address, kind](CameraSession& session, AccessError& failure) {
         return session.write(address, bytes.data(), bytes.size(), kind, failure);
     };
-    const bool done = transfer(access, error);
+    const bool done = transfer(access, true, error);
     // A camera does not tell when another application, or a restart, has taken its control away.
     if (!done && error.code == deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED) {
         lose(cameraLost, controlLostText);
@@ -243,51 +353,44 @@ bool CameraLink::write(std::uint64_t address, const std::uint8_t* buffer, std::s
     return done;
 }
 
-void CameraLink::readTogether(std::vector<Request>& requests)
+void CameraLink::readTogether(Requests& requests)
 {
-    struct Batch {
-        std::vector<Request> requests;
-        std::chrono::milliseconds last { 0 };
-    };
-    auto batch = std::make_shared<Batch>(Batch { requests, {} });
-    const auto task = [batch](CameraSession& session) {
-        const Clock::time_point start = Clock::now();
-        for (Request& request : batch->requests) {
-            const Clock::time_point begin = Clock::now();
-            AccessError ignored;
-            request.done = session.read(
-                request.address, request.bytes.data(), request.bytes.size(), request.kind, ignored);
-            batch->last = since(begin);
-            if (!request.done || since(start) > slowAccess) {
-                return;
-            }
-        }
-    };
-    AccessError ignored;
-    if (runWithSession(task, timeLeft(), ignored)) {
-        requests = std::move(batch->requests);
-        account(batch->last);
+    if (isLost() || isTimeOver()) {
+        return;
     }
+    const auto batch = std::make_shared<RegisterBatch>(std::move(requests));
+    const auto task = [batch](CameraSession& session) { batch->readAll(session); };
+    while (run(task, isLimited() ? deadline() : Clock::now() + waitSlice)
+            != AccessThread::Outcome::Done
+        && !isLost() && !isTimeOver()) { }
+    requests = batch->end();
 }
 
-bool CameraLink::reconnect(std::string& error)
+std::unique_ptr<RegisterBackend::Reading> CameraLink::readBeside(Requests requests)
+{
+    return std::make_unique<ReadingBeside>(*m_thread, m_session, std::move(requests));
+}
+
+bool CameraLink::reconnect(bool waits, std::string& error)
 {
     if (!isLost()) {
         return true;
     }
-    if (m_thread->busyFor() > stuckAfter) {
-        abandonThread();
-        m_attempt.reset();
-    }
+    const CallScope call(*this);
     if (!m_attempt) {
+        if (m_loss.code == 0) {
+            lose(cameraLost, lostText);
+        }
         m_attempt = std::make_shared<Attempt>();
         m_attempt->place = m_place;
         m_attempt->access = m_access;
         m_attempt->session = std::move(m_session);
         m_thread->post([attempt = m_attempt] { CameraLink::attempt(attempt); });
     }
-    // The wait ends when all that was posted before has.
-    if (!m_thread->run([] {}, accessLimit) || !m_attempt->isOver) {
+    if (waits) { // until all that was posted before has ended
+        m_thread->run([] {}, deadline());
+    }
+    if (!m_attempt->isOver) {
         error = m_place.address + ": the camera does not answer yet";
         return false;
     }

@@ -1,6 +1,8 @@
 #include "CameraSession.h"
 
-#include "GlibError.h"
+#include "GigeProbe.h"
+#include "LibraryLock.h"
+#include "SourceFilter.h"
 #include "StatusCodes.h"
 
 #include <arpa/inet.h>
@@ -8,21 +10,33 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <mutex>
 
 namespace zqcameralib {
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 constexpr std::uint16_t controlPort = 3956;
-constexpr std::uint64_t versionRegister = 0;
+// GigE Vision 2.0, chapter 27: bootstrap registers.
+constexpr std::uint64_t privilegeRegister = 0x0A00;
+constexpr std::uint32_t controlBits = 0x3; ///< control, exclusive access
+/// GenCP 1.3: the version of the bootstrap registers.
+constexpr std::uint64_t usbVersionRegister = 0;
 
-using FlagsPointer = std::shared_ptr<CameraSession::Flags>;
+/// How long others that are being opened are waited for.
+constexpr std::chrono::seconds libraryLimit(60);
+constexpr int openTries = 2;
 
-/// Orders what both threads do with the flags' memory; the library's own locks would too, but race
-/// detectors do not see them.
-std::mutex& flagsMutex()
+using HealthPointer = std::shared_ptr<CameraSession::Health>;
+
+/// Orders what both threads do with the health's memory; the library's own locks would too, but
+/// race detectors do not see them.
+std::mutex& healthMutex()
 {
     static std::mutex mutex;
     return mutex;
@@ -30,14 +44,14 @@ std::mutex& flagsMutex()
 
 void onControlLost(ArvDevice*, gpointer data)
 {
-    const std::lock_guard<std::mutex> lock(flagsMutex());
-    (*static_cast<FlagsPointer*>(data))->controlLost = true;
+    const std::lock_guard<std::mutex> lock(healthMutex());
+    (*static_cast<HealthPointer*>(data))->controlLost = true;
 }
 
-void deleteFlags(gpointer data, GClosure*)
+void deleteHealth(gpointer data, GClosure*)
 {
-    const std::lock_guard<std::mutex> lock(flagsMutex());
-    delete static_cast<FlagsPointer*>(data);
+    const std::lock_guard<std::mutex> lock(healthMutex());
+    delete static_cast<HealthPointer*>(data);
 }
 
 /// The local address from which the network reaches `device`; empty when it does not. Nothing is
@@ -63,6 +77,25 @@ std::string localAddressFor(const in_addr& device)
         : std::string();
 }
 
+/// The socket of the device that `open` makes hears no other address than the camera's from then
+/// on. The library shows it to nobody, but it is the one that was not there before.
+template <typename Open>
+ArvDevice* openFiltered(const std::string& local, const std::string& address, Open open)
+{
+    const std::vector<int> before = looseSockets(local);
+    ArvDevice* device = open();
+    std::vector<int> added;
+    for (const int handle : looseSockets(local)) {
+        if (std::find(before.begin(), before.end(), handle) == before.end()) {
+            added.push_back(handle);
+        }
+    }
+    if (device != nullptr && added.size() == 1) {
+        hearOnly(added.front(), address);
+    }
+    return device;
+}
+
 ArvDevice* openGigE(const std::string& address, GError** error)
 {
     in_addr device {};
@@ -76,7 +109,8 @@ ArvDevice* openGigE(const std::string& address, GError** error)
     }
     GInetAddress* from = g_inet_address_new_from_string(local.c_str());
     GInetAddress* to = g_inet_address_new_from_string(address.c_str());
-    ArvDevice* opened = arv_gv_device_new(from, to, error);
+    ArvDevice* opened = openFiltered(
+        local, address, [from, to, error] { return arv_gv_device_new(from, to, error); });
     g_object_unref(from);
     g_object_unref(to);
     return opened;
@@ -84,45 +118,115 @@ ArvDevice* openGigE(const std::string& address, GError** error)
 
 ArvDevice* openUsb(const std::string& id, GError** error)
 {
+    const LibraryLock interfaces(LibraryPart::Interfaces, Clock::now() + libraryLimit);
+    if (!interfaces) {
+        g_set_error_literal(error, arv_device_error_quark(), ARV_DEVICE_ERROR_NOT_FOUND,
+            "the search for cameras does not end");
+        return nullptr;
+    }
     ArvInterface* usb = arv_uv_interface_get_instance();
     arv_interface_update_device_list(usb);
     return arv_interface_open_device(usb, id.c_str(), error);
 }
 
-bool take(bool done, const GlibError& failure, AccessError& error)
+bool isUsb(const CameraPlace& place)
 {
-    if (!done || failure) {
-        error.code = failure ? libraryErrorCode(failure.get()->domain, failure.get()->code)
-                             : deviceErrorBase + ARV_DEVICE_ERROR_UNKNOWN;
-        error.message = failure ? failure.get()->message : "the camera refused the access";
-        return false;
+    return place.protocol == "USB3Vision";
+}
+
+bool isAnswerMissing(const GError& error)
+{
+    return error.domain == arv_device_error_quark()
+        && (error.code == ARV_DEVICE_ERROR_TIMEOUT || error.code == ARV_DEVICE_ERROR_NOT_CONNECTED);
+}
+
+bool isDescriptionMissing(const GError* error)
+{
+    return error != nullptr && error->domain == arv_device_error_quark()
+        && error->code == ARV_DEVICE_ERROR_GENICAM_NOT_FOUND;
+}
+
+std::string openingError(const GError* error)
+{
+    if (error == nullptr) {
+        return "it cannot be opened";
     }
-    return true;
+    if (isAnswerMissing(*error)) {
+        return "the camera stopped answering while it was opened; packets to or from it get lost";
+    }
+    if (isDescriptionMissing(error)) {
+        return "the camera's description did not arrive; packets to or from it get lost, or it has "
+               "none that can be read";
+    }
+    return error->message;
+}
+
+/// Packets of 512 bytes, and some for the rest.
+std::int64_t expectedTime(const GigeProbe& probe)
+{
+    return probe.roundTrip.count() * static_cast<std::int64_t>(probe.descriptionSize / 512 + 30);
 }
 
 } // namespace
 
-std::shared_ptr<CameraSession> CameraSession::open(const CameraPlace& place, std::string& error)
+bool CameraSession::answers(const CameraPlace& place, OpeningProgress& progress, std::string& error)
 {
-    GlibError failure;
-    ArvDevice* device = place.protocol == "USB3Vision" ? openUsb(place.address, failure.out())
-                                                       : openGigE(place.address, failure.out());
-    if (device == nullptr) {
-        error = place.address + ": " + (failure ? failure.get()->message : "cannot be opened");
+    if (isUsb(place)) {
+        return true;
+    }
+    progress.step = OpeningProgress::Step::Asking;
+    const GigeProbe probe = probeGige(place.address, progress.isCancelled);
+    progress.expectedMs = expectedTime(probe);
+    if (probe.answer == GigeProbe::Answer::NoWay) {
+        error = place.address + ": no network of this computer leads to this address";
+    } else if (probe.answer == GigeProbe::Answer::None) {
+        error = place.address + ": no camera answers there; check power, cable and the address";
+    } else if (probe.answer == GigeProbe::Answer::Waits) {
+        error = place.address + ": the camera is busy and asks to wait";
+    }
+    return probe.answer == GigeProbe::Answer::Given || probe.answer == GigeProbe::Answer::Refused;
+}
+
+std::shared_ptr<CameraSession> CameraSession::open(
+    const CameraPlace& place, OpeningProgress& progress, std::string& error)
+{
+    progress.step = OpeningProgress::Step::Waiting;
+    const LibraryLock parser(LibraryPart::Parser, Clock::now() + libraryLimit,
+        [&progress] { return progress.isCancelled.load(); });
+    if (!parser) {
+        error = place.address + ": another camera is being opened and does not come to an end";
         return nullptr;
     }
-    return std::shared_ptr<CameraSession>(new CameraSession(device));
+    progress.step = OpeningProgress::Step::Reading;
+    for (int tries = 1;; ++tries) {
+        GlibError failure;
+        ArvDevice* device = isUsb(place) ? openUsb(place.address, failure.out())
+                                         : openGigE(place.address, failure.out());
+        if (device != nullptr) {
+            std::shared_ptr<CameraSession> session(new CameraSession(device));
+            if (!session->readIdentity(session->m_identity)) {
+                error = place.address + ": the camera stopped answering while it was opened";
+                return nullptr;
+            }
+            // One that nobody wants any more is closed before anybody else opens one.
+            return progress.isCancelled ? nullptr : session;
+        }
+        if (progress.isCancelled || tries == openTries || !isDescriptionMissing(failure.get())) {
+            error = place.address + ": " + openingError(failure.get());
+            return nullptr;
+        }
+    }
 }
 
 CameraSession::CameraSession(ArvDevice* device)
     : m_device(device)
 {
-    auto* shared = new FlagsPointer(m_flags);
+    auto* shared = new HealthPointer(m_health);
     {
-        const std::lock_guard<std::mutex> lock(flagsMutex());
+        const std::lock_guard<std::mutex> lock(healthMutex());
     }
     m_handler = g_signal_connect_data(device, "control-lost",
-        reinterpret_cast<GCallback>(onControlLost), shared, deleteFlags, GConnectFlags(0));
+        reinterpret_cast<GCallback>(onControlLost), shared, deleteHealth, GConnectFlags(0));
 }
 
 CameraSession::~CameraSession()
@@ -144,16 +248,86 @@ void CameraSession::leaveControl()
     }
 }
 
-bool CameraSession::retakeControl()
+bool CameraSession::readIdentity(std::string& identity)
 {
-    GlibError failure;
-    if (!ARV_IS_GV_DEVICE(m_device)
-        || !arv_gv_device_take_control(ARV_GV_DEVICE(m_device), failure.out())) {
-        return false;
+    if (!ARV_IS_GV_DEVICE(m_device)) {
+        return true;
     }
-    guint32 version = 0;
-    m_flags->controlLost = false;
-    return arv_device_read_register(m_device, versionRegister, &version, failure.out()) != FALSE;
+    // GigE Vision 2.0, chapter 27: both places of the description, model and serial number.
+    struct Place {
+        std::uint64_t address;
+        std::size_t size;
+    };
+    constexpr std::array<Place, 4> places { { { 0x0200, 512 }, { 0x0400, 512 }, { 0x0068, 32 },
+        { 0x00D8, 16 } } };
+    identity.clear();
+    for (const Place& place : places) {
+        std::string bytes(place.size, '\0');
+        AccessError ignored; // one that a camera refuses tells nothing
+        read(place.address, reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size(),
+            AccessKind::Memory, ignored);
+        if (m_health->unanswered) {
+            return false;
+        }
+        identity += bytes;
+    }
+    return true;
+}
+
+CameraSession::Retaken CameraSession::retake(bool readOnly)
+{
+    if (!ARV_IS_GV_DEVICE(m_device)) {
+        return Retaken::No;
+    }
+    GlibError failure;
+    bool isDenied = false;
+    if (!readOnly && !arv_gv_device_take_control(ARV_GV_DEVICE(m_device), failure.out())) {
+        isDenied = failure && failure.get()->code == ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED;
+        if (!isDenied) {
+            return Retaken::No;
+        }
+    }
+    m_health->controlLost = false;
+    m_health->unanswered = false;
+    std::string identity;
+    if (!readIdentity(identity)) {
+        return Retaken::No;
+    }
+    if (identity != m_identity) {
+        return Retaken::OtherCamera;
+    }
+    return isDenied ? Retaken::Denied : Retaken::Yes;
+}
+
+void CameraSession::watch()
+{
+    std::array<std::uint8_t, 4> bytes {};
+    AccessError ignored;
+    if (!ARV_IS_GV_DEVICE(m_device)) {
+        read(usbVersionRegister, bytes.data(), bytes.size(), AccessKind::Memory, ignored);
+        return;
+    }
+    const bool wasController = isController();
+    const bool done
+        = read(privilegeRegister, bytes.data(), bytes.size(), AccessKind::Register, ignored);
+    if (done && wasController && (bytes[3] & controlBits) == 0) {
+        m_health->controlLost = true;
+    }
+}
+
+bool CameraSession::finish(bool done, const GlibError& failure, AccessError& error)
+{
+    m_health->waitingSince = 0;
+    if (done && !failure) {
+        return true;
+    }
+    if (failure && isAnswerMissing(*failure.get())) {
+        m_health->unanswered = true;
+    }
+    error.code = failure ? libraryErrorCode(failure.get()->domain, failure.get()->code)
+                         : deviceErrorBase + ARV_DEVICE_ERROR_UNKNOWN;
+    error.message = failure ? failure.get()->message : "the camera refused the access";
+    return false;
 }
 
 std::string CameraSession::description() const
@@ -167,6 +341,7 @@ bool CameraSession::read(std::uint64_t address, std::uint8_t* buffer, std::size_
     AccessKind kind, AccessError& error)
 {
     GlibError failure;
+    m_health->waitingSince = Clock::now().time_since_epoch().count();
     if (kind == AccessKind::Register) {
         guint32 value = 0;
         const bool done
@@ -174,10 +349,10 @@ bool CameraSession::read(std::uint64_t address, std::uint8_t* buffer, std::size_
         for (std::size_t i = 0; i < 4; ++i) {
             buffer[i] = static_cast<std::uint8_t>(value >> (24U - 8U * i));
         }
-        return take(done, failure, error);
+        return finish(done, failure, error);
     }
     const auto count = static_cast<guint32>(size);
-    return take(arv_device_read_memory(m_device, address, count, buffer, failure.out()) != FALSE,
+    return finish(arv_device_read_memory(m_device, address, count, buffer, failure.out()) != FALSE,
         failure, error);
 }
 
@@ -185,18 +360,19 @@ bool CameraSession::write(std::uint64_t address, const std::uint8_t* buffer, std
     AccessKind kind, AccessError& error)
 {
     GlibError failure;
+    m_health->waitingSince = Clock::now().time_since_epoch().count();
     if (kind == AccessKind::Register) {
         guint32 value = 0;
         for (std::size_t i = 0; i < 4; ++i) {
             value = value << 8U | buffer[i];
         }
-        return take(arv_device_write_register(m_device, address, value, failure.out()) != FALSE,
+        return finish(arv_device_write_register(m_device, address, value, failure.out()) != FALSE,
             failure, error);
     }
     // The library takes, but does not change, a buffer without const.
     std::string copy(reinterpret_cast<const char*>(buffer), size);
     const auto count = static_cast<guint32>(size);
-    return take(
+    return finish(
         arv_device_write_memory(m_device, address, count, copy.data(), failure.out()) != FALSE,
         failure, error);
 }

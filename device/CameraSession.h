@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GlibError.h"
 #include "RegisterBackend.h"
 
 #include <arv.h>
@@ -16,18 +17,38 @@ struct CameraPlace {
     std::string address; ///< IPv4 address, or the id of a USB camera
 };
 
+/// How far the opening of a camera is; any thread.
+struct OpeningProgress {
+    enum class Step {
+        Searching, ///< for its place
+        Asking, ///< for any answer
+        Waiting, ///< for others that are being opened
+        Reading, ///< the description
+        Preparing ///< what is built of it
+    };
+    std::atomic<Step> step { Step::Searching };
+    std::atomic<bool> isCancelled { false };
+    /// What reading the description takes, as far as that can be told; milliseconds.
+    std::atomic<std::int64_t> expectedMs { 0 };
+};
+
 /// An open connection to a real camera. All of it is used, and destroyed, on the camera's access
-/// thread, except the flags.
+/// thread, except the health.
 class CameraSession {
 public:
-    /// Shared with the library's own thread, which learns first that control is lost.
-    struct Flags {
+    /// How the connection is; read by the camera's user, written by the access thread and by the
+    /// library's own, which learns that control is lost.
+    struct Health {
         std::atomic<bool> controlLost { false };
+        std::atomic<bool> unanswered { false }; ///< every try of an access was in vain
+        std::atomic<std::int64_t> waitingSince { 0 }; ///< Clock ticks; 0 while no answer is due
     };
 
-    /// Opens the camera and asks it for control. Blocks up to several seconds. Null and one line in
-    /// `error` when it does not answer.
-    static std::shared_ptr<CameraSession> open(const CameraPlace& place, std::string& error);
+    /// Opens the camera and asks it for control. Takes as long as its description needs, which for
+    /// a slow camera is minutes; once cancelled it ends when the library below lets it. Null and
+    /// one line in `error` when it does not answer.
+    static std::shared_ptr<CameraSession> open(
+        const CameraPlace& place, OpeningProgress& progress, std::string& error);
 
     CameraSession(const CameraSession&) = delete;
     CameraSession& operator=(const CameraSession&) = delete;
@@ -36,8 +57,18 @@ public:
     bool isController() const;
     /// Gives control to whoever asks next.
     void leaveControl();
-    /// Takes control anew after it was lost, and makes sure that the camera answers.
-    bool retakeControl();
+    /// Whether something answers at `place`, asked past any session. `error` is one line.
+    static bool answers(const CameraPlace& place, OpeningProgress& progress, std::string& error);
+    enum class Retaken {
+        Yes,
+        Denied, ///< another application controls the camera
+        No, ///< the session is of no use any more
+        OtherCamera ///< there is another camera, or another description, at its place
+    };
+    /// Takes control anew after it was lost, unless `readOnly`, and compares who is there.
+    Retaken retake(bool readOnly);
+    /// Reads a register that every camera has, to learn whether it still answers.
+    void watch();
     /// Description as the camera delivers it, unzipped.
     std::string description() const;
     bool read(std::uint64_t address, std::uint8_t* buffer, std::size_t size, AccessKind kind,
@@ -45,13 +76,16 @@ public:
     bool write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size, AccessKind kind,
         AccessError& error);
     ArvDevice* device() const { return m_device; }
-    const std::shared_ptr<Flags>& flags() const { return m_flags; }
+    const std::shared_ptr<Health>& health() const { return m_health; }
 
 private:
     explicit CameraSession(ArvDevice* device);
+    bool readIdentity(std::string& identity);
+    bool finish(bool done, const GlibError& failure, AccessError& error);
 
     ArvDevice* m_device;
-    std::shared_ptr<Flags> m_flags = std::make_shared<Flags>();
+    std::shared_ptr<Health> m_health = std::make_shared<Health>();
+    std::string m_identity; ///< what tells this camera and its description from others
     gulong m_handler = 0;
 };
 

@@ -63,7 +63,6 @@ const Feature* DeviceOperations::lookup(const char* name, std::uint8_t type)
     RegisterBackend& backend = m_camera.port().backend();
     if (backend.isLost()) {
         fail(backend.loss().code, backend.loss().message);
-        m_isGrabbing = false;
         return nullptr;
     }
     const Feature* feature = name == nullptr ? nullptr : m_camera.feature(name);

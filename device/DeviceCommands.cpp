@@ -3,7 +3,6 @@
 #include "StatusCodes.h"
 
 #include <algorithm>
-#include <chrono>
 #include <thread>
 
 namespace zqcameralib {
@@ -21,66 +20,54 @@ int DeviceOperations::execute(const char* name, bool wait)
 {
     const Feature* feature = lookup(name, FEATURE_COMMAND);
     if (feature == nullptr) {
-        return m_lastError;
+        return lastError();
     }
     if (const int status = checkWritable(*feature)) {
         return status;
     }
+    const auto begun = Clock::now();
     const bool starts = feature->name == "AcquisitionStart";
     if (starts) {
-        setStreamLock(true);
+        m_camera.setGrabbing(true);
     }
     int status = write(*feature,
         [&](GError** error) { arv_gc_command_execute(ARV_GC_COMMAND(feature->gc), error); });
     if (status == STATUS_OK && wait) {
-        status = waitUntilDone(*feature);
+        status = waitUntilDone(*feature, begun);
     }
     const bool ends = feature->name == "AcquisitionStop" || feature->name == "AcquisitionAbort"
         || feature->name == "DeviceReset";
-    if ((starts && status != STATUS_OK) || (ends && status == STATUS_OK)) {
-        setStreamLock(false);
-    } else if (starts) {
-        m_isGrabbing = true;
+    // A start that nobody has confirmed or refused may still happen.
+    const bool isOpenEnded = status == commandTimeout || status == cameraSlow;
+    if ((starts && status != STATUS_OK && !isOpenEnded) || (ends && status == STATUS_OK)) {
+        m_camera.setGrabbing(false);
     }
     return status;
 }
 
-void DeviceOperations::setStreamLock(bool locked)
-{
-    if (!locked) {
-        m_isGrabbing = false;
-    }
-    ArvGcNode* node = arv_gc_get_node(m_camera.nodeMap(), "TLParamsLocked");
-    GlibError ignored; // a camera without one locks by itself
-    if (ARV_IS_GC_INTEGER(node)) {
-        arv_gc_integer_set_value(ARV_GC_INTEGER(node), locked ? 1 : 0, ignored.out());
-        m_camera.port().invalidate();
-    }
-}
-
-int DeviceOperations::waitUntilDone(const Feature& feature)
+int DeviceOperations::waitUntilDone(const Feature& feature, Clock::time_point begun)
 {
     if (feature.commandRegister == nullptr) {
         return STATUS_OK;
     }
-    using Clock = std::chrono::steady_clock;
-    const auto deadline = Clock::now() + std::chrono::milliseconds(commandTimeoutMs);
-    const std::uint64_t failures = m_camera.port().failures();
+    RegisterPort& port = m_camera.port();
+    const auto deadline = begun + std::chrono::milliseconds(commandTimeoutMs);
+    const std::uint64_t failures = port.failures();
     for (auto pause = std::chrono::milliseconds(1);;
          pause = std::min<std::chrono::milliseconds>(2 * pause, maxPause)) {
         GlibError error;
-        m_camera.port().invalidate();
+        port.invalidate();
         const std::int64_t value
             = arv_gc_integer_get_value(ARV_GC_INTEGER(feature.commandRegister), error.out());
-        if (m_camera.port().failures() != failures) {
+        const bool failed = port.failures() != failures;
+        if (failed && port.lastFailure().code != cameraSlow) {
             return failPort();
         }
-        if (error || value != feature.commandValue) {
+        if (!failed && (error || value != feature.commandValue)) {
             return STATUS_OK;
         }
-        if (Clock::now() >= deadline) {
-            return fail(commandTimeout,
-                feature.name + ": not done after " + std::to_string(commandTimeoutMs) + " ms");
+        if (failed || Clock::now() >= deadline) {
+            return fail(commandTimeout, feature.name + ": not done yet; it goes on in the camera");
         }
         std::this_thread::sleep_for(pause);
     }

@@ -17,8 +17,7 @@ DeviceOperations::DeviceOperations(ZQCamera::Impl& camera)
 
 int DeviceOperations::fail(int code, const std::string& text)
 {
-    m_lastError = code;
-    m_lastText = text;
+    m_camera.lastError() = { code, text };
     return code;
 }
 
@@ -42,7 +41,8 @@ std::string DeviceOperations::errorText(int code) const
     if (backend.isLost() && code == backend.loss().code) {
         return backend.loss().message;
     }
-    return code == m_lastError && !m_lastText.empty() ? m_lastText : statusText(code);
+    const LastError& last = m_camera.lastError();
+    return code == last.code && !last.text.empty() ? last.text : statusText(code);
 }
 
 int DeviceOperations::read(const Feature& feature, const Access& access)
@@ -88,7 +88,7 @@ int DeviceOperations::setInteger(const char* name, std::int64_t value, bool chec
 {
     const Feature* feature = lookup(name, FEATURE_INTEGER);
     if (feature == nullptr) {
-        return m_lastError;
+        return lastError();
     }
     int status = checkWritable(*feature);
     if (status == STATUS_OK && checkRange) {
@@ -103,7 +103,7 @@ int DeviceOperations::getInteger(const char* name, std::int64_t& value)
 {
     const Feature* feature = lookup(name, FEATURE_INTEGER);
     if (feature == nullptr) {
-        return m_lastError;
+        return lastError();
     }
     std::int64_t result = 0;
     int status = read(*feature, [&](GError** error) {
@@ -120,7 +120,7 @@ int DeviceOperations::setFloat(const char* name, double value)
 {
     const Feature* feature = lookup(name, FEATURE_FLOAT);
     if (feature == nullptr) {
-        return m_lastError;
+        return lastError();
     }
     int status = checkWritable(*feature);
     if (status == STATUS_OK) {
@@ -135,7 +135,7 @@ int DeviceOperations::getFloat(const char* name, double& value)
 {
     const Feature* feature = lookup(name, FEATURE_FLOAT);
     if (feature == nullptr) {
-        return m_lastError;
+        return lastError();
     }
     double result = 0.0;
     const int status = read(*feature,
@@ -148,7 +148,7 @@ int DeviceOperations::setString(const char* name, const char* value)
 {
     const Feature* feature = lookup(name, FEATURE_STRING);
     if (feature == nullptr) {
-        return m_lastError;
+        return lastError();
     }
     if (value == nullptr) {
         return fail(invalidArgument, feature->name + ": no text given");
@@ -199,7 +199,7 @@ int DeviceOperations::setEnum(const char* name, const char* entry, int index)
 {
     const Feature* feature = lookup(name, FEATURE_ENUMERATION);
     if (feature == nullptr) {
-        return m_lastError;
+        return lastError();
     }
     if (const int status = checkWritable(*feature)) {
         return status;
@@ -226,7 +226,7 @@ int DeviceOperations::setBoolean(const char* name, bool value)
 {
     const Feature* feature = lookup(name, FEATURE_BOOLEAN);
     if (feature == nullptr) {
-        return m_lastError;
+        return lastError();
     }
     const int status = checkWritable(*feature);
     return status != STATUS_OK ? status : write(*feature, [&](GError** error) {
@@ -238,7 +238,7 @@ int DeviceOperations::getBoolean(const char* name, bool& value)
 {
     const Feature* feature = lookup(name, FEATURE_BOOLEAN);
     if (feature == nullptr) {
-        return m_lastError;
+        return lastError();
     }
     bool result = false;
     const int status = read(*feature, [&](GError** error) {

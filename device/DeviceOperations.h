@@ -5,6 +5,7 @@
 #include "FeatureReader.h"
 #include "GlibError.h"
 
+#include <chrono>
 #include <functional>
 #include <string>
 
@@ -15,7 +16,7 @@ namespace zqcameralib {
 class DeviceOperations {
 public:
     /// How long a command may take to report that it is done.
-    static constexpr int commandTimeoutMs = 2000;
+    static constexpr int commandTimeoutMs = 1000;
 
     /// `camera` has to outlive this.
     explicit DeviceOperations(ZQCamera::Impl& camera);
@@ -32,13 +33,13 @@ public:
 
     /// Notes a failure, for lastError() and errorText(); returns the code.
     int fail(int code, const std::string& text);
-    int lastError() const { return m_lastError; }
+    int lastError() const { return m_camera.lastError().code; }
     /// The text of `code`: what was said when it last happened, else a general sentence.
     std::string errorText(int code) const;
-    bool isGrabbing() const { return m_isGrabbing; }
 
 private:
     using Access = std::function<void(GError** error)>;
+    using Clock = std::chrono::steady_clock;
 
     int failPort();
     int failLibrary(const Feature& feature, const GError& error);
@@ -53,14 +54,10 @@ private:
     int checkConversion(const Feature& feature, const Number& value);
     int read(const Feature& feature, const Access& access);
     int write(const Feature& feature, const Access& access);
-    int waitUntilDone(const Feature& feature);
-    void setStreamLock(bool locked);
+    int waitUntilDone(const Feature& feature, Clock::time_point begun);
 
     ZQCamera::Impl& m_camera;
     FeatureReader m_reader;
-    int m_lastError = 0;
-    std::string m_lastText;
-    bool m_isGrabbing = false;
 };
 
 } // namespace zqcameralib

@@ -1,9 +1,9 @@
 #include "PortDevice.h"
 
+#include "LibraryLock.h"
 #include "StatusCodes.h"
 
 #include <array>
-#include <mutex>
 #include <string>
 
 namespace zqcameralib {
@@ -130,17 +130,20 @@ void PortDeviceDeleter::operator()(PortDevice* device) const
     g_object_unref(device);
 }
 
-PortDevicePointer makePortDevice(RegisterPort& port, std::string_view xml)
+PortDevicePointer makePortDevice(
+    RegisterPort& port, std::string_view xml, std::chrono::milliseconds limit, std::string& error)
 {
-    // The parser below keeps its state in static storage.
-    static std::mutex parserMutex;
-    const std::lock_guard<std::mutex> lock(parserMutex);
-
+    const LibraryLock parser(LibraryPart::Parser, LibraryLock::Clock::now() + limit);
+    if (!parser) {
+        error = "another camera is being opened and does not come to an end";
+        return nullptr;
+    }
     PortDevicePointer device(static_cast<PortDevice*>(g_object_new(portDeviceType(), nullptr)));
     device->port = &port;
     device->xml = new std::string(xml);
     device->genicam = arv_gc_new(&device->parent, device->xml->c_str(), device->xml->size());
     if (device->genicam == nullptr) {
+        error = "the description cannot be evaluated";
         return nullptr;
     }
     return device;

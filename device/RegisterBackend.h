@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -39,20 +41,76 @@ public:
         AccessKind kind = AccessKind::Memory;
         std::vector<std::uint8_t> bytes; ///< in: as many as are wanted
         bool done = false;
+        AccessError error; ///< of one that failed; code 0 while nothing was tried
     };
+    using Requests = std::vector<Request>;
+
+    /// Registers that are being read while the caller does something else. Destroying it ends that.
+    class Reading {
+    public:
+        Reading() = default;
+        Reading(const Reading&) = delete;
+        Reading& operator=(const Reading&) = delete;
+        virtual ~Reading() = default;
+        /// Those that have been read, or have failed, since the last call.
+        virtual Requests takeFinished() = 0;
+    };
+
     /// Whether reading several registers together costs less than one by one.
     virtual bool prefersBatches() const { return false; }
-    /// Reads what can be read at once; an access that fails or takes long ends it early. Nothing
-    /// is an error: what is not done is read again one by one.
-    virtual void readTogether(std::vector<Request>& /*requests*/) { }
+    /// Reads what can be read at once; an access that fails, or the end of the time, ends it early.
+    /// Nothing is an error: what is not done is read again one by one.
+    virtual void readTogether(Requests& /*requests*/) { }
+    /// Reads beside the caller, and behind everything else that is asked for meanwhile.
+    virtual std::unique_ptr<Reading> readBeside(Requests requests);
 
-    /// Whether the camera does not answer any more; every access then fails at once with loss().
+    /// What is asked for between these two belongs to one operation, and waits for the camera at
+    /// most as long as one operation may, all in all. They nest; see CallScope.
+    virtual void beginCall() { }
+    virtual void endCall() { }
+    /// From now on, all accesses together may wait so long; zero or less: without limit.
+    virtual void limitWaiting(std::chrono::milliseconds /*total*/) { }
+    /// Whether one of these limits holds now.
+    virtual bool isLimited() const { return false; }
+    /// Whether no time is left.
+    virtual bool isTimeOver() const { return false; }
+
+    /// Whether the camera does not answer at the moment; every access then fails at once with
+    /// loss(). One that was not given up yet may answer again.
     virtual bool isLost() { return false; }
+    /// Whether the camera was given up: only reconnect() finds it again.
+    virtual bool isGivenUp() { return false; }
     virtual AccessError loss() const { return {}; }
+    /// Gives the camera up, for instance because it is another one that cannot be used.
+    virtual void giveUp(const std::string& /*reason*/) { }
     /// Whether the camera takes no writes in this session.
     virtual bool isReadOnly() const { return false; }
-    /// Tries once to find a lost camera again. False and one line in `error` when it has not.
-    virtual bool reconnect(std::string& /*error*/) { return true; }
+    /// Tries once to find a lost camera again; what takes longer goes on, and the next call tells
+    /// how it ended. `waits`: as long as an operation may. False and one line in `error` while the
+    /// camera is not there.
+    virtual bool reconnect(bool /*waits*/, std::string& /*error*/) { return true; }
+    /// Whether a try to reconnect goes on.
+    virtual bool isReconnecting() { return false; }
+    /// Grows when there is another camera, or another description, after a reconnection.
+    virtual std::uint64_t cameraNumber() const { return 0; }
+    /// The camera's description where it comes with the registers.
+    virtual std::string description() const { return {}; }
+};
+
+/// While one lives, accesses belong to one operation.
+class CallScope {
+public:
+    explicit CallScope(RegisterBackend& backend)
+        : m_backend(backend)
+    {
+        m_backend.beginCall();
+    }
+    CallScope(const CallScope&) = delete;
+    CallScope& operator=(const CallScope&) = delete;
+    ~CallScope() { m_backend.endCall(); }
+
+private:
+    RegisterBackend& m_backend;
 };
 
 } // namespace zqcameralib

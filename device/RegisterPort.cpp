@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace zqcameralib {
 
@@ -68,12 +69,45 @@ void RegisterPort::invalidate()
     ++m_changes;
 }
 
+/// False when the register has to be read from the camera.
+bool RegisterPort::readAhead(
+    const Register& key, AccessKind kind, std::uint8_t* buffer, AccessError& error, bool& done)
+{
+    const auto found = m_ahead->m_known.find(key);
+    if (found != m_ahead->m_known.end()) {
+        done = found->second.error.code == 0;
+        if (done) {
+            ++m_answers;
+            std::copy(found->second.bytes.begin(), found->second.bytes.end(), buffer);
+        } else {
+            error = found->second.error;
+            fail(error);
+        }
+        return true;
+    }
+    if (m_ahead->m_missing == nullptr) {
+        return false;
+    }
+    if (!m_ahead->m_isMissing) {
+        m_ahead->m_isMissing = true;
+        m_ahead->m_missing->push_back(
+            { key.first, kind, std::vector<std::uint8_t>(key.second), false, {} });
+    }
+    error = { notReadYet, "not read yet" };
+    done = fail(error);
+    return true;
+}
+
 bool RegisterPort::read(std::uint64_t address, std::uint8_t* buffer, std::size_t size,
     AccessKind kind, AccessError& error)
 {
     const Register key(address, size);
     m_fourByteKind = size == 4 ? kind : m_fourByteKind;
     note(key);
+    bool done = false;
+    if (m_ahead != nullptr && readAhead(key, kind, buffer, error, done)) {
+        return done;
+    }
     if (!m_snapshot.empty() && snapshotExpired()) {
         clearSnapshot();
     }
@@ -96,6 +130,7 @@ bool RegisterPort::read(std::uint64_t address, std::uint8_t* buffer, std::size_t
 
 void RegisterPort::keep(const Register& key, const std::uint8_t* bytes)
 {
+    ++m_answers;
     if (m_snapshot.empty()) {
         m_snapshotStart = Clock::now();
     }
@@ -105,7 +140,7 @@ void RegisterPort::keep(const Register& key, const std::uint8_t* bytes)
 
 void RegisterPort::prefetch(const std::vector<Register>& registers)
 {
-    if (!m_backend->prefersBatches()) {
+    if (!m_backend->prefersBatches() || m_ahead != nullptr) {
         return;
     }
     if (!m_snapshot.empty() && snapshotExpired()) {
@@ -115,8 +150,8 @@ void RegisterPort::prefetch(const std::vector<Register>& registers)
     std::unordered_set<Register, Hash> wanted;
     for (const Register& key : registers) {
         if (m_snapshot.count(key) == 0 && wanted.insert(key).second) {
-            const AccessKind kind = key.second == 4 ? m_fourByteKind : AccessKind::Memory;
-            requests.push_back({ key.first, kind, std::vector<std::uint8_t>(key.second), false });
+            requests.push_back(
+                { key.first, kindOf(key), std::vector<std::uint8_t>(key.second), false, {} });
         }
     }
     if (requests.size() < 2) {
@@ -144,6 +179,26 @@ bool RegisterPort::write(std::uint64_t address, const std::uint8_t* buffer, std:
         return fail(error);
     }
     return m_backend->write(address, buffer, size, kind, error) || fail(error);
+}
+
+RegisterPort::Ahead::Ahead(
+    RegisterPort& port, const KnownRegisters& known, RegisterBackend::Requests* missing)
+    : m_port(port)
+    , m_known(known)
+    , m_missing(missing)
+{
+    m_port.m_ahead = this;
+}
+
+RegisterPort::Ahead::~Ahead()
+{
+    m_port.m_ahead = nullptr;
+    m_port.clearSnapshot(); // nobody may build on answers of another time
+}
+
+bool RegisterPort::Ahead::begin()
+{
+    return std::exchange(m_isMissing, false);
 }
 
 RegisterPort::Recorder::Recorder(RegisterPort& port)

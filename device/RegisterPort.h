@@ -74,10 +74,54 @@ public:
         RegisterPort& m_port;
     };
 
+    /// Registers that were read beside the caller, by place.
+    struct Known {
+        std::vector<std::uint8_t> bytes;
+        AccessError error; ///< code 0 where the bytes hold
+    };
+    struct Hash {
+        std::size_t operator()(const Register& key) const
+        {
+            return std::hash<std::uint64_t>()(key.first * 31U + key.second);
+        }
+    };
+    using KnownRegisters = std::unordered_map<Register, Known, Hash>;
+
+    /// While one lives, registers are taken from `known` instead of the camera. One that is not
+    /// there is read; or, with `missing`, fails and is added to that, where it is the first since
+    /// begin().
+    class Ahead {
+    public:
+        Ahead(RegisterPort& port, const KnownRegisters& known,
+            RegisterBackend::Requests* missing = nullptr);
+        Ahead(const Ahead&) = delete;
+        Ahead& operator=(const Ahead&) = delete;
+        ~Ahead();
+
+        /// Begins another evaluation; whether anything was missing in the last one. What follows
+        /// the first register that is missing was asked for in vain, perhaps.
+        bool begin();
+
+    private:
+        friend class RegisterPort;
+        RegisterPort& m_port;
+        const KnownRegisters& m_known;
+        RegisterBackend::Requests* m_missing;
+        bool m_isMissing = false;
+    };
+
     RegisterBackend& backend() { return *m_backend; }
+    const RegisterBackend& backend() const { return *m_backend; }
+    /// How the camera wants this register to be read, as far as that is known.
+    AccessKind kindOf(const Register& place) const
+    {
+        return place.second == 4 ? m_fourByteKind : AccessKind::Memory;
+    }
     std::uint64_t failures() const { return m_failures; }
     /// The error of the last access that failed.
     const AccessError& lastFailure() const { return m_lastFailure; }
+    /// Registers that were read.
+    std::uint64_t answers() const { return m_answers; }
     /// Accesses that reached the camera.
     std::uint64_t reads() const { return m_reads; }
     std::uint64_t writes() const { return m_writes; }
@@ -89,18 +133,14 @@ public:
     void setTrace(std::vector<Register>* trace) { m_trace = trace; }
 
 private:
-    struct Hash {
-        std::size_t operator()(const Register& key) const
-        {
-            return std::hash<std::uint64_t>()(key.first * 31U + key.second);
-        }
-    };
     struct Kept {
         std::size_t offset = 0;
     };
     using Clock = std::chrono::steady_clock;
 
     bool fail(AccessError& error);
+    bool readAhead(
+        const Register& key, AccessKind kind, std::uint8_t* buffer, AccessError& error, bool& done);
     void note(const Register& key);
     bool snapshotExpired() const;
     void keep(const Register& key, const std::uint8_t* bytes);
@@ -113,6 +153,7 @@ private:
     std::uint64_t m_snapshotNumber = 1;
     int m_passes = 0;
     std::uint64_t m_failures = 0;
+    std::uint64_t m_answers = 0;
     std::uint64_t m_reads = 0;
     std::uint64_t m_writes = 0;
     std::uint64_t m_changes = 0;
@@ -121,6 +162,7 @@ private:
     FaultHook m_faultHook;
     std::vector<Register>* m_trace = nullptr;
     std::vector<Recorder*> m_recorders;
+    Ahead* m_ahead = nullptr;
 };
 
 } // namespace zqcameralib

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
+#include <thread>
 
 namespace featurebrowser {
 
@@ -52,28 +54,163 @@ std::shared_ptr<FeatureItem> wholeDevice()
 ZQCameraRepository::Impl::Impl(zqcameralib::ZQCamera::Impl& camera)
     : m_camera(camera)
     , m_reader(camera.port())
+    , m_generation(camera.generation())
 {
+}
+
+void ZQCameraRepository::Impl::dropOtherCamera()
+{
+    if (m_generation == m_camera.generation()) {
+        return;
+    }
+    m_generation = m_camera.generation();
+    clear();
+    m_previous.clear();
+    m_previousStates.clear();
+    m_loadRegisters.clear();
+    m_stateRegisters.clear();
+    m_ahead.reset();
+}
+
+bool ZQCameraRepository::Impl::isLoaded()
+{
+    dropOtherCamera();
+    return m_loaded;
+}
+
+ZQCameraRepository::Impl::ItemList& ZQCameraRepository::Impl::items()
+{
+    dropOtherCamera();
+    return m_items;
+}
+
+int ZQCameraRepository::Impl::note(const zqcameralib::AccessError& error)
+{
+    m_camera.lastError() = { error.code, error.message };
+    return error.code;
+}
+
+void ZQCameraRepository::Impl::beginReadAhead(bool onlyOutstanding)
+{
+    dropOtherCamera();
+    if (!onlyOutstanding || !m_loaded) {
+        m_ahead = std::make_unique<zqcameralib::ReadAhead>(
+            m_camera, m_loadRegisters, std::vector<bool>());
+        return;
+    }
+    std::vector<bool> wanted;
+    Registers expected;
+    for (const Feature& feature : m_camera.features()) {
+        const auto found = m_records.find(feature.name);
+        wanted.push_back(found != m_records.end() && found->second.isOutstanding);
+        if (wanted.back()) {
+            const Registers& touched = found->second.touched;
+            expected.insert(expected.end(), touched.begin(), touched.end());
+        }
+    }
+    m_ahead = std::make_unique<zqcameralib::ReadAhead>(m_camera, expected, std::move(wanted));
+}
+
+bool ZQCameraRepository::Impl::hasOutstanding() const
+{
+    return std::any_of(m_records.begin(), m_records.end(),
+        [](const auto& entry) { return entry.second.isOutstanding; });
+}
+
+int ZQCameraRepository::Impl::awaitReadAhead()
+{
+    if (!m_ahead) {
+        beginReadAhead(false);
+    }
+    for (;;) {
+        const zqcameralib::ReadAhead::State state = m_ahead->step();
+        if (state == zqcameralib::ReadAhead::State::Done) {
+            return STATUS_OK;
+        }
+        if (state == zqcameralib::ReadAhead::State::Failed || backend().isLost()) {
+            return note(backend().loss());
+        }
+        if (backend().isTimeOver()) {
+            return note({ zqcameralib::stillWorking,
+                "the camera is slow: " + std::to_string(m_ahead->done()) + " of "
+                    + std::to_string(m_ahead->total()) + " registers read, the rest follows" });
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+}
+
+int ZQCameraRepository::Impl::failLoad(const zqcameralib::AccessError& error)
+{
+    clear();
+    // Who shows what was known before has to show as well that nobody knows it now.
+    for (const Feature& feature : m_camera.features()) {
+        if (feature.type != FEATURE_CATEGORY) {
+            m_states[feature.name] = FEATURE_READ_FAILED;
+        }
+    }
+    return note(error);
 }
 
 int ZQCameraRepository::Impl::load()
 {
+    dropOtherCamera();
+    if (backend().isLost()) {
+        return failLoad(backend().loss());
+    }
+    const bool hasAhead = m_ahead && m_ahead->isCurrent();
+    if (!hasAhead && m_ahead && m_ahead->isPartial()) {
+        m_ahead.reset();
+    }
+    if (!hasAhead && backend().isLimited() && backend().prefersBatches()) {
+        if (awaitReadAhead() != STATUS_OK) {
+            return failLoad({ m_camera.lastError().code, m_camera.lastError().text });
+        }
+    }
+    const int status = readAll();
+    m_ahead.reset();
+    return status;
+}
+
+int ZQCameraRepository::Impl::readAll()
+{
+    RegisterPort& port = m_camera.port();
+    const bool isAhead = m_ahead && m_ahead->isCurrent();
     clear();
-    m_camera.port().invalidate();
-    const RegisterPort::Pass pass(m_camera.port());
-    prefetchLoad();
-    RegisterPort::Recorder recorder(m_camera.port());
+    port.invalidate();
+    const RegisterPort::Pass pass(port);
+    std::optional<RegisterPort::Ahead> ahead;
+    if (isAhead) {
+        ahead.emplace(port, m_ahead->known());
+    }
+    const std::uint64_t failures = port.failures();
+    const std::uint64_t answers = port.answers();
+    RegisterPort::Recorder recorder(port);
+    if (!isAhead) {
+        m_ahead.reset();
+        prefetchLoad();
+    }
     for (const Feature& feature : m_camera.features()) {
-        if (feature.type == FEATURE_CATEGORY || m_reader.isImplemented(feature)) {
+        if (feature.type == FEATURE_CATEGORY || takesOver(feature)
+            || m_reader.isImplemented(feature)) {
             addRecord(feature);
         }
     }
-    if (m_camera.port().backend().isLost()) {
-        clear();
-        return m_camera.port().backend().loss().code;
+    if (backend().isLost()) {
+        return failLoad(backend().loss());
     }
-    m_loadRegisters = distinct(std::move(recorder.read));
+    if (port.failures() != failures) {
+        if (port.answers() == answers) {
+            return failLoad(port.lastFailure());
+        }
+        note(port.lastFailure());
+    }
+    if (!m_ahead || !m_ahead->isPartial()) {
+        m_loadRegisters = distinct(std::move(recorder.read));
+    }
     dropEmptyCategories();
-    m_changesAtLoad = m_camera.port().changes();
+    m_previous.clear();
+    m_previousStates.clear();
+    m_changesAtLoad = port.changes();
     m_loadedAt = Clock::now();
     m_loaded = true;
     return STATUS_OK;
@@ -98,10 +235,31 @@ void ZQCameraRepository::Impl::prefetchLoad()
     port.prefetch(conditional);
 }
 
+/// Whether only others are read anew, and the feature's record is as good as it was.
+bool ZQCameraRepository::Impl::takesOver(const Feature& feature) const
+{
+    const auto known = m_previous.find(feature.name);
+    return m_ahead && m_ahead->isPartial() && known != m_previous.end()
+        && !known->second.isOutstanding;
+}
+
 void ZQCameraRepository::Impl::addRecord(const Feature& feature)
 {
-    Record record { std::make_shared<FeatureItem>(staticItem(feature)), &feature, false, {} };
+    const auto known = m_previous.find(feature.name);
+    if (takesOver(feature)) {
+        Record& record = m_records.emplace(feature.name, known->second).first->second;
+        record.isFresh = true;
+        m_states[feature.name] = m_previousStates[feature.name];
+        m_items.push_back(record.item);
+        return;
+    }
+    Record record;
+    record.item = std::make_shared<FeatureItem>(staticItem(feature));
+    record.feature = &feature;
     record.isFresh = readRecord(record);
+    if (!record.isFresh && known != m_previous.end()) {
+        *record.item = *known->second.item; // the last known value, which the state marks
+    }
     m_items.push_back(record.item);
     m_records.emplace(feature.name, std::move(record));
 }
@@ -125,14 +283,19 @@ void ZQCameraRepository::Impl::dropEmptyCategories()
 
 void ZQCameraRepository::Impl::clear()
 {
+    if (m_loaded) {
+        m_previous = std::move(m_records);
+        m_previousStates = std::move(m_states);
+    }
     m_loaded = false;
     m_items.clear();
     m_records.clear();
     m_states.clear();
 }
 
-ZQCameraRepository::Impl::ItemPointer ZQCameraRepository::Impl::find(const std::string& name) const
+ZQCameraRepository::Impl::ItemPointer ZQCameraRepository::Impl::find(const std::string& name)
 {
+    dropOtherCamera();
     const auto found = m_records.find(name);
     return found == m_records.end() ? nullptr : found->second.item;
 }
@@ -148,6 +311,8 @@ bool ZQCameraRepository::Impl::readRecord(Record& record)
     const bool done = m_reader.read(*record.feature, *record.item, state);
     record.touched = std::move(recorder.read);
     m_states[record.feature->name] = state;
+    record.isUnread = state == FEATURE_READ_FAILED;
+    record.isOutstanding = !done && m_camera.port().lastFailure().code == zqcameralib::cameraSlow;
     if (done) {
         explain(record, state);
     }
@@ -180,6 +345,7 @@ bool ZQCameraRepository::Impl::isStillFresh(Record& record)
 
 bool ZQCameraRepository::Impl::read(const ItemPointer& item)
 {
+    dropOtherCamera();
     if (!item) {
         return false;
     }
@@ -187,6 +353,7 @@ bool ZQCameraRepository::Impl::read(const ItemPointer& item)
     if (found == m_records.end() || found->second.item != item) {
         return false;
     }
+    const zqcameralib::CallScope call(backend());
     return isStillFresh(found->second) || readRecord(found->second);
 }
 
@@ -235,9 +402,9 @@ bool ZQCameraRepository::Impl::touchesWritten(const Record& record, const Featur
     });
 }
 
-ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::invalidatedBy(
-    const std::string& name) const
+ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::invalidatedBy(const std::string& name)
 {
+    dropOtherCamera();
     const Feature* feature = m_camera.feature(name);
     if (feature == nullptr) {
         return {};
@@ -245,30 +412,36 @@ ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::invalidatedBy(
     return changesWholeCamera(*feature) ? ItemList { wholeDevice() } : affectedBy(*feature);
 }
 
-ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::selectedBy(
-    const std::string& name) const
+ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::selectedBy(const std::string& name)
 {
+    dropOtherCamera();
     const Feature* feature = m_camera.feature(name);
     return feature != nullptr && feature->isSelector ? affectedBy(*feature) : ItemList {};
 }
 
 int ZQCameraRepository::Impl::updateStates()
 {
+    dropOtherCamera();
     if (!m_loaded) {
         return zqcameralib::notLoaded;
     }
-    const RegisterPort::Pass pass(m_camera.port());
-    const std::uint64_t failures = m_camera.port().failures();
-    m_camera.port().prefetch(m_stateRegisters);
-    RegisterPort::Recorder recorder(m_camera.port());
+    RegisterPort& port = m_camera.port();
+    const RegisterPort::Pass pass(port);
+    const std::uint64_t failuresBefore = port.failures();
+    port.prefetch(m_stateRegisters);
+    RegisterPort::Recorder recorder(port);
     for (auto& [name, record] : m_records) {
-        m_states[name] = m_reader.state(*record.feature);
+        const std::uint64_t failures = port.failures();
+        const FEATURE_STATE state = m_reader.state(*record.feature);
+        m_states[name] = record.isUnread ? FEATURE_READ_FAILED : state;
+        record.isOutstanding = record.isOutstanding
+            || (port.failures() != failures && port.lastFailure().code == zqcameralib::cameraSlow);
     }
     m_stateRegisters = distinct(std::move(recorder.read));
-    if (m_camera.port().backend().isLost()) {
-        return m_camera.port().backend().loss().code;
+    if (backend().isLost()) {
+        return note(backend().loss());
     }
-    return m_camera.port().failures() == failures ? STATUS_OK : m_camera.port().lastFailure().code;
+    return port.failures() == failuresBefore ? STATUS_OK : note(port.lastFailure());
 }
 
 } // namespace featurebrowser

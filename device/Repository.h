@@ -2,6 +2,7 @@
 
 #include "Camera.h"
 #include "FeatureReader.h"
+#include "ReadAhead.h"
 
 #include "featurebrowser/ZQCameraRepository.h"
 
@@ -19,29 +20,52 @@ public:
     /// `camera` has to outlive the repository.
     explicit Impl(zqcameralib::ZQCamera::Impl& camera);
 
-    bool isLoaded() const { return m_loaded; }
+    bool isLoaded();
     int load();
     void clear();
     int updateStates();
-    ItemPointer find(const std::string& name) const;
+    ItemPointer find(const std::string& name);
     bool read(const ItemPointer& item);
-    ItemList invalidatedBy(const std::string& name) const;
-    ItemList selectedBy(const std::string& name) const;
-    ItemList& items() { return m_items; }
+    ItemList invalidatedBy(const std::string& name);
+    ItemList selectedBy(const std::string& name);
+    ItemList& items();
     std::map<std::string, FEATURE_STATE>& states() { return m_states; }
+    bool hasOutstanding() const;
+
+    /// Begins to read beside the caller what the next load() takes: all features, or those that are
+    /// outstanding. The object is replaced by the next call and gone after the load.
+    void beginReadAhead(bool onlyOutstanding);
+    void endReadAhead() { m_ahead.reset(); }
+    /// Null when none goes on.
+    zqcameralib::ReadAhead* readAhead() { return m_ahead.get(); }
+    /// The error of a reading ahead that has failed, or cannot begin.
+    std::string lossText() { return m_camera.port().backend().loss().message; }
 
 private:
     using Clock = std::chrono::steady_clock;
+    using Registers = zqcameralib::ZQCamera::Impl::Registers;
     struct Record {
         ItemPointer item;
         const zqcameralib::Feature* feature = nullptr;
         bool isFresh = false; ///< just read by load(), not handed out since
-        zqcameralib::ZQCamera::Impl::Registers touched; ///< when last read, where places move
+        bool isUnread = false; ///< what the item holds was not confirmed by the last reading
+        bool isOutstanding = false; ///< unread only because there was no time left
+        Registers touched; ///< when last read, where places move
     };
+    using Records = std::unordered_map<std::string, Record>;
 
+    zqcameralib::RegisterBackend& backend() { return m_camera.port().backend(); }
+    int note(const zqcameralib::AccessError& error);
+    /// Records of a camera that was exchanged are void.
+    void dropOtherCamera();
+    /// Waits for the reading ahead as long as one operation may; 0 when it is done.
+    int awaitReadAhead();
+    int readAll();
+    int failLoad(const zqcameralib::AccessError& error);
     /// Reads together what a load is going to read: what the last one has read or, the first time,
     /// what the description tells.
     void prefetchLoad();
+    bool takesOver(const zqcameralib::Feature& feature) const;
     void addRecord(const zqcameralib::Feature& feature);
     void dropEmptyCategories();
     bool readRecord(Record& record);
@@ -53,13 +77,17 @@ private:
 
     zqcameralib::ZQCamera::Impl& m_camera;
     zqcameralib::FeatureReader m_reader;
+    std::unique_ptr<zqcameralib::ReadAhead> m_ahead;
+    std::uint64_t m_generation = 0;
     bool m_loaded = false;
     ItemList m_items;
-    std::unordered_map<std::string, Record> m_records;
+    Records m_records;
+    Records m_previous; ///< what was known before it was cleared
     std::map<std::string, FEATURE_STATE> m_states;
+    std::map<std::string, FEATURE_STATE> m_previousStates;
     /// What was read last in whole passes, to be read together the next time.
-    zqcameralib::ZQCamera::Impl::Registers m_loadRegisters;
-    zqcameralib::ZQCamera::Impl::Registers m_stateRegisters;
+    Registers m_loadRegisters;
+    Registers m_stateRegisters;
     std::uint64_t m_changesAtLoad = 0;
     Clock::time_point m_loadedAt;
 };

@@ -28,6 +28,9 @@ constexpr int notConvertible = statusBase(0x8031000EU); ///< a formula on its wa
 constexpr int injectedFault = statusBase(0x80350001U); ///< only in tests
 constexpr int cameraLost = statusBase(0x80350002U); ///< the camera does not answer any more
 constexpr int accessDenied = statusBase(0x80350003U); ///< another application controls the camera
+constexpr int cameraSlow = statusBase(0x80350004U); ///< no answer in the time of one operation
+constexpr int stillWorking = statusBase(0x80350005U); ///< what was begun goes on; to be asked again
+constexpr int notReadYet = statusBase(0x80350006U); ///< internal: to be read beside the caller
 
 /// Offsets of the error codes of the library below: device errors and node map errors.
 constexpr int deviceErrorBase = statusBase(0x80360000U);

@@ -9,7 +9,6 @@ namespace zqcameralib {
 
 namespace {
 
-constexpr std::chrono::milliseconds openLimit(4000);
 constexpr std::uint64_t waitUs = 50000;
 
 /// A stream on its way from the access thread, which keeps it when nobody waits for it any more.
@@ -42,7 +41,7 @@ std::unique_ptr<StreamFrames> StreamFrames::open(
             arv_stream_push_buffer(opening->stream, arv_buffer_new_allocate(payload));
         }
     };
-    if (!link.runWithSession(task, openLimit, error)) {
+    if (!link.runWithSession(task, error)) {
         return nullptr;
     }
     if (opening->stream == nullptr) {

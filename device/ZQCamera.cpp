@@ -1,9 +1,8 @@
 #include "featurebrowser/ZQCamera.h"
 
 #include "Camera.h"
-#include "CameraLink.h"
+#include "CameraOpening.h"
 #include "DescriptionFile.h"
-#include "Discovery.h"
 #include "SimulatedCamera.h"
 
 namespace zqcameralib {
@@ -39,20 +38,12 @@ std::unique_ptr<ZQCamera> ZQCamera::OpenDescription(const std::string& path, std
 std::unique_ptr<ZQCamera> ZQCamera::Open(
     const std::string& id, CameraAccess access, std::string& error)
 {
-    CameraPlace place;
-    if (!findCamera(id, place, error)) {
-        return nullptr;
-    }
-    std::unique_ptr<CameraLink> link = CameraLink::open(place, access, error);
-    if (!link) {
-        return nullptr;
-    }
-    std::string text = link->description();
-    std::unique_ptr<ZQCamera> camera = wrap(openOver(std::move(text), std::move(link), error));
-    if (!camera) {
-        error = id + ": " + error;
-    }
-    return camera;
+    return openReal(id, access, std::make_shared<OpeningProgress>(), error);
+}
+
+std::unique_ptr<ZQCameraOpening> ZQCamera::OpenBeside(const std::string& id, CameraAccess access)
+{
+    return std::make_unique<ZQCameraOpening>(std::make_unique<ZQCameraOpening::Impl>(id, access));
 }
 
 bool ZQCamera::isLost() const
@@ -67,8 +58,12 @@ bool ZQCamera::isReadOnly() const
 
 bool ZQCamera::reconnect(std::string& error)
 {
-    m_impl->port().invalidate();
-    return m_impl->port().backend().reconnect(error);
+    return m_impl->reconnect(true, error);
+}
+
+void ZQCamera::limitWaiting(std::chrono::milliseconds total)
+{
+    m_impl->port().backend().limitWaiting(total);
 }
 
 ZQCamera::ZQCamera(std::unique_ptr<Impl> impl)

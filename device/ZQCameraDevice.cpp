@@ -1,7 +1,7 @@
 #include "featurebrowser/ZQCameraDevice.h"
 
 #include "DeviceOperations.h"
-#include "Repository.h"
+#include "ReconnectTask.h"
 #include "StatusCodes.h"
 
 #include <algorithm>
@@ -18,6 +18,22 @@ public:
         , repository(std::make_unique<ZQCameraRepository::Impl>(opened.impl()))
         , operations(opened.impl())
     {
+    }
+    Impl(const Impl&) = delete;
+    Impl& operator=(const Impl&) = delete;
+    ~Impl()
+    {
+        // A camera that nobody looks after any more shall not go on sending images.
+        if (camera.impl().isGrabbing()) {
+            call([](auto& device) { return device.execute("AcquisitionStop", false); });
+        }
+    }
+
+    /// Runs an operation, whose accesses share one limit of time.
+    template <typename Operation> int call(Operation operation)
+    {
+        const zqcameralib::CallScope scope(camera.impl().port().backend());
+        return operation(operations);
     }
 
     ZQCamera& camera;
@@ -59,22 +75,29 @@ ZQCameraRepository* ZQCameraDevice::GetRepository()
 
 int ZQCameraDevice::Reconnect()
 {
-    std::string error;
-    if (!m_impl->camera.reconnect(error)) {
-        return m_impl->operations.fail(zqcameralib::cameraLost, error);
-    }
-    return m_impl->repository.Load();
+    return m_impl->call([this](auto& operations) {
+        std::string error;
+        if (!m_impl->camera.reconnect(error)) {
+            return operations.fail(zqcameralib::cameraLost, error);
+        }
+        return m_impl->repository.Load();
+    });
+}
+
+std::unique_ptr<zqcameralib::ZQCameraTask> ZQCameraDevice::ReconnectBeside()
+{
+    return std::make_unique<zqcameralib::ReconnectTask>(m_impl->camera.impl(), m_impl->repository);
 }
 
 int ZQCameraDevice::SetIntegerValue(const char* name, long value, int flag)
 {
-    return m_impl->operations.setInteger(name, value, flag == 1);
+    return m_impl->call([&](auto& device) { return device.setInteger(name, value, flag == 1); });
 }
 
 int ZQCameraDevice::GetIntegerValue(const char* name, long* value)
 {
     std::int64_t result = 0;
-    const int status = m_impl->operations.getInteger(name, result);
+    const int status = m_impl->call([&](auto& device) { return device.getInteger(name, result); });
     if (status == STATUS_OK && value != nullptr) {
         *value = result;
     }
@@ -83,13 +106,13 @@ int ZQCameraDevice::GetIntegerValue(const char* name, long* value)
 
 int ZQCameraDevice::SetFloatValue(const char* name, double value)
 {
-    return m_impl->operations.setFloat(name, value);
+    return m_impl->call([&](auto& device) { return device.setFloat(name, value); });
 }
 
 int ZQCameraDevice::GetFloatValue(const char* name, double* value)
 {
     double result = 0.0;
-    const int status = m_impl->operations.getFloat(name, result);
+    const int status = m_impl->call([&](auto& device) { return device.getFloat(name, result); });
     if (status == STATUS_OK && value != nullptr) {
         *value = result;
     }
@@ -98,23 +121,23 @@ int ZQCameraDevice::GetFloatValue(const char* name, double* value)
 
 int ZQCameraDevice::SetStringValue(const char* name, const char* value)
 {
-    return m_impl->operations.setString(name, value);
+    return m_impl->call([&](auto& device) { return device.setString(name, value); });
 }
 
 int ZQCameraDevice::SetEnumValue(const char* name, const char* entry, int index)
 {
-    return m_impl->operations.setEnum(name, entry, index);
+    return m_impl->call([&](auto& device) { return device.setEnum(name, entry, index); });
 }
 
 int ZQCameraDevice::SetBooleanValue(const char* name, int value)
 {
-    return m_impl->operations.setBoolean(name, value != 0);
+    return m_impl->call([&](auto& device) { return device.setBoolean(name, value != 0); });
 }
 
 int ZQCameraDevice::GetBooleanValue(const char* name, bool* value)
 {
     bool result = false;
-    const int status = m_impl->operations.getBoolean(name, result);
+    const int status = m_impl->call([&](auto& device) { return device.getBoolean(name, result); });
     if (status == STATUS_OK && value != nullptr) {
         *value = result;
     }
@@ -123,7 +146,7 @@ int ZQCameraDevice::GetBooleanValue(const char* name, bool* value)
 
 int ZQCameraDevice::ExecuteCommand(const char* name, int flag)
 {
-    return m_impl->operations.execute(name, flag == 1);
+    return m_impl->call([&](auto& device) { return device.execute(name, flag == 1); });
 }
 
 void ZQCameraDevice::GetErrorText(int code, char* errorName, char* errorText)
@@ -139,7 +162,7 @@ int ZQCameraDevice::GetLastError()
 
 int ZQCameraDevice::IsGrabbing()
 {
-    return m_impl->operations.isGrabbing() ? 1 : 0;
+    return m_impl->camera.impl().isGrabbing() ? 1 : 0;
 }
 
 } // namespace featurebrowser

@@ -1,6 +1,6 @@
 #include "featurebrowser/ZQCameraRepository.h"
 
-#include "Repository.h"
+#include "ReadAheadTask.h"
 
 namespace featurebrowser {
 
@@ -26,6 +26,16 @@ void ZQCameraRepository::Clear()
 int ZQCameraRepository::UpdateFeatureStates()
 {
     return m_impl->updateStates();
+}
+
+std::unique_ptr<zqcameralib::ZQCameraTask> ZQCameraRepository::ReadAhead(bool onlyOutstanding)
+{
+    return std::make_unique<zqcameralib::ReadAheadTask>(*m_impl, onlyOutstanding);
+}
+
+bool ZQCameraRepository::HasOutstanding()
+{
+    return m_impl->hasOutstanding();
 }
 
 std::shared_ptr<FeatureItem> ZQCameraRepository::GetFeature(std::string name)

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "Export.h"
+#include "ZQCameraTask.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -33,10 +35,17 @@ public:
     static std::unique_ptr<ZQCamera> OpenDescription(const std::string& path, std::string& error);
 
     /// Opens a camera: `id` as ZQDiscovery lists it, or the IPv4 address of a GigE Vision camera.
-    /// An address is asked directly; an id that no discovery has listed yet starts one. Blocks for
-    /// a few seconds at most. Returns null and sets `error` to one line for the user on failure.
+    /// An address is asked directly; an id that no discovery has listed yet starts one, which takes
+    /// about a second. Waits as long as the camera needs to hand out its description: milliseconds
+    /// near by, a minute and more where each of its thousands of packets takes 0.1 s. A camera that
+    /// does not answer at all is told after 1.3 s, one that stops answering within some seconds,
+    /// and one that only asks to wait after 2.5 s. Cameras are opened one at a time: another one
+    /// that comes to no end is waited for 60 s. Returns null and sets `error` to one line for the
+    /// user on failure.
     static std::unique_ptr<ZQCamera> Open(
         const std::string& id, CameraAccess access, std::string& error);
+    /// The same beside the caller.
+    static std::unique_ptr<ZQCameraOpening> OpenBeside(const std::string& id, CameraAccess access);
 
     /// Takes over an opened camera; made by the Open functions.
     explicit ZQCamera(std::unique_ptr<Impl> impl);
@@ -48,16 +57,29 @@ public:
     std::string vendor() const;
     std::string model() const;
 
-    /// Whether the camera does not answer any more, or its control was lost. From then on every
-    /// operation fails at once with one and the same error, whose text tells which of these, until
-    /// reconnect() succeeds. Simulated cameras are never lost. Learnt from accesses that fail, or
-    /// that take 1.2 s together without some seconds of peace between them (a lost packet costs
-    /// 0.5 s).
+    /// Whether the camera does not answer, or its control was lost. Meanwhile every operation fails
+    /// at once with one and the same error, whose text tells which of these. Simulated cameras are
+    /// never lost; a camera that is only slow is not either.
+    ///
+    /// It counts as lost while one access has been waiting for 1.15 s, and is there again when the
+    /// answer comes after all. When all tries of an access (about 2.5 s) were in vain, or the
+    /// control was lost, only reconnect() finds it. Learnt from what is asked, and from one access
+    /// a second when nothing is.
     bool isLost() const;
     /// Tries once to find a lost camera again: takes its control back, else opens it anew. Waits at
     /// most 1.2 s; an attempt that lasts longer goes on behind, and the next call tells how it
     /// ended. True when the camera is there; what the repository holds is then to be loaded again.
+    /// An acquisition that was running is ended.
+    ///
+    /// When there is another camera in its place, or one with another description, the features
+    /// become those of that camera, and every repository of it is empty until it is loaded.
     bool reconnect(std::string& error);
+    /// From now on until the next call, all operations on the camera together wait for it at most
+    /// `total`; what comes later fails at once. 0: no such limit, which is the start. An
+    /// application calls it at the start of every turn of its event loop, so that its window goes
+    /// on answering; what a turn had no time for is read by ZQCameraRepository::ReadAhead. Opening
+    /// is not limited.
+    void limitWaiting(std::chrono::milliseconds total);
     /// Whether this session cannot write.
     bool isReadOnly() const;
 

@@ -2,6 +2,7 @@
 
 #include "Export.h"
 #include "ICameraDevice.h"
+#include "ZQCameraTask.h"
 
 #include <memory>
 
@@ -16,6 +17,9 @@ class ZQCameraRepository;
 
 /// A camera as the feature browser drives it: ICameraDevice over an open zqcameralib::ZQCamera,
 /// with the repository of its features.
+///
+/// Each operation waits for the camera at most 1.2 s. Destroying the device stops an acquisition
+/// that was started through it or another device of the camera.
 class ZQ_EXPORT ZQCameraDevice : public ICameraDevice {
 public:
     /// Neither pointer is owned; `camera` has to outlive the device. `discovery` may be null; a
@@ -27,9 +31,11 @@ public:
     ZQCameraRepository* GetRepository();
 
     /// Finds a lost camera again (zqcameralib::ZQCamera::reconnect) and loads the repository, whose
-    /// records are then new ones. Returns 0 or a device error code; waits at most 1.2 s for the
-    /// camera.
+    /// records are then new ones. Returns 0 or a device error code. Waits at most 1.2 s for all of
+    /// it: what takes longer goes on behind, and the next call continues it.
     int Reconnect();
+    /// The same beside the caller: when it is done, Reconnect() does not wait any more.
+    std::unique_ptr<zqcameralib::ZQCameraTask> ReconnectBeside();
 
     int SetIntegerValue(const char* name, long value, int flag) override;
     int GetIntegerValue(const char* name, long* value) override;
@@ -39,7 +45,7 @@ public:
     int SetEnumValue(const char* name, const char* entry, int index) override;
     int SetBooleanValue(const char* name, int value) override;
     int GetBooleanValue(const char* name, bool* value) override;
-    /// With `flag` 1 waits until the command's register says that it is done, at most 2 s; a
+    /// With `flag` 1 waits until the command's register says that it is done, at most 1 s; a
     /// command that takes longer goes on, and the error says so.
     int ExecuteCommand(const char* name, int flag) override;
     void GetErrorText(int code, char* errorName, char* errorText) override;

@@ -3,6 +3,7 @@
 #include "Export.h"
 #include "FeatureItem.h"
 #include "FeatureTypes.h"
+#include "ZQCameraTask.h"
 
 #include <list>
 #include <map>
@@ -29,8 +30,14 @@ public:
     /// Whether Load has read the feature list and Clear has not emptied it since.
     bool isLoaded();
 
-    /// Reads the feature list with all values and states from the camera. Returns 0, or a device
-    /// error code when the camera cannot be read; the repository is then not loaded.
+    /// Reads the feature list with all values and states from the camera, each register once:
+    /// waits as many round trips as there are registers, but where operations are limited
+    /// (zqcameralib::ZQCamera::limitWaiting, or as part of ZQCameraDevice::Reconnect) only as long
+    /// as that, and the next call continues what went on behind.
+    ///
+    /// Returns 0, or a device error code when the camera cannot be read; the repository is then not
+    /// loaded, and its states say FEATURE_READ_FAILED for every feature. A feature that alone
+    /// cannot be read keeps the value that was known before, and its state says so too.
     virtual int Load();
     /// Forgets all records and states.
     virtual void Clear();
@@ -40,6 +47,7 @@ public:
     virtual std::shared_ptr<FeatureItem> GetFeature(std::string name);
     /// Brings a record up to date from the camera: value, limits, access, entries, state. On false
     /// some access failed; the record keeps its value and its state becomes FEATURE_READ_FAILED.
+    /// Waits for the camera at most 1.2 s.
     virtual bool ReadFeature(const std::shared_ptr<FeatureItem>& item);
     /// Every feature that can have changed when the named one changed or ran, directly or through
     /// others, each once, in tree order, without the named feature itself. A command that changes
@@ -51,6 +59,14 @@ public:
     /// All records in tree order: a category stands before its members and sub-categories; each
     /// name once. Valid until the next Load or Clear.
     virtual std::list<std::shared_ptr<FeatureItem>>& GetFeatureList();
+    /// Reads beside the caller: when it is done, the next Load() takes what was read and does not
+    /// wait; what was loaded stays until then. `onlyOutstanding`: reads, and has the next Load()
+    /// renew, only the features for which HasOutstanding() holds. One at a time: another one, or a
+    /// Load(), ends it.
+    std::unique_ptr<zqcameralib::ZQCameraTask> ReadAhead(bool onlyOutstanding = false);
+    /// Whether features are unread only because the time of an operation was over
+    /// (FEATURE_READ_FAILED).
+    bool HasOutstanding();
     /// State by feature name, as of the last Load, ReadFeature or UpdateFeatureStates. Valid as
     /// long as the repository.
     virtual std::map<std::string, FEATURE_STATE>& GetFeatureStates();

@@ -1,0 +1,66 @@
+#include "RegisterBatch.h"
+
+#include <utility>
+
+namespace zqcameralib {
+
+RegisterBatch::RegisterBatch(RegisterBackend::Requests requests)
+    : m_requests(std::move(requests))
+{
+}
+
+void RegisterBatch::readAll(CameraSession& session)
+{
+    while (!m_hasFailed && readNext(session)) { }
+}
+
+/// The access itself is done on a copy: who has waited long enough takes what is there.
+bool RegisterBatch::readNext(CameraSession& session)
+{
+    RegisterBackend::Request request;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_isEnded || m_next == m_requests.size()) {
+            return false;
+        }
+        request = m_requests[m_next];
+    }
+    request.done = session.read(
+        request.address, request.bytes.data(), request.bytes.size(), request.kind, request.error);
+    m_hasFailed = m_hasFailed || !request.done;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_isEnded) {
+        return false;
+    }
+    m_requests[m_next++] = std::move(request);
+    return m_next < m_requests.size();
+}
+
+RegisterBackend::Requests RegisterBatch::end()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_isEnded = true;
+    return std::exchange(m_requests, {});
+}
+
+RegisterBackend::Requests RegisterBatch::takeFinished()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    RegisterBackend::Requests finished;
+    for (; m_taken < m_next; ++m_taken) {
+        finished.push_back(std::move(m_requests[m_taken]));
+    }
+    return finished;
+}
+
+ReadingBeside::ReadingBeside(AccessThread& thread, std::shared_ptr<CameraSession> session,
+    RegisterBackend::Requests requests)
+    : m_batch(std::make_shared<RegisterBatch>(std::move(requests)))
+{
+    if (session) {
+        thread.repeatBehind(
+            [session = std::move(session), batch = m_batch] { return batch->readNext(*session); });
+    }
+}
+
+} // namespace zqcameralib
