@@ -19,6 +19,7 @@
 #include "SimulatedCamera.h"
 #include "gige/FakeCamera.h"
 #include "gige/FaultProxy.h"
+#include "gige/PrivateNetwork.h"
 
 #include "featurebrowser/ZQCameraDevice.h"
 #include "featurebrowser/ZQCameraRepository.h"

@@ -1,66 +1,109 @@
 #include "FakeCamera.h"
 
-#include <arpa/inet.h>
+#include "PrivateNetwork.h"
+
 #include <csignal>
-#include <cstring>
 #include <fcntl.h>
-#include <net/if.h>
-#include <sched.h>
-#include <sys/ioctl.h>
 #include <sys/prctl.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <functional>
+#include <stdexcept>
+#include <thread>
 #include <utility>
 
 namespace {
 
 const char* const program = "arv-fake-gv-camera-0.8";
+constexpr unsigned controlPort = 3956;
+const char* const everybody = "255.255.255.255"; // where discovery comes, for all cameras
+constexpr auto patience = std::chrono::seconds(10);
 
-/// Whether somebody has the control port of 127.0.0.1.
-bool isListening()
+bool waitFor(const std::function<bool()>& condition)
 {
-    const int handle = socket(AF_INET, SOCK_DGRAM, 0);
-    sockaddr_in address {};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(3956);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    const bool isFree
-        = bind(handle, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-    close(handle);
-    return !isFree;
+    const auto start = std::chrono::steady_clock::now();
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() - start > patience) {
+            return false;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return true;
 }
 
 } // namespace
 
-FakeCamera::FakeCamera(std::string description, int imageLoss)
+FakeCamera::FakeCamera(
+    std::string description, int imageLoss, std::string address, std::string serial)
     : m_description(std::move(description))
     , m_imageLoss(std::to_string(imageLoss))
+    , m_address(std::move(address))
+    , m_serial(std::move(serial))
 {
+    if (m_address != usualAddress && !addAddress(m_address)) {
+        throw std::runtime_error("no address " + m_address + " for the camera process");
+    }
     start();
 }
 
 FakeCamera::~FakeCamera()
 {
     kill();
+    if (m_address != usualAddress) {
+        removeAddress(m_address);
+    }
 }
 
 void FakeCamera::start()
 {
+    if (!waitFor([this] { return countListeners(m_address, controlPort) == 0; })) {
+        throw std::runtime_error("another process has the camera's port at " + m_address);
+    }
+    for (int tries = 0; tries < 3; ++tries) {
+        const int others = countListeners(everybody, controlPort);
+        spawn();
+        if (comesUp(others)) {
+            return;
+        }
+        kill();
+    }
+    throw std::runtime_error("the camera process does not come up at " + m_address);
+}
+
+void FakeCamera::spawn()
+{
     m_process = fork();
-    if (m_process == 0) {
-        prctl(PR_SET_PDEATHSIG, SIGKILL);
-        const int none = open("/dev/null", O_WRONLY);
-        dup2(none, 1);
-        dup2(none, 2);
-        execlp(program, program, "-i", "127.0.0.1", "-g", m_description.c_str(), "-r",
-            m_imageLoss.c_str(), nullptr);
-        _exit(127);
+    if (m_process < 0) {
+        throw std::runtime_error("no more processes");
     }
-    for (int tries = 0; tries < 500 && !isListening(); ++tries) {
-        usleep(10000);
+    if (m_process > 0) {
+        return;
     }
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    const int none = open("/dev/null", O_WRONLY);
+    dup2(none, 1);
+    dup2(none, 2);
+    execlp(program, program, "-i", m_address.c_str(), "-s", m_serial.c_str(), "-g",
+        m_description.c_str(), "-r", m_imageLoss.c_str(), nullptr);
+    _exit(127);
+}
+
+bool FakeCamera::comesUp(int others)
+{
+    bool ended = false;
+    const bool known = waitFor([&] {
+        ended = waitpid(m_process, nullptr, WNOHANG) != 0;
+        // The socket for discovery is opened last.
+        return ended
+            || (countListeners(m_address, controlPort) > 0
+                && countListeners(everybody, controlPort) > others);
+    });
+    if (ended) {
+        m_process = -1;
+    }
+    return known && !ended;
 }
 
 void FakeCamera::kill()
@@ -76,6 +119,7 @@ void FakeCamera::stall() const
 {
     ::kill(m_process, SIGSTOP);
 }
+
 void FakeCamera::resume() const
 {
     ::kill(m_process, SIGCONT);
@@ -84,19 +128,4 @@ void FakeCamera::resume() const
 bool FakeCamera::isInstalled()
 {
     return std::system((std::string("command -v ") + program + " > /dev/null").c_str()) == 0;
-}
-
-bool enterPrivateNetwork()
-{
-    if (unshare(CLONE_NEWNET) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNET) != 0) {
-        return false;
-    }
-    const int handle = socket(AF_INET, SOCK_DGRAM, 0);
-    ifreq request {};
-    std::strncpy(request.ifr_name, "lo", IFNAMSIZ - 1);
-    bool done = ioctl(handle, SIOCGIFFLAGS, &request) == 0;
-    request.ifr_flags = static_cast<short>(request.ifr_flags | IFF_UP);
-    done = done && ioctl(handle, SIOCSIFFLAGS, &request) == 0;
-    close(handle);
-    return done;
 }

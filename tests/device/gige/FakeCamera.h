@@ -3,16 +3,21 @@
 #include <string>
 #include <sys/types.h>
 
-/// Aravis' GigE Vision fake camera as a process of its own on 127.0.0.1, so that it can die, stall
-/// and come back.
+/// Aravis' GigE Vision fake camera as a process of its own, so that it can die, stall and come
+/// back. Whatever does not happen within some seconds is thrown as std::runtime_error.
 class FakeCamera {
 public:
-    /// `description` is a file; so many packets in a thousand of the images get lost.
-    explicit FakeCamera(std::string description, int imageLoss = 0);
+    static constexpr const char* usualAddress = "127.0.0.1";
+
+    /// `description` is a file; so many packets in a thousand of the images get lost. Several at
+    /// once need addresses (127.0.0.3 and up) and serial numbers of their own.
+    explicit FakeCamera(std::string description, int imageLoss = 0,
+        std::string address = usualAddress, std::string serial = "GV01");
     FakeCamera(const FakeCamera&) = delete;
     FakeCamera& operator=(const FakeCamera&) = delete;
     ~FakeCamera();
 
+    /// Returns when the camera listens.
     void start();
     void kill();
     void stall() const;
@@ -22,11 +27,12 @@ public:
     static bool isInstalled();
 
 private:
+    void spawn();
+    bool comesUp(int others);
+
     std::string m_description;
     std::string m_imageLoss;
+    std::string m_address;
+    std::string m_serial;
     pid_t m_process = -1;
 };
-
-/// Puts this process into a network of its own with nothing but loopback; false when the system
-/// does not allow it. Before any thread starts.
-bool enterPrivateNetwork();

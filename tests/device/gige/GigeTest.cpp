@@ -1,5 +1,6 @@
 #include "FakeCamera.h"
 #include "FaultProxy.h"
+#include "PrivateNetwork.h"
 #include "StatusCodes.h"
 
 #include "Camera.h"

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+/// Puts this process into a network of its own with nothing but loopback; false when the system
+/// does not allow it. Before any thread starts.
+bool enterPrivateNetwork();
+
+/// Gives loopback an address more, or takes it away again. Returns whether that was done.
+bool addAddress(const std::string& address);
+bool removeAddress(const std::string& address);
+
+/// How many sockets of this network stand at the port of an IPv4 address. Only looks: to try the
+/// port would keep another process from it.
+int countListeners(const std::string& address, unsigned port);
