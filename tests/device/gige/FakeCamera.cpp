@@ -115,14 +115,26 @@ void FakeCamera::kill()
     }
 }
 
-void FakeCamera::stall() const
+void FakeCamera::stall()
 {
-    ::kill(m_process, SIGSTOP);
+    signalAndAwait(SIGSTOP, WUNTRACED);
 }
 
-void FakeCamera::resume() const
+void FakeCamera::resume()
 {
-    ::kill(m_process, SIGCONT);
+    signalAndAwait(SIGCONT, WCONTINUED);
+}
+
+void FakeCamera::signalAndAwait(int signal, int option)
+{
+    int status = 0;
+    ::kill(m_process, signal);
+    const bool changed
+        = waitFor([&] { return waitpid(m_process, &status, option | WNOHANG) == m_process; });
+    if (!changed || WIFEXITED(status) || WIFSIGNALED(status)) {
+        m_process = changed ? -1 : m_process;
+        throw std::runtime_error("the camera process does not obey, or is gone");
+    }
 }
 
 bool FakeCamera::isInstalled()

@@ -20,8 +20,10 @@ public:
     /// Returns when the camera listens.
     void start();
     void kill();
-    void stall() const;
-    void resume() const;
+    /// Returns when all of the camera stands still.
+    void stall();
+    /// After stall(); returns when it runs again.
+    void resume();
 
     /// Whether the program is there.
     static bool isInstalled();
@@ -29,6 +31,7 @@ public:
 private:
     void spawn();
     bool comesUp(int others);
+    void signalAndAwait(int signal, int option);
 
     std::string m_description;
     std::string m_imageLoss;
