@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
-
 #include <dlfcn.h>
 #include <link.h>
 
@@ -21,8 +19,10 @@ int pin(dl_phdr_info* library, std::size_t, void*)
 int main(int argc, char** argv)
 {
     ::testing::InitGoogleTest(&argc, argv);
+    // The tests expect English and a decimal point, whatever the host's language is.
+    qputenv("LC_ALL", "C.UTF-8");
+    qunsetenv("LANGUAGE");
     const QApplication application(argc, argv);
-    setlocale(LC_NUMERIC, "C"); // the application has taken the host's; traces print numbers by it
     const int result = RUN_ALL_TESTS();
     dl_iterate_phdr(pin, nullptr);
     return result;
