@@ -16,6 +16,7 @@
 #include <chrono>
 #include <functional>
 #include <map>
+#include <stdexcept>
 
 using namespace featurebrowser;
 using namespace zqcameralib;
@@ -43,14 +44,19 @@ protected:
         m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML);
     }
 
+    /// Throws what is wrong: no test goes on without its camera.
     void open(const char* address = FaultProxy::address)
     {
         std::string error;
         m_camera = ZQCamera::Open(address, CameraAccess::Control, error);
-        ASSERT_TRUE(m_camera) << error;
+        if (!m_camera) {
+            throw std::runtime_error("not opened: " + error);
+        }
         m_device = std::make_unique<ZQCameraDevice>(m_camera.get(), nullptr);
         m_repository = m_device->GetRepository();
-        ASSERT_EQ(m_repository->Load(), STATUS_OK);
+        if (m_repository->Load() != STATUS_OK) {
+            throw std::runtime_error("not loaded");
+        }
     }
 
     /// All but the register that tells who has control, which faults may change.
