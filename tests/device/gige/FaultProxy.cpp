@@ -1,50 +1,94 @@
 #include "FaultProxy.h"
 
 #include <arpa/inet.h>
-#include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <array>
-#include <chrono>
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
 namespace {
 
-constexpr std::uint16_t controlPort = 3956;
-constexpr std::uint16_t pendingAck = 0x0089;
+using Packet = std::vector<std::uint8_t>;
 
-sockaddr_in endpoint(const char* address, std::uint16_t port)
+constexpr std::uint16_t controlPort = 3956;
+constexpr std::size_t headerSize = 8;
+constexpr std::uint8_t readRegisterAck = 0x81;
+constexpr std::uint8_t readMemoryAck = 0x85;
+constexpr std::uint8_t pendingAck = 0x89;
+
+sockaddr_in endpoint(const char* address)
 {
     sockaddr_in result {};
     result.sin_family = AF_INET;
-    result.sin_port = htons(port);
+    result.sin_port = htons(controlPort);
     inet_pton(AF_INET, address, &result.sin_addr);
     return result;
 }
 
-void putShort(std::vector<std::uint8_t>& packet, std::size_t at, int value)
+int openSocket()
+{
+    return socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+}
+
+int listenAt(const char* address)
+{
+    const int handle = openSocket();
+    const sockaddr_in place = endpoint(address);
+    if (bind(handle, reinterpret_cast<const sockaddr*>(&place), sizeof place) != 0) {
+        throw std::runtime_error(std::string("the proxy cannot have the address ") + address);
+    }
+    return handle;
+}
+
+/// The packet that waits there, or nothing.
+Packet receive(int handle, sockaddr_in& from)
+{
+    Packet packet(2048);
+    socklen_t size = sizeof from;
+    const ssize_t count = recvfrom(handle, packet.data(), packet.size(), MSG_DONTWAIT,
+        reinterpret_cast<sockaddr*>(&from), &size);
+    packet.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
+    return packet;
+}
+
+void putShort(Packet& packet, std::size_t at, int value)
 {
     packet[at] = static_cast<std::uint8_t>(value >> 8);
     packet[at + 1] = static_cast<std::uint8_t>(value);
+}
+
+Packet refusal(const Packet& request, int status)
+{
+    Packet packet(request.begin(), request.begin() + headerSize);
+    putShort(packet, 0, status);
+    packet[3] = static_cast<std::uint8_t>(packet[3] + 1); // the command's acknowledgement
+    putShort(packet, 4, 0);
+    return packet;
+}
+
+Packet wait(const Packet& request)
+{
+    Packet packet(headerSize + 4, 0);
+    putShort(packet, 2, pendingAck);
+    putShort(packet, 4, 4);
+    packet[6] = request[6];
+    packet[7] = request[7];
+    putShort(packet, 10, 1000);
+    return packet;
 }
 
 } // namespace
 
 FaultProxy::FaultProxy(std::uint32_t seed)
     : m_random(seed)
-    , m_front(socket(AF_INET, SOCK_DGRAM, 0))
-    , m_back(socket(AF_INET, SOCK_DGRAM, 0))
+    , m_camera(endpoint("127.0.0.1"))
+    , m_front(listenAt(address))
+    , m_forger(listenAt(forger))
+    , m_thread([this] { run(); })
 {
-    const sockaddr_in front = endpoint(address, controlPort);
-    const sockaddr_in back = endpoint("127.0.0.1", controlPort);
-    if (bind(m_front, reinterpret_cast<const sockaddr*>(&front), sizeof front) != 0
-        || connect(m_back, reinterpret_cast<const sockaddr*>(&back), sizeof back) != 0) {
-        throw std::runtime_error("no address for the proxy");
-    }
-    m_thread = std::thread([this] { run(); });
 }
 
 FaultProxy::~FaultProxy()
@@ -52,7 +96,10 @@ FaultProxy::~FaultProxy()
     m_stop = true;
     m_thread.join();
     close(m_front);
-    close(m_back);
+    close(m_forger);
+    for (const Client& client : m_clients) {
+        close(client.back);
+    }
 }
 
 void FaultProxy::set(const Faults& faults)
@@ -61,117 +108,180 @@ void FaultProxy::set(const Faults& faults)
     m_faults = faults;
 }
 
+void FaultProxy::switchTo(const std::string& camera)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_camera = endpoint(camera.c_str());
+}
+
 bool FaultProxy::happens(double share)
 {
     return std::uniform_real_distribution<double>(0.0, 1.0)(m_random) < share;
 }
 
-FaultProxy::Packet FaultProxy::receive(int handle, void* from, unsigned* size) const
+FaultProxy::Clock::time_point FaultProxy::after(
+    std::chrono::microseconds delay, std::chrono::microseconds jitter)
 {
-    Packet packet(2048);
-    const ssize_t count
-        = recvfrom(handle, packet.data(), packet.size(), 0, static_cast<sockaddr*>(from), size);
-    packet.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
-    return packet;
+    std::uniform_int_distribution<std::int64_t> more(0, jitter.count());
+    return Clock::now() + delay + std::chrono::microseconds(more(m_random));
 }
 
 void FaultProxy::run()
 {
     while (!m_stop) {
-        std::array<pollfd, 2> handles { { { m_front, POLLIN, 0 }, { m_back, POLLIN, 0 } } };
-        poll(handles.data(), handles.size(), 50);
         Faults faults;
         {
             const std::lock_guard<std::mutex> lock(m_mutex);
             faults = m_faults;
         }
-        if ((handles[0].revents & POLLIN) != 0) {
-            std::vector<std::uint8_t> client(sizeof(sockaddr_in));
-            socklen_t size = sizeof(sockaddr_in);
-            Packet packet = receive(m_front, client.data(), &size);
-            m_client = std::move(client);
-            onRequest(std::move(packet), faults);
-        }
-        if ((handles[1].revents & (POLLIN | POLLERR)) != 0) {
-            Packet packet = receive(m_back, nullptr, nullptr);
-            if (!packet.empty()) {
-                onReply(std::move(packet), faults);
+        pass(faults);
+        for (const Client& client : m_clients) {
+            if (faults.pendingForever && !client.pending.empty()) {
+                reply(client, wait(client.pending), Clock::now());
             }
         }
-        if (faults.pendingForever && !m_pending.empty()) {
-            wait(m_pending);
-        }
+        sendDue();
     }
 }
 
-void FaultProxy::onRequest(Packet packet, const Faults& faults)
+/// Waits a moment for packets and takes in what came.
+void FaultProxy::pass(const Faults& faults)
 {
-    if (packet.size() < 8 || happens(faults.loseRequests)) {
+    std::vector<pollfd> handles { { m_front, POLLIN, 0 } };
+    for (const Client& client : m_clients) {
+        handles.push_back({ client.back, POLLIN, 0 });
+    }
+    const timespec time { 0, timeUntilDeparture() };
+    ppoll(handles.data(), handles.size(), &time, nullptr);
+
+    sockaddr_in from {};
+    for (Client& client : m_clients) {
+        Packet packet = receive(client.back, from);
+        if (packet.size() >= headerSize) {
+            onReply(client, std::move(packet), faults);
+        }
+    }
+    Packet packet = receive(m_front, from);
+    if (packet.size() >= headerSize) {
+        onRequest(clientAt(from), std::move(packet), faults);
+    }
+}
+
+/// Nanoseconds.
+int FaultProxy::timeUntilDeparture() const
+{
+    const std::chrono::nanoseconds longest = std::chrono::milliseconds(50);
+    if (m_departures.empty()) {
+        return static_cast<int>(longest.count());
+    }
+    const std::chrono::nanoseconds time = m_departures.begin()->first - Clock::now();
+    return static_cast<int>(std::clamp(time, std::chrono::nanoseconds(0), longest).count());
+}
+
+void FaultProxy::sendDue()
+{
+    while (!m_departures.empty() && m_departures.begin()->first <= Clock::now()) {
+        const Departure& first = m_departures.begin()->second;
+        sendto(first.handle, first.packet.data(), first.packet.size(), 0,
+            reinterpret_cast<const sockaddr*>(&first.to), sizeof first.to);
+        m_departures.erase(m_departures.begin());
+    }
+}
+
+FaultProxy::Client& FaultProxy::clientAt(const sockaddr_in& place)
+{
+    const auto known = std::find_if(m_clients.begin(), m_clients.end(), [&](const Client& client) {
+        return client.address.sin_addr.s_addr == place.sin_addr.s_addr
+            && client.address.sin_port == place.sin_port;
+    });
+    if (known != m_clients.end()) {
+        return *known;
+    }
+    m_clients.push_back({ place, openSocket(), {}, {} });
+    return m_clients.back();
+}
+
+void FaultProxy::onRequest(Client& client, Packet packet, const Faults& faults)
+{
+    if (happens(faults.loseRequests)) {
         return;
     }
     if (faults.pendingForever) {
-        m_pending = packet;
+        client.pending = std::move(packet);
+        return;
+    }
+    if (faults.status != 0) {
+        reply(client, refusal(packet, faults.status), after(faults.delay, faults.jitter));
         return;
     }
     if (faults.pendingMs > 0) {
-        wait(packet);
-        std::this_thread::sleep_for(std::chrono::milliseconds(faults.pendingMs));
+        reply(client, wait(packet), after(faults.delay, faults.jitter));
     }
-    if (faults.status != 0) {
-        Packet refusal(packet.begin(), packet.begin() + 8);
-        putShort(refusal, 0, faults.status);
-        refusal[3] = static_cast<std::uint8_t>(refusal[3] + 1); // the command's acknowledgement
-        putShort(refusal, 4, 0);
-        reply(refusal);
-        return;
-    }
-    send(m_back, packet.data(), packet.size(), 0);
+    const Clock::time_point due = after(faults.requestDelay, faults.requestJitter)
+        + std::chrono::milliseconds(faults.pendingMs);
+    request(client, packet, due);
     if (happens(faults.duplicateRequests)) {
-        send(m_back, packet.data(), packet.size(), 0);
+        request(client, packet, due);
     }
 }
 
-void FaultProxy::onReply(Packet packet, const Faults& faults)
+void FaultProxy::onReply(Client& client, Packet packet, const Faults& faults)
 {
     if (happens(faults.loseReplies)) {
         return;
     }
-    if (faults.delay.count() > 0) {
-        std::this_thread::sleep_for(faults.delay);
+    const Clock::time_point due = after(faults.delay, faults.jitter);
+    if (happens(faults.forgeReplies)) {
+        forge(client, packet, due);
     }
-    if (happens(faults.corruptReplies)) {
-        packet[m_random() % 8] ^= static_cast<std::uint8_t>(1U << (m_random() % 8));
-    }
-    if (happens(faults.truncateReplies)) {
-        packet.resize(m_random() % packet.size());
-    }
-    if (happens(faults.reorderReplies) && m_held.empty()) {
-        m_held = std::move(packet);
+    harm(packet, faults);
+    if (happens(faults.reorderReplies) && client.held.empty()) {
+        client.held = std::move(packet);
         return;
     }
-    reply(packet);
+    reply(client, packet, due);
     if (happens(faults.duplicateReplies)) {
-        reply(packet);
+        reply(client, packet, due);
     }
-    if (!m_held.empty()) {
-        reply(m_held);
-        m_held.clear();
+    if (!client.held.empty()) {
+        reply(client, client.held, due);
+        client.held.clear();
     }
 }
 
-void FaultProxy::reply(const Packet& packet) const
+void FaultProxy::harm(Packet& reply, const Faults& faults)
 {
-    sendto(m_front, packet.data(), packet.size(), 0,
-        reinterpret_cast<const sockaddr*>(m_client.data()), sizeof(sockaddr_in));
+    if (happens(faults.corruptReplies)) {
+        reply[m_random() % headerSize] ^= static_cast<std::uint8_t>(1U << (m_random() % 8));
+    }
+    if (happens(faults.wrongIds)) {
+        reply[7] ^= static_cast<std::uint8_t>(1 + m_random() % 255);
+    }
+    if (happens(faults.truncateReplies)) {
+        reply.resize(m_random() % reply.size());
+    }
 }
 
-void FaultProxy::wait(const Packet& request) const
+void FaultProxy::reply(const Client& client, const Packet& packet, Clock::time_point due)
 {
-    Packet packet(12, 0);
-    putShort(packet, 2, pendingAck);
-    putShort(packet, 4, 4);
-    packet[6] = request[6];
-    packet[7] = request[7];
-    putShort(packet, 10, 1000);
-    reply(packet);
+    m_departures.insert({ due, { m_front, client.address, packet } });
+}
+
+void FaultProxy::request(const Client& client, const Packet& packet, Clock::time_point due)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_departures.insert({ due, { client.back, m_camera, packet } });
+}
+
+/// All bits of what was read, turned round.
+void FaultProxy::forge(const Client& client, Packet packet, Clock::time_point due)
+{
+    if (packet[3] != readRegisterAck && packet[3] != readMemoryAck) {
+        return;
+    }
+    const std::size_t start = packet[3] == readMemoryAck ? headerSize + 4 : headerSize;
+    for (std::size_t i = start; i < packet.size(); ++i) {
+        packet[i] = static_cast<std::uint8_t>(~packet[i]);
+    }
+    m_departures.insert({ due, { m_forger, client.address, packet } });
 }

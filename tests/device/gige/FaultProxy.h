@@ -1,10 +1,15 @@
 #pragma once
 
+#include <netinet/in.h>
+
 #include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <list>
+#include <map>
 #include <mutex>
 #include <random>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -17,17 +22,23 @@ struct Faults {
     double reorderReplies = 0.0; ///< a reply waits for the next one
     double corruptReplies = 0.0; ///< a bit of the header flips
     double truncateReplies = 0.0;
-    std::chrono::microseconds delay { 0 }; ///< of replies
+    double wrongIds = 0.0; ///< a reply tells the number of another request
+    double forgeReplies = 0.0; ///< before what was read comes something else from `forger`
+    std::chrono::microseconds requestDelay { 0 }; ///< of each request by itself
+    std::chrono::microseconds requestJitter { 0 }; ///< and up to so much more
+    std::chrono::microseconds delay { 0 }; ///< of each reply by itself
+    std::chrono::microseconds jitter { 0 }; ///< and up to so much more
     int status = 0; ///< replies refuse with this status code
     bool pendingForever = false; ///< every request is answered with "wait", again and again
     int pendingMs = 0; ///< every request is answered with one "wait" and, so much later, for good
 };
 
-/// Stands between a client and the GigE Vision camera on 127.0.0.1 as a camera on 127.0.0.2, and
-/// does seeded harm to the control packets that pass.
+/// Stands between clients and a GigE Vision camera, at first the one on 127.0.0.1, as a camera on
+/// 127.0.0.2, and does seeded harm to the control packets that pass.
 class FaultProxy {
 public:
     static constexpr const char* address = "127.0.0.2";
+    static constexpr const char* forger = "127.0.0.3"; ///< sends forged replies, from its port 3956
 
     explicit FaultProxy(std::uint32_t seed);
     FaultProxy(const FaultProxy&) = delete;
@@ -35,26 +46,48 @@ public:
     ~FaultProxy();
 
     void set(const Faults& faults);
+    /// Requests go to the camera at this address from now on; replies under way still arrive.
+    void switchTo(const std::string& camera);
 
 private:
+    using Clock = std::chrono::steady_clock;
     using Packet = std::vector<std::uint8_t>;
+    /// Each client has a socket of its own towards the camera: so the camera tells them apart, and
+    /// a reply finds back.
+    struct Client {
+        sockaddr_in address;
+        int back;
+        Packet held; ///< reply that waits for the next one
+        Packet pending; ///< request that is answered with "wait"
+    };
+    struct Departure {
+        int handle;
+        sockaddr_in to;
+        Packet packet;
+    };
 
     void run();
-    void onRequest(Packet packet, const Faults& faults);
-    void onReply(Packet packet, const Faults& faults);
-    void reply(const Packet& packet) const;
-    void wait(const Packet& request) const;
+    void pass(const Faults& faults);
+    int timeUntilDeparture() const;
+    void sendDue();
+    Client& clientAt(const sockaddr_in& place);
+    void onRequest(Client& client, Packet packet, const Faults& faults);
+    void onReply(Client& client, Packet packet, const Faults& faults);
+    void harm(Packet& reply, const Faults& faults);
+    void reply(const Client& client, const Packet& packet, Clock::time_point due);
+    void request(const Client& client, const Packet& packet, Clock::time_point due);
+    void forge(const Client& client, Packet packet, Clock::time_point due);
     bool happens(double share);
-    Packet receive(int handle, void* from, unsigned* size) const;
+    Clock::time_point after(std::chrono::microseconds delay, std::chrono::microseconds jitter);
 
     std::mt19937 m_random;
-    std::mutex m_mutex;
+    std::mutex m_mutex; ///< of the next two
     Faults m_faults;
-    int m_front = -1; ///< towards the client
-    int m_back = -1; ///< towards the camera
-    std::vector<std::uint8_t> m_client; ///< its address
-    Packet m_held;
-    Packet m_pending; ///< request that is answered with "wait"
+    sockaddr_in m_camera;
+    int m_front = -1; ///< towards the clients
+    int m_forger = -1;
+    std::list<Client> m_clients;
+    std::multimap<Clock::time_point, Departure> m_departures;
     std::atomic<bool> m_stop { false };
     std::thread m_thread;
 };

@@ -224,6 +224,13 @@ INSTANTIATE_TEST_SUITE_P(Named, Fault,
             with([](Faults& f) { f.truncateReplies = 0.02; }), {}, {} },
         FaultCase { "AllRepliesTruncated", Fate::Either,
             with([](Faults& f) { f.truncateReplies = 1; }), {}, {} },
+        FaultCase { "IdsOfOtherRequests", Fate::Either, with([](Faults& f) { f.wrongIds = 0.02; }),
+            {}, {} },
+        FaultCase { "JitterBothWays", Fate::Survives, with([](Faults& f) {
+                       f.requestDelay = f.delay = 1ms;
+                       f.requestJitter = f.jitter = 3ms;
+                   }),
+            {}, {} },
         FaultCase { "Delayed2ms", Fate::Survives, with([](Faults& f) { f.delay = 2ms; }), {}, {} },
         FaultCase { "Delayed600ms", Fate::Lost, with([](Faults& f) { f.delay = 600ms; }), {}, {} },
         FaultCase {
