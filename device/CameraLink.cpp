@@ -19,6 +19,7 @@ constexpr std::chrono::seconds openSlack(30);
 
 const char* const silentText = "the camera does not answer";
 const char* const lostText = "the camera does not answer any more; reconnect to it";
+const char* const exchangedText = "another camera is there now; reconnect to it";
 const char* const controlLostText
     = "the control of the camera was lost, to another application or by its time-out; reconnect";
 
@@ -201,11 +202,19 @@ void CameraLink::giveUp(const std::string& reason)
     lose(cameraLost, reason);
 }
 
+void CameraLink::check()
+{
+    AccessError ignored;
+    runWithSession([](CameraSession& session) { session.watch(); }, ignored);
+}
+
 bool CameraLink::isGivenUp()
 {
     if (m_loss.code == 0 && m_session) {
         if (!m_isReadOnly && m_session->health()->controlLost) {
             lose(cameraLost, controlLostText);
+        } else if (m_session->health()->exchanged) {
+            lose(cameraLost, exchangedText);
         } else if (m_session->health()->unanswered) {
             lose(cameraLost, lostText);
         }

@@ -49,6 +49,7 @@ public:
     bool isLost() override;
     bool isGivenUp() override;
     AccessError loss() const override;
+    void check() override;
     void giveUp(const std::string& reason) override;
     bool isReadOnly() const override { return m_isReadOnly; }
     /// Waits as long as an operation may; an attempt that takes longer goes on, and the next call

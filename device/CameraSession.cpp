@@ -25,6 +25,13 @@ constexpr std::uint16_t controlPort = 3956;
 // GigE Vision 2.0, chapter 27: bootstrap registers.
 constexpr std::uint64_t privilegeRegister = 0x0A00;
 constexpr std::uint32_t controlBits = 0x3; ///< control, exclusive access
+/// Both places of the description, model and serial number.
+struct IdentityPlace {
+    std::uint64_t address;
+    std::size_t size;
+};
+constexpr std::array<IdentityPlace, 4> identityPlaces { { { 0x0200, 512 }, { 0x0400, 512 },
+    { 0x0068, 32 }, { 0x00D8, 16 } } };
 /// GenCP 1.3: the version of the bootstrap registers.
 constexpr std::uint64_t usbVersionRegister = 0;
 
@@ -253,15 +260,8 @@ bool CameraSession::readIdentity(std::string& identity)
     if (!ARV_IS_GV_DEVICE(m_device)) {
         return true;
     }
-    // GigE Vision 2.0, chapter 27: both places of the description, model and serial number.
-    struct Place {
-        std::uint64_t address;
-        std::size_t size;
-    };
-    constexpr std::array<Place, 4> places { { { 0x0200, 512 }, { 0x0400, 512 }, { 0x0068, 32 },
-        { 0x00D8, 16 } } };
     identity.clear();
-    for (const Place& place : places) {
+    for (const IdentityPlace& place : identityPlaces) {
         std::string bytes(place.size, '\0');
         AccessError ignored; // one that a camera refuses tells nothing
         read(place.address, reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size(),
@@ -289,6 +289,7 @@ CameraSession::Retaken CameraSession::retake(bool readOnly)
     }
     m_health->controlLost = false;
     m_health->unanswered = false;
+    m_health->exchanged = false;
     std::string identity;
     if (!readIdentity(identity)) {
         return Retaken::No;
@@ -301,17 +302,34 @@ CameraSession::Retaken CameraSession::retake(bool readOnly)
 
 void CameraSession::watch()
 {
+    if (ARV_IS_GV_DEVICE(m_device)) {
+        return isController() ? watchControl() : watchIdentity();
+    }
     std::array<std::uint8_t, 4> bytes {};
     AccessError ignored;
-    if (!ARV_IS_GV_DEVICE(m_device)) {
-        read(usbVersionRegister, bytes.data(), bytes.size(), AccessKind::Memory, ignored);
-        return;
-    }
-    const bool wasController = isController();
-    const bool done
-        = read(privilegeRegister, bytes.data(), bytes.size(), AccessKind::Register, ignored);
-    if (done && wasController && (bytes[3] & controlBits) == 0) {
+    read(usbVersionRegister, bytes.data(), bytes.size(), AccessKind::Memory, ignored);
+}
+
+/// A camera that was restarted or exchanged knows no controller.
+void CameraSession::watchControl()
+{
+    std::array<std::uint8_t, 4> bytes {};
+    AccessError ignored;
+    if (read(privilegeRegister, bytes.data(), bytes.size(), AccessKind::Register, ignored)
+        && (bytes[3] & controlBits) == 0) {
         m_health->controlLost = true;
+    }
+}
+
+/// Who only looks learns it from what the camera says of itself first.
+void CameraSession::watchIdentity()
+{
+    std::string bytes(identityPlaces.front().size, '\0');
+    AccessError ignored;
+    if (read(identityPlaces.front().address, reinterpret_cast<std::uint8_t*>(bytes.data()),
+            bytes.size(), AccessKind::Memory, ignored)
+        && m_identity.compare(0, bytes.size(), bytes) != 0) {
+        m_health->exchanged = true;
     }
 }
 

@@ -41,6 +41,7 @@ public:
     struct Health {
         std::atomic<bool> controlLost { false };
         std::atomic<bool> unanswered { false }; ///< every try of an access was in vain
+        std::atomic<bool> exchanged { false }; ///< another camera is there
         std::atomic<std::int64_t> waitingSince { 0 }; ///< Clock ticks; 0 while no answer is due
     };
 
@@ -67,7 +68,7 @@ public:
     };
     /// Takes control anew after it was lost, unless `readOnly`, and compares who is there.
     Retaken retake(bool readOnly);
-    /// Reads a register that every camera has, to learn whether it still answers.
+    /// Learns whether the camera still answers, knows its controller, and is the same.
     void watch();
     /// Description as the camera delivers it, unzipped.
     std::string description() const;
@@ -81,6 +82,8 @@ public:
 private:
     explicit CameraSession(ArvDevice* device);
     bool readIdentity(std::string& identity);
+    void watchControl();
+    void watchIdentity();
     bool finish(bool done, const GlibError& failure, AccessError& error);
 
     ArvDevice* m_device;

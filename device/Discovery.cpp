@@ -1,5 +1,7 @@
 #include "Discovery.h"
 
+#include "LibraryLock.h"
+
 #include <arpa/inet.h>
 #include <ifaddrs.h>
 #include <net/if.h>
@@ -12,8 +14,10 @@ namespace zqcameralib {
 
 namespace {
 
-// The library below keeps its lists in one place for all threads.
-std::mutex discoveryMutex;
+/// How long a search that another thread does is waited for.
+constexpr std::chrono::seconds searchLimit(20);
+
+std::mutex lastFoundMutex;
 
 std::vector<CameraInfo>& lastFound()
 {
@@ -83,7 +87,7 @@ bool isWanted(const std::vector<std::string>& interfaces, const char* name)
 
 bool lookUp(const std::string& id, CameraInfo& camera)
 {
-    const std::lock_guard<std::mutex> lock(discoveryMutex);
+    const std::lock_guard<std::mutex> lock(lastFoundMutex);
     const std::vector<CameraInfo>& all = lastFound();
     const auto found = std::find_if(
         all.begin(), all.end(), [&id](const CameraInfo& known) { return known.id == id; });
@@ -98,14 +102,18 @@ bool lookUp(const std::string& id, CameraInfo& camera)
 
 std::vector<CameraInfo> discoverCameras(const std::vector<std::string>& interfaces)
 {
-    const std::lock_guard<std::mutex> lock(discoveryMutex);
+    const LibraryLock lists(LibraryPart::Interfaces, LibraryLock::Clock::now() + searchLimit);
     std::vector<CameraInfo> found;
+    if (!lists) {
+        return found;
+    }
     if (isWanted(interfaces, "GigEVision")) {
         search(arv_gv_interface_get_instance(), "GigEVision", found);
     }
     if (isWanted(interfaces, "USB3Vision")) {
         search(arv_uv_interface_get_instance(), "USB3Vision", found);
     }
+    const std::lock_guard<std::mutex> lock(lastFoundMutex);
     lastFound() = found;
     return found;
 }

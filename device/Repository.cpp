@@ -154,10 +154,13 @@ int ZQCameraRepository::Impl::failLoad(const zqcameralib::AccessError& error)
 int ZQCameraRepository::Impl::load()
 {
     dropOtherCamera();
+    const bool hasAhead = m_ahead && m_ahead->isCurrent();
+    if (!hasAhead && !m_ahead) {
+        backend().check(); // a restart leaves no other trace than lost control
+    }
     if (backend().isLost()) {
         return failLoad(backend().loss());
     }
-    const bool hasAhead = m_ahead && m_ahead->isCurrent();
     if (!hasAhead && m_ahead && m_ahead->isPartial()) {
         m_ahead.reset();
     }

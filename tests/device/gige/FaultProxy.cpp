@@ -129,7 +129,8 @@ FaultProxy::Clock::time_point FaultProxy::after(
 void FaultProxy::run()
 {
     while (!m_stop) {
-        Faults faults;
+        awaitPackets();
+        Faults faults; // those that hold when the packet is there
         {
             const std::lock_guard<std::mutex> lock(m_mutex);
             faults = m_faults;
@@ -145,7 +146,7 @@ void FaultProxy::run()
 }
 
 /// Waits a moment for packets and takes in what came.
-void FaultProxy::pass(const Faults& faults)
+void FaultProxy::awaitPackets() const
 {
     std::vector<pollfd> handles { { m_front, POLLIN, 0 } };
     for (const Client& client : m_clients) {
@@ -153,7 +154,10 @@ void FaultProxy::pass(const Faults& faults)
     }
     const timespec time { 0, timeUntilDeparture() };
     ppoll(handles.data(), handles.size(), &time, nullptr);
+}
 
+void FaultProxy::pass(const Faults& faults)
+{
     sockaddr_in from {};
     for (Client& client : m_clients) {
         Packet packet = receive(client.back, from);
@@ -203,6 +207,7 @@ FaultProxy::Client& FaultProxy::clientAt(const sockaddr_in& place)
 
 void FaultProxy::onRequest(Client& client, Packet packet, const Faults& faults)
 {
+    ++m_requests;
     if (happens(faults.loseRequests)) {
         return;
     }

@@ -48,6 +48,8 @@ public:
     void set(const Faults& faults);
     /// Requests go to the camera at this address from now on; replies under way still arrive.
     void switchTo(const std::string& camera);
+    /// Packets of clients that have come so far.
+    std::uint64_t requests() const { return m_requests; }
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -67,6 +69,7 @@ private:
     };
 
     void run();
+    void awaitPackets() const;
     void pass(const Faults& faults);
     int timeUntilDeparture() const;
     void sendDue();
@@ -88,6 +91,7 @@ private:
     int m_forger = -1;
     std::list<Client> m_clients;
     std::multimap<Clock::time_point, Departure> m_departures;
+    std::atomic<std::uint64_t> m_requests { 0 };
     std::atomic<bool> m_stop { false };
     std::thread m_thread;
 };
