@@ -1,0 +1,333 @@
+#include "FakeCamera.h"
+#include "FaultProxy.h"
+#include "StatusCodes.h"
+
+#include "featurebrowser/ZQAcquisition.h"
+#include "featurebrowser/ZQCamera.h"
+#include "featurebrowser/ZQCameraDevice.h"
+#include "featurebrowser/ZQCameraRepository.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <tuple>
+
+// Every fault in every phase of a camera's life, through the public interface over real protocol.
+// A line for each tells the longest single call, how long recovery took after the fault had ended,
+// and the words; times are told, not judged. Usually one phase of each fault is run, all of them
+// with ZQ_ALL_FAULTS.
+
+using namespace featurebrowser;
+using namespace zqcameralib;
+using namespace std::chrono_literals;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Values = std::map<std::string, std::string>;
+
+enum class Phase { Opening, Loading, Editing, Streaming, Reconnecting };
+constexpr std::array phases { Phase::Opening, Phase::Loading, Phase::Editing, Phase::Streaming,
+    Phase::Reconnecting };
+constexpr std::array phaseNames { "Opening", "Loading", "Editing", "Streaming", "Reconnecting" };
+
+/// What a fault acts upon.
+struct Scene {
+    FakeCamera camera { ZQ_SIMULATED_CAMERA_XML };
+    FaultProxy proxy { 11 };
+    std::unique_ptr<FakeCamera> otherCamera;
+    std::unique_ptr<ZQCamera> otherController;
+};
+
+struct Fault {
+    const char* name;
+    std::function<void(Scene&)> begin;
+    std::function<void(Scene&)> end;
+};
+
+Fault onNetwork(const char* name, const std::function<void(Faults&)>& change)
+{
+    Faults faults;
+    change(faults);
+    return { name, [faults](Scene& scene) { scene.proxy.set(faults); },
+        [](Scene& scene) { scene.proxy.set({}); } };
+}
+
+void takeControl(Scene& scene)
+{
+    Faults silence;
+    silence.loseRequests = 1.0; // also of what keeps the control
+    scene.proxy.set(silence);
+    std::string error;
+    for (int tries = 0; !scene.otherController && tries < 100; ++tries) {
+        scene.otherController = ZQCamera::Open("127.0.0.1", CameraAccess::Control, error);
+    }
+    scene.proxy.set({});
+}
+
+void exchange(Scene& scene)
+{
+    scene.otherCamera
+        = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML, 0, "127.0.0.4", "GV02");
+    scene.camera.kill();
+    scene.proxy.switchTo("127.0.0.4");
+}
+
+const std::vector<Fault>& faults()
+{
+    const auto nothing = [](Scene&) {};
+    static const std::vector<Fault> all {
+        onNetwork("None", [](Faults&) {}),
+        onNetwork("Lost1Percent", [](Faults& f) { f.loseRequests = 0.01; }),
+        onNetwork("Lost5Percent", [](Faults& f) { f.loseRequests = f.loseReplies = 0.025; }),
+        onNetwork("Lost20Percent", [](Faults& f) { f.loseRequests = f.loseReplies = 0.1; }),
+        onNetwork("Delayed40ms", [](Faults& f) { f.requestDelay = f.delay = 20ms; }),
+        onNetwork("Delayed100ms", [](Faults& f) { f.requestDelay = f.delay = 50ms; }),
+        onNetwork("Delayed200ms", [](Faults& f) { f.requestDelay = f.delay = 100ms; }),
+        onNetwork("Jitter", [](Faults& f) { f.jitter = 100ms; }),
+        onNetwork("Twice", [](Faults& f) { f.duplicateRequests = f.duplicateReplies = 1; }),
+        onNetwork("OutOfOrder", [](Faults& f) { f.reorderReplies = 0.02; }),
+        onNetwork("Corrupt", [](Faults& f) { f.corruptReplies = 0.05; }),
+        onNetwork("AllCorrupt", [](Faults& f) { f.corruptReplies = 1; }),
+        onNetwork("Truncated", [](Faults& f) { f.truncateReplies = 0.05; }),
+        onNetwork("AllTruncated", [](Faults& f) { f.truncateReplies = 1; }),
+        onNetwork("WrongIds", [](Faults& f) { f.wrongIds = 0.05; }),
+        onNetwork("AllWrongIds", [](Faults& f) { f.wrongIds = 1; }),
+        onNetwork("Forged", [](Faults& f) { f.forgeReplies = 1; }),
+        onNetwork("Busy", [](Faults& f) { f.status = 0x8007; }),
+        onNetwork("Denied", [](Faults& f) { f.status = 0x8006; }),
+        onNetwork("PendingForEver", [](Faults& f) { f.pendingForever = true; }),
+        onNetwork("PendingThenAnswered", [](Faults& f) { f.pendingMs = 3; }),
+        onNetwork("BlackHole", [](Faults& f) { f.loseRequests = 1; }),
+        onNetwork("RepliesLost", [](Faults& f) { f.loseReplies = 1; }),
+        Fault {
+            "Stalled", [](Scene& s) { s.camera.stall(); }, [](Scene& s) { s.camera.resume(); } },
+        Fault { "Killed", [](Scene& s) { s.camera.kill(); }, [](Scene& s) { s.camera.start(); } },
+        Fault { "Restarted",
+            [](Scene& s) {
+                s.camera.kill();
+                s.camera.start();
+            },
+            nothing },
+        Fault { "Exchanged", exchange, nothing },
+        Fault { "TakenByAnother", takeControl, [](Scene& s) { s.otherController.reset(); } },
+    };
+    return all;
+}
+
+class Matrix : public testing::TestWithParam<std::tuple<std::size_t, std::size_t>> {
+protected:
+    void SetUp() override
+    {
+        if (!FakeCamera::isInstalled()) {
+            GTEST_SKIP() << "arv-fake-gv-camera-0.8 is not installed";
+        }
+        const auto [fault, phase] = GetParam();
+        if (std::getenv("ZQ_ALL_FAULTS") == nullptr && (fault + phase) % phases.size() != 0) {
+            GTEST_SKIP() << "one phase of each fault is run usually";
+        }
+        m_scene = std::make_unique<Scene>();
+    }
+
+    template <typename Call> auto timed(Call call)
+    {
+        const Clock::time_point start = Clock::now();
+        const auto result = call();
+        m_longest = std::max(m_longest, milliseconds(start));
+        return result;
+    }
+    static int milliseconds(Clock::time_point since)
+    {
+        return static_cast<int>(
+            std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - since).count());
+    }
+
+    bool open(std::string& error)
+    {
+        m_camera = ZQCamera::Open(FaultProxy::address, CameraAccess::Control, error);
+        if (m_camera) {
+            m_device = std::make_unique<ZQCameraDevice>(m_camera.get(), nullptr);
+        }
+        return m_camera != nullptr;
+    }
+    ZQCameraRepository& repository() { return *m_device->GetRepository(); }
+
+    void note(int status)
+    {
+        if (status != STATUS_OK) {
+            std::array<char, errorTextSize> name {};
+            std::array<char, errorTextSize> text {};
+            m_device->GetErrorText(status, name.data(), text.data());
+            m_words = text.data();
+            EXPECT_FALSE(m_words.empty());
+        }
+    }
+
+    /// What the records hold and do not mark as unread.
+    Values shown()
+    {
+        Values all;
+        for (const auto& item : repository().GetFeatureList()) {
+            if (item->displayFlag == 1 && item->name != "GevCCP"
+                && repository().GetFeatureStates()[item->name] != FEATURE_READ_FAILED) {
+                all[item->name] = item->valueText;
+            }
+        }
+        return all;
+    }
+
+    void expectNothingWrong(const Values& right)
+    {
+        for (const auto& [name, value] : shown()) {
+            const auto known = right.find(name);
+            if (known != right.end() && !dependsOnWidth(name)) {
+                EXPECT_EQ(value, known->second) << name;
+            }
+        }
+    }
+    /// Changed by the test itself.
+    static bool dependsOnWidth(const std::string& name)
+    {
+        return name == "Width" || name == "PayloadSize" || name == "OffsetX"
+            || name.find("FrameRate") != std::string::npos
+            || name.find("Timestamp") != std::string::npos;
+    }
+
+    void readAll()
+    {
+        for (const auto& item : repository().GetFeatureList()) {
+            const bool done = timed([&] { return repository().ReadFeature(item); });
+            if (!done) {
+                EXPECT_EQ(repository().GetFeatureStates()[item->name], FEATURE_READ_FAILED);
+                note(m_device->GetLastError());
+            }
+        }
+    }
+
+    void meet(Phase phase)
+    {
+        switch (phase) {
+        case Phase::Opening:
+            break;
+        case Phase::Loading:
+            repository().Clear();
+            note(repository().Load());
+            break;
+        case Phase::Editing:
+            edit();
+            break;
+        case Phase::Streaming:
+            stream();
+            break;
+        case Phase::Reconnecting:
+            for (int tries = 0; tries < 3; ++tries) {
+                note(timed([&] { return m_device->Reconnect(); }));
+            }
+        }
+    }
+
+    /// Afterwards the record holds what the camera has, or is marked.
+    void edit()
+    {
+        for (const long width : { 64L, 96L, 128L }) {
+            note(timed([&] { return m_device->SetIntegerValue("Width", width, 1); }));
+            const auto item = repository().GetFeature("Width");
+            timed([&] { return repository().ReadFeature(item); });
+            for (const auto& other : repository().GetInvalidatedFeatures("Width")) {
+                timed([&] { return repository().ReadFeature(other); });
+            }
+        }
+    }
+
+    void stream()
+    {
+        ZQAcquisition acquisition(m_camera.get(), m_device.get());
+        const int status = timed([&] { return acquisition.start([](const ZQFrame&) {}); });
+        note(status);
+        EXPECT_EQ(acquisition.isRunning(), status == STATUS_OK);
+        timed([&] { return acquisition.stop(); });
+        EXPECT_FALSE(acquisition.isRunning());
+    }
+
+    /// Longest a camera may take to be there again is what the test waits.
+    int recover()
+    {
+        const Clock::time_point start = Clock::now();
+        int status = -1;
+        while (status != STATUS_OK && Clock::now() - start < 30s) {
+            status = timed([&] { return m_device->Reconnect(); });
+        }
+        EXPECT_EQ(status, STATUS_OK);
+        return milliseconds(start);
+    }
+
+    std::unique_ptr<Scene> m_scene;
+    std::unique_ptr<ZQCamera> m_camera;
+    std::unique_ptr<ZQCameraDevice> m_device;
+    int m_longest = 0;
+    std::string m_words = "-";
+};
+
+TEST_P(Matrix, ShowsNothingWrongAndRecovers)
+{
+    const Fault& fault = faults()[std::get<0>(GetParam())];
+    const Phase phase = phases[std::get<1>(GetParam())];
+    std::string error;
+    Values right;
+    if (phase == Phase::Opening) {
+        fault.begin(*m_scene);
+        const Clock::time_point start = Clock::now();
+        if (!open(error)) {
+            m_words = error;
+            EXPECT_FALSE(error.empty());
+        }
+        std::printf("[  OPENING ] %d ms\n", milliseconds(start));
+        fault.end(*m_scene);
+        ASSERT_TRUE(m_camera || open(error)) << error;
+    } else {
+        ASSERT_TRUE(open(error)) << error;
+        ASSERT_EQ(repository().Load(), STATUS_OK);
+        right = shown();
+        if (phase == Phase::Reconnecting) {
+            Faults silence;
+            silence.loseReplies = 1.0;
+            m_scene->proxy.set(silence);
+            for (int tries = 0; !m_camera->isLost() && tries < 1000; ++tries) {
+                std::this_thread::sleep_for(10ms);
+            }
+            m_scene->proxy.set({});
+        } else {
+            std::this_thread::sleep_for(120ms); // what was read has to be read anew
+        }
+        fault.begin(*m_scene);
+        meet(phase);
+        if (phase != Phase::Loading) {
+            readAll();
+        }
+        expectNothingWrong(right);
+        fault.end(*m_scene);
+    }
+    const int recovery = recover();
+    readAll();
+    EXPECT_FALSE(m_camera->isLost());
+    expectNothingWrong(right);
+    long width = 0;
+    EXPECT_EQ(m_device->GetIntegerValue("Width", &width), STATUS_OK);
+    EXPECT_EQ(repository().GetFeature("Width")->valueText, std::to_string(width));
+    std::printf("[  FAULT   ] %-20s %-12s blocked %4d ms, back after %4d ms: %s\n", fault.name,
+        phaseNames[std::get<1>(GetParam())], m_longest, recovery, m_words.c_str());
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, Matrix,
+    testing::Combine(testing::Range<std::size_t>(0, faults().size()),
+        testing::Range<std::size_t>(0, phases.size())),
+    [](const auto& test) {
+        return std::string(faults()[std::get<0>(test.param)].name)
+            + phaseNames[std::get<1>(test.param)];
+    });
+
+} // namespace
