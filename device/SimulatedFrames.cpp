@@ -1,6 +1,9 @@
 #include "SimulatedFrames.h"
 
+#include "FrameSize.h"
+
 #include <algorithm>
+#include <cmath>
 #include <thread>
 
 namespace zqcameralib {
@@ -9,6 +12,7 @@ namespace {
 
 constexpr double slowest = 0.01; // frames per second
 constexpr double fastest = 10000.0;
+constexpr double usual = 10.0; ///< of a camera that tells no rate
 constexpr std::chrono::milliseconds longestWait(50);
 
 std::uint64_t systemNanoseconds()
@@ -18,21 +22,29 @@ std::uint64_t systemNanoseconds()
                                           .count());
 }
 
+double usableRate(double framesPerSecond)
+{
+    const bool isRate = std::isfinite(framesPerSecond) && framesPerSecond > 0.0;
+    return isRate ? std::clamp(framesPerSecond, slowest, fastest) : usual;
+}
+
 } // namespace
 
 SimulatedFrames::SimulatedFrames(const ImageFormat& format)
     : m_format(format)
-    , m_period(std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(
-          1.0 / std::clamp(format.framesPerSecond, slowest, fastest))))
+    , m_period(std::chrono::duration_cast<Clock::duration>(
+          std::chrono::duration<double>(1.0 / usableRate(format.framesPerSecond))))
     , m_start(Clock::now())
     , m_image(format.payload)
 {
+    m_format.height = rowsWithin(m_image.size(), format.width, format.height, format.pixelFormat);
 }
 
 /// A diagonal ramp that wanders by one step a frame; the same for every pixel format, byte by byte.
 void SimulatedFrames::draw(std::uint64_t number)
 {
-    const std::size_t row = m_image.size() / static_cast<std::size_t>(m_format.height);
+    const auto rows = static_cast<std::size_t>(std::max<std::int64_t>(m_format.height, 1));
+    const std::size_t row = std::max<std::size_t>(m_image.size() / rows, 1);
     for (std::size_t i = 0; i < m_image.size(); ++i) {
         m_image[i] = static_cast<std::uint8_t>(i % row + i / row + number);
     }

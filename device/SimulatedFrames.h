@@ -6,7 +6,8 @@
 
 namespace zqcameralib {
 
-/// Moving images of a camera that exists in process only, at its frame rate.
+/// Moving images of a camera that exists in process only, at its frame rate, or ten a second when
+/// it tells none. They have as many rows as the payload holds.
 class SimulatedFrames : public FrameSource {
 public:
     explicit SimulatedFrames(const ImageFormat& format);

@@ -2,6 +2,7 @@
 
 #include "Camera.h"
 #include "CameraLink.h"
+#include "FrameSize.h"
 #include "GlibError.h"
 #include "SimulatedFrames.h"
 #include "StatusCodes.h"
@@ -85,15 +86,16 @@ bool readFormat(ZQCamera::Impl& camera, ICameraDevice& device, ImageFormat& form
     format.width = width;
     format.height = height;
     format.pixelFormat = static_cast<std::uint32_t>(enumValue(camera, "PixelFormat"));
-    const std::int64_t bits = std::max<std::int64_t>((format.pixelFormat >> 16U) & 0xFFU, 8);
     if (device.GetIntegerValue("PayloadSize", &payload) != STATUS_OK || payload <= 0) {
-        payload = width * height * bits / 8;
+        payload = static_cast<long>(imageBytes(static_cast<std::uint64_t>(width),
+            static_cast<std::uint64_t>(height), format.pixelFormat));
     }
     format.payload = static_cast<std::size_t>(payload);
     format.framesPerSecond = firstFloat(device,
         { "AcquisitionResultingFrameRate", "AcquisitionFrameRate", "AcquisitionFrameRateAbs" });
     format.frameLimit = frameLimit(camera, device);
-    return payload <= maxPayload;
+    return payload <= maxPayload
+        && rowsWithin(format.payload, width, height, format.pixelFormat) > 0;
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "SimulatedFrames.h"
 #include "StatusCodes.h"
 #include "TestCamera.h"
 
@@ -5,6 +6,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <limits>
 #include <mutex>
 #include <thread>
 
@@ -126,6 +128,54 @@ TEST(Acquisition, WithoutAnImageSizeIsRefused)
     EXPECT_EQ(acquisition.start(nullptr), zqcameralib::noImage);
     EXPECT_FALSE(acquisition.isRunning());
     EXPECT_EQ(acquisition.stop(), STATUS_OK);
+}
+
+struct OddFormat {
+    const char* name;
+    zqcameralib::ImageFormat format;
+    int rows;
+};
+
+class MadeUpFrame : public testing::TestWithParam<OddFormat> { };
+
+TEST_P(MadeUpFrame, ClaimsNoMoreThanItHolds)
+{
+    zqcameralib::SimulatedFrames frames(GetParam().format);
+    ZQFrame frame;
+    for (int tries = 0; tries < 10 && frame.data == nullptr; ++tries) {
+        frames.next(frame);
+    }
+    ASSERT_NE(frame.data, nullptr);
+    EXPECT_EQ(frame.size, GetParam().format.payload);
+    EXPECT_EQ(frame.height, GetParam().rows);
+    EXPECT_GE(frame.frameId, 1U);
+}
+
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+INSTANTIATE_TEST_SUITE_P(Odd, MadeUpFrame,
+    testing::Values(OddFormat { "PayloadBelowHeight", { 4, 480, 0x01080001, 100, 50.0, 0 }, 25 },
+        OddFormat { "PayloadBelowImage", { 64, 32, 0x01100003, 64 * 32, 50.0, 0 }, 16 },
+        OddFormat { "PayloadBeyondImage", { 64, 32, 0x01080001, 64 * 40, 50.0, 0 }, 32 },
+        OddFormat { "PackedPixels", { 10, 3, 0x010C0047, 45, 50.0, 0 }, 3 },
+        OddFormat { "OneBitPixels", { 1, 16, 0x01010037, 2, 50.0, 0 }, 16 },
+        OddFormat { "RateNan", { 4, 4, 0, 16, nan, 0 }, 4 },
+        OddFormat { "RateInfinite", { 4, 4, 0, 16, infinity, 0 }, 4 },
+        OddFormat { "RateNegative", { 4, 4, 0, 16, -infinity, 0 }, 4 },
+        OddFormat { "RateHuge", { 4, 4, 0, 16, 1e300, 0 }, 4 }),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST(Acquisition, WithAPayloadBelowOneRowIsRefused)
+{
+    TestCamera camera("Width Height PayloadSize",
+        intReg("Width", 0) + intReg("Height", 4) + intReg("PayloadSize", 8));
+    for (const auto& [name, value] :
+        { std::pair("Width", 8), { "Height", 8 }, { "PayloadSize", 7 } }) {
+        ASSERT_EQ(camera.device.SetIntegerValue(name, value, 0), STATUS_OK);
+    }
+    ZQAcquisition acquisition(camera.camera.get(), &camera.device);
+    EXPECT_EQ(acquisition.start(nullptr), zqcameralib::noImage);
 }
 
 } // namespace
