@@ -260,13 +260,6 @@ CameraLink::Clock::time_point CameraLink::deadline() const
     return m_waitingEnd ? std::min(end, *m_waitingEnd) : end;
 }
 
-std::chrono::milliseconds CameraLink::timeLeft() const
-{
-    const auto left
-        = std::chrono::duration_cast<std::chrono::milliseconds>(deadline() - Clock::now());
-    return std::max(left, std::chrono::milliseconds(0));
-}
-
 AccessThread::Outcome CameraLink::run(
     std::function<void(CameraSession&)> task, Clock::time_point until)
 {
@@ -295,6 +288,16 @@ bool CameraLink::runWithSession(std::function<void(CameraSession&)> task, Access
         error = isLost() ? loss() : tooSlow(outcome, false);
         return false;
     }
+    return true;
+}
+
+bool CameraLink::beginWithSession(std::function<void(CameraSession&)> task, AccessError& error)
+{
+    if (isLost()) {
+        error = loss();
+        return false;
+    }
+    m_thread->post([session = m_session, work = std::move(task)] { work(*session); });
     return true;
 }
 

@@ -62,8 +62,9 @@ public:
     /// Runs `task` with the session on the access thread; false, with a reason, when the camera is
     /// lost or the time is over. `task` then may go on and has to own what it touches.
     bool runWithSession(std::function<void(CameraSession&)> task, AccessError& error);
-    /// How long the operation that runs now may still wait.
-    std::chrono::milliseconds timeLeft() const;
+    /// Runs `task` with the session on the access thread without waiting; false, with a reason,
+    /// when the camera is lost. What is asked for behind it may find no time left.
+    bool beginWithSession(std::function<void(CameraSession&)> task, AccessError& error);
 
     /// Runs `task` on the access thread without waiting, also when the camera is lost.
     void post(std::function<void()> task) { m_thread->post(std::move(task)); }

@@ -16,13 +16,15 @@ struct ImageFormat {
     std::size_t payload = 0; ///< bytes of one image
     double framesPerSecond = 0.0;
     std::uint64_t frameLimit = 0; ///< 0: until it is stopped
+    bool isTriggered = false; ///< TriggerMode is On
 };
 
 /// Where frames come from. Used by one acquisition: next() on its thread, the rest before and
 /// after.
 class FrameSource {
 public:
-    enum class Outcome { Complete, Incomplete, Nothing };
+    /// Ended: nothing will come any more.
+    enum class Outcome { Complete, Incomplete, Nothing, Ended };
 
     FrameSource() = default;
     FrameSource(const FrameSource&) = delete;
@@ -33,6 +35,10 @@ public:
     virtual Outcome next(featurebrowser::ZQFrame& frame) = 0;
     /// Frames not received so far.
     virtual std::uint64_t lost() const = 0;
+    /// What can keep images from arriving, known from the start; empty when there is nothing.
+    virtual std::string warning() const { return {}; }
+    /// Why there may be no complete image so far. On the thread of next().
+    virtual std::string whyNothing() const { return {}; }
 };
 
 } // namespace zqcameralib

@@ -52,10 +52,9 @@ void SimulatedFrames::draw(std::uint64_t number)
 
 FrameSource::Outcome SimulatedFrames::next(featurebrowser::ZQFrame& frame)
 {
-    const bool isOver = m_format.frameLimit != 0 && m_delivered >= m_format.frameLimit;
     const Clock::time_point due = m_start + m_period * static_cast<std::int64_t>(m_number + 1);
     const Clock::time_point now = Clock::now();
-    if (isOver || due - now > longestWait) {
+    if (due - now > longestWait) {
         std::this_thread::sleep_for(longestWait);
         return Outcome::Nothing;
     }
@@ -75,7 +74,6 @@ FrameSource::Outcome SimulatedFrames::next(featurebrowser::ZQFrame& frame)
     frame.timestampNs = static_cast<std::uint64_t>(
         std::chrono::duration_cast<std::chrono::nanoseconds>(due.time_since_epoch()).count());
     ++m_number;
-    ++m_delivered;
     return Outcome::Complete;
 }
 

@@ -24,7 +24,6 @@ private:
     Clock::duration m_period;
     Clock::time_point m_start;
     std::uint64_t m_number = 0; ///< of the next frame
-    std::uint64_t m_delivered = 0;
     std::uint64_t m_lost = 0;
     std::vector<std::uint8_t> m_image;
 };

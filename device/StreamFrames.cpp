@@ -1,7 +1,6 @@
 #include "StreamFrames.h"
 
-#include "GlibError.h"
-#include "StatusCodes.h"
+#include "FrameSize.h"
 
 #include <utility>
 
@@ -11,86 +10,65 @@ namespace {
 
 constexpr std::uint64_t waitUs = 50000;
 
-/// A stream on its way from the access thread, which keeps it when nobody waits for it any more.
-struct Opening {
-    ArvStream* stream = nullptr;
-    AccessError error;
-
-    Opening() = default;
-    Opening(const Opening&) = delete;
-    Opening& operator=(const Opening&) = delete;
-    ~Opening() { g_clear_object(&stream); }
-};
-
 } // namespace
 
-std::unique_ptr<StreamFrames> StreamFrames::open(
-    CameraLink& link, const ImageFormat& format, int buffers, AccessError& error)
-{
-    auto opening = std::make_shared<Opening>();
-    const auto task = [opening, buffers, payload = format.payload](CameraSession& session) {
-        GlibError failure;
-        opening->stream
-            = arv_device_create_stream(session.device(), nullptr, nullptr, failure.out());
-        if (opening->stream == nullptr) {
-            opening->error = { deviceErrorBase + ARV_DEVICE_ERROR_NO_STREAM_CHANNEL,
-                failure ? failure.get()->message : "the camera has no image stream" };
-            return;
-        }
-        for (int i = 0; i < buffers; ++i) {
-            arv_stream_push_buffer(opening->stream, arv_buffer_new_allocate(payload));
-        }
-    };
-    if (!link.runWithSession(task, error)) {
-        return nullptr;
-    }
-    if (opening->stream == nullptr) {
-        error = opening->error;
-        return nullptr;
-    }
-    return std::unique_ptr<StreamFrames>(
-        new StreamFrames(link, std::exchange(opening->stream, nullptr)));
-}
-
-StreamFrames::StreamFrames(CameraLink& link, ArvStream* stream)
+StreamFrames::StreamFrames(CameraLink& link, std::uint64_t connection, OpenStream open)
     : m_link(link)
-    , m_stream(stream)
+    , m_health(link.health())
+    , m_connection(connection)
+    , m_open(std::move(open))
 {
 }
 
 StreamFrames::~StreamFrames()
 {
     if (m_current != nullptr) {
-        arv_stream_push_buffer(m_stream, m_current);
+        arv_stream_push_buffer(m_open.stream, m_current);
     }
-    // Ends the stream's thread, and with the last one the device.
-    m_link.post([stream = m_stream] { g_object_unref(stream); });
+    endStream(m_link, m_open);
 }
 
 FrameSource::Outcome StreamFrames::next(featurebrowser::ZQFrame& frame)
 {
     if (m_current != nullptr) {
-        arv_stream_push_buffer(m_stream, std::exchange(m_current, nullptr));
+        arv_stream_push_buffer(m_open.stream, std::exchange(m_current, nullptr));
     }
-    ArvBuffer* buffer = arv_stream_timeout_pop_buffer(m_stream, waitUs);
+    if (m_health->lost || m_health->connection != m_connection) {
+        return Outcome::Ended;
+    }
+    ArvBuffer* buffer = arv_stream_timeout_pop_buffer(m_open.stream, waitUs);
     if (buffer == nullptr) {
         return Outcome::Nothing;
     }
     m_current = buffer;
-    const ArvBufferPayloadType type = arv_buffer_get_payload_type(buffer);
-    if (arv_buffer_get_status(buffer) != ARV_BUFFER_STATUS_SUCCESS
-        || (type != ARV_BUFFER_PAYLOAD_TYPE_IMAGE
-            && type != ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA)) {
+    if (arv_buffer_get_status(buffer) != ARV_BUFFER_STATUS_SUCCESS) {
+        ++m_incomplete;
         return Outcome::Incomplete;
     }
-    frame.data = static_cast<const std::uint8_t*>(arv_buffer_get_image_data(buffer, &frame.size));
-    frame.width = arv_buffer_get_image_width(buffer);
-    frame.height = arv_buffer_get_image_height(buffer);
-    frame.pixelFormat = arv_buffer_get_image_pixel_format(buffer);
+    if (!takeImage(buffer, frame)) {
+        ++m_withoutImage;
+        return Outcome::Incomplete;
+    }
     frame.frameId = arv_buffer_get_frame_id(buffer);
     frame.timestampNs = arv_buffer_get_timestamp(buffer);
     frame.systemTimestampNs = arv_buffer_get_system_timestamp(buffer);
     return Outcome::Complete;
+}
+
+bool StreamFrames::takeImage(ArvBuffer* buffer, featurebrowser::ZQFrame& frame)
+{
+    const ArvBufferPayloadType type = arv_buffer_get_payload_type(buffer);
+    if (type != ARV_BUFFER_PAYLOAD_TYPE_IMAGE
+        && type != ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA) {
+        return false;
+    }
+    frame.data = static_cast<const std::uint8_t*>(arv_buffer_get_image_data(buffer, &frame.size));
+    frame.pixelFormat = arv_buffer_get_image_pixel_format(buffer);
+    frame.width = arv_buffer_get_image_width(buffer);
+    // What the camera announces may be more than what it sends.
+    frame.height = static_cast<int>(rowsWithin(
+        frame.size, frame.width, arv_buffer_get_image_height(buffer), frame.pixelFormat));
+    return frame.height > 0;
 }
 
 std::uint64_t StreamFrames::lost() const
@@ -98,8 +76,21 @@ std::uint64_t StreamFrames::lost() const
     guint64 completed = 0;
     guint64 failures = 0;
     guint64 underruns = 0;
-    arv_stream_get_statistics(m_stream, &completed, &failures, &underruns);
+    arv_stream_get_statistics(m_open.stream, &completed, &failures, &underruns);
     return underruns;
+}
+
+std::string StreamFrames::whyNothing() const
+{
+    StreamArrivals arrivals;
+    arrivals.incomplete = m_incomplete;
+    arrivals.withoutImage = m_withoutImage;
+    arrivals.packets = m_incomplete + m_withoutImage;
+    if (ARV_IS_GV_STREAM(m_open.stream)) {
+        arrivals.packets = arv_stream_get_info_uint64_by_name(m_open.stream, "n_received_packets");
+        arrivals.bytes = arv_stream_get_info_uint64_by_name(m_open.stream, "n_transferred_bytes");
+    }
+    return noImageWords(m_open.facts, arrivals);
 }
 
 } // namespace zqcameralib

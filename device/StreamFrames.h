@@ -2,28 +2,33 @@
 
 #include "CameraLink.h"
 #include "FrameSource.h"
+#include "StreamOpening.h"
 
 namespace zqcameralib {
 
-/// The stream of a real camera.
+/// The frames of a real camera's stream. They end when the camera is lost or found again.
 class StreamFrames : public FrameSource {
 public:
-    /// Opens the camera's stream with `buffers` buffers; null and a reason when it has none or does
-    /// not answer.
-    static std::unique_ptr<StreamFrames> open(
-        CameraLink& link, const ImageFormat& format, int buffers, AccessError& error);
+    /// Takes over a stream that was opened over this connection of the link.
+    StreamFrames(CameraLink& link, std::uint64_t connection, OpenStream open);
     /// Ends the stream on the camera's access thread, which may outlast this.
     ~StreamFrames() override;
 
     Outcome next(featurebrowser::ZQFrame& frame) override;
     std::uint64_t lost() const override;
+    std::string warning() const override { return receiveBufferWords(m_open.facts); }
+    std::string whyNothing() const override;
 
 private:
-    StreamFrames(CameraLink& link, ArvStream* stream);
+    bool takeImage(ArvBuffer* buffer, featurebrowser::ZQFrame& frame);
 
     CameraLink& m_link;
-    ArvStream* m_stream;
+    std::shared_ptr<LinkHealth> m_health;
+    std::uint64_t m_connection;
+    OpenStream m_open;
     ArvBuffer* m_current = nullptr; ///< handed out, to be given back
+    std::uint64_t m_incomplete = 0;
+    std::uint64_t m_withoutImage = 0;
 };
 
 } // namespace zqcameralib

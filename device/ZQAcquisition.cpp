@@ -2,100 +2,46 @@
 
 #include "Camera.h"
 #include "CameraLink.h"
-#include "FrameSize.h"
-#include "GlibError.h"
+#include "FormatReading.h"
+#include "FrameDelivery.h"
 #include "SimulatedFrames.h"
 #include "StatusCodes.h"
-#include "StreamFrames.h"
+#include "StreamOpening.h"
 
 #include "featurebrowser/ICameraDevice.h"
 
 #include <algorithm>
-#include <atomic>
-#include <mutex>
-#include <thread>
+#include <new>
 #include <utility>
 
 namespace featurebrowser {
 
 using namespace zqcameralib;
 
+static_assert(ZQAcquisition::stillStarting == stillWorking);
+
 namespace {
 
-constexpr std::int64_t maxPayload = std::int64_t(1) << 31U;
+using Clock = std::chrono::steady_clock;
 
-/// The first of these floats that the camera has; 0 when it has none.
-double firstFloat(ICameraDevice& device, std::initializer_list<const char*> names)
-{
-    for (const char* name : names) {
-        double value = 0.0;
-        if (device.GetFloatValue(name, &value) == STATUS_OK) {
-            return value;
-        }
-    }
-    return 0.0;
-}
+/// How long one call may wait. What it began goes on, and the next call continues it.
+constexpr std::chrono::milliseconds startLimit(1200);
 
-std::int64_t enumValue(ZQCamera::Impl& camera, const char* name)
-{
-    const Feature* feature = camera.feature(name);
-    if (feature == nullptr || !ARV_IS_GC_ENUMERATION(feature->gc)) {
-        return 0;
-    }
-    GlibError ignored;
-    return arv_gc_enumeration_get_int_value(ARV_GC_ENUMERATION(feature->gc), ignored.out());
-}
+/// A start on its way, which may take several calls.
+struct Starting {
+    int buffers = 0;
+    std::uint64_t connection = 0; ///< of the link when it began
+    ZQAcquisition::FrameHandler handler;
+    std::unique_ptr<FormatReading> reading;
+    std::unique_ptr<StreamOpening> opening;
+    ImageFormat openedFor;
+    std::unique_ptr<FrameSource> source;
+};
 
-std::string enumEntry(ZQCamera::Impl& camera, const char* name)
+bool isSameImage(const ImageFormat& one, const ImageFormat& other)
 {
-    const Feature* feature = camera.feature(name);
-    const std::int64_t value = enumValue(camera, name);
-    if (feature != nullptr) {
-        for (const EnumEntry& entry : feature->entries) {
-            if (entry.value == value) {
-                return entry.name;
-            }
-        }
-    }
-    return {};
-}
-
-std::uint64_t frameLimit(ZQCamera::Impl& camera, ICameraDevice& device)
-{
-    const std::string mode = enumEntry(camera, "AcquisitionMode");
-    long count = 1;
-    if (mode == "MultiFrame"
-        && device.GetIntegerValue("AcquisitionFrameCount", &count) != STATUS_OK) {
-        count = 1;
-    }
-    const bool isLimited = mode == "SingleFrame" || mode == "MultiFrame";
-    return isLimited ? static_cast<std::uint64_t>(std::max(count, 1L)) : 0;
-}
-
-/// False when the camera does not tell an image size that can be had.
-bool readFormat(ZQCamera::Impl& camera, ICameraDevice& device, ImageFormat& format)
-{
-    long width = 0;
-    long height = 0;
-    long payload = 0;
-    if (device.GetIntegerValue("Width", &width) != STATUS_OK
-        || device.GetIntegerValue("Height", &height) != STATUS_OK || width <= 0 || height <= 0
-        || width > 100000 || height > 100000) {
-        return false;
-    }
-    format.width = width;
-    format.height = height;
-    format.pixelFormat = static_cast<std::uint32_t>(enumValue(camera, "PixelFormat"));
-    if (device.GetIntegerValue("PayloadSize", &payload) != STATUS_OK || payload <= 0) {
-        payload = static_cast<long>(imageBytes(static_cast<std::uint64_t>(width),
-            static_cast<std::uint64_t>(height), format.pixelFormat));
-    }
-    format.payload = static_cast<std::size_t>(payload);
-    format.framesPerSecond = firstFloat(device,
-        { "AcquisitionResultingFrameRate", "AcquisitionFrameRate", "AcquisitionFrameRateAbs" });
-    format.frameLimit = frameLimit(camera, device);
-    return payload <= maxPayload
-        && rowsWithin(format.payload, width, height, format.pixelFormat) > 0;
+    return one.width == other.width && one.height == other.height
+        && one.pixelFormat == other.pixelFormat && one.payload == other.payload;
 }
 
 } // namespace
@@ -105,92 +51,155 @@ public:
     Impl(ZQCamera& camera, ICameraDevice& device)
         : m_camera(camera)
         , m_device(device)
+        , m_link(dynamic_cast<CameraLink*>(&camera.impl().port().backend()))
     {
     }
 
-    int start(FrameHandler handler, int buffers)
+    int start(FrameHandler handler, int buffers, std::chrono::milliseconds limit)
     {
-        if (m_source) {
-            return STATUS_OK;
+        if (m_state.isRunning) {
+            return succeed();
         }
-        ImageFormat format;
-        if (!readFormat(m_camera.impl(), m_device, format)) {
-            return m_camera.isLost() ? cameraLost : noImage;
+        if (m_delivery) {
+            stop(); // what has ended by itself
         }
-        AccessError error;
-        m_source = makeSource(format, std::clamp(buffers, 2, 1000), error);
-        if (!m_source) {
-            return error.code;
-        }
-        m_stop = false;
-        m_delivered = m_incomplete = m_lost = 0;
-        m_thread = std::thread([this, handle = std::move(handler)] { deliver(handle); });
-        const int status = m_device.ExecuteCommand("AcquisitionStart", 1);
-        if (status != STATUS_OK) {
-            end();
-        }
-        return status;
+        prepare(std::move(handler), std::clamp(buffers, 2, 1000));
+        return advance(Clock::now() + limit);
     }
 
     int stop()
     {
-        if (!m_source) {
-            return STATUS_OK;
+        m_starting.reset();
+        if (!m_delivery) {
+            return succeed();
         }
         const int status = m_device.ExecuteCommand("AcquisitionStop", 1);
-        end();
-        return status;
+        m_delivery.reset();
+        m_state.setProblem({});
+        return status == STATUS_OK ? succeed() : fail({ status, deviceText(m_device, status) });
     }
 
-    bool isRunning() const { return m_isRunning; }
-    ZQFrameCounters counters() const { return { m_delivered, m_incomplete, m_lost }; }
+    const AcquisitionState& state() const { return m_state; }
 
 private:
-    std::unique_ptr<FrameSource> makeSource(
-        const ImageFormat& format, int buffers, AccessError& error)
+    int succeed()
     {
-        auto* link = dynamic_cast<CameraLink*>(&m_camera.impl().port().backend());
-        if (link == nullptr) {
-            return std::make_unique<SimulatedFrames>(format);
+        m_state.setLastError({});
+        return STATUS_OK;
+    }
+
+    int fail(const AccessError& error)
+    {
+        m_state.setLastError(error.message);
+        m_camera.impl().lastError() = { error.code, error.message };
+        if (error.code != stillWorking) {
+            m_starting.reset();
         }
-        return StreamFrames::open(*link, format, buffers, error);
+        return error.code;
     }
 
-    void end()
+    std::uint64_t connection() const
     {
-        m_stop = true;
-        m_thread.join();
-        m_source.reset();
+        return m_link == nullptr ? 0 : m_link->health()->connection.load();
     }
 
-    void deliver(const FrameHandler& handler)
+    /// Goes on with a start begun before where that still fits, else begins one.
+    void prepare(FrameHandler handler, int buffers)
     {
-        m_isRunning = true;
-        while (!m_stop) {
-            ZQFrame frame;
-            const FrameSource::Outcome outcome = m_source->next(frame);
-            m_lost = m_source->lost();
-            if (outcome == FrameSource::Outcome::Incomplete) {
-                ++m_incomplete;
-            } else if (outcome == FrameSource::Outcome::Complete && !m_stop) {
-                if (handler) {
-                    handler(frame);
-                }
-                ++m_delivered;
+        const bool fits = m_starting && m_starting->buffers == buffers
+            && m_starting->connection == connection();
+        if (!fits) {
+            m_starting = std::make_unique<Starting>();
+            m_starting->buffers = buffers;
+            m_starting->connection = connection();
+        }
+        m_starting->handler = std::move(handler);
+        if (!m_starting->reading || !m_starting->reading->isStillTrue()) {
+            m_starting->reading = std::make_unique<FormatReading>(m_camera.impl(), m_device);
+        }
+    }
+
+    /// Gets one step further also when there is no time at all.
+    int advance(Clock::time_point deadline)
+    {
+        for (;;) {
+            AccessError error;
+            if (m_camera.isLost()) {
+                return fail(m_camera.impl().port().backend().loss());
+            }
+            if (!step(deadline, error)) {
+                return fail(error);
+            }
+            if (m_delivery) {
+                m_starting.reset();
+                return succeed();
+            }
+            if (Clock::now() >= deadline) {
+                return fail({ stillWorking, statusText(stillWorking) });
             }
         }
-        m_isRunning = false;
+    }
+
+    bool step(Clock::time_point deadline, AccessError& error)
+    {
+        if (!m_starting->reading->isOver()) {
+            return m_starting->reading->step(error);
+        }
+        if (!isSameImage(m_starting->openedFor, m_starting->reading->format())) {
+            return beginStream(error);
+        }
+        if (!m_starting->source) {
+            m_starting->source = m_starting->opening->finish(deadline, error);
+            return m_starting->source != nullptr;
+        }
+        return startCamera(error);
+    }
+
+    bool beginStream(AccessError& error)
+    {
+        const ImageFormat& format = m_starting->reading->format();
+        m_starting->source.reset();
+        m_starting->opening.reset();
+        if (m_link == nullptr) {
+            m_starting->source = makeUp(format, error);
+        } else {
+            m_starting->opening = StreamOpening::begin(*m_link, format, m_starting->buffers, error);
+        }
+        const bool hasBegun = m_starting->source || m_starting->opening;
+        m_starting->openedFor = hasBegun ? format : ImageFormat();
+        return hasBegun;
+    }
+
+    static std::unique_ptr<FrameSource> makeUp(const ImageFormat& format, AccessError& error)
+    {
+        try {
+            return std::make_unique<SimulatedFrames>(format);
+        } catch (const std::bad_alloc&) {
+            error = { noImage,
+                "not enough memory for an image of " + std::to_string(format.payload) + " bytes" };
+            return nullptr;
+        }
+    }
+
+    bool startCamera(AccessError& error)
+    {
+        // Not waited for: a camera that is slow to begin shows it by its images.
+        const int status = m_device.ExecuteCommand("AcquisitionStart", 0);
+        if (status != STATUS_OK) {
+            error = { status, deviceText(m_device, status) };
+            return false;
+        }
+        m_delivery = std::make_unique<FrameDelivery>(std::move(m_starting->source),
+            m_starting->reading->format(), std::move(m_starting->handler), m_state);
+        return true;
     }
 
     ZQCamera& m_camera;
     ICameraDevice& m_device;
-    std::unique_ptr<FrameSource> m_source; ///< there while an acquisition runs
-    std::thread m_thread;
-    std::atomic<bool> m_stop { false };
-    std::atomic<bool> m_isRunning { false };
-    std::atomic<std::uint64_t> m_delivered { 0 };
-    std::atomic<std::uint64_t> m_incomplete { 0 };
-    std::atomic<std::uint64_t> m_lost { 0 };
+    CameraLink* m_link; ///< null for a simulated camera
+    AcquisitionState m_state;
+    std::unique_ptr<Starting> m_starting;
+    std::unique_ptr<FrameDelivery> m_delivery; ///< there from a successful start until stop()
 };
 
 ZQAcquisition::ZQAcquisition(ZQCamera* camera, ICameraDevice* device)
@@ -205,7 +214,7 @@ ZQAcquisition::~ZQAcquisition()
 
 int ZQAcquisition::start(FrameHandler handler, int buffers)
 {
-    return m_impl->start(std::move(handler), buffers);
+    return m_impl->start(std::move(handler), buffers, startLimit);
 }
 
 int ZQAcquisition::stop()
@@ -215,12 +224,23 @@ int ZQAcquisition::stop()
 
 bool ZQAcquisition::isRunning() const
 {
-    return m_impl->isRunning();
+    return m_impl->state().isRunning;
 }
 
 ZQFrameCounters ZQAcquisition::counters() const
 {
-    return m_impl->counters();
+    const AcquisitionState& state = m_impl->state();
+    return { state.delivered, state.incomplete, state.lost };
+}
+
+std::string ZQAcquisition::lastError() const
+{
+    return m_impl->state().lastError();
+}
+
+std::string ZQAcquisition::problem() const
+{
+    return m_impl->state().problem();
 }
 
 } // namespace featurebrowser

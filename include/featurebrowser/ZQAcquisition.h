@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace zqcameralib {
 class ZQCamera;
@@ -39,8 +40,12 @@ struct ZQFrameCounters {
 ///
 /// Uses the device's commands, so that ICameraDevice::IsGrabbing and the features that are locked
 /// while images are acquired follow. start() and stop() belong to the thread that drives the
-/// device; counters() and isRunning() to any. A simulated camera makes up moving images of its
-/// size, pixel format and frame rate.
+/// device; all else may be asked on any thread, at any time. A simulated camera makes up moving
+/// images of its size, pixel format and frame rate.
+///
+/// For images of a GigE Vision camera the system needs a receive buffer: that of several images, 64
+/// MiB at most, is asked for, and the setting net.core.rmem_max limits what is granted. Programs
+/// with CAP_NET_RAW do without it. problem() tells when it is too small for one image.
 class ZQ_EXPORT ZQAcquisition {
 public:
     /// Called with each complete frame, on the acquisition's thread. It may take its time: frames
@@ -56,15 +61,32 @@ public:
     ~ZQAcquisition();
 
     /// Makes `buffers` buffers (2 to 1000) for the present image size and starts. Returns 0 or a
-    /// device error code (ICameraDevice::GetErrorText); already running is not an error and
-    /// changes nothing.
+    /// device error code (lastError() has the words); already running is not an error and changes
+    /// nothing. Waits at most 1.3 s: then stillStarting says that a slow camera has more to do,
+    /// which goes on behind; calling again continues, and stop() gives it up. What has ended by
+    /// itself starts anew.
     int start(FrameHandler handler, int buffers = 8);
     /// Stops; when it returns, the handler is not running and will not be called again. Returns 0
     /// or the error of the camera's stop command; the acquisition has ended in any case. Does not
     /// wait for a camera that is lost.
     int stop();
+    /// Whether images can come: from a successful start() until stop(), or until the camera has
+    /// been lost (also when it was found again meanwhile), or has taken the one or several images
+    /// of its AcquisitionMode. The camera's settings stay locked until stop() all the same.
     bool isRunning() const;
+    /// Since the last successful start().
     ZQFrameCounters counters() const;
+
+    /// What start() returns while a slow camera has more to do.
+    static constexpr int stillStarting = static_cast<int>(0x80350005U);
+
+    /// Why the last start() or stop() failed, in words for the user; empty when it did not.
+    std::string lastError() const;
+    /// What is wrong with the images since the last successful start(), in words for the user;
+    /// empty while nothing is known. Tells of a receive buffer that is too small, of no complete
+    /// image for 2 s and four frame periods, with the likely reason, and of an acquisition that
+    /// ended with the camera.
+    std::string problem() const;
 
 private:
     class Impl;

@@ -85,6 +85,40 @@ TEST(Acquisition, EndsByItselfAfterTheFramesAskedFor)
     frames.waitFor(1);
     std::this_thread::sleep_for(std::chrono::milliseconds(150));
     EXPECT_EQ(frames.m_count, 1);
+    EXPECT_FALSE(acquisition.isRunning());
+    EXPECT_NE(camera.device.IsGrabbing(), 0);
+    ASSERT_EQ(acquisition.start(frames.handler()), STATUS_OK);
+    EXPECT_EQ(frames.waitFor(2), 2);
+    EXPECT_EQ(acquisition.stop(), STATUS_OK);
+    EXPECT_EQ(camera.device.IsGrabbing(), 0);
+}
+
+TEST(Acquisition, IsRunningFromEveryStartToEveryStop)
+{
+    TestCamera camera(TestCamera::simulated());
+    ZQAcquisition acquisition(camera.camera.get(), &camera.device);
+    for (int round = 0; round < 100; ++round) {
+        ASSERT_EQ(acquisition.start(nullptr), STATUS_OK);
+        ASSERT_TRUE(acquisition.isRunning()) << round;
+        ASSERT_EQ(acquisition.stop(), STATUS_OK);
+        ASSERT_FALSE(acquisition.isRunning()) << round;
+    }
+}
+
+TEST(Acquisition, SaysWhyItDoesNotStart)
+{
+    TestCamera camera(TestCamera::simulated());
+    ASSERT_EQ(camera.device.SetIntegerValue("Height", 32, 1), STATUS_OK);
+    ZQAcquisition acquisition(camera.camera.get(), &camera.device);
+    camera.port.setFaultHook([](std::uint64_t, std::size_t, bool write) { return write; });
+    EXPECT_EQ(acquisition.start(nullptr), zqcameralib::injectedFault);
+    EXPECT_EQ(acquisition.lastError(), "injected fault");
+    EXPECT_EQ(camera.camera->impl().lastError().code, zqcameralib::injectedFault);
+    EXPECT_EQ(camera.camera->impl().lastError().text, "injected fault");
+    EXPECT_FALSE(acquisition.isRunning());
+    camera.port.setFaultHook(nullptr);
+    EXPECT_EQ(acquisition.start(nullptr), STATUS_OK);
+    EXPECT_EQ(acquisition.lastError(), "");
 }
 
 TEST(Acquisition, IsNotDisturbedByOtherCamerasThatComeAndGo)
@@ -126,6 +160,7 @@ TEST(Acquisition, WithoutAnImageSizeIsRefused)
     TestCamera camera("A", intReg("A", 0));
     ZQAcquisition acquisition(camera.camera.get(), &camera.device);
     EXPECT_EQ(acquisition.start(nullptr), zqcameralib::noImage);
+    EXPECT_NE(acquisition.lastError().find("Width"), std::string::npos) << acquisition.lastError();
     EXPECT_FALSE(acquisition.isRunning());
     EXPECT_EQ(acquisition.stop(), STATUS_OK);
 }
@@ -176,6 +211,8 @@ TEST(Acquisition, WithAPayloadBelowOneRowIsRefused)
     }
     ZQAcquisition acquisition(camera.camera.get(), &camera.device);
     EXPECT_EQ(acquisition.start(nullptr), zqcameralib::noImage);
+    EXPECT_NE(acquisition.lastError().find("7 bytes"), std::string::npos)
+        << acquisition.lastError();
 }
 
 } // namespace

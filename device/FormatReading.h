@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Camera.h"
+#include "FrameSource.h"
+#include "RegisterBackend.h"
+
+#include "featurebrowser/ICameraDevice.h"
+
+#include <array>
+#include <string>
+
+namespace zqcameralib {
+
+/// Reads what a camera's images will look like, in small steps, so that a slow camera can be asked
+/// in several calls.
+class FormatReading {
+public:
+    FormatReading(ZQCamera::Impl& camera, featurebrowser::ICameraDevice& device);
+
+    /// Reads the next thing. False and a reason when there is no image to be had, or the camera is
+    /// lost; after stillWorking the same step can be tried again.
+    bool step(AccessError& error);
+    bool isOver() const;
+    /// Whether nothing was written to the camera since it began.
+    bool isStillTrue() const;
+    const ImageFormat& format() const { return m_format; }
+
+private:
+    using Step = bool (FormatReading::*)(AccessError& error);
+
+    bool readWidth(AccessError& error);
+    bool readHeight(AccessError& error);
+    bool readPixelFormat(AccessError& error);
+    bool readPayload(AccessError& error);
+    bool readRate(AccessError& error);
+    bool readLimit(AccessError& error);
+    bool readTrigger(AccessError& error);
+
+    bool readSide(const char* name, std::int64_t& value, AccessError& error);
+    /// Where there is no such feature, or it cannot be read, they leave the value as it is; `error`
+    /// is set only when it makes no sense to go on now.
+    int readInteger(const char* name, std::int64_t& value, AccessError& error);
+    void readEnum(const Feature& feature, std::int64_t& value, AccessError& error);
+    std::string readEntry(const char* name, AccessError& error);
+    bool mayGoOn(int status, AccessError& error);
+
+    static const std::array<Step, 7> steps;
+
+    ZQCamera::Impl& m_camera;
+    featurebrowser::ICameraDevice& m_device;
+    std::uint64_t m_changes;
+    std::size_t m_next = 0;
+    ImageFormat m_format;
+};
+
+/// What the device says of a code, for the user.
+std::string deviceText(featurebrowser::ICameraDevice& device, int code);
+
+} // namespace zqcameralib

@@ -1,0 +1,215 @@
+#include "StreamOpening.h"
+
+#include "GlibError.h"
+#include "ReceiveBuffer.h"
+#include "StatusCodes.h"
+#include "StreamFrames.h"
+
+#include <arpa/inet.h>
+
+#include <array>
+#include <condition_variable>
+#include <cstring>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace zqcameralib {
+
+namespace {
+
+constexpr int noStream = deviceErrorBase + ARV_DEVICE_ERROR_NO_STREAM_CHANNEL;
+
+/// Where a camera sends its images to.
+struct Destination {
+    std::uint32_t address = 0;
+    std::uint32_t port = 0;
+
+    bool operator==(const Destination& other) const
+    {
+        return address == other.address && port == other.port;
+    }
+    std::string text() const
+    {
+        const in_addr binary { htonl(address) };
+        std::array<char, INET_ADDRSTRLEN> dotted {};
+        inet_ntop(AF_INET, &binary, dotted.data(), dotted.size());
+        return std::string(dotted.data()) + ", port " + std::to_string(port);
+    }
+};
+
+Destination wantedDestination(ArvGvDevice* device, ArvStream* stream)
+{
+    GInetAddress* address = g_inet_socket_address_get_address(
+        G_INET_SOCKET_ADDRESS(arv_gv_device_get_interface_address(device)));
+    std::uint32_t binary = 0;
+    std::memcpy(&binary, g_inet_address_to_bytes(address), sizeof binary);
+    return { ntohl(binary), arv_gv_stream_get_port(ARV_GV_STREAM(stream)) };
+}
+
+/// False when the camera does not tell.
+bool readDestination(ArvDevice* device, Destination& destination)
+{
+    constexpr guint64 portRegister = 0x0D00;
+    constexpr guint64 addressRegister = 0x0D18;
+    constexpr guint64 channelSize = 0x40;
+    GlibError error;
+    const gint64 channel
+        = arv_device_get_integer_feature_value(device, "ArvGevStreamChannelSelector", error.out());
+    if (error || channel < 0) {
+        return false;
+    }
+    const guint64 offset = channelSize * static_cast<guint64>(channel);
+    if (arv_device_read_register(device, portRegister + offset, &destination.port, error.out())
+            == FALSE
+        || arv_device_read_register(
+               device, addressRegister + offset, &destination.address, error.out())
+            == FALSE) {
+        return false;
+    }
+    destination.port &= 0xFFFFU;
+    return true;
+}
+
+/// The library below ignores it when the camera refuses to be told where to send images to.
+bool checkDestination(ArvDevice* device, OpenStream& open)
+{
+    const Destination wanted = wantedDestination(ARV_GV_DEVICE(device), open.stream);
+    open.facts.destination = wanted.text();
+    Destination taken;
+    if (!readDestination(device, taken) || taken == wanted) {
+        return true;
+    }
+    open.error = { noStream,
+        "the camera does not send its images here: it did not take " + wanted.text()
+            + " as their destination, and keeps " + taken.text() };
+    return false;
+}
+
+bool addBuffers(ArvStream* stream, std::size_t size, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        void* memory = g_try_malloc(size);
+        if (memory == nullptr) {
+            return false;
+        }
+        arv_stream_push_buffer(stream, arv_buffer_new_full(size, memory, memory, g_free));
+    }
+    return true;
+}
+
+bool prepare(ArvDevice* device, OpenStream& open, int buffers)
+{
+    if (!addBuffers(open.stream, open.facts.imageBytes, buffers)) {
+        open.error = { noStream,
+            "not enough memory for " + std::to_string(buffers) + " images of "
+                + std::to_string(open.facts.imageBytes) + " bytes" };
+        return false;
+    }
+    if (!ARV_IS_GV_DEVICE(device)) {
+        return true;
+    }
+    GlibError ignored;
+    open.facts.packetSize = arv_gv_device_get_packet_size(ARV_GV_DEVICE(device), ignored.out());
+    makeReceiveBuffer(ARV_GV_DEVICE(device), open.stream, buffers, open.facts);
+    return checkDestination(device, open);
+}
+
+void openStream(ArvDevice* device, OpenStream& open, int buffers)
+{
+    GlibError failure;
+    open.stream = arv_device_create_stream(device, nullptr, nullptr, failure.out());
+    open.device = device;
+    if (open.stream == nullptr) {
+        open.error
+            = { noStream, failure ? failure.get()->message : "the camera has no image stream" };
+    } else if (!prepare(device, open, buffers)) {
+        g_clear_object(&open.stream);
+    }
+}
+
+} // namespace
+
+struct StreamOpening::Shared {
+    std::mutex mutex;
+    std::condition_variable progress;
+    bool isOver = false;
+    bool isUnwanted = false; ///< nobody will ask for it
+    std::uint64_t connection = 0;
+    OpenStream open;
+};
+
+std::unique_ptr<StreamOpening> StreamOpening::begin(
+    CameraLink& link, const ImageFormat& format, int buffers, AccessError& error)
+{
+    auto shared = std::make_shared<Shared>();
+    shared->connection = link.health()->connection;
+    shared->open.facts.imageBytes = format.payload;
+    shared->open.facts.isTriggered = format.isTriggered;
+    const auto task = [shared, buffers](CameraSession& session) {
+        openStream(session.device(), shared->open, buffers);
+        const std::lock_guard<std::mutex> lock(shared->mutex);
+        shared->isOver = true;
+        shared->progress.notify_all();
+        if (shared->isUnwanted) {
+            g_clear_object(&shared->open.stream);
+        }
+    };
+    if (!link.beginWithSession(task, error)) {
+        return nullptr;
+    }
+    return std::unique_ptr<StreamOpening>(new StreamOpening(link, std::move(shared)));
+}
+
+StreamOpening::StreamOpening(CameraLink& link, std::shared_ptr<Shared> shared)
+    : m_link(link)
+    , m_shared(std::move(shared))
+{
+}
+
+StreamOpening::~StreamOpening()
+{
+    const std::lock_guard<std::mutex> lock(m_shared->mutex);
+    m_shared->isUnwanted = true;
+    if (m_shared->isOver) {
+        endStream(m_link, m_shared->open);
+    }
+}
+
+std::unique_ptr<FrameSource> StreamOpening::finish(Clock::time_point deadline, AccessError& error)
+{
+    {
+        std::unique_lock<std::mutex> lock(m_shared->mutex);
+        if (!m_shared->progress.wait_until(lock, deadline, [this] { return m_shared->isOver; })) {
+            error = { stillWorking, statusText(stillWorking) };
+            return nullptr;
+        }
+    }
+    if (m_shared->open.stream == nullptr) {
+        error = m_link.isLost() ? m_link.loss() : m_shared->open.error;
+        return nullptr;
+    }
+    return std::make_unique<StreamFrames>(
+        m_link, m_shared->connection, std::exchange(m_shared->open, {}));
+}
+
+void endStream(CameraLink& link, const OpenStream& open)
+{
+    if (open.stream == nullptr) {
+        return;
+    }
+    const auto task = [stream = open.stream, device = open.device](CameraSession& session) {
+        if (device == session.device()) {
+            g_object_unref(stream);
+        } else {
+            // After a reconnection the old device may have no control, and waits in vain.
+            std::thread([stream] { g_object_unref(stream); }).detach();
+        }
+    };
+    AccessError ignored;
+    if (!link.beginWithSession(task, ignored)) {
+        link.post([stream = open.stream] { g_object_unref(stream); });
+    }
+}
+
+} // namespace zqcameralib
