@@ -18,6 +18,7 @@ constexpr std::size_t headerSize = 8;
 constexpr std::uint8_t readRegisterAck = 0x81;
 constexpr std::uint8_t readMemoryAck = 0x85;
 constexpr std::uint8_t pendingAck = 0x89;
+constexpr int writeProtected = 0x8004;
 
 sockaddr_in endpoint(const char* address)
 {
@@ -67,6 +68,16 @@ Packet refusal(const Packet& request, int status)
     packet[3] = static_cast<std::uint8_t>(packet[3] + 1); // the command's acknowledgement
     putShort(packet, 4, 0);
     return packet;
+}
+
+bool isWriteTo(const Packet& packet, std::uint32_t address)
+{
+    const bool isWrite = (packet[3] == 0x82 || packet[3] == 0x86) && packet.size() >= 12;
+    std::uint32_t target = 0;
+    for (std::size_t at = headerSize; isWrite && at < 12; ++at) {
+        target = target << 8U | packet[at];
+    }
+    return isWrite && target == address;
 }
 
 Packet wait(const Packet& request)
@@ -215,8 +226,10 @@ void FaultProxy::onRequest(Client& client, Packet packet, const Faults& faults)
         client.pending = std::move(packet);
         return;
     }
-    if (faults.status != 0) {
-        reply(client, refusal(packet, faults.status), after(faults.delay, faults.jitter));
+    const bool isRefused = faults.refusedWrite != 0 && isWriteTo(packet, faults.refusedWrite);
+    if (faults.status != 0 || isRefused) {
+        const int status = isRefused ? writeProtected : faults.status;
+        reply(client, refusal(packet, status), after(faults.delay, faults.jitter));
         return;
     }
     if (faults.pendingMs > 0) {

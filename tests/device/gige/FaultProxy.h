@@ -29,6 +29,7 @@ struct Faults {
     std::chrono::microseconds delay { 0 }; ///< of each reply by itself
     std::chrono::microseconds jitter { 0 }; ///< and up to so much more
     int status = 0; ///< replies refuse with this status code
+    std::uint32_t refusedWrite = 0; ///< writes to this register are refused
     bool pendingForever = false; ///< every request is answered with "wait", again and again
     int pendingMs = 0; ///< every request is answered with one "wait" and, so much later, for good
 };

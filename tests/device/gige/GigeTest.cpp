@@ -5,14 +5,12 @@
 
 #include "Camera.h"
 
-#include "featurebrowser/ZQAcquisition.h"
 #include "featurebrowser/ZQCameraDevice.h"
 #include "featurebrowser/ZQCameraRepository.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <atomic>
 #include <chrono>
 #include <functional>
 #include <map>
@@ -242,69 +240,6 @@ INSTANTIATE_TEST_SUITE_P(Named, Fault,
         FaultCase { "PendingThenAnswered", Fate::Survives, with([](Faults& f) { f.pendingMs = 3; }),
             {}, {} }),
     [](const auto& test) { return std::string(test.param.name); });
-
-TEST_F(GigE, StreamsAndStopsAlsoWhenTheCameraDies)
-{
-    open("127.0.0.1"); // images do not come through the proxy
-    ZQAcquisition acquisition(m_camera.get(), m_device.get());
-    std::atomic<int> frames { 0 };
-    std::atomic<std::size_t> size { 0 };
-    const auto handler = [&](const ZQFrame& frame) {
-        size = frame.size;
-        ++frames;
-    };
-    const auto waitForFrames = [&frames](int count) {
-        for (int tries = 0; tries < 500 && frames < count; ++tries) {
-            std::this_thread::sleep_for(10ms);
-        }
-    };
-    ASSERT_EQ(acquisition.start(handler), STATUS_OK);
-    EXPECT_NE(m_device->IsGrabbing(), 0);
-    waitForFrames(3);
-    EXPECT_GE(frames, 3);
-    EXPECT_EQ(acquisition.stop(), STATUS_OK);
-    long payload = 0;
-    EXPECT_EQ(m_device->GetIntegerValue("PayloadSize", &payload), STATUS_OK);
-    EXPECT_EQ(size, static_cast<std::size_t>(payload));
-
-    frames = 0;
-    ASSERT_EQ(acquisition.start(handler), STATUS_OK);
-    waitForFrames(1);
-    m_fake->kill();
-    EXPECT_NE(acquisition.stop(), STATUS_OK);
-    EXPECT_TRUE(m_camera->isLost());
-    m_fake->start();
-    recover();
-    frames = 0;
-    ASSERT_EQ(acquisition.start(handler), STATUS_OK);
-    waitForFrames(1);
-    EXPECT_GE(frames, 1);
-}
-
-TEST_F(GigE, CountsImagesThatLosePacketsAndHandsThemNotOut)
-{
-    m_fake = nullptr;
-    m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML, 2);
-    open("127.0.0.1");
-    long payload = 0;
-    EXPECT_EQ(m_device->GetIntegerValue("PayloadSize", &payload), STATUS_OK);
-    ZQAcquisition acquisition(m_camera.get(), m_device.get());
-    std::atomic<int> cut { 0 };
-    ASSERT_EQ(acquisition.start([&](const ZQFrame& frame) {
-        cut += frame.size == static_cast<std::size_t>(payload) ? 0 : 1;
-    }),
-        STATUS_OK);
-    ZQFrameCounters counters;
-    for (int tries = 0; tries < 1000 && (counters.delivered < 2 || counters.incomplete < 2);
-         ++tries) {
-        std::this_thread::sleep_for(10ms);
-        counters = acquisition.counters();
-    }
-    EXPECT_EQ(acquisition.stop(), STATUS_OK);
-    EXPECT_GE(counters.delivered, 2U);
-    EXPECT_GE(counters.incomplete, 2U);
-    EXPECT_EQ(cut, 0);
-}
 
 TEST_F(GigE, EditsReachTheCamera)
 {

@@ -1,0 +1,416 @@
+#include "FakeCamera.h"
+#include "FaultProxy.h"
+#include "StatusCodes.h"
+#include "StreamWords.h"
+
+#include "Camera.h"
+#include "CameraLink.h"
+
+#include "featurebrowser/ZQAcquisition.h"
+#include "featurebrowser/ZQCameraDevice.h"
+#include "featurebrowser/ZQCameraRepository.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/socket.h>
+
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <thread>
+
+using namespace featurebrowser;
+using namespace zqcameralib;
+using namespace std::chrono_literals;
+
+// Real images over loopback from a camera process. Times are told, not judged.
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+const char* const directly = "127.0.0.1";
+
+/// Waits for something at most ten seconds; whether it came.
+template <typename Condition> bool eventually(Condition condition)
+{
+    for (const Clock::time_point start = Clock::now(); Clock::now() - start < 10s;) {
+        if (condition()) {
+            return true;
+        }
+        std::this_thread::sleep_for(10ms);
+    }
+    return false;
+}
+
+class Streams : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!FakeCamera::isInstalled()) {
+            GTEST_SKIP() << "arv-fake-gv-camera-0.8 is not installed";
+        }
+        m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML);
+    }
+
+    void replaceCamera(int imageLoss)
+    {
+        m_fake = nullptr;
+        m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML, imageLoss);
+    }
+
+    void open(const char* address = directly)
+    {
+        close();
+        std::string error;
+        m_camera = ZQCamera::Open(address, CameraAccess::Control, error);
+        if (!m_camera) {
+            throw std::runtime_error(error);
+        }
+        m_device = std::make_unique<ZQCameraDevice>(m_camera.get(), nullptr);
+        if (m_device->GetRepository()->Load() != STATUS_OK) {
+            throw std::runtime_error("not loaded");
+        }
+        m_acquisition = std::make_unique<ZQAcquisition>(m_camera.get(), m_device.get());
+    }
+
+    void close()
+    {
+        m_acquisition = nullptr;
+        m_device = nullptr;
+        m_camera = nullptr;
+    }
+
+    /// As a program gets its images that may not read the network card's ring.
+    void beOrdinaryUser()
+    {
+        AccessError error;
+        dynamic_cast<CameraLink&>(m_camera->impl().port().backend())
+            .runWithSession(
+                [](CameraSession& session) {
+                    arv_gv_device_set_stream_options(ARV_GV_DEVICE(session.device()),
+                        ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
+                },
+                1s, error);
+    }
+
+    int start()
+    {
+        m_frames = 0;
+        return m_acquisition->start([this](const ZQFrame& frame) {
+            m_size = frame.size;
+            ++m_frames;
+        });
+    }
+
+    bool framesCome(int count)
+    {
+        return eventually([&] { return m_frames >= count; });
+    }
+
+    void recover()
+    {
+        EXPECT_TRUE(eventually([this] { return m_device->Reconnect() == STATUS_OK; }));
+    }
+
+    std::size_t payload()
+    {
+        long bytes = 0;
+        EXPECT_EQ(m_device->GetIntegerValue("PayloadSize", &bytes), STATUS_OK);
+        return static_cast<std::size_t>(bytes);
+    }
+
+    std::unique_ptr<FakeCamera> m_fake;
+    FaultProxy m_proxy { 4 };
+    std::unique_ptr<ZQCamera> m_camera;
+    std::unique_ptr<ZQCameraDevice> m_device;
+    std::unique_ptr<ZQAcquisition> m_acquisition;
+    std::atomic<int> m_frames { 0 };
+    std::atomic<std::size_t> m_size { 0 };
+};
+
+TEST_F(Streams, StartStopAndEndWithTheCamera)
+{
+    open();
+    ASSERT_EQ(start(), STATUS_OK);
+    EXPECT_TRUE(m_acquisition->isRunning());
+    EXPECT_NE(m_device->IsGrabbing(), 0);
+    EXPECT_TRUE(framesCome(3));
+    EXPECT_EQ(m_acquisition->stop(), STATUS_OK);
+    EXPECT_FALSE(m_acquisition->isRunning());
+    EXPECT_EQ(m_size, payload());
+
+    ASSERT_EQ(start(), STATUS_OK);
+    EXPECT_TRUE(framesCome(1));
+    m_fake->kill();
+    EXPECT_NE(m_acquisition->stop(), STATUS_OK);
+    EXPECT_NE(m_acquisition->lastError().find(directly), std::string::npos);
+    EXPECT_TRUE(m_camera->isLost());
+    EXPECT_EQ(start(), cameraLost);
+    EXPECT_EQ(m_camera->impl().lastError().text, m_acquisition->lastError());
+    m_fake->start();
+    recover();
+    ASSERT_EQ(start(), STATUS_OK);
+    EXPECT_TRUE(framesCome(1));
+}
+
+TEST_F(Streams, EndWhenTheCameraIsLostAndStartAnewWhenItIsFound)
+{
+    open();
+    ASSERT_EQ(start(), STATUS_OK);
+    EXPECT_TRUE(framesCome(1));
+    m_fake->kill();
+    long width = 0;
+    EXPECT_EQ(m_device->GetIntegerValue("Width", &width), cameraLost);
+    EXPECT_TRUE(eventually([this] { return !m_acquisition->isRunning(); }));
+    EXPECT_NE(m_acquisition->problem(), "");
+    m_fake->start();
+    recover();
+    EXPECT_FALSE(m_acquisition->isRunning());
+    ASSERT_EQ(start(), STATUS_OK) << m_acquisition->lastError();
+    EXPECT_TRUE(m_acquisition->isRunning());
+    EXPECT_EQ(m_acquisition->problem(), "");
+    EXPECT_TRUE(framesCome(2));
+    EXPECT_EQ(m_acquisition->stop(), STATUS_OK) << m_acquisition->lastError();
+}
+
+TEST_F(Streams, StartAnewOnTheSameConnectionAfterControlIsRetaken)
+{
+    open(FaultProxy::address);
+    beOrdinaryUser(); // the ring takes packets from the camera's address only
+    ASSERT_EQ(start(), STATUS_OK);
+    EXPECT_TRUE(framesCome(1));
+    Faults silent;
+    silent.loseRequests = 1;
+    m_proxy.set(silent);
+    long width = 0;
+    EXPECT_EQ(m_device->GetIntegerValue("Width", &width), cameraLost);
+    m_proxy.set({});
+    recover();
+    EXPECT_TRUE(eventually([this] { return !m_acquisition->isRunning(); }));
+    ASSERT_EQ(start(), STATUS_OK) << m_acquisition->lastError();
+    EXPECT_TRUE(framesCome(2));
+}
+
+TEST_F(Streams, CountImagesThatLosePacketsAndHandThemNotOut)
+{
+    replaceCamera(2);
+    open();
+    const std::size_t whole = payload();
+    std::atomic<int> cut { 0 };
+    ASSERT_EQ(
+        m_acquisition->start([&](const ZQFrame& frame) { cut += frame.size == whole ? 0 : 1; }),
+        STATUS_OK);
+    EXPECT_TRUE(eventually([this] {
+        const ZQFrameCounters counters = m_acquisition->counters();
+        return counters.delivered >= 2 && counters.incomplete >= 2;
+    }));
+    EXPECT_EQ(m_acquisition->stop(), STATUS_OK);
+    EXPECT_EQ(cut, 0);
+}
+
+TEST_F(Streams, ReachAnOrdinaryUserWhole)
+{
+    open();
+    beOrdinaryUser();
+    for (int round = 0; round < 3; ++round) {
+        ASSERT_EQ(start(), STATUS_OK);
+        EXPECT_TRUE(framesCome(10));
+        EXPECT_EQ(m_acquisition->stop(), STATUS_OK);
+        const ZQFrameCounters counters = m_acquisition->counters();
+        EXPECT_GT(counters.delivered, 2 * counters.incomplete);
+    }
+}
+
+std::uint64_t grantedBuffer(int wanted)
+{
+    const int handle = socket(AF_INET, SOCK_DGRAM, 0);
+    socklen_t size = sizeof wanted;
+    setsockopt(handle, SOL_SOCKET, SO_RCVBUF, &wanted, size);
+    getsockopt(handle, SOL_SOCKET, SO_RCVBUF, &wanted, &size);
+    ::close(handle);
+    return static_cast<std::uint64_t>(wanted) / 2;
+}
+
+TEST_F(Streams, SayWhenTheReceiveBufferIsTooSmallForAnImage)
+{
+    open();
+    beOrdinaryUser();
+    for (const long side : { 64L, 2048L }) {
+        ASSERT_EQ(m_device->SetIntegerValue("Width", side, 1), STATUS_OK);
+        ASSERT_EQ(m_device->SetIntegerValue("Height", side, 1), STATUS_OK);
+        ASSERT_EQ(m_device->SetEnumValue("PixelFormat", "Mono16", 0), STATUS_OK);
+        ASSERT_EQ(start(), STATUS_OK);
+        const bool isEnough = grantedBuffer(64 << 20) >= payload();
+        const bool isSaid = m_acquisition->problem().find("rmem_max") != std::string::npos;
+        EXPECT_NE(isSaid, isEnough) << m_acquisition->problem();
+        EXPECT_EQ(m_acquisition->stop(), STATUS_OK);
+        EXPECT_EQ(m_acquisition->problem(), "");
+    }
+}
+
+TEST_F(Streams, AreRefusedWhenTheCameraDoesNotTakeTheirDestination)
+{
+    open(FaultProxy::address);
+    Faults faults;
+    for (const std::uint32_t destination : { 0x0D18U, 0x0D00U }) {
+        faults.refusedWrite = destination;
+        m_proxy.set(faults);
+        EXPECT_NE(start(), STATUS_OK);
+        EXPECT_NE(m_acquisition->lastError().find("destination"), std::string::npos)
+            << m_acquisition->lastError();
+        EXPECT_FALSE(m_acquisition->isRunning());
+        EXPECT_EQ(m_device->IsGrabbing(), 0);
+    }
+    m_proxy.set({});
+    EXPECT_EQ(start(), STATUS_OK) << m_acquisition->lastError();
+}
+
+TEST_F(Streams, OfATriggeredCameraSayThatItWaitsForItsTrigger)
+{
+    open();
+    ASSERT_EQ(m_device->SetEnumValue("TriggerSelector", "FrameStart", 0), STATUS_OK);
+    ASSERT_EQ(m_device->SetEnumValue("TriggerMode", "On", 0), STATUS_OK);
+    ASSERT_EQ(m_device->SetEnumValue("TriggerSource", "Software", 0), STATUS_OK);
+    ASSERT_EQ(start(), STATUS_OK);
+    EXPECT_EQ(m_acquisition->problem(), "");
+    EXPECT_TRUE(eventually([this] {
+        return m_acquisition->problem().find("TriggerMode") != std::string::npos;
+    })) << m_acquisition->problem();
+    EXPECT_TRUE(m_acquisition->isRunning());
+    EXPECT_EQ(m_device->ExecuteCommand("TriggerSoftware", 0), STATUS_OK);
+    EXPECT_TRUE(framesCome(1));
+    EXPECT_TRUE(eventually([this] { return m_acquisition->problem().empty(); }));
+}
+
+TEST_F(Streams, OfWhichNoImageIsCompleteSaySo)
+{
+    replaceCamera(800);
+    open();
+    ASSERT_EQ(start(), STATUS_OK);
+    EXPECT_TRUE(eventually([this] {
+        return m_acquisition->problem().find("none is complete") != std::string::npos;
+    })) << m_acquisition->problem();
+}
+
+TEST_F(Streams, OfASlowCameraStartInSeveralCallsAndDoNotLoseIt)
+{
+    open(FaultProxy::address);
+    Faults slow;
+    slow.delay = 30ms;
+    m_proxy.set(slow);
+    int calls = 0;
+    int longest = 0;
+    const auto isStarting = [&] {
+        const Clock::time_point begin = Clock::now();
+        ++calls;
+        const int status = start();
+        const auto taken
+            = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin);
+        longest = std::max(longest, static_cast<int>(taken.count()));
+        EXPECT_TRUE(status == STATUS_OK || status == ZQAcquisition::stillStarting)
+            << m_acquisition->lastError();
+        return status != STATUS_OK;
+    };
+    while (isStarting() && calls < 20 && !HasFailure()) {
+        EXPECT_FALSE(m_acquisition->isRunning());
+    }
+    EXPECT_GT(calls, 1);
+    EXPECT_TRUE(m_acquisition->isRunning());
+    EXPECT_FALSE(m_camera->isLost());
+    std::printf("[  SLOW    ] %d calls, the longest took %d ms\n", calls, longest);
+}
+
+TEST_F(Streams, ThatWereGivenUpWhileTheyStartedLeaveNothingBehind)
+{
+    open(FaultProxy::address);
+    Faults slow;
+    slow.delay = 30ms;
+    m_proxy.set(slow);
+    EXPECT_EQ(start(), ZQAcquisition::stillStarting);
+    EXPECT_EQ(start(), ZQAcquisition::stillStarting);
+    EXPECT_EQ(m_acquisition->stop(), STATUS_OK);
+    m_proxy.set({});
+    EXPECT_TRUE(eventually([this] { return start() == STATUS_OK; })) << m_acquisition->lastError();
+}
+
+struct Usage {
+    std::ptrdiff_t threads = 0;
+    std::ptrdiff_t files = 0;
+    long kibibytes = 0;
+};
+
+std::ptrdiff_t entries(const char* folder)
+{
+    return std::distance(std::filesystem::directory_iterator(folder), {});
+}
+
+Usage usage()
+{
+    std::ifstream file("/proc/self/statm");
+    long pages = 0;
+    long resident = 0;
+    file >> pages >> resident;
+    return { entries("/proc/self/task"), entries("/proc/self/fd"), resident * 4 };
+}
+
+TEST_F(Streams, OpenedAndClosedAgainAndAgainKeepNothing)
+{
+    const char* wanted = std::getenv("ZQ_STREAM_CYCLES");
+    const int cycles = wanted == nullptr ? 12 : std::atoi(wanted);
+    Usage settled;
+    for (int cycle = 0; cycle < cycles; ++cycle) {
+        open();
+        ASSERT_EQ(start(), STATUS_OK) << m_acquisition->lastError();
+        EXPECT_TRUE(framesCome(1));
+        // Every other one is closed while it streams.
+        EXPECT_TRUE(cycle % 2 == 1 || m_acquisition->stop() == STATUS_OK);
+        close();
+        if (cycle == 1) {
+            settled = usage();
+        }
+    }
+    EXPECT_TRUE(eventually([&] {
+        const Usage now = usage();
+        return now.threads <= settled.threads && now.files <= settled.files;
+    }));
+    const Usage now = usage();
+    std::printf("[  CYCLES  ] %d: %td threads, %td files, %ld KiB; after two %td, %td, %ld KiB\n",
+        cycles, now.threads, now.files, now.kibibytes, settled.threads, settled.files,
+        settled.kibibytes);
+}
+
+struct WordsCase {
+    const char* name;
+    StreamFacts facts;
+    StreamArrivals arrivals;
+    const char* expected;
+};
+
+class StreamWords : public testing::TestWithParam<WordsCase> { };
+
+TEST_P(StreamWords, NameWhatIsKnown)
+{
+    const std::string words = noImageWords(GetParam().facts, GetParam().arrivals);
+    EXPECT_NE(words.find(GetParam().expected), std::string::npos) << words;
+}
+
+constexpr std::uint64_t mega = 1U << 20U;
+
+INSTANTIATE_TEST_SUITE_P(Of, StreamWords,
+    testing::Values(WordsCase { "Nothing", { mega, 0, 0, 1500, "192.168.0.1, port 5", false }, {},
+                        "192.168.0.1, port 5. The camera may not send" },
+        WordsCase { "UnknownDestination", { mega, 0, 0, 0, "", false }, {}, "arrives. The" },
+        WordsCase { "Trigger", { mega, 0, 0, 1500, "", true }, {}, "waits for its trigger" },
+        WordsCase { "SmallBuffer", { mega, 8 * mega, 208 * 1024, 1500, "", false },
+            { 1000, 1400000, 3, 0 }, "208 KiB, but one image takes 1024 KiB" },
+        WordsCase { "LargeBuffer", { mega, 8 * mega, 4 * mega, 1500, "", false },
+            { 1000, 1400000, 3, 0 }, "(packet size 1500 bytes)" },
+        WordsCase { "LargePacketsMissing", { mega, 8 * mega, 208 * 1024, 9000, "", false },
+            { 6, 300, 3, 0 }, "packets of 9000 bytes" },
+        WordsCase { "NoImageKind", { mega, 0, 0, 1500, "", false }, { 900, 900000, 3, 3 },
+            "holds no image" }),
+    [](const auto& test) { return std::string(test.param.name); });
+
+} // namespace
