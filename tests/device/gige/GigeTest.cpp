@@ -319,5 +319,10 @@ int main(int argc, char** argv)
         std::printf("skipped: this system allows no network of one's own\n");
         return 77; // not a success: nothing has been tested
     }
+    const bool asOrdinaryUser = argc > 1 && argv[1] == std::string("--ordinary-user");
+    if (asOrdinaryUser && !giveUpPrivileges()) {
+        std::printf("failed: privileges cannot be given up\n");
+        return 1;
+    }
     return RUN_ALL_TESTS();
 }

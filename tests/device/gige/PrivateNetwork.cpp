@@ -2,13 +2,17 @@
 
 #include <arpa/inet.h>
 #include <cstring>
+#include <linux/capability.h>
 #include <net/if.h>
 #include <sched.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <array>
+#include <cstdint>
+#include <cstdio>
 #include <fstream>
 
 namespace {
@@ -60,6 +64,20 @@ bool enterPrivateNetwork()
         return false;
     }
     return Interface("lo").setUp(true);
+}
+
+bool giveUpPrivileges()
+{
+    __user_cap_header_struct header { _LINUX_CAPABILITY_VERSION_3, 0 };
+    std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> sets {};
+    if (syscall(SYS_capget, &header, sets.data()) != 0) {
+        return false;
+    }
+    const std::uint32_t others = ~(1U << CAP_NET_RAW | 1U << CAP_NET_ADMIN);
+    sets[0].effective &= others;
+    sets[0].permitted &= others;
+    sets[0].inheritable &= others;
+    return syscall(SYS_capset, &header, sets.data()) == 0;
 }
 
 bool addAddress(const std::string& address)

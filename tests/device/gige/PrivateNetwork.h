@@ -6,6 +6,11 @@
 /// does not allow it. Before any thread starts.
 bool enterPrivateNetwork();
 
+/// Makes this process one of an ordinary user, as far as networks are concerned: from now on it can
+/// neither read raw packets nor enlarge a socket's buffer beyond the limit. Returns whether that
+/// was done. After enterPrivateNetwork(), before any thread starts.
+bool giveUpPrivileges();
+
 /// Gives loopback an address more, or takes it away again. Returns whether that was done.
 bool addAddress(const std::string& address);
 bool removeAddress(const std::string& address);
