@@ -68,8 +68,12 @@ public:
 
     /// Runs `task` on the access thread without waiting, also when the camera is lost.
     void post(std::function<void()> task) { m_thread->post(std::move(task)); }
-    /// Any thread.
+    /// What they point to is for any thread.
     const std::shared_ptr<LinkHealth>& health() const { return m_health; }
+    std::shared_ptr<CameraSession::Health> sessionHealth() const
+    {
+        return m_session ? m_session->health() : std::make_shared<CameraSession::Health>();
+    }
 
 private:
     struct Attempt;

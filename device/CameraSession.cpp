@@ -153,6 +153,33 @@ bool isDescriptionMissing(const GError* error)
         && error->code == ARV_DEVICE_ERROR_GENICAM_NOT_FOUND;
 }
 
+/// In words for a user; the library below names its functions.
+std::string refusalText(const GError& error)
+{
+    if (error.domain != arv_device_error_quark()) {
+        return error.message;
+    }
+    switch (error.code) {
+    case ARV_DEVICE_ERROR_TIMEOUT:
+    case ARV_DEVICE_ERROR_NOT_CONNECTED:
+        return "the camera does not answer";
+    case ARV_DEVICE_ERROR_PROTOCOL_ERROR_BUSY:
+        return "the camera is busy";
+    case ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED:
+        return "access denied by the camera; another application may control it";
+    case ARV_DEVICE_ERROR_PROTOCOL_ERROR_INVALID_ADDRESS:
+        return "the camera has no such register";
+    case ARV_DEVICE_ERROR_PROTOCOL_ERROR_WRITE_PROTECT:
+        return "the camera does not let the register be written";
+    case ARV_DEVICE_ERROR_PROTOCOL_ERROR_INVALID_PARAMETER:
+    case ARV_DEVICE_ERROR_PROTOCOL_ERROR_BAD_ALIGNMENT:
+    case ARV_DEVICE_ERROR_PROTOCOL_ERROR_NOT_IMPLEMENTED:
+        return "the camera does not take such an access";
+    default:
+        return error.message;
+    }
+}
+
 std::string openingError(const GError* error)
 {
     if (error == nullptr) {
@@ -165,7 +192,7 @@ std::string openingError(const GError* error)
         return "the camera's description did not arrive; packets to or from it get lost, or it has "
                "none that can be read";
     }
-    return error->message;
+    return refusalText(*error);
 }
 
 /// Packets of 512 bytes, and some for the rest.
@@ -344,7 +371,7 @@ bool CameraSession::finish(bool done, const GlibError& failure, AccessError& err
     }
     error.code = failure ? libraryErrorCode(failure.get()->domain, failure.get()->code)
                          : deviceErrorBase + ARV_DEVICE_ERROR_UNKNOWN;
-    error.message = failure ? failure.get()->message : "the camera refused the access";
+    error.message = failure ? refusalText(*failure.get()) : "the camera refused the access";
     return false;
 }
 

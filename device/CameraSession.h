@@ -43,6 +43,9 @@ public:
         std::atomic<bool> unanswered { false }; ///< every try of an access was in vain
         std::atomic<bool> exchanged { false }; ///< another camera is there
         std::atomic<std::int64_t> waitingSince { 0 }; ///< Clock ticks; 0 while no answer is due
+
+        /// Whether the session is of no use until the camera was found again.
+        bool isOver() const { return controlLost || unanswered || exchanged; }
     };
 
     /// Opens the camera and asks it for control. Takes as long as its description needs, which for

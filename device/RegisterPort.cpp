@@ -9,7 +9,10 @@
 namespace zqcameralib {
 
 namespace {
-constexpr std::chrono::milliseconds snapshotLife(100);
+// What one operation reads is shared by those that follow it at once, also where the camera is far.
+constexpr std::chrono::milliseconds shortestLife(100);
+constexpr std::chrono::milliseconds longestLife(1000);
+constexpr int accessesShared = 8;
 }
 
 RegisterPort::RegisterPort(std::unique_ptr<RegisterBackend> backend)
@@ -28,7 +31,14 @@ bool RegisterPort::fail(AccessError& error)
 
 bool RegisterPort::snapshotExpired() const
 {
-    return m_passes == 0 && Clock::now() - m_snapshotStart > snapshotLife;
+    return m_passes == 0
+        && Clock::now() - m_snapshotStart > std::clamp<std::chrono::nanoseconds>(
+               accessesShared * m_accessTime, shortestLife, longestLife);
+}
+
+void RegisterPort::noteTime(std::chrono::nanoseconds taken)
+{
+    m_accessTime += (taken - m_accessTime) / accessesShared;
 }
 
 void RegisterPort::clearSnapshot()
@@ -121,8 +131,13 @@ bool RegisterPort::read(std::uint64_t address, std::uint8_t* buffer, std::size_t
         error = { injectedFault, "injected fault" };
         return fail(error);
     }
+    const bool isTimed = m_backend->prefersBatches();
+    const Clock::time_point start = isTimed ? Clock::now() : Clock::time_point();
     if (!m_backend->read(address, buffer, size, kind, error)) {
         return fail(error);
+    }
+    if (isTimed) {
+        noteTime(Clock::now() - start);
     }
     keep(key, buffer);
     return true;

@@ -14,9 +14,9 @@ namespace zqcameralib {
 
 /// The one way to a camera's registers: every access of the node map passes here.
 ///
-/// Registers read are kept in a snapshot until the next write, for at most 100 ms, or as long as a
-/// Pass lives. Failures are counted, because the node map swallows many of them: who reads a
-/// feature compares failures() before and after.
+/// Registers read are kept in a snapshot until the next write, for at most 100 ms (longer where one
+/// access takes long itself), or as long as a Pass lives. Failures are counted, because the node
+/// map swallows many of them: who reads a feature compares failures() before and after.
 class RegisterPort {
 public:
     /// Decides before an access whether it shall fail instead; for tests. `write` tells the kind.
@@ -143,6 +143,8 @@ private:
         const Register& key, AccessKind kind, std::uint8_t* buffer, AccessError& error, bool& done);
     void note(const Register& key);
     bool snapshotExpired() const;
+    /// Learns how long an access takes.
+    void noteTime(std::chrono::nanoseconds taken);
     void keep(const Register& key, const std::uint8_t* bytes);
     void clearSnapshot();
 
@@ -150,6 +152,7 @@ private:
     std::unordered_map<Register, Kept, Hash> m_snapshot;
     std::vector<std::uint8_t> m_bytes;
     Clock::time_point m_snapshotStart;
+    std::chrono::nanoseconds m_accessTime { 0 }; ///< of one register, on the average of the last
     std::uint64_t m_snapshotNumber = 1;
     int m_passes = 0;
     std::uint64_t m_failures = 0;

@@ -15,6 +15,7 @@ constexpr std::uint64_t waitUs = 50000;
 StreamFrames::StreamFrames(CameraLink& link, std::uint64_t connection, OpenStream open)
     : m_link(link)
     , m_health(link.health())
+    , m_session(link.sessionHealth())
     , m_connection(connection)
     , m_open(std::move(open))
 {
@@ -33,7 +34,7 @@ FrameSource::Outcome StreamFrames::next(featurebrowser::ZQFrame& frame)
     if (m_current != nullptr) {
         arv_stream_push_buffer(m_open.stream, std::exchange(m_current, nullptr));
     }
-    if (m_health->lost || m_health->connection != m_connection) {
+    if (m_health->lost || m_health->connection != m_connection || m_session->isOver()) {
         return Outcome::Ended;
     }
     ArvBuffer* buffer = arv_stream_timeout_pop_buffer(m_open.stream, waitUs);

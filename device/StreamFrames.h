@@ -24,6 +24,7 @@ private:
 
     CameraLink& m_link;
     std::shared_ptr<LinkHealth> m_health;
+    std::shared_ptr<CameraSession::Health> m_session;
     std::uint64_t m_connection;
     OpenStream m_open;
     ArvBuffer* m_current = nullptr; ///< handed out, to be given back

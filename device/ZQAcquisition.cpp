@@ -63,6 +63,7 @@ public:
         if (m_delivery) {
             stop(); // what has ended by itself
         }
+        const CallScope call(m_camera.impl().port().backend());
         prepare(std::move(handler), std::clamp(buffers, 2, 1000));
         return advance(Clock::now() + limit);
     }

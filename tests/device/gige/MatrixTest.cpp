@@ -14,12 +14,11 @@
 #include <cstdlib>
 #include <functional>
 #include <map>
-#include <tuple>
 
 // Every fault in every phase of a camera's life, through the public interface over real protocol.
 // A line for each tells the longest single call, how long recovery took after the fault had ended,
-// and the words; times are told, not judged. Usually one phase of each fault is run, all of them
-// with ZQ_ALL_FAULTS.
+// and the words; times are told, not judged. Usually each fault meets one phase, with ZQ_ALL_FAULTS
+// all of them.
 
 using namespace featurebrowser;
 using namespace zqcameralib;
@@ -119,18 +118,28 @@ const std::vector<Fault>& faults()
     return all;
 }
 
-class Matrix : public testing::TestWithParam<std::tuple<std::size_t, std::size_t>> {
+class Matrix : public testing::TestWithParam<std::size_t> {
 protected:
     void SetUp() override
     {
         if (!FakeCamera::isInstalled()) {
             GTEST_SKIP() << "arv-fake-gv-camera-0.8 is not installed";
         }
-        const auto [fault, phase] = GetParam();
-        if (std::getenv("ZQ_ALL_FAULTS") == nullptr && (fault + phase) % phases.size() != 0) {
-            GTEST_SKIP() << "one phase of each fault is run usually";
-        }
+    }
+
+    void run(const Fault& fault, Phase phase);
+    void beginOpening(const Fault& fault);
+    void beginLater(const Fault& fault, Phase phase);
+
+    void reset()
+    {
+        m_device.reset();
+        m_camera.reset();
+        m_scene.reset();
         m_scene = std::make_unique<Scene>();
+        m_right.clear();
+        m_longest = 0;
+        m_words = "-";
     }
 
     template <typename Call> auto timed(Call call)
@@ -180,19 +189,19 @@ protected:
         return all;
     }
 
-    void expectNothingWrong(const Values& right)
+    void expectNothingWrong()
     {
         for (const auto& [name, value] : shown()) {
-            const auto known = right.find(name);
-            if (known != right.end() && !dependsOnWidth(name)) {
+            const auto known = m_right.find(name);
+            if (known != m_right.end() && !isChangedByTest(name)) {
                 EXPECT_EQ(value, known->second) << name;
             }
         }
     }
-    /// Changed by the test itself.
-    static bool dependsOnWidth(const std::string& name)
+    static bool isChangedByTest(const std::string& name)
     {
-        return name == "Width" || name == "PayloadSize" || name == "OffsetX"
+        return name == "Width" || name == "DeviceSerialNumber" || name == "GevCurrentIPAddress"
+            || name.rfind("GevSC", 0) == 0 || name == "PayloadSize" || name == "OffsetX"
             || name.find("FrameRate") != std::string::npos
             || name.find("Timestamp") != std::string::npos;
     }
@@ -268,66 +277,77 @@ protected:
     std::unique_ptr<Scene> m_scene;
     std::unique_ptr<ZQCamera> m_camera;
     std::unique_ptr<ZQCameraDevice> m_device;
+    Values m_right;
     int m_longest = 0;
     std::string m_words = "-";
 };
 
-TEST_P(Matrix, ShowsNothingWrongAndRecovers)
+void Matrix::beginOpening(const Fault& fault)
 {
-    const Fault& fault = faults()[std::get<0>(GetParam())];
-    const Phase phase = phases[std::get<1>(GetParam())];
     std::string error;
-    Values right;
-    if (phase == Phase::Opening) {
-        fault.begin(*m_scene);
-        const Clock::time_point start = Clock::now();
-        if (!open(error)) {
-            m_words = error;
-            EXPECT_FALSE(error.empty());
-        }
-        std::printf("[  OPENING ] %d ms\n", milliseconds(start));
-        fault.end(*m_scene);
-        ASSERT_TRUE(m_camera || open(error)) << error;
-    } else {
-        ASSERT_TRUE(open(error)) << error;
-        ASSERT_EQ(repository().Load(), STATUS_OK);
-        right = shown();
-        if (phase == Phase::Reconnecting) {
-            Faults silence;
-            silence.loseReplies = 1.0;
-            m_scene->proxy.set(silence);
-            for (int tries = 0; !m_camera->isLost() && tries < 1000; ++tries) {
-                std::this_thread::sleep_for(10ms);
-            }
-            m_scene->proxy.set({});
-        } else {
-            std::this_thread::sleep_for(120ms); // what was read has to be read anew
-        }
-        fault.begin(*m_scene);
-        meet(phase);
-        if (phase != Phase::Loading) {
-            readAll();
-        }
-        expectNothingWrong(right);
-        fault.end(*m_scene);
+    fault.begin(*m_scene);
+    if (!open(error)) {
+        m_words = error;
+        EXPECT_FALSE(error.empty());
     }
+    fault.end(*m_scene);
+    ASSERT_TRUE(m_camera || open(error)) << error;
+}
+
+void Matrix::beginLater(const Fault& fault, Phase phase)
+{
+    std::string error;
+    ASSERT_TRUE(open(error)) << error;
+    ASSERT_EQ(repository().Load(), STATUS_OK);
+    m_right = shown();
+    if (phase == Phase::Reconnecting) {
+        Faults silence;
+        silence.loseReplies = 1.0;
+        m_scene->proxy.set(silence);
+        for (int tries = 0; !m_camera->isLost() && tries < 1000; ++tries) {
+            std::this_thread::sleep_for(10ms);
+        }
+        m_scene->proxy.set({});
+    } else {
+        std::this_thread::sleep_for(120ms); // what was read has to be read anew
+    }
+    fault.begin(*m_scene);
+    meet(phase);
+    if (phase != Phase::Loading) {
+        readAll();
+    }
+    expectNothingWrong();
+    fault.end(*m_scene);
+}
+
+void Matrix::run(const Fault& fault, Phase phase)
+{
+    reset();
+    phase == Phase::Opening ? beginOpening(fault) : beginLater(fault, phase);
+    ASSERT_TRUE(m_device);
     const int recovery = recover();
     readAll();
     EXPECT_FALSE(m_camera->isLost());
-    expectNothingWrong(right);
+    expectNothingWrong();
     long width = 0;
     EXPECT_EQ(m_device->GetIntegerValue("Width", &width), STATUS_OK);
     EXPECT_EQ(repository().GetFeature("Width")->valueText, std::to_string(width));
     std::printf("[  FAULT   ] %-20s %-12s blocked %4d ms, back after %4d ms: %s\n", fault.name,
-        phaseNames[std::get<1>(GetParam())], m_longest, recovery, m_words.c_str());
+        phaseNames[static_cast<std::size_t>(phase)], m_longest, recovery, m_words.c_str());
 }
 
-INSTANTIATE_TEST_SUITE_P(Faults, Matrix,
-    testing::Combine(testing::Range<std::size_t>(0, faults().size()),
-        testing::Range<std::size_t>(0, phases.size())),
-    [](const auto& test) {
-        return std::string(faults()[std::get<0>(test.param)].name)
-            + phaseNames[std::get<1>(test.param)];
-    });
+TEST_P(Matrix, ShowsNothingWrongAndRecovers)
+{
+    const bool isAll = std::getenv("ZQ_ALL_FAULTS") != nullptr;
+    for (std::size_t i = 0; i < phases.size(); ++i) {
+        SCOPED_TRACE(phaseNames[i]);
+        if (isAll || (GetParam() + 2 * i + 1) % phases.size() == 0) {
+            run(faults()[GetParam()], phases[i]);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, Matrix, testing::Range<std::size_t>(0, faults().size()),
+    [](const auto& test) { return std::string(faults()[test.param].name); });
 
 } // namespace

@@ -92,7 +92,7 @@ protected:
                     arv_gv_device_set_stream_options(ARV_GV_DEVICE(session.device()),
                         ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
                 },
-                1s, error);
+                error);
     }
 
     int start()
