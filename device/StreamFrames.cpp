@@ -1,6 +1,6 @@
 #include "StreamFrames.h"
 
-#include "FrameSize.h"
+#include "ImagePart.h"
 
 #include <utility>
 
@@ -46,7 +46,7 @@ FrameSource::Outcome StreamFrames::next(featurebrowser::ZQFrame& frame)
         ++m_incomplete;
         return Outcome::Incomplete;
     }
-    if (!takeImage(buffer, frame)) {
+    if (!findImage(buffer, m_open.facts.imageBytes, m_open.format, frame)) {
         ++m_withoutImage;
         return Outcome::Incomplete;
     }
@@ -54,22 +54,6 @@ FrameSource::Outcome StreamFrames::next(featurebrowser::ZQFrame& frame)
     frame.timestampNs = arv_buffer_get_timestamp(buffer);
     frame.systemTimestampNs = arv_buffer_get_system_timestamp(buffer);
     return Outcome::Complete;
-}
-
-bool StreamFrames::takeImage(ArvBuffer* buffer, featurebrowser::ZQFrame& frame)
-{
-    const ArvBufferPayloadType type = arv_buffer_get_payload_type(buffer);
-    if (type != ARV_BUFFER_PAYLOAD_TYPE_IMAGE
-        && type != ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA) {
-        return false;
-    }
-    frame.data = static_cast<const std::uint8_t*>(arv_buffer_get_image_data(buffer, &frame.size));
-    frame.pixelFormat = arv_buffer_get_image_pixel_format(buffer);
-    frame.width = arv_buffer_get_image_width(buffer);
-    // What the camera announces may be more than what it sends.
-    frame.height = static_cast<int>(rowsWithin(
-        frame.size, frame.width, arv_buffer_get_image_height(buffer), frame.pixelFormat));
-    return frame.height > 0;
 }
 
 std::uint64_t StreamFrames::lost() const

@@ -20,8 +20,6 @@ public:
     std::string whyNothing() const override;
 
 private:
-    bool takeImage(ArvBuffer* buffer, featurebrowser::ZQFrame& frame);
-
     CameraLink& m_link;
     std::shared_ptr<LinkHealth> m_health;
     std::shared_ptr<CameraSession::Health> m_session;

@@ -144,6 +144,7 @@ std::unique_ptr<StreamOpening> StreamOpening::begin(
 {
     auto shared = std::make_shared<Shared>();
     shared->connection = link.health()->connection;
+    shared->open.format = format;
     shared->open.facts.imageBytes = format.payload;
     shared->open.facts.isTriggered = format.isTriggered;
     const auto task = [shared, buffers](CameraSession& session) {

@@ -13,6 +13,7 @@ namespace zqcameralib {
 struct OpenStream {
     ArvStream* stream = nullptr; ///< owned; null and an error when there is none
     const ArvDevice* device = nullptr; ///< of the session it belongs to
+    ImageFormat format; ///< of the start
     StreamFacts facts;
     AccessError error;
 };
