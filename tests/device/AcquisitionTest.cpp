@@ -191,8 +191,8 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 
 INSTANTIATE_TEST_SUITE_P(Odd, MadeUpFrame,
     testing::Values(OddFormat { "PayloadBelowHeight", { 4, 480, 0x01080001, 100, 50.0, 0 }, 25 },
-        OddFormat { "PayloadBelowImage", { 64, 32, 0x01100003, 64 * 32, 50.0, 0 }, 16 },
-        OddFormat { "PayloadBeyondImage", { 64, 32, 0x01080001, 64 * 40, 50.0, 0 }, 32 },
+        OddFormat { "PayloadBelowImage", { 64, 32, 0x01100003, 2048, 50.0, 0 }, 16 },
+        OddFormat { "PayloadBeyondImage", { 64, 32, 0x01080001, 2560, 50.0, 0 }, 32 },
         OddFormat { "PackedPixels", { 10, 3, 0x010C0047, 45, 50.0, 0 }, 3 },
         OddFormat { "OneBitPixels", { 1, 16, 0x01010037, 2, 50.0, 0 }, 16 },
         OddFormat { "RateNan", { 4, 4, 0, 16, nan, 0 }, 4 },

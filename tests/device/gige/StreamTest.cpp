@@ -365,7 +365,7 @@ public:
     {
         std::string text;
         for (std::size_t i = count; i > 0; --i) {
-            text += static_cast<char>(value >> (8 * (i - 1)) & 0xFFU);
+            text += i > sizeof value ? '\0' : static_cast<char>(value >> (8 * (i - 1)) & 0xFFU);
         }
         return text;
     }
@@ -498,11 +498,11 @@ INSTANTIATE_TEST_SUITE_P(Of, StreamWords,
                         "192.168.0.1, port 5. The camera may not send" },
         WordsCase { "UnknownDestination", { mega, 0, 0, 0, "", false }, {}, "arrives. The" },
         WordsCase { "Trigger", { mega, 0, 0, 1500, "", true }, {}, "waits for its trigger" },
-        WordsCase { "SmallBuffer", { mega, 8 * mega, 208 * 1024, 1500, "", false },
+        WordsCase { "SmallBuffer", { mega, 8 * mega, 212992, 1500, "", false },
             { 1000, 1400000, 3, 0 }, "208 KiB, but one image takes 1024 KiB" },
         WordsCase { "LargeBuffer", { mega, 8 * mega, 4 * mega, 1500, "", false },
             { 1000, 1400000, 3, 0 }, "(packet size 1500 bytes)" },
-        WordsCase { "LargePacketsMissing", { mega, 8 * mega, 208 * 1024, 9000, "", false },
+        WordsCase { "LargePacketsMissing", { mega, 8 * mega, 212992, 9000, "", false },
             { 6, 300, 3, 0 }, "packets of 9000 bytes" },
         WordsCase { "NoImageKind", { mega, 0, 0, 1500, "", false }, { 900, 900000, 3, 3 },
             "holds no image" }),
