@@ -268,13 +268,14 @@ AccessThread::Outcome CameraLink::run(
 
 AccessError CameraLink::tooSlow(AccessThread::Outcome outcome, bool isWrite) const
 {
-    std::string text = m_place.address + ": the camera answers too slowly";
-    if (isWrite) {
-        text += outcome == AccessThread::Outcome::NotBegun
-            ? "; nothing was sent"
-            : "; it has not confirmed what was sent, and may still take it";
+    const std::string text = m_place.address + ": the camera answers too slowly";
+    if (!isWrite) {
+        return { cameraSlow, text };
     }
-    return { cameraSlow, text };
+    return outcome == AccessThread::Outcome::NotBegun
+        ? AccessError { notSent, text + "; nothing was sent" }
+        : AccessError { cameraSlow,
+              text + "; it has not confirmed what was sent, and may still take it" };
 }
 
 bool CameraLink::runWithSession(std::function<void(CameraSession&)> task, AccessError& error)

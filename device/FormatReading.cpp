@@ -62,7 +62,7 @@ bool FormatReading::mayGoOn(int status, AccessError& error)
     RegisterBackend& backend = m_camera.port().backend();
     if (backend.isLost()) {
         error = backend.loss();
-    } else if (status == stillWorking) {
+    } else if (status == cameraSlow) {
         error = { stillWorking, statusText(stillWorking) };
     }
     return error.code == 0;

@@ -18,7 +18,7 @@ public:
     FormatReading(ZQCamera::Impl& camera, featurebrowser::ICameraDevice& device);
 
     /// Reads the next thing. False and a reason when there is no image to be had, or the camera is
-    /// lost; after stillWorking the same step can be tried again.
+    /// lost; after stillWorking, when no time was left, the same step can be tried again.
     bool step(AccessError& error);
     bool isOver() const;
     /// Whether nothing was written to the camera since it began.

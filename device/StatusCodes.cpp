@@ -19,7 +19,7 @@ struct Status {
     const char* text;
 };
 
-constexpr std::array<Status, 23> statuses { {
+constexpr std::array<Status, 24> statuses { {
     { STATUS_OK, "OK", "No error." },
     { ERROR_VALUE_OUT_OF_RANGE, "VALUE_OUT_OF_RANGE", "The value is outside the limits." },
     { ERROR_VALUE_NOT_ON_INCREMENT, "VALUE_NOT_ON_INCREMENT",
@@ -43,6 +43,7 @@ constexpr std::array<Status, 23> statuses { {
     { cameraLost, "CAMERA_LOST", "The camera does not answer." },
     { accessDenied, "ACCESS_DENIED", "Another application controls the camera." },
     { cameraSlow, "CAMERA_SLOW", "The camera answers too slowly." },
+    { notSent, "NOT_SENT", "The camera answers too slowly; nothing was sent." },
     { stillWorking, "STILL_WORKING", "The camera is slow; what was begun goes on. Ask again." },
 } };
 

@@ -30,6 +30,7 @@ constexpr int cameraLost = statusBase(0x80350002U); ///< the camera does not ans
 constexpr int accessDenied = statusBase(0x80350003U); ///< another application controls the camera
 constexpr int cameraSlow = statusBase(0x80350004U); ///< no answer in the time of one operation
 constexpr int stillWorking = statusBase(0x80350005U); ///< what was begun goes on; to be asked again
+constexpr int notSent = statusBase(0x80350007U); ///< no time was left for a write
 constexpr int notReadYet = statusBase(0x80350006U); ///< internal: to be read beside the caller
 
 /// Offsets of the error codes of the library below: device errors and node map errors.

@@ -5,6 +5,7 @@
 #include "FormatReading.h"
 #include "FrameDelivery.h"
 #include "SimulatedFrames.h"
+#include "StartTask.h"
 #include "StatusCodes.h"
 #include "StreamOpening.h"
 
@@ -80,7 +81,9 @@ public:
         return status == STATUS_OK ? succeed() : fail({ status, deviceText(m_device, status) });
     }
 
+    void giveUp() { m_starting.reset(); }
     const AcquisitionState& state() const { return m_state; }
+    ZQCamera::Impl& camera() { return m_camera.impl(); }
 
 private:
     int succeed()
@@ -186,6 +189,10 @@ private:
     {
         // Not waited for: a camera that is slow to begin shows it by its images.
         const int status = m_device.ExecuteCommand("AcquisitionStart", 0);
+        if (status == notSent) {
+            error = { stillWorking, statusText(stillWorking) };
+            return false;
+        }
         if (status != STATUS_OK) {
             error = { status, deviceText(m_device, status) };
             return false;
@@ -216,6 +223,18 @@ ZQAcquisition::~ZQAcquisition()
 int ZQAcquisition::start(FrameHandler handler, int buffers)
 {
     return m_impl->start(std::move(handler), buffers, startLimit);
+}
+
+std::unique_ptr<ZQCameraTask> ZQAcquisition::StartBeside(FrameHandler handler, int buffers)
+{
+    Impl* impl = m_impl.get();
+    StartTask::Steps steps;
+    steps.goOn = [impl, handle = std::move(handler), buffers] {
+        return impl->start(handle, buffers, std::chrono::milliseconds(0));
+    };
+    steps.giveUp = [impl] { impl->giveUp(); };
+    steps.error = [impl] { return impl->state().lastError(); };
+    return std::make_unique<StartTask>(impl->camera(), std::move(steps));
 }
 
 int ZQAcquisition::stop()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Export.h"
+#include "ZQCameraTask.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -66,6 +67,8 @@ public:
     /// which goes on behind; calling again continues, and stop() gives it up. What has ended by
     /// itself starts anew.
     int start(FrameHandler handler, int buffers = 8);
+    /// The same beside the caller. Cancelling it, or stop(), gives the start up.
+    std::unique_ptr<zqcameralib::ZQCameraTask> StartBeside(FrameHandler handler, int buffers = 8);
     /// Stops; when it returns, the handler is not running and will not be called again. Returns 0
     /// or the error of the camera's stop command; the acquisition has ended in any case. Does not
     /// wait for a camera that is lost.

@@ -326,6 +326,28 @@ TEST_F(Streams, OfASlowCameraStartInSeveralCallsAndDoNotLoseIt)
     std::printf("[  SLOW    ] %d calls, the longest took %d ms\n", calls, longest);
 }
 
+TEST_F(Streams, StartBesideTheCaller)
+{
+    open(FaultProxy::address);
+    beOrdinaryUser();
+    Faults slow;
+    slow.delay = 20ms;
+    m_proxy.set(slow);
+    const auto given = m_acquisition->StartBeside({});
+    EXPECT_EQ(given->poll(), ZQCameraTask::State::Running);
+    given->cancel();
+    EXPECT_EQ(given->poll(), ZQCameraTask::State::Cancelled);
+    const auto starting = m_acquisition->StartBeside([this](const ZQFrame&) { ++m_frames; });
+    EXPECT_FALSE(m_acquisition->isRunning());
+    ASSERT_EQ(starting->wait(20s), ZQCameraTask::State::Done) << starting->error();
+    EXPECT_TRUE(m_acquisition->isRunning());
+    EXPECT_TRUE(framesCome(2));
+    EXPECT_EQ(m_acquisition->stop(), STATUS_OK);
+    m_fake->kill();
+    EXPECT_EQ(m_acquisition->StartBeside({})->wait(20s), ZQCameraTask::State::Failed);
+    EXPECT_NE(m_acquisition->lastError(), "");
+}
+
 TEST_F(Streams, ThatWereGivenUpWhileTheyStartedLeaveNothingBehind)
 {
     open(FaultProxy::address);

@@ -355,7 +355,7 @@ TEST_F(Trouble, AWriteWithoutTimeIsNotSentLater)
     m_proxy.set(slow(100ms));
     m_camera->limitWaiting(1ms);
     std::this_thread::sleep_for(5ms);
-    EXPECT_EQ(m_device->SetIntegerValue("Width", 80, 0), cameraSlow);
+    EXPECT_EQ(m_device->SetIntegerValue("Width", 80, 0), notSent);
     m_camera->limitWaiting(0ms);
     m_proxy.set({});
     long width = 0;
