@@ -56,7 +56,8 @@ void CameraLink::findAgain(Attempt& attempt)
     if (!CameraSession::answers(attempt.place, *attempt.progress, attempt.error)) {
         return;
     }
-    switch (attempt.session->retake(attempt.access == CameraAccess::ReadOnly)) {
+    std::string refusal;
+    switch (attempt.session->retake(attempt.access == CameraAccess::ReadOnly, refusal)) {
     case CameraSession::Retaken::Yes:
         return;
     case CameraSession::Retaken::Denied:
@@ -64,6 +65,9 @@ void CameraLink::findAgain(Attempt& attempt)
         if (attempt.access == CameraAccess::Control) {
             attempt.error = attempt.place.address + ": another application controls the camera";
         }
+        return;
+    case CameraSession::Retaken::Refused:
+        attempt.error = attempt.place.address + ": " + refusal;
         return;
     case CameraSession::Retaken::OtherCamera:
         attempt.isOtherCamera = true;

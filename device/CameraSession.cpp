@@ -282,26 +282,26 @@ void CameraSession::leaveControl()
     }
 }
 
-bool CameraSession::readIdentity(std::string& identity)
+bool CameraSession::readIdentity(Identity& identity)
 {
+    identity.clear();
     if (!ARV_IS_GV_DEVICE(m_device)) {
         return true;
     }
-    identity.clear();
     for (const IdentityPlace& place : identityPlaces) {
         std::string bytes(place.size, '\0');
-        AccessError ignored; // one that a camera refuses tells nothing
-        read(place.address, reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size(),
-            AccessKind::Memory, ignored);
+        AccessError ignored;
+        const bool done = read(place.address, reinterpret_cast<std::uint8_t*>(bytes.data()),
+            bytes.size(), AccessKind::Memory, ignored);
         if (m_health->unanswered) {
             return false;
         }
-        identity += bytes;
+        identity.push_back(done ? bytes : std::string());
     }
     return true;
 }
 
-CameraSession::Retaken CameraSession::retake(bool readOnly)
+CameraSession::Retaken CameraSession::retake(bool readOnly, std::string& error)
 {
     if (!ARV_IS_GV_DEVICE(m_device)) {
         return Retaken::No;
@@ -309,17 +309,27 @@ CameraSession::Retaken CameraSession::retake(bool readOnly)
     GlibError failure;
     bool isDenied = false;
     if (!readOnly && !arv_gv_device_take_control(ARV_GV_DEVICE(m_device), failure.out())) {
-        isDenied = failure && failure.get()->code == ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED;
-        if (!isDenied) {
+        if (!failure || isAnswerMissing(*failure.get())) {
             return Retaken::No;
+        }
+        error = refusalText(*failure.get());
+        isDenied = failure.get()->code == ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED;
+        if (!isDenied) {
+            return Retaken::Refused;
         }
     }
     m_health->controlLost = false;
     m_health->unanswered = false;
     m_health->exchanged = false;
-    std::string identity;
+    Identity identity;
     if (!readIdentity(identity)) {
         return Retaken::No;
+    }
+    for (std::size_t i = 0; i < identity.size(); ++i) {
+        if (identity[i].empty() && !m_identity[i].empty()) {
+            error = "the camera does not let itself be read";
+            return isDenied ? Retaken::Denied : Retaken::Refused;
+        }
     }
     if (identity != m_identity) {
         return Retaken::OtherCamera;
@@ -355,7 +365,7 @@ void CameraSession::watchIdentity()
     AccessError ignored;
     if (read(identityPlaces.front().address, reinterpret_cast<std::uint8_t*>(bytes.data()),
             bytes.size(), AccessKind::Memory, ignored)
-        && m_identity.compare(0, bytes.size(), bytes) != 0) {
+        && bytes != m_identity.front()) {
         m_health->exchanged = true;
     }
 }

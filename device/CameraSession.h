@@ -8,6 +8,7 @@
 #include <atomic>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace zqcameralib {
 
@@ -66,11 +67,13 @@ public:
     enum class Retaken {
         Yes,
         Denied, ///< another application controls the camera
+        Refused, ///< the camera answers, but not what it is asked
         No, ///< the session is of no use any more
         OtherCamera ///< there is another camera, or another description, at its place
     };
-    /// Takes control anew after it was lost, unless `readOnly`, and compares who is there.
-    Retaken retake(bool readOnly);
+    /// Takes control anew after it was lost, unless `readOnly`, and compares who is there. `error`
+    /// says why it was refused.
+    Retaken retake(bool readOnly, std::string& error);
     /// Learns whether the camera still answers, knows its controller, and is the same.
     void watch();
     /// Description as the camera delivers it, unzipped.
@@ -84,14 +87,16 @@ public:
 
 private:
     explicit CameraSession(ArvDevice* device);
-    bool readIdentity(std::string& identity);
+    /// Each part of it as the camera gives it; empty where it refuses.
+    using Identity = std::vector<std::string>;
+    bool readIdentity(Identity& identity);
     void watchControl();
     void watchIdentity();
     bool finish(bool done, const GlibError& failure, AccessError& error);
 
     ArvDevice* m_device;
     std::shared_ptr<Health> m_health = std::make_shared<Health>();
-    std::string m_identity; ///< what tells this camera and its description from others
+    Identity m_identity; ///< what tells this camera and its description from others
     gulong m_handler = 0;
 };
 
