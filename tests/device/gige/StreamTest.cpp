@@ -505,6 +505,11 @@ struct WordsCase {
     const char* expected;
 };
 
+void PrintTo(const WordsCase& test, std::ostream* stream)
+{
+    *stream << test.name;
+}
+
 class StreamWords : public testing::TestWithParam<WordsCase> { };
 
 TEST_P(StreamWords, NameWhatIsKnown)

@@ -369,6 +369,11 @@ struct ReloadCase {
     const char* words;
 };
 
+void PrintTo(const ReloadCase& test, std::ostream* stream)
+{
+    *stream << test.name;
+}
+
 class FailedReload : public Trouble, public testing::WithParamInterface<ReloadCase> { };
 
 TEST_P(FailedReload, MarksEveryFeatureAndSaysWhy)
