@@ -37,6 +37,7 @@ struct Starting {
     std::unique_ptr<StreamOpening> opening;
     ImageFormat openedFor;
     std::unique_ptr<FrameSource> source;
+    bool isSent = false; ///< the camera was told, but has not confirmed it
 };
 
 bool isSameImage(const ImageFormat& one, const ImageFormat& other)
@@ -71,7 +72,7 @@ public:
 
     int stop()
     {
-        m_starting.reset();
+        giveUp();
         if (!m_delivery) {
             return succeed();
         }
@@ -81,7 +82,13 @@ public:
         return status == STATUS_OK ? succeed() : fail({ status, deviceText(m_device, status) });
     }
 
-    void giveUp() { m_starting.reset(); }
+    void giveUp()
+    {
+        if (m_starting && m_starting->isSent) {
+            m_device.ExecuteCommand("AcquisitionStop", 0);
+        }
+        m_starting.reset();
+    }
     const AcquisitionState& state() const { return m_state; }
     ZQCamera::Impl& camera() { return m_camera.impl(); }
 
@@ -189,7 +196,8 @@ private:
     {
         // Not waited for: a camera that is slow to begin shows it by its images.
         const int status = m_device.ExecuteCommand("AcquisitionStart", 0);
-        if (status == notSent) {
+        m_starting->isSent = m_starting->isSent || status == cameraSlow;
+        if (status == notSent || status == cameraSlow) {
             error = { stillWorking, statusText(stillWorking) };
             return false;
         }

@@ -1,21 +1,14 @@
-#include "FakeCamera.h"
-#include "FaultProxy.h"
+#include "GigeFixture.h"
 #include "StatusCodes.h"
 
 #include "Camera.h"
 
-#include "featurebrowser/ZQCameraDevice.h"
-#include "featurebrowser/ZQCameraRepository.h"
-
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <array>
+#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
-#include <thread>
 
 using namespace featurebrowser;
 using namespace zqcameralib;
@@ -23,21 +16,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using State = ZQCameraTask::State;
-
-/// Waits some seconds for `condition`.
-bool becomes(const std::function<bool()>& condition)
-{
-    const Clock::time_point end = Clock::now() + 20s;
-    while (Clock::now() < end) {
-        if (condition()) {
-            return true;
-        }
-        std::this_thread::sleep_for(10ms);
-    }
-    return false;
-}
 
 Faults slow(std::chrono::milliseconds roundTrip)
 {
@@ -92,41 +71,16 @@ private:
     std::filesystem::path m_path;
 };
 
-class Trouble : public testing::Test {
+class Trouble : public GigeFixture {
 protected:
-    void SetUp() override
-    {
-        if (!FakeCamera::isInstalled()) {
-            GTEST_SKIP() << "arv-fake-gv-camera-0.8 is not installed";
-        }
-        m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML);
-    }
-
     void open(CameraAccess access = CameraAccess::Control)
     {
-        std::string error;
-        m_camera = ZQCamera::Open(FaultProxy::address, access, error);
-        if (!m_camera) {
-            throw std::runtime_error("not opened: " + error);
-        }
-        m_device = std::make_unique<ZQCameraDevice>(m_camera.get(), nullptr);
-        m_repository = m_device->GetRepository();
-        if (m_repository->Load() != STATUS_OK) {
-            throw std::runtime_error("not loaded");
-        }
+        GigeFixture::open(FaultProxy::address, access);
         forget();
     }
 
     /// Waits until what was read before has to be read anew.
     static void forget() { std::this_thread::sleep_for(120ms); }
-
-    std::string text(int code)
-    {
-        std::array<char, errorTextSize> name {};
-        std::array<char, errorTextSize> words {};
-        m_device->GetErrorText(code, name.data(), words.data());
-        return words.data();
-    }
 
     std::size_t count(FEATURE_STATE state)
     {
@@ -134,17 +88,6 @@ protected:
         return static_cast<std::size_t>(std::count_if(states.begin(), states.end(),
             [state](const auto& entry) { return entry.second == state; }));
     }
-
-    bool recovers()
-    {
-        return becomes([this] { return m_device->Reconnect() == STATUS_OK; });
-    }
-
-    std::unique_ptr<FakeCamera> m_fake;
-    FaultProxy m_proxy { 7 };
-    std::unique_ptr<ZQCamera> m_camera;
-    std::unique_ptr<ZQCameraDevice> m_device;
-    ZQCameraRepository* m_repository = nullptr;
 };
 
 TEST_F(Trouble, ManyThreadsOpenCamerasAtOnce)
@@ -176,7 +119,7 @@ TEST_F(Trouble, AnOpeningThatWasGivenUpDoesNotMeetTheNext)
     m_proxy.set(slow(8ms));
     for (int i = 0; i < 2; ++i) {
         const auto opening = ZQCamera::OpenBeside(FaultProxy::address, CameraAccess::Control);
-        ASSERT_TRUE(becomes(
+        ASSERT_TRUE(eventually(
             [&] { return opening->progress().step == "Reading the camera's description"; }));
         opening->cancel();
         EXPECT_EQ(opening->poll(), State::Cancelled);
@@ -194,7 +137,7 @@ TEST_F(Trouble, OpensBesideTheCallerAndTellsWhatItDoes)
     m_proxy.set(slow(4ms));
     const auto opening = ZQCamera::OpenBeside(FaultProxy::address, CameraAccess::Control);
     std::set<std::string> steps;
-    ASSERT_TRUE(becomes([&] {
+    ASSERT_TRUE(eventually([&] {
         steps.insert(opening->progress().step);
         return opening->poll() != State::Running;
     }));
@@ -300,7 +243,7 @@ TEST_F(Trouble, ReadsAheadBesideEditsAndWithProgress)
     EXPECT_EQ(ahead->poll(), State::Running);
     const std::size_t total = ahead->progress().total;
     EXPECT_GT(total, 50U);
-    ASSERT_TRUE(becomes(
+    ASSERT_TRUE(eventually(
         [&] { return ahead->poll() != State::Running || ahead->progress().done > total / 2; }));
     EXPECT_EQ(ahead->poll(), State::Running);
     EXPECT_EQ(m_device->SetIntegerValue("Width", 72, 1), STATUS_OK); // and all is read again
@@ -324,7 +267,7 @@ TEST_F(Trouble, WhatHasNoTimeLeftFollowsLater)
     EXPECT_NE(text(stillWorking).find("registers read"), std::string::npos);
     EXPECT_FALSE(m_repository->isLoaded());
     EXPECT_EQ(m_repository->GetFeatureStates()["Width"], FEATURE_READ_FAILED);
-    EXPECT_TRUE(becomes([this] {
+    EXPECT_TRUE(eventually([this] {
         m_camera->limitWaiting(100ms);
         return m_repository->Load() == STATUS_OK;
     }));
@@ -436,7 +379,7 @@ TEST_F(Trouble, ACameraThatOnlyPausesComesBackByItself)
     EXPECT_TRUE(m_camera->isLost());
     EXPECT_NE(text(cameraLost).find("does not answer"), std::string::npos);
     m_fake->resume();
-    EXPECT_TRUE(becomes([this] { return !m_camera->isLost(); }));
+    EXPECT_TRUE(eventually([this] { return !m_camera->isLost(); }));
     EXPECT_EQ(m_device->GetIntegerValue("Width", &value), STATUS_OK);
 }
 
@@ -446,7 +389,7 @@ TEST_P(Idle, ACameraThatIsGoneIsNoticedWithoutBeingAsked)
 {
     open(GetParam());
     m_fake->kill();
-    EXPECT_TRUE(becomes([this] { return m_camera->isLost(); }));
+    EXPECT_TRUE(eventually([this] { return m_camera->isLost(); }));
     m_fake->start();
     EXPECT_TRUE(recovers());
 }
@@ -480,7 +423,7 @@ TEST_F(Trouble, LosingTheCameraEndsTheAcquisition)
     long value = 0;
     EXPECT_NE(m_device->GetIntegerValue("Width", &value), STATUS_OK);
     EXPECT_EQ(m_device->IsGrabbing(), 0);
-    ASSERT_TRUE(becomes([this] { return m_camera->impl().port().backend().isGivenUp(); }));
+    ASSERT_TRUE(eventually([this] { return m_camera->impl().port().backend().isGivenUp(); }));
     m_proxy.set({});
     ASSERT_TRUE(recovers());
     EXPECT_EQ(m_repository->GetFeatureStates()["Width"], FEATURE_AVAILABLE);

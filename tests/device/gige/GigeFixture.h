@@ -1,0 +1,87 @@
+#pragma once
+
+#include "FakeCamera.h"
+#include "FaultProxy.h"
+
+#include "featurebrowser/ZQCamera.h"
+#include "featurebrowser/ZQCameraDevice.h"
+#include "featurebrowser/ZQCameraRepository.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <chrono>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+/// A camera process, a proxy before it, and the real camera side on the other end.
+class GigeFixture : public testing::Test {
+protected:
+    static constexpr const char* directly = FakeCamera::usualAddress;
+
+    void SetUp() override
+    {
+        if (!FakeCamera::isInstalled()) {
+            GTEST_SKIP() << "arv-fake-gv-camera-0.8 is not installed";
+        }
+        m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML);
+    }
+
+    /// Opens and loads. Throws what is wrong: no test goes on without its camera.
+    void open(const char* address = FaultProxy::address,
+        zqcameralib::CameraAccess access = zqcameralib::CameraAccess::Control)
+    {
+        close();
+        std::string error;
+        m_camera = zqcameralib::ZQCamera::Open(address, access, error);
+        if (!m_camera) {
+            throw std::runtime_error("not opened: " + error);
+        }
+        m_device = std::make_unique<featurebrowser::ZQCameraDevice>(m_camera.get(), nullptr);
+        m_repository = m_device->GetRepository();
+        if (m_repository->Load() != featurebrowser::STATUS_OK) {
+            throw std::runtime_error("not loaded");
+        }
+    }
+
+    void close()
+    {
+        m_device = nullptr;
+        m_camera = nullptr;
+    }
+
+    /// Waits many seconds at most for something; whether it came.
+    template <typename Condition> static bool eventually(Condition condition)
+    {
+        using Clock = std::chrono::steady_clock;
+        const Clock::time_point end = Clock::now() + std::chrono::seconds(20);
+        while (Clock::now() < end) {
+            if (condition()) {
+                return true;
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        return false;
+    }
+
+    bool recovers()
+    {
+        return eventually([this] { return m_device->Reconnect() == featurebrowser::STATUS_OK; });
+    }
+
+    std::string text(int code)
+    {
+        std::array<char, featurebrowser::errorTextSize> name {};
+        std::array<char, featurebrowser::errorTextSize> words {};
+        m_device->GetErrorText(code, name.data(), words.data());
+        return words.data();
+    }
+
+    std::unique_ptr<FakeCamera> m_fake;
+    FaultProxy m_proxy { 7 };
+    std::unique_ptr<zqcameralib::ZQCamera> m_camera;
+    std::unique_ptr<featurebrowser::ZQCameraDevice> m_device;
+    featurebrowser::ZQCameraRepository* m_repository = nullptr;
+};

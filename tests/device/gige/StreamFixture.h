@@ -1,0 +1,73 @@
+#pragma once
+
+#include "GigeFixture.h"
+#include "StatusCodes.h"
+
+#include "Camera.h"
+#include "CameraLink.h"
+
+#include "featurebrowser/ZQAcquisition.h"
+
+#include <atomic>
+
+/// The acquisition of a camera's images.
+class Streams : public GigeFixture {
+protected:
+    void replaceCamera(int imageLoss)
+    {
+        m_fake = nullptr;
+        m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML, imageLoss);
+    }
+
+    void open(const char* address = directly)
+    {
+        m_acquisition = nullptr;
+        GigeFixture::open(address);
+        m_acquisition
+            = std::make_unique<featurebrowser::ZQAcquisition>(m_camera.get(), m_device.get());
+    }
+
+    void close()
+    {
+        m_acquisition = nullptr;
+        GigeFixture::close();
+    }
+
+    /// As a program gets its images that may not read the network card's ring.
+    void beOrdinaryUser()
+    {
+        zqcameralib::AccessError error;
+        dynamic_cast<zqcameralib::CameraLink&>(m_camera->impl().port().backend())
+            .runWithSession(
+                [](zqcameralib::CameraSession& session) {
+                    arv_gv_device_set_stream_options(ARV_GV_DEVICE(session.device()),
+                        ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
+                },
+                error);
+    }
+
+    int start()
+    {
+        m_frames = 0;
+        return m_acquisition->start([this](const featurebrowser::ZQFrame& frame) {
+            m_size = frame.size;
+            ++m_frames;
+        });
+    }
+
+    bool framesCome(int count)
+    {
+        return eventually([&] { return m_frames >= count; });
+    }
+
+    std::size_t payload()
+    {
+        long bytes = 0;
+        EXPECT_EQ(m_device->GetIntegerValue("PayloadSize", &bytes), featurebrowser::STATUS_OK);
+        return static_cast<std::size_t>(bytes);
+    }
+
+    std::unique_ptr<featurebrowser::ZQAcquisition> m_acquisition;
+    std::atomic<int> m_frames { 0 };
+    std::atomic<std::size_t> m_size { 0 };
+};
