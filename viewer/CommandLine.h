@@ -1,6 +1,7 @@
 #pragma once
 
 #include "featurebrowser/FeatureTypes.h"
+#include "featurebrowser/ZQCamera.h"
 
 #include <QString>
 #include <QStringList>
@@ -18,6 +19,10 @@ struct CommandLine {
     bool print = false; ///< print the tree as readable text and exit
     QString screenshot; ///< write a picture of the window to this file and exit; empty = do not
 
+    zqcameralib::CameraAccess access() const
+    {
+        return readOnly ? zqcameralib::CameraAccess::ReadOnly : zqcameralib::CameraAccess::Control;
+    }
     bool needsNoWindow() const { return dump || print || !screenshot.isEmpty(); }
 };
 

@@ -1,86 +1,76 @@
 #include "ViewerWindow.h"
 
-#include "featurebrowser/ZQCamera.h"
-#include "featurebrowser/ZQCameraRepository.h"
+#include "CameraKeeper.h"
+#include "CameraTaskBar.h"
+#include "MessageLabel.h"
+#include "ViewerApplication.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QStyle>
 #include <QTimer>
 #include <QTreeView>
-
-#include <algorithm>
-#include <array>
 
 using namespace featurebrowser;
 
 namespace zqviewer {
-namespace {
 
-QString errorText(ICameraDevice& device, int code)
-{
-    std::array<char, errorTextSize> name {};
-    std::array<char, errorTextSize> text {};
-    device.GetErrorText(code, name.data(), text.data());
-    return QString::fromUtf8(text.data());
-}
-
-auto featureCount(ZQCameraRepository& repository)
-{
-    const auto& items = repository.GetFeatureList();
-    return std::count_if(items.cbegin(), items.cend(),
-        [](const auto& item) { return item->type != FEATURE_CATEGORY; });
-}
-
-QString title(const zqcameralib::ZQCamera& camera)
-{
-    const QString name = QStringLiteral("%1 %2").arg(
-        QString::fromStdString(camera.vendor()), QString::fromStdString(camera.model()));
-    return camera.isReadOnly() ? ViewerWindow::tr("%1 (read-only)").arg(name.trimmed())
-                               : name.trimmed();
-}
-
-} // namespace
-
-ViewerWindow::ViewerWindow(zqcameralib::ZQCamera& camera, TYPE_LEVEL level, QString& error)
+ViewerWindow::ViewerWindow(OpenedCamera& camera, TYPE_LEVEL level)
     : m_camera(camera)
-    , m_device(&camera, nullptr)
-    , m_browser(&m_device, this)
-    , m_message(new QLabel(this))
+    , m_browser(&camera.device(), this)
+    , m_message(new MessageLabel(this))
+    , m_tasks(new CameraTaskBar(this))
     , m_reconnect(new QPushButton(tr("&Reconnect"), this))
 {
-    setWindowTitle(title(camera));
-    m_message->setTextFormat(Qt::PlainText);
-    m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    statusBar()->addWidget(m_message, 1);
-    statusBar()->addPermanentWidget(m_reconnect);
-    m_reconnect->hide();
-    connect(m_reconnect, &QPushButton::clicked, this, &ViewerWindow::reconnect);
-    auto* reload = new QAction(tr("Read all features again"), this);
-    reload->setShortcut(QKeySequence::Refresh);
-    connect(reload, &QAction::triggered, this, &ViewerWindow::reload);
-    addAction(reload);
-    setCentralWidget(m_browser.GetWidget());
-
-    const int status = m_device.GetRepository()->Load();
-    if (status != 0 || m_browser.LoadFeatureBrowser() != 0) {
-        error = tr("The camera's features cannot be read: %1").arg(errorText(m_device, status));
-        return;
-    }
+    arrange();
+    m_browser.LoadFeatureBrowser();
     m_browser.ShowStandalone(0, 0, {}, level);
     resize(760, 860);
-    showMessage(true, tr("%1 features read.").arg(featureCount(*m_device.GetRepository())));
-    auto* timer = new QTimer(this);
-    connect(timer, &QTimer::timeout, this, &ViewerWindow::watchConnection);
-    timer->start(500);
+    m_keeper = new CameraKeeper(m_camera, m_browser, *m_tasks, this);
+    connectKeeper();
+    showTitle();
+    const OpenedCamera::Reading reading = m_camera.reading();
+    showMessage(reading.isComplete, reading.text);
 }
 
 ViewerWindow::~ViewerWindow()
 {
+    delete m_keeper;
     // The browser owns its widget: hand it back before the window deletes its children.
     takeCentralWidget();
+}
+
+void ViewerWindow::arrange()
+{
+    m_message->setObjectName(QStringLiteral("message"));
+    m_message->setContentsMargins(6, 0, 0, 0); // as the browser above
+    m_reconnect->setObjectName(QStringLiteral("reconnect"));
+    m_reconnect->setToolTip(tr("Find the camera again, or another one in its place"));
+    m_reconnect->hide();
+    statusBar()->addWidget(m_message, 1);
+    statusBar()->addPermanentWidget(m_tasks);
+    statusBar()->addPermanentWidget(m_reconnect);
+    auto* reload = new QAction(tr("Read all features again"), this);
+    reload->setShortcut(QKeySequence::Refresh);
+    addAction(reload);
+    connect(reload, &QAction::triggered, this, [this] { m_keeper->readAll(); });
+    setCentralWidget(m_browser.GetWidget());
+}
+
+void ViewerWindow::connectKeeper()
+{
+    connect(m_reconnect, &QPushButton::clicked, m_keeper, &CameraKeeper::reconnect);
+    connect(m_keeper, &CameraKeeper::lostChanged, m_reconnect, &QWidget::setVisible);
+    connect(m_keeper, &CameraKeeper::cameraChanged, this, &ViewerWindow::showTitle);
+    connect(m_keeper, &CameraKeeper::message, this, [this](bool good, const QString& text) {
+        showMessage(good, text);
+        m_isKeepersMessage = true;
+    });
+    connect(m_keeper, &CameraKeeper::recovered, this, [this](const QString& text) {
+        if (m_isKeepersMessage) {
+            showMessage(true, text);
+        }
+    });
 }
 
 QTreeView* ViewerWindow::tree() const
@@ -88,95 +78,97 @@ QTreeView* ViewerWindow::tree() const
     return findChild<QTreeView*>(QStringLiteral("featureTree"));
 }
 
+void ViewerWindow::showTitle()
+{
+    const QString name = m_camera.name();
+    setWindowTitle(m_camera.camera().isReadOnly() ? tr("%1 (read-only)").arg(name) : name);
+}
+
 void ViewerWindow::showMessage(bool good, const QString& text)
 {
-    m_message->setText(good ? text : QStringLiteral("\u26A0 ") + text);
-    m_message->setToolTip(text.toHtmlEscaped());
-    m_message->setAccessibleName(text);
+    m_message->showText(good ? text : QStringLiteral("\u26A0 ") + text);
 }
 
-void ViewerWindow::showWritten(const std::string& name, const QString& value)
+/// What stands in the row now, not what was entered.
+void ViewerWindow::showWritten(const std::string& name)
 {
-    showMessage(true, QStringLiteral("%1 = %2").arg(QString::fromStdString(name), value));
-}
-
-void ViewerWindow::run(const std::string& command)
-{
-    const int status = m_device.ExecuteCommand(command.c_str(), 1);
-    SendError(status,
-        status == 0 ? "Executed Command [" + command + "]"
-                    : errorText(m_device, status).toStdString());
-}
-
-void ViewerWindow::reload()
-{
-    if (m_browser.ReloadFeatureBrowser() == 0) {
-        showMessage(true, tr("%1 features read.").arg(featureCount(*m_device.GetRepository())));
+    m_isKeepersMessage = false;
+    const QString shownName = QString::fromStdString(name);
+    const auto& states = m_camera.repository().GetFeatureStates();
+    const auto state = states.find(name);
+    if (state != states.end() && state->second == FEATURE_READ_FAILED) {
+        showMessage(false, tr("%1 was written, but could not be read back.").arg(shownName));
+    } else {
+        const QAbstractItemModel& model = *tree()->model();
+        const QHash<int, QByteArray> roles = model.roleNames();
+        const QModelIndexList rows = model.match(model.index(0, 0), roles.key("name"),
+            QByteArray::fromStdString(name), 1, Qt::MatchExactly | Qt::MatchRecursive);
+        showMessage(true,
+            QStringLiteral("%1 = %2").arg(shownName,
+                rows.isEmpty() ? QString() : rows.first().data(roles.key("value")).toString()));
     }
+    lookSoon();
 }
 
-void ViewerWindow::watchConnection()
+void ViewerWindow::FeatureIntModified(std::string name, long)
 {
-    if (m_camera.isLost() && m_reconnect->isHidden()) {
-        showMessage(false, errorText(m_device, m_device.GetRepository()->UpdateFeatureStates()));
-        m_browser.RefreshStates();
-    }
-    m_reconnect->setVisible(m_camera.isLost());
+    showWritten(name);
 }
 
-void ViewerWindow::reconnect()
+void ViewerWindow::FeatureEnumModified(std::string name, std::string, int)
 {
-    const int status = m_device.Reconnect();
-    if (status != 0) {
-        showMessage(false, errorText(m_device, status));
-        return;
-    }
-    m_browser.LoadFeatureBrowser();
-    m_browser.RefreshStates();
-    showMessage(true, tr("Connected again."));
-    watchConnection();
+    showWritten(name);
 }
 
-void ViewerWindow::FeatureIntModified(std::string name, long value)
+void ViewerWindow::FeatureBoolModified(std::string name, int)
 {
-    showWritten(name, QString::number(value));
+    showWritten(name);
 }
 
-void ViewerWindow::FeatureEnumModified(std::string name, std::string entry, int)
+void ViewerWindow::FeatureStringModified(std::string name, std::string)
 {
-    showWritten(name, QString::fromStdString(entry));
+    showWritten(name);
 }
 
-void ViewerWindow::FeatureBoolModified(std::string name, int value)
+void ViewerWindow::FeatureIPModified(std::string name, const std::string&)
 {
-    showWritten(name, value != 0 ? tr("true") : tr("false"));
+    showWritten(name);
 }
 
-void ViewerWindow::FeatureStringModified(std::string name, std::string value)
+void ViewerWindow::FeatureDoubleModified(std::string name, double)
 {
-    showWritten(name, QString::fromStdString(value));
-}
-
-void ViewerWindow::FeatureIPModified(std::string name, const std::string& text)
-{
-    showWritten(name, QString::fromStdString(text));
-}
-
-void ViewerWindow::FeatureDoubleModified(std::string name, double value)
-{
-    showWritten(name, QLocale::c().toString(value, 'g', QLocale::FloatingPointShortest));
+    showWritten(name);
 }
 
 void ViewerWindow::FeatureExecCommand(std::string name)
 {
-    run(name);
-    if (name == "DeviceReset") {
-        // The browser refreshes nothing after a reset: read the camera anew once this event is
-        // over.
-        QTimer::singleShot(0, this, &ViewerWindow::reload);
+    const int status = m_camera.device().ExecuteCommand(name.c_str(), 1);
+    SendError(status,
+        status == STATUS_OK ? "Executed Command [" + name + "]"
+                            : m_camera.errorText(status).toStdString());
+    AllConfigChanged();
+}
+
+void ViewerWindow::SendError(int code, std::string text)
+{
+    m_isKeepersMessage = false;
+    showMessage(code == STATUS_OK, QString::fromStdString(text));
+    if (code != STATUS_OK && ViewerApplication::isTurnOver()) {
+        AllConfigChanged(); // nobody knows whether the camera has taken it
     }
-    m_device.GetRepository()->UpdateFeatureStates();
-    m_browser.RefreshStates();
+    lookSoon();
+}
+
+/// When the browser is done with the event: it may go on to read some features.
+void ViewerWindow::lookSoon()
+{
+    QTimer::singleShot(0, m_keeper, &CameraKeeper::look);
+}
+
+void ViewerWindow::AllConfigChanged()
+{
+    // Soon, as above.
+    QTimer::singleShot(0, m_keeper, &CameraKeeper::readAgain);
 }
 
 void ViewerWindow::ItemSelectionChanged(std::string) { }
@@ -185,13 +177,6 @@ void ViewerWindow::ItemColumnResized(int, int) { }
 
 void ViewerWindow::FeatureCloseDialog(int, int, TYPE_LEVEL) { }
 
-void ViewerWindow::SendError(int code, std::string text)
-{
-    showMessage(code == 0, QString::fromStdString(text));
-}
-
 void ViewerWindow::FeatureLevelChanged(TYPE_LEVEL) { }
-
-void ViewerWindow::AllConfigChanged() { }
 
 } // namespace zqviewer

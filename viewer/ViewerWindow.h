@@ -1,18 +1,20 @@
 #pragma once
 
+#include "OpenedCamera.h"
+
 #include "featurebrowser/IEventFeatureReceiver.h"
-#include "featurebrowser/ZQCameraDevice.h"
 #include "featurebrowser/ZQFeatureBrowser.h"
 
 #include <QMainWindow>
 
-#include <memory>
-
-class QLabel;
 class QPushButton;
 class QTreeView;
 
 namespace zqviewer {
+
+class CameraKeeper;
+class CameraTaskBar;
+class MessageLabel;
 
 /// The viewer's window: the feature browser of one camera, and a status bar for its messages.
 /// As the browser's receiver it carries out what the browser leaves to the application: starting
@@ -21,9 +23,8 @@ class ViewerWindow : public QMainWindow, private featurebrowser::IEventFeatureRe
     Q_OBJECT
 
 public:
-    /// `camera` has to outlive the window. Reads all features; on failure `error` is one line and
-    /// the window is of no use.
-    ViewerWindow(zqcameralib::ZQCamera& camera, featurebrowser::TYPE_LEVEL level, QString& error);
+    /// `camera` has to outlive the window; its repository is loaded.
+    ViewerWindow(OpenedCamera& camera, featurebrowser::TYPE_LEVEL level);
     ~ViewerWindow() override;
 
     /// The view of the features.
@@ -44,18 +45,20 @@ private:
     void FeatureLevelChanged(featurebrowser::TYPE_LEVEL level) override;
     void AllConfigChanged() override;
 
-    void showWritten(const std::string& name, const QString& value);
+    void arrange();
+    void connectKeeper();
+    void showTitle();
+    void showWritten(const std::string& name);
     void showMessage(bool good, const QString& text);
-    void run(const std::string& command);
-    void reload();
-    void watchConnection();
-    void reconnect();
+    void lookSoon();
 
-    zqcameralib::ZQCamera& m_camera;
-    featurebrowser::ZQCameraDevice m_device;
+    OpenedCamera& m_camera;
     featurebrowser::ZQFeatureBrowser m_browser;
-    QLabel* m_message;
+    MessageLabel* m_message;
+    CameraTaskBar* m_tasks;
     QPushButton* m_reconnect;
+    CameraKeeper* m_keeper = nullptr;
+    bool m_isKeepersMessage = true; ///< what stands there is of the connection, not of an action
 };
 
 } // namespace zqviewer

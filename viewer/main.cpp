@@ -1,40 +1,16 @@
-#include "CommandLine.h"
-#include "TreeText.h"
+#include "BatchRun.h"
+#include "EndSignals.h"
+#include "OpeningWindow.h"
+#include "ViewerApplication.h"
 #include "ViewerWindow.h"
 
-#include "featurebrowser/ZQCamera.h"
-
-#include <QApplication>
 #include <QFile>
-#include <QTreeView>
 
-#include <array>
-#include <cstdio>
+#include <csignal>
 
 namespace {
 
 using namespace zqviewer;
-
-int fail(const QString& error)
-{
-    // One line, whatever the text holds.
-    std::fprintf(stderr, "zqviewer: %s\n", qUtf8Printable(error.simplified()));
-    return 1;
-}
-
-void print(const QByteArray& text)
-{
-    std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stdout);
-    std::fflush(stdout); // what follows on standard error stands behind it
-}
-
-bool takeScreenshot(ViewerWindow& window, const QString& file)
-{
-    window.tree()->expandToDepth(0);
-    window.show();
-    QApplication::processEvents();
-    return window.grab().save(file, "PNG");
-}
 
 // Without a display Qt would end the program with a message of several lines.
 bool chooseDisplay(bool windowNeeded)
@@ -48,52 +24,61 @@ bool chooseDisplay(bool windowNeeded)
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
 }
 
-int listCameras()
+bool readCommandLine(int argc, char** argv, CommandLine& options, QString& error)
 {
-    zqcameralib::ZQDiscovery discovery;
-    for (const zqcameralib::CameraInfo& camera : discovery.discover()) {
-        const std::array fields { camera.id, camera.vendor, camera.model, camera.serial,
-            camera.protocol, camera.address,
-            std::string(camera.reachable ? "reachable" : "not reachable") };
-        QStringList line;
-        for (const std::string& field : fields) {
-            line.append(QString::fromStdString(field));
-        }
-        print(line.join(QLatin1Char('\t')).toUtf8() + '\n');
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments.append(QFile::decodeName(argv[i]));
     }
-    if (discovery.cameras().empty()) {
-        std::fputs("No cameras found.\n", stderr);
-    }
-    return 0;
+    // The parser needs an application for its texts, but not a display.
+    int count = 1;
+    const QCoreApplication application(count, argv);
+    return parseCommandLine(arguments, options, error);
 }
 
-std::unique_ptr<zqcameralib::ZQCamera> openCamera(const CommandLine& options, std::string& error)
+/// Null when the user has given up.
+std::unique_ptr<OpenedCamera> openBeside(const CommandLine& options)
 {
-    using zqcameralib::CameraAccess;
-    using zqcameralib::ZQCamera;
-    if (!options.camera.isEmpty()) {
-        return ZQCamera::Open(options.camera.toStdString(),
-            options.readOnly ? CameraAccess::ReadOnly : CameraAccess::Control, error);
-    }
-    if (!options.description.isEmpty()) {
-        return ZQCamera::OpenDescription(
-            QFile::encodeName(options.description).toStdString(), error);
-    }
-    return ZQCamera::OpenSimulated(error);
+    OpeningWindow opening(options.camera, options.access());
+    opening.start();
+    opening.exec();
+    return opening.takeCamera();
 }
 
-int runBatch(ViewerWindow& window, const CommandLine& options)
+int runWindow(const CommandLine& options, std::unique_ptr<OpenedCamera> camera,
+    ViewerApplication& application, const EndSignals& signals)
 {
-    if (options.dump) {
-        print(treeAsJson(*window.tree()->model()));
+    if (!camera) {
+        camera = openBeside(options);
     }
-    if (options.print) {
-        print(treeAsText(*window.tree()->model()));
+    if (!camera || signals.caught() != 0) {
+        return 1;
     }
-    if (!options.screenshot.isEmpty() && !takeScreenshot(window, options.screenshot)) {
-        return fail(QStringLiteral("Cannot write '%1'.").arg(options.screenshot));
+    application.setCamera(&camera->camera());
+    ViewerWindow window(*camera, options.level);
+    window.show();
+    const int status = QApplication::exec();
+    application.setCamera(nullptr);
+    return status;
+}
+
+int runWindow(
+    const CommandLine& options, std::unique_ptr<OpenedCamera> camera, int& argc, char** argv)
+{
+    ViewerApplication application(argc, argv);
+    int caught = 0;
+    int status = 0;
+    {
+        const EndSignals signals;
+        QObject::connect(&signals, &EndSignals::endWanted, &application, &QCoreApplication::quit);
+        status = runWindow(options, std::move(camera), application, signals);
+        caught = signals.caught();
     }
-    return 0;
+    if (caught != 0) {
+        // All is in order: end as the signal would have ended it, so that a shell sees why.
+        std::raise(caught);
+    }
+    return status;
 }
 
 } // namespace
@@ -105,41 +90,26 @@ int main(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i) {
-        arguments.append(QFile::decodeName(argv[i]));
-    }
     CommandLine options;
     QString error;
-    {
-        // The parser needs an application for its texts, but not a display.
-        int count = 1;
-        const QCoreApplication application(count, argv);
-        if (!parseCommandLine(arguments, options, error)) {
-            return fail(error);
-        }
+    if (!readCommandLine(argc, argv, options, error)) {
+        return fail(error);
     }
     if (options.list) {
         return listCameras();
     }
-    // Before the window system: what it prints would stand around the one line of a failure.
-    std::string openError;
-    const auto camera = openCamera(options, openError);
-    if (!camera) {
-        return fail(QString::fromStdString(openError));
+    // Before the window system: what it prints would stand around the one line of a failure. A real
+    // camera can take long, so that a window comes first where there is one.
+    std::unique_ptr<OpenedCamera> camera;
+    if (options.needsNoWindow() || options.camera.isEmpty()) {
+        camera = openAndLoad(options, error);
+        if (!camera) {
+            return fail(error);
+        }
     }
     if (!chooseDisplay(!options.needsNoWindow())) {
         return fail(QStringLiteral("No display. --dump, --print and --screenshot need none."));
     }
-    const QApplication application(argc, argv);
-
-    ViewerWindow window(*camera, options.level, error);
-    if (!error.isEmpty()) {
-        return fail(error);
-    }
-    if (options.needsNoWindow()) {
-        return runBatch(window, options);
-    }
-    window.show();
-    return QApplication::exec();
+    return options.needsNoWindow() ? runBatch(options, *camera, argc, argv)
+                                   : runWindow(options, std::move(camera), argc, argv);
 }

@@ -1,0 +1,133 @@
+#include "BatchRun.h"
+
+#include "TreeText.h"
+#include "ViewerWindow.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QFile>
+#include <QTreeView>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace zqviewer {
+
+using zqcameralib::ZQCamera;
+
+namespace {
+
+/// The browser's trace on standard error ends without a line break.
+void failAfterTrace(const QString& error)
+{
+    std::fputc('\n', stderr);
+    fail(error);
+}
+
+/// All of it, or a line of words and false.
+bool print(const QByteArray& text)
+{
+    const auto size = static_cast<std::size_t>(text.size());
+    // What follows on standard error stands behind it, and a full disk shows.
+    if (std::fwrite(text.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0) {
+        return true;
+    }
+    failAfterTrace(QStringLiteral("Cannot write the output: %1.")
+                       .arg(QString::fromLocal8Bit(std::strerror(errno))));
+    return false;
+}
+
+QString line(const zqcameralib::CameraInfo& camera)
+{
+    const std::array fields { camera.id, camera.vendor, camera.model, camera.serial,
+        camera.protocol, camera.address,
+        std::string(camera.reachable ? "reachable" : "not reachable") };
+    QStringList line;
+    for (const std::string& field : fields) {
+        line.append(QString::fromStdString(field));
+    }
+    return line.join(QLatin1Char('\t')) + QLatin1Char('\n');
+}
+
+bool writePicture(ViewerWindow& window, const QString& name)
+{
+    window.tree()->expandToDepth(0);
+    window.show();
+    QApplication::processEvents();
+    QBuffer picture;
+    QFile file(name);
+    // The writer of pictures itself does not notice a full disk.
+    const bool done = window.grab().save(&picture, "PNG") && file.open(QFile::WriteOnly)
+        && file.write(picture.data()) == picture.data().size() && file.flush();
+    if (!done) {
+        failAfterTrace(QStringLiteral("Cannot write '%1': %2.").arg(name, file.errorString()));
+    }
+    return done;
+}
+
+std::unique_ptr<ZQCamera> openCamera(const CommandLine& options, std::string& error)
+{
+    if (!options.camera.isEmpty()) {
+        return ZQCamera::Open(options.camera.toStdString(), options.access(), error);
+    }
+    if (!options.description.isEmpty()) {
+        return ZQCamera::OpenDescription(
+            QFile::encodeName(options.description).toStdString(), error);
+    }
+    return ZQCamera::OpenSimulated(error);
+}
+
+} // namespace
+
+int fail(const QString& error)
+{
+    std::fprintf(stderr, "zqviewer: %s\n", qUtf8Printable(error.simplified()));
+    return 1;
+}
+
+int listCameras()
+{
+    zqcameralib::ZQDiscovery discovery;
+    for (const zqcameralib::CameraInfo& camera : discovery.discover()) {
+        if (!print(line(camera).toUtf8())) {
+            return 1;
+        }
+    }
+    if (discovery.cameras().empty()) {
+        std::fputs("No cameras found.\n", stderr);
+    }
+    return 0;
+}
+
+std::unique_ptr<OpenedCamera> openAndLoad(const CommandLine& options, QString& error)
+{
+    std::string reason;
+    std::unique_ptr<ZQCamera> camera = openCamera(options, reason);
+    if (!camera) {
+        error = QString::fromStdString(reason);
+        return nullptr;
+    }
+    auto opened = std::make_unique<OpenedCamera>(std::move(camera));
+    const int status = opened->repository().Load();
+    if (status != featurebrowser::STATUS_OK) {
+        error = ViewerWindow::tr("The camera's features cannot be read: %1")
+                    .arg(opened->errorText(status));
+        return nullptr;
+    }
+    return opened;
+}
+
+int runBatch(const CommandLine& options, OpenedCamera& camera, int& argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    ViewerWindow window(camera, options.level);
+    const QAbstractItemModel& model = *window.tree()->model();
+    const bool done = (!options.dump || print(treeAsJson(model)))
+        && (!options.print || print(treeAsText(model)))
+        && (options.screenshot.isEmpty() || writePicture(window, options.screenshot));
+    return done ? 0 : 1;
+}
+
+} // namespace zqviewer

@@ -1,0 +1,259 @@
+#include "CameraKeeper.h"
+
+#include "CameraTaskBar.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace featurebrowser;
+
+namespace zqviewer {
+
+using Task = CameraTaskBar::Task;
+using Appearance = CameraTaskBar::Appearance;
+
+namespace {
+
+constexpr int watchPeriodMs = 250;
+/// Between readings that nobody has asked for; it doubles with each that fails.
+constexpr int shortestPauseMs = 500;
+constexpr int longestPauseMs = 32000;
+
+} // namespace
+
+CameraKeeper::CameraKeeper(
+    OpenedCamera& camera, ZQFeatureBrowser& browser, CameraTaskBar& tasks, QObject* parent)
+    : QObject(parent)
+    , m_camera(camera)
+    , m_browser(browser)
+    , m_tasks(tasks)
+    , m_shown(names())
+{
+    connect(&m_tasks, &CameraTaskBar::progressed, this, &CameraKeeper::followCamera);
+    connect(&m_watch, &QTimer::timeout, this, &CameraKeeper::look);
+    m_watch.start(watchPeriodMs);
+}
+
+void CameraKeeper::look()
+{
+    if (m_isReconnecting) {
+        return followCamera();
+    }
+    if (m_camera.camera().isLost()) {
+        return lookAtLost();
+    }
+    if (m_isLost) {
+        noteReturn();
+    }
+    m_browser.RefreshStates();
+    if (m_isCancelled || m_tasks.isRunning() || !m_pause.hasExpired()) {
+        return;
+    }
+    const Wanted what = wanted();
+    if (what != Wanted::Nothing) {
+        read(what, false);
+    }
+}
+
+void CameraKeeper::lookAtLost()
+{
+    const QString loss = m_camera.errorText(markAll());
+    if (!m_isLost) {
+        m_isLost = true;
+        m_isCancelled = false;
+        m_loss.clear();
+        Q_EMIT lostChanged(true);
+    }
+    // At first it does not answer, later it is given up.
+    if (std::exchange(m_loss, loss) != loss) {
+        Q_EMIT message(false, loss);
+    }
+}
+
+/// Returns why the camera is lost.
+int CameraKeeper::markAll()
+{
+    ZQCameraRepository& repository = m_camera.repository();
+    // Neither waits for a lost camera.
+    const int status = repository.isLoaded() ? repository.UpdateFeatureStates() : repository.Load();
+    m_browser.RefreshStates();
+    return status;
+}
+
+void CameraKeeper::noteReturn()
+{
+    m_isLost = false;
+    m_wantsAll = true;
+    m_failures = 0;
+    Q_EMIT lostChanged(false);
+    Q_EMIT message(true, tr("The camera answers again; its features are read anew."));
+}
+
+CameraKeeper::Wanted CameraKeeper::wanted()
+{
+    if (!m_camera.repository().isLoaded()) {
+        return Wanted::All;
+    }
+    if (m_camera.repository().HasOutstanding()) { // less to read comes first
+        return Wanted::Outstanding;
+    }
+    return m_wantsAll ? Wanted::All : Wanted::Nothing;
+}
+
+void CameraKeeper::readAll()
+{
+    if (m_isReconnecting) {
+        return;
+    }
+    m_isCancelled = false;
+    if (m_camera.camera().isLost()) {
+        m_loss.clear(); // to be told again
+        return lookAtLost();
+    }
+    read(Wanted::All, true);
+}
+
+void CameraKeeper::readAgain()
+{
+    m_wantsAll = true;
+    m_isCancelled = false;
+    look();
+}
+
+void CameraKeeper::read(Wanted what, bool isAsked)
+{
+    m_isAsked = isAsked;
+    if (what == Wanted::All) {
+        m_wantsAll = false;
+    }
+    if (isAsked) {
+        Q_EMIT message(true, {}); // what stands there is about the values of before
+    }
+    m_tasks.run(m_camera.repository().ReadAhead(what == Wanted::Outstanding),
+        isAsked ? Appearance::AtOnce : Appearance::WhenLong,
+        [this](Task& task, Task::State state) { readingEnded(task, state); });
+}
+
+void CameraKeeper::readingEnded(Task& task, Task::State state)
+{
+    if (state == Task::State::Cancelled) {
+        return readingCancelled();
+    }
+    OpenedCamera::Reading reading;
+    const bool isRead = state == Task::State::Done && show();
+    if (isRead) {
+        reading = m_camera.reading();
+    } else {
+        reading.text = state == Task::State::Failed
+            ? QString::fromStdString(task.error())
+            : tr("The features could not be read: %1")
+                  .arg(m_camera.errorText(m_camera.device().GetLastError()));
+    }
+    const bool isWhole = isRead && !m_camera.repository().HasOutstanding();
+    m_failures = isWhole ? 0 : m_failures + 1;
+    m_pause.setRemainingTime(std::min(shortestPauseMs << std::min(m_failures, 10), longestPauseMs));
+    m_browser.RefreshStates();
+    tell(reading);
+}
+
+void CameraKeeper::tell(const OpenedCamera::Reading& reading)
+{
+    if (m_isAsked || !reading.isComplete) {
+        Q_EMIT message(reading.isComplete, reading.text);
+    } else {
+        Q_EMIT recovered(reading.text);
+    }
+}
+
+void CameraKeeper::readingCancelled()
+{
+    m_isCancelled = true;
+    Q_EMIT message(false, tr("Reading was cancelled: rows may be outdated. F5 reads all."));
+}
+
+/// Loads what was read and shows it; false when it cannot be loaded.
+bool CameraKeeper::show()
+{
+    if (m_shown.empty()) {
+        return m_camera.repository().Load() == STATUS_OK && rebuild();
+    }
+    if (m_browser.ReloadFeatureBrowser() != 0) {
+        return false;
+    }
+    // What the camera implements can change; a row that is not listed any more may not stay.
+    return names() == m_shown || rebuild();
+}
+
+bool CameraKeeper::rebuild()
+{
+    m_shown = names();
+    return m_browser.LoadFeatureBrowser() == 0;
+}
+
+std::vector<std::string> CameraKeeper::names()
+{
+    const auto& items = m_camera.repository().GetFeatureList();
+    std::vector<std::string> result(items.size());
+    std::transform(
+        items.begin(), items.end(), result.begin(), [](const auto& item) { return item->name; });
+    return result;
+}
+
+void CameraKeeper::reconnect()
+{
+    m_isReconnecting = true;
+    m_isOther = false;
+    m_isCancelled = false;
+    Q_EMIT lostChanged(false);
+    Q_EMIT message(true, {});
+    m_tasks.run(m_camera.device().ReconnectBeside(), Appearance::AtOnce,
+        [this](Task& task, Task::State state) { reconnectingEnded(task, state); });
+}
+
+/// Where another camera was found, nothing of the old one may stay.
+void CameraKeeper::followCamera()
+{
+    ZQCameraRepository& repository = m_camera.repository();
+    // A repository that could not be loaded has states, which say so.
+    if (repository.isLoaded() || !repository.GetFeatureStates().empty() || m_shown.empty()) {
+        return;
+    }
+    m_isOther = true;
+    m_shown.clear();
+    m_browser.ClearFeatureBrowser();
+    Q_EMIT cameraChanged();
+    Q_EMIT message(true, tr("Another camera is here now: %1").arg(m_camera.name()));
+}
+
+void CameraKeeper::reconnectingEnded(Task& task, Task::State state)
+{
+    followCamera();
+    m_isReconnecting = false;
+    m_failures = 0;
+    const int status = state == Task::State::Done ? m_camera.device().Reconnect() : STATUS_OK;
+    m_isLost = m_camera.camera().isLost();
+    Q_EMIT lostChanged(m_isLost);
+    if (state == Task::State::Cancelled) {
+        m_isCancelled = true;
+        Q_EMIT message(false,
+            m_isLost ? tr("Reconnecting was cancelled.")
+                     : tr("Connected again, but reading was cancelled. F5 reads all features."));
+        return;
+    }
+    if (state == Task::State::Failed || status != STATUS_OK) {
+        Q_EMIT message(false,
+            status == STATUS_OK ? QString::fromStdString(task.error())
+                                : m_camera.errorText(status));
+        m_browser.RefreshStates();
+        return;
+    }
+    rebuild();
+    m_browser.RefreshStates();
+    Q_EMIT cameraChanged();
+    const OpenedCamera::Reading reading = m_camera.reading();
+    const QString found = m_isOther ? tr("Another camera is here now: %1;").arg(m_camera.name())
+                                    : tr("Connected again;");
+    Q_EMIT message(reading.isComplete, found + QLatin1Char(' ') + reading.text);
+}
+
+} // namespace zqviewer

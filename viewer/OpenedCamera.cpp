@@ -1,0 +1,99 @@
+#include "OpenedCamera.h"
+
+#include <QCoreApplication>
+
+#include <array>
+#include <utility>
+
+using namespace featurebrowser;
+
+namespace zqviewer {
+
+namespace {
+
+/// A camera that leaves the stop unanswered for so long counts as lost, and nothing waits for it
+/// any more then.
+constexpr std::chrono::milliseconds closingLimit(1200);
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("zqviewer::OpenedCamera", text);
+}
+
+} // namespace
+
+OpenedCamera::OpenedCamera(std::unique_ptr<zqcameralib::ZQCamera> camera)
+    : m_camera(std::move(camera))
+    , m_device(m_camera.get(), nullptr)
+{
+}
+
+OpenedCamera::~OpenedCamera()
+{
+    m_camera->limitWaiting(closingLimit);
+}
+
+QString OpenedCamera::name() const
+{
+    return QStringLiteral("%1 %2")
+        .arg(QString::fromStdString(m_camera->vendor()), QString::fromStdString(m_camera->model()))
+        .trimmed();
+}
+
+QString OpenedCamera::errorText(int code)
+{
+    std::array<char, errorTextSize> name {};
+    std::array<char, errorTextSize> text {};
+    m_device.GetErrorText(code, name.data(), text.data());
+    return QString::fromUtf8(text.data());
+}
+
+/// The last error may be of anything: where the feature can be asked, its own is the right one.
+QString OpenedCamera::reason(const FeatureItem& unread)
+{
+    long integer = 0;
+    double number = 0;
+    bool boolean = false;
+    int status = m_device.GetLastError();
+    switch (unread.type) {
+    case FEATURE_INTEGER:
+        status = m_device.GetIntegerValue(unread.name.c_str(), &integer);
+        break;
+    case FEATURE_FLOAT:
+        status = m_device.GetFloatValue(unread.name.c_str(), &number);
+        break;
+    case FEATURE_BOOLEAN:
+        status = m_device.GetBooleanValue(unread.name.c_str(), &boolean);
+        break;
+    default:
+        break;
+    }
+    return status != STATUS_OK ? errorText(status) : tr("see the marked rows");
+}
+
+OpenedCamera::Reading OpenedCamera::reading()
+{
+    const auto& states = repository().GetFeatureStates();
+    std::shared_ptr<FeatureItem> firstUnread;
+    int all = 0;
+    int unread = 0;
+    for (const auto& item : repository().GetFeatureList()) {
+        if (item->type == FEATURE_CATEGORY) {
+            continue;
+        }
+        ++all;
+        const auto state = states.find(item->name);
+        if (state != states.end() && state->second == FEATURE_READ_FAILED) {
+            ++unread;
+            firstUnread = firstUnread ? firstUnread : item;
+        }
+    }
+    if (!firstUnread) {
+        return { true, tr("%1 features read.").arg(all) };
+    }
+    return { false,
+        tr("%1 of %2 features could not be read: %3")
+            .arg(QString::number(unread), QString::number(all), reason(*firstUnread)) };
+}
+
+} // namespace zqviewer

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "OpenedCamera.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class QLabel;
+class QPushButton;
+
+namespace zqviewer {
+
+class CameraTaskBar;
+
+/// Opens a camera on a network or bus and reads its features, shows how far that is, and says why
+/// it fails. Accepted when the camera can be taken, rejected when the user gives up.
+class OpeningWindow : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `id` as for zqcameralib::ZQCamera::Open.
+    OpeningWindow(QString id, zqcameralib::CameraAccess access);
+    ~OpeningWindow() override;
+
+    /// Begins.
+    void start();
+    /// The camera with its features loaded, once; null before the window was accepted.
+    std::unique_ptr<OpenedCamera> takeCamera() { return std::move(m_camera); }
+
+private:
+    void read(std::unique_ptr<zqcameralib::ZQCamera> camera);
+    void load();
+    void fail(const QString& reason);
+
+    QString m_id;
+    zqcameralib::CameraAccess m_access;
+    std::unique_ptr<OpenedCamera> m_camera;
+    QLabel* m_heading;
+    QLabel* m_reason;
+    QWidget* m_choice; ///< what can be done after a failure
+    QPushButton* m_again;
+    CameraTaskBar* m_tasks;
+};
+
+} // namespace zqviewer
