@@ -212,6 +212,7 @@ void FeatureModel::setMessage(FeatureRow& row, const QString& message)
     if (message.isEmpty() && !row.extras) {
         return;
     }
+    row.more().isUnconfirmed = false;
     if (std::exchange(row.more().message, message) != message) {
         touch(row);
     }

@@ -57,6 +57,7 @@ struct RowExtras {
     std::string description;
     QString unit; ///< as the description names it
     QString message; ///< why the last edit did not go as the user wanted; empty = it did
+    bool isUnconfirmed = false; ///< the message only says that no answer has come yet
 };
 
 /// One line of the tree: a category or a feature. Lives until the tree is cleared, always at the
