@@ -232,23 +232,29 @@ void CameraKeeper::reconnectingEnded(Task& task, Task::State state)
     m_failures = 0;
     const int status = state == Task::State::Done ? m_camera.device().Reconnect() : STATUS_OK;
     m_isLost = m_camera.camera().isLost();
+    if (m_isLost) { // what is said now says more than that
+        m_loss = m_camera.errorText(markAll());
+    }
     Q_EMIT lostChanged(m_isLost);
     if (state == Task::State::Cancelled) {
         m_isCancelled = true;
         Q_EMIT message(false,
             m_isLost ? tr("Reconnecting was cancelled.")
                      : tr("Connected again, but reading was cancelled. F5 reads all features."));
-        return;
+    } else if (state == Task::State::Failed) {
+        Q_EMIT message(false, QString::fromStdString(task.error()));
+    } else if (status != STATUS_OK) {
+        Q_EMIT message(false, m_camera.errorText(status));
+    } else {
+        showReconnected();
     }
-    if (state == Task::State::Failed || status != STATUS_OK) {
-        Q_EMIT message(false,
-            status == STATUS_OK ? QString::fromStdString(task.error())
-                                : m_camera.errorText(status));
-        m_browser.RefreshStates();
-        return;
-    }
-    rebuild();
     m_browser.RefreshStates();
+}
+
+void CameraKeeper::showReconnected()
+{
+    m_wantsAll = false;
+    rebuild();
     Q_EMIT cameraChanged();
     const OpenedCamera::Reading reading = m_camera.reading();
     const QString found = m_isOther ? tr("Another camera is here now: %1;").arg(m_camera.name())

@@ -60,6 +60,7 @@ private:
     std::vector<std::string> names();
     void tell(const OpenedCamera::Reading& reading);
     void reconnectingEnded(zqcameralib::ZQCameraTask& task, zqcameralib::ZQCameraTask::State state);
+    void showReconnected();
     void followCamera();
 
     OpenedCamera& m_camera;

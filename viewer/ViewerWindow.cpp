@@ -98,6 +98,7 @@ void ViewerWindow::showWritten(const std::string& name)
     const auto state = states.find(name);
     if (state != states.end() && state->second == FEATURE_READ_FAILED) {
         showMessage(false, tr("%1 was written, but could not be read back.").arg(shownName));
+        m_isKeepersMessage = true; // who goes on to read it
     } else {
         const QAbstractItemModel& model = *tree()->model();
         const QHash<int, QByteArray> roles = model.roleNames();
@@ -151,24 +152,30 @@ void ViewerWindow::FeatureExecCommand(std::string name)
 
 void ViewerWindow::SendError(int code, std::string text)
 {
-    m_isKeepersMessage = false;
     showMessage(code == STATUS_OK, QString::fromStdString(text));
-    if (code != STATUS_OK && ViewerApplication::isTurnOver()) {
-        AllConfigChanged(); // nobody knows whether the camera has taken it
+    // Where no answer came in time, reading tells whether the camera has taken it.
+    m_isKeepersMessage = code != STATUS_OK && ViewerApplication::isTurnOver();
+    if (m_isKeepersMessage) {
+        readSoon();
     }
     lookSoon();
+}
+
+void ViewerWindow::AllConfigChanged()
+{
+    m_isKeepersMessage = false; // how a command went is not told by reading
+    readSoon();
+}
+
+void ViewerWindow::readSoon()
+{
+    QTimer::singleShot(0, m_keeper, &CameraKeeper::readAgain);
 }
 
 /// When the browser is done with the event: it may go on to read some features.
 void ViewerWindow::lookSoon()
 {
     QTimer::singleShot(0, m_keeper, &CameraKeeper::look);
-}
-
-void ViewerWindow::AllConfigChanged()
-{
-    // Soon, as above.
-    QTimer::singleShot(0, m_keeper, &CameraKeeper::readAgain);
 }
 
 void ViewerWindow::ItemSelectionChanged(std::string) { }

@@ -50,6 +50,7 @@ private:
     void showTitle();
     void showWritten(const std::string& name);
     void showMessage(bool good, const QString& text);
+    void readSoon();
     void lookSoon();
 
     OpenedCamera& m_camera;
