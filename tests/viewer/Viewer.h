@@ -1,0 +1,79 @@
+#pragma once
+
+#include "FakeCamera.h"
+#include "FaultProxy.h"
+
+#include "OpenedCamera.h"
+#include "ViewerWindow.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+/// Measures how long the event loop does not turn.
+class LoopWatch {
+public:
+    LoopWatch();
+    void restart();
+    int longestMs() const { return m_longestMs; }
+
+private:
+    QTimer m_timer;
+    QElapsedTimer m_sinceTurn;
+    int m_longestMs = 0;
+};
+
+/// What a row shows.
+struct Row {
+    std::string value;
+    /// Whether a user may take it for what the camera holds now.
+    bool looksCurrent = false;
+
+    bool operator==(const Row& other) const
+    {
+        return value == other.value && looksCurrent == other.looksCurrent;
+    }
+};
+
+/// The features by name, but for commands and for what says who controls the camera.
+using Rows = std::map<std::string, Row>;
+
+/// The viewer's window on a camera behind the proxy, used by key and button.
+class Viewer {
+public:
+    /// Throws std::runtime_error when the camera does not open.
+    Viewer();
+    ~Viewer();
+
+    /// Closes the window and the camera; how long that took, in milliseconds.
+    int close();
+
+    std::string title() const;
+    Rows rows() const;
+    std::string role(const char* name, const char* role) const;
+    /// The words in the status bar.
+    std::string words() const;
+    bool offersReconnect() const;
+    bool isBusy() const;
+
+    void pressF5();
+    void pressReconnect();
+    /// Opens the row's editor, replaces its text and presses Enter.
+    void type(const char* name, const char* text);
+    void pressCommand(const char* name);
+    void pressCancel();
+
+private:
+    QModelIndex row(const char* name) const;
+    void open(const char* name);
+
+    std::unique_ptr<zqviewer::OpenedCamera> m_camera;
+    std::unique_ptr<zqviewer::ViewerWindow> m_window;
+};
+
+/// Lets the event loop run until the condition holds; false when it does not in time.
+bool waitFor(const std::function<bool()>& condition, int milliseconds = 15000);
