@@ -209,7 +209,7 @@ void CameraLink::giveUp(const std::string& reason)
 void CameraLink::check()
 {
     AccessError ignored;
-    runWithSession([](CameraSession& session) { session.watch(); }, ignored);
+    beginWithSession([](CameraSession& session) { session.watch(); }, ignored);
 }
 
 bool CameraLink::isGivenUp()

@@ -35,6 +35,7 @@ void ReadAhead::begin(const Registers& registers)
         std::transform(m_wanted.begin(), m_wanted.end(), m_isComplete.begin(), std::logical_not());
     }
     m_wantsConditional = registers.empty() && !isPartial();
+    m_camera.port().backend().check();
     request(unknown(m_wantsConditional ? m_camera.certainReads().always : registers));
 }
 

@@ -81,7 +81,8 @@ public:
     /// Whether the camera was given up: only reconnect() finds it again.
     virtual bool isGivenUp() { return false; }
     virtual AccessError loss() const { return {}; }
-    /// Asks the camera whether it is still the one that was opened, and under control.
+    /// Asks the camera whether it is still the one that was opened, and under control; without
+    /// waiting for the answer, before anything that is asked for later.
     virtual void check() { }
     /// Gives the camera up, for instance because it is another one that cannot be used.
     virtual void giveUp(const std::string& /*reason*/) { }

@@ -155,9 +155,6 @@ int ZQCameraRepository::Impl::load()
 {
     dropOtherCamera();
     const bool hasAhead = m_ahead && m_ahead->isCurrent();
-    if (!hasAhead && !m_ahead) {
-        backend().check(); // a restart leaves no other trace than lost control
-    }
     if (backend().isLost()) {
         return failLoad(backend().loss());
     }
@@ -189,6 +186,7 @@ int ZQCameraRepository::Impl::readAll()
     const std::uint64_t answers = port.answers();
     RegisterPort::Recorder recorder(port);
     if (!isAhead) {
+        backend().check(); // a restart leaves no other trace than lost control
         m_ahead.reset();
         prefetchLoad();
     }

@@ -69,7 +69,7 @@ const std::vector<Trouble> troubles {
         with([](Faults& f) { f.loseRequests = 1; }), nothing, nothing },
     { "RepliesLost", "Edit", R"(127\.0\.0\.2)", true, with([](Faults& f) { f.loseReplies = 1; }),
         nothing, nothing },
-    { "Refused", "F5 Edit Command", "access-denied|control of the camera was lost", false,
+    { "Refused", "F5 Edit Command", "access denied|control of the camera was lost", false,
         with([](Faults& f) { f.status = 0x8006; }), nothing, nothing },
     { "Killed", "Edit", R"(127\.0\.0\.2)", true, {}, kill, start },
     { "Restarted", "F5 Edit Command Reconnect", "", false, {}, restart, nothing },
