@@ -31,6 +31,8 @@ CameraKeeper::CameraKeeper(
 {
     connect(&m_tasks, &CameraTaskBar::progressed, this, &CameraKeeper::followCamera);
     connect(&m_watch, &QTimer::timeout, this, &CameraKeeper::look);
+    connect(&m_soon, &QTimer::timeout, this, &CameraKeeper::look);
+    m_soon.setSingleShot(true);
     m_watch.start(watchPeriodMs);
 }
 
@@ -117,7 +119,7 @@ void CameraKeeper::readAgain()
 {
     m_wantsAll = true;
     m_isCancelled = false;
-    look();
+    lookSoon();
 }
 
 void CameraKeeper::read(Wanted what, bool isAsked)

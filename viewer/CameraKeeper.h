@@ -29,12 +29,13 @@ public:
 
     /// Reads all features because the user wants it, and says how it went.
     void readAll();
-    /// Reads all features because some may have changed, and says only when that fails.
+    /// Reads all features soon because some may have changed, and says only when that fails.
     void readAgain();
+    /// Looks what has become of the camera, and marks the rows, when the event is over: the browser
+    /// may go on to read some features in it.
+    void lookSoon() { m_soon.start(); }
     /// Finds a lost camera, or another one in its place, and reads it.
     void reconnect();
-    /// Looks at once what has become of the camera, and marks the rows.
-    void look();
 
 Q_SIGNALS:
     void message(bool good, const QString& text);
@@ -48,6 +49,7 @@ Q_SIGNALS:
 private:
     enum class Wanted { Nothing, Outstanding, All };
 
+    void look();
     void lookAtLost();
     int markAll();
     void noteReturn();
@@ -67,6 +69,7 @@ private:
     featurebrowser::ZQFeatureBrowser& m_browser;
     CameraTaskBar& m_tasks;
     QTimer m_watch;
+    QTimer m_soon;
     std::vector<std::string> m_shown; ///< names of the rows; none when the tree was emptied
     bool m_isLost = false;
     QString m_loss; ///< as the user was told

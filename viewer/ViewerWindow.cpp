@@ -8,7 +8,6 @@
 #include <QAction>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QTimer>
 #include <QTreeView>
 
 using namespace featurebrowser;
@@ -108,7 +107,7 @@ void ViewerWindow::showWritten(const std::string& name)
             QStringLiteral("%1 = %2").arg(shownName,
                 rows.isEmpty() ? QString() : rows.first().data(roles.key("value")).toString()));
     }
-    lookSoon();
+    m_keeper->lookSoon();
 }
 
 void ViewerWindow::FeatureIntModified(std::string name, long)
@@ -156,26 +155,15 @@ void ViewerWindow::SendError(int code, std::string text)
     // Where no answer came in time, reading tells whether the camera has taken it.
     m_isKeepersMessage = code != STATUS_OK && ViewerApplication::isTurnOver();
     if (m_isKeepersMessage) {
-        readSoon();
+        m_keeper->readAgain();
     }
-    lookSoon();
+    m_keeper->lookSoon();
 }
 
 void ViewerWindow::AllConfigChanged()
 {
     m_isKeepersMessage = false; // how a command went is not told by reading
-    readSoon();
-}
-
-void ViewerWindow::readSoon()
-{
-    QTimer::singleShot(0, m_keeper, &CameraKeeper::readAgain);
-}
-
-/// When the browser is done with the event: it may go on to read some features.
-void ViewerWindow::lookSoon()
-{
-    QTimer::singleShot(0, m_keeper, &CameraKeeper::look);
+    m_keeper->readAgain();
 }
 
 void ViewerWindow::ItemSelectionChanged(std::string) { }

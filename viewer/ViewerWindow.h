@@ -50,8 +50,6 @@ private:
     void showTitle();
     void showWritten(const std::string& name);
     void showMessage(bool good, const QString& text);
-    void readSoon();
-    void lookSoon();
 
     OpenedCamera& m_camera;
     featurebrowser::ZQFeatureBrowser m_browser;

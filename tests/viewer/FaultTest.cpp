@@ -151,7 +151,8 @@ bool settle(Viewer& viewer, const std::function<bool()>& condition)
 
 TEST_P(ViewerIn, ShowsOnlyWhatIsConfirmedSaysWhyAndRecovers)
 {
-    const auto& [trouble, action] = GetParam();
+    const auto& trouble = std::get<Trouble>(GetParam());
+    const auto& action = std::get<Action>(GetParam());
     Viewer viewer;
     ASSERT_TRUE(areAllCurrent(viewer));
     const Rows first = viewer.rows();
