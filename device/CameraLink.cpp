@@ -20,8 +20,7 @@ constexpr std::chrono::seconds openSlack(30);
 const char* const silentText = "the camera does not answer";
 const char* const lostText = "the camera does not answer any more; reconnect to it";
 const char* const exchangedText = "another camera is there now; reconnect to it";
-const char* const controlLostText
-    = "the control of the camera was lost, to another application or by its time-out; reconnect";
+const char* const controlLostText = "control of the camera was lost; reconnect to take it back";
 
 /// How an access ended, as the two threads share it.
 struct Result {
