@@ -123,6 +123,10 @@ int runBatch(const CommandLine& options, OpenedCamera& camera, int& argc, char**
 {
     const QApplication application(argc, argv);
     ViewerWindow window(camera, options.level);
+    const OpenedCamera::Reading reading = camera.reading();
+    if (!reading.isComplete) { // what can be read is printed all the same
+        failAfterTrace(reading.text);
+    }
     const QAbstractItemModel& model = *window.tree()->model();
     const bool done = (!options.dump || print(treeAsJson(model)))
         && (!options.print || print(treeAsText(model)))

@@ -46,6 +46,8 @@ void ViewerWindow::arrange()
     m_reconnect->setObjectName(QStringLiteral("reconnect"));
     m_reconnect->setToolTip(tr("Find the camera again, or another one in its place"));
     m_reconnect->hide();
+    // The browser does not jump when a button comes or goes.
+    statusBar()->setMinimumHeight(m_reconnect->sizeHint().height() + 6);
     statusBar()->addWidget(m_message, 1);
     statusBar()->addPermanentWidget(m_tasks);
     statusBar()->addPermanentWidget(m_reconnect);
