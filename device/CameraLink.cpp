@@ -171,7 +171,7 @@ std::unique_ptr<CameraLink> CameraLink::open(const CameraPlace& place, CameraAcc
 
 CameraLink::~CameraLink()
 {
-    const bool isUseless = isLost();
+    const bool isUseless = CameraLink::isLost();
     m_thread->whenIdle({}, watchPeriod);
     if (m_attempt) {
         m_attempt->progress->isCancelled = true;
@@ -233,7 +233,7 @@ bool CameraLink::isSilent() const
 
 bool CameraLink::isLost()
 {
-    return isGivenUp() || isSilent();
+    return CameraLink::isGivenUp() || isSilent();
 }
 
 AccessError CameraLink::loss() const

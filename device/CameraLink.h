@@ -19,7 +19,7 @@ namespace zqcameralib {
 /// found it again. While it is lost every access fails at once.
 ///
 /// One thread at a time, except health(). Destroying it does not wait for a camera that is lost.
-class CameraLink : public RegisterBackend {
+class CameraLink final : public RegisterBackend {
 public:
     using Clock = std::chrono::steady_clock;
 
