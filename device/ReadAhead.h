@@ -45,7 +45,7 @@ private:
     /// What features with conditions need, once it is known which of them are available.
     Requests conditional();
     Requests unknown(const Registers& registers) const;
-    bool isComplete(std::size_t feature, RegisterPort::Ahead& ahead);
+    bool isComplete(std::size_t index, RegisterPort::Ahead& ahead);
 
     ZQCamera::Impl& m_camera;
     FeatureReader m_reader;

@@ -11,9 +11,7 @@ ReadAheadTask::ReadAheadTask(RepositoryImpl& repository, bool onlyOutstanding)
 
 ReadAheadTask::~ReadAheadTask()
 {
-    if (m_state == State::Running) {
-        cancel();
-    }
+    ReadAheadTask::cancel();
 }
 
 ZQCameraTask::State ReadAheadTask::poll()

@@ -7,7 +7,7 @@
 namespace zqcameralib {
 
 /// A repository's reading ahead, as an application sees it.
-class ReadAheadTask : public ZQCameraTask {
+class ReadAheadTask final : public ZQCameraTask {
 public:
     using RepositoryImpl = featurebrowser::ZQCameraRepository::Impl;
 

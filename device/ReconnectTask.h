@@ -5,7 +5,7 @@
 namespace zqcameralib {
 
 /// Finds a lost camera again, and reads ahead what it holds then.
-class ReconnectTask : public ZQCameraTask {
+class ReconnectTask final : public ZQCameraTask {
 public:
     using Repository = featurebrowser::ZQCameraRepository;
 

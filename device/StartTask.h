@@ -10,7 +10,7 @@ namespace zqcameralib {
 
 /// The start of an acquisition in steps that do not wait: what has to be known of the images is
 /// read ahead first.
-class StartTask : public ZQCameraTask {
+class StartTask final : public ZQCameraTask {
 public:
     /// What an acquisition does in the steps of its start.
     struct Steps {
@@ -21,7 +21,7 @@ public:
 
     /// What the steps use has to outlive this.
     StartTask(ZQCamera::Impl& camera, Steps steps);
-    ~StartTask() override { cancel(); }
+    ~StartTask() override { StartTask::cancel(); }
 
     State poll() override;
     Progress progress() const override;

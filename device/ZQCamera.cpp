@@ -11,7 +11,10 @@ namespace {
 
 std::unique_ptr<ZQCamera> wrap(std::unique_ptr<ZQCamera::Impl> impl)
 {
-    return impl ? std::make_unique<ZQCamera>(std::move(impl)) : nullptr;
+    if (!impl) {
+        return nullptr;
+    }
+    return std::make_unique<ZQCamera>(std::move(impl));
 }
 
 } // namespace
