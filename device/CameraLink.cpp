@@ -70,6 +70,7 @@ void CameraLink::findAgain(Attempt& attempt)
         return;
     case CameraSession::Retaken::OtherCamera:
         attempt.isOtherCamera = true;
+        attempt.session->leaveControl(); // a stream may keep the session's device
         break;
     case CameraSession::Retaken::No:
         break;

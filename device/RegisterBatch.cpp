@@ -53,14 +53,14 @@ RegisterBackend::Requests RegisterBatch::takeFinished()
     return finished;
 }
 
-ReadingBeside::ReadingBeside(AccessThread& thread, std::shared_ptr<CameraSession> session,
+ReadingBeside::ReadingBeside(AccessThread& thread, const std::shared_ptr<CameraSession>& session,
     RegisterBackend::Requests requests)
     : m_batch(std::make_shared<RegisterBatch>(std::move(requests)))
 {
-    if (session) {
-        thread.repeatBehind(
-            [session = std::move(session), batch = m_batch] { return batch->readNext(*session); });
-    }
+    thread.repeatBehind([weak = std::weak_ptr<CameraSession>(session), batch = m_batch] {
+        const std::shared_ptr<CameraSession> present = weak.lock();
+        return present && batch->readNext(*present);
+    });
 }
 
 } // namespace zqcameralib

@@ -34,7 +34,8 @@ private:
 /// A batch behind everything else on the access thread.
 class ReadingBeside : public RegisterBackend::Reading {
 public:
-    ReadingBeside(AccessThread& thread, std::shared_ptr<CameraSession> session,
+    /// Does not keep the session: one that is replaced has to end before the next begins.
+    ReadingBeside(AccessThread& thread, const std::shared_ptr<CameraSession>& session,
         RegisterBackend::Requests requests);
     ~ReadingBeside() override { m_batch->end(); }
 

@@ -285,7 +285,8 @@ protected:
         while (status != STATUS_OK && Clock::now() - start < 30s) {
             status = timed([&] { return m_device->Reconnect(); });
         }
-        EXPECT_EQ(status, STATUS_OK);
+        note(status);
+        EXPECT_EQ(status, STATUS_OK) << m_words;
         return milliseconds(start);
     }
 
@@ -349,6 +350,7 @@ void Matrix::run(const Fault& fault, Phase phase)
     expectNothingWrong();
     long width = 0;
     EXPECT_EQ(m_device->GetIntegerValue("Width", &width), STATUS_OK);
+    ASSERT_TRUE(repository().GetFeature("Width"));
     EXPECT_EQ(repository().GetFeature("Width")->valueText, std::to_string(width));
     std::printf("[  FAULT   ] %-20s %-12s blocked %4d ms, back after %4d ms: %s\n", fault.name,
         phaseNames[static_cast<std::size_t>(phase)], m_longest, recovery, m_words.c_str());
