@@ -1,20 +1,8 @@
+#include "LoadedLibraries.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
-
-#include <dlfcn.h>
-#include <link.h>
-
-namespace {
-
-// Keeps what is loaded now until the process ends, so that a leak report can name it.
-int pin(dl_phdr_info* library, std::size_t, void*)
-{
-    dlopen(library->dlpi_name, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
-    return 0;
-}
-
-} // namespace
 
 int main(int argc, char** argv)
 {
@@ -24,6 +12,6 @@ int main(int argc, char** argv)
     qunsetenv("LANGUAGE");
     const QApplication application(argc, argv);
     const int result = RUN_ALL_TESTS();
-    dl_iterate_phdr(pin, nullptr);
+    keepLoadedLibraries();
     return result;
 }

@@ -269,8 +269,9 @@ TEST_P(FullDisk, IsAnErrorInWords)
 {
     const QTemporaryDir folder;
     const QString errors = folder.filePath(QStringLiteral("errors"));
-    const std::string command
-        = std::string(ZQ_VIEWER) + " " + GetParam() + " 2> " + errors.toStdString();
+    // What Qt leaks at its end is not the subject here, where a sanitizer looks for it.
+    const std::string command = std::string("ASAN_OPTIONS=detect_leaks=0 " ZQ_VIEWER " ")
+        + GetParam() + " 2> " + errors.toStdString();
     const int status = std::system(command.c_str());
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1) << status;
     QFile file(errors);

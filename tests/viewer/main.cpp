@@ -1,3 +1,4 @@
+#include "../LoadedLibraries.h"
 #include "PrivateNetwork.h"
 #include "ViewerApplication.h"
 
@@ -12,6 +13,11 @@ int main(int argc, char** argv)
         std::printf("skipped: this system allows no network of one's own\n");
         return 77;
     }
+    // The tests expect English, whatever the host's language is.
+    qputenv("LC_ALL", "C.UTF-8");
+    qunsetenv("LANGUAGE");
     const zqviewer::ViewerApplication application(argc, argv);
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+    keepLoadedLibraries();
+    return result;
 }
