@@ -118,8 +118,13 @@ void CameraKeeper::readAll()
 void CameraKeeper::readAgain()
 {
     m_wantsAll = true;
-    m_isCancelled = false;
     lookSoon();
+}
+
+void CameraKeeper::lookSoon()
+{
+    m_isCancelled = false;
+    m_soon.start();
 }
 
 void CameraKeeper::read(Wanted what, bool isAsked)

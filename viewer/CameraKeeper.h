@@ -31,9 +31,10 @@ public:
     void readAll();
     /// Reads all features soon because some may have changed, and says only when that fails.
     void readAgain();
-    /// Looks what has become of the camera, and marks the rows, when the event is over: the browser
-    /// may go on to read some features in it.
-    void lookSoon() { m_soon.start(); }
+    /// After the user has done something: looks what has become of the camera, marks the rows and
+    /// reads what is missing, when the event is over. The browser may go on to read some features
+    /// in it.
+    void lookSoon();
     /// Finds a lost camera, or another one in its place, and reads it.
     void reconnect();
 

@@ -7,6 +7,12 @@
 
 namespace zqviewer {
 
+void ViewerApplication::setCamera(zqcameralib::ZQCamera* camera)
+{
+    m_camera = camera;
+    beginTurn();
+}
+
 void ViewerApplication::beginTurn()
 {
     m_turnBegan = Clock::now();

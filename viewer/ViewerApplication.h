@@ -21,10 +21,9 @@ public:
 
     using QApplication::QApplication;
 
-    /// The camera whose turns are bounded from now on; null for none. It is not owned.
-    void setCamera(zqcameralib::ZQCamera* camera) { m_camera = camera; }
-    /// Begins a turn: for what does not run inside of an event.
-    void beginTurn();
+    /// The camera whose turns are bounded from now on, beginning with this one; null for none. It
+    /// is not owned.
+    void setCamera(zqcameralib::ZQCamera* camera);
     /// Whether the turn that runs now has no time left: what it asked of the camera may have got no
     /// answer. False where the application is another one.
     static bool isTurnOver();
@@ -32,6 +31,8 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:
+    void beginTurn();
+
     using Clock = std::chrono::steady_clock;
 
     zqcameralib::ZQCamera* m_camera = nullptr;
