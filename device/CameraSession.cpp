@@ -261,6 +261,7 @@ CameraSession::CameraSession(ArvDevice* device)
     }
     m_handler = g_signal_connect_data(device, "control-lost",
         reinterpret_cast<GCallback>(onControlLost), shared, deleteHealth, GConnectFlags(0));
+    m_hasControl = isController();
 }
 
 CameraSession::~CameraSession()
@@ -276,6 +277,7 @@ bool CameraSession::isController() const
 
 void CameraSession::leaveControl()
 {
+    m_hasControl = false;
     GlibError ignored;
     if (ARV_IS_GV_DEVICE(m_device)) {
         arv_gv_device_leave_control(ARV_GV_DEVICE(m_device), ignored.out());
@@ -318,6 +320,7 @@ CameraSession::Retaken CameraSession::retake(bool readOnly, std::string& error)
             return Retaken::Refused;
         }
     }
+    m_hasControl = !readOnly && !isDenied;
     m_health->controlLost = false;
     m_health->unanswered = false;
     m_health->exchanged = false;
@@ -340,16 +343,21 @@ CameraSession::Retaken CameraSession::retake(bool readOnly, std::string& error)
 void CameraSession::watch()
 {
     if (ARV_IS_GV_DEVICE(m_device)) {
-        return isController() ? watchControl() : watchIdentity();
+        return m_hasControl ? watchControl() : watchIdentity();
     }
     std::array<std::uint8_t, 4> bytes {};
     AccessError ignored;
     read(usbVersionRegister, bytes.data(), bytes.size(), AccessKind::Memory, ignored);
 }
 
-/// A camera that was restarted or exchanged knows no controller.
+/// A camera that was restarted or exchanged knows no controller. The library's own thread may also
+/// come late to its end of an earlier control, and stop to keep the one that was taken meanwhile.
 void CameraSession::watchControl()
 {
+    if (!isController()) {
+        m_health->controlLost = true;
+        return;
+    }
     std::array<std::uint8_t, 4> bytes {};
     AccessError ignored;
     if (read(privilegeRegister, bytes.data(), bytes.size(), AccessKind::Register, ignored)

@@ -97,6 +97,7 @@ private:
     ArvDevice* m_device;
     std::shared_ptr<Health> m_health = std::make_shared<Health>();
     Identity m_identity; ///< what tells this camera and its description from others
+    bool m_hasControl = false; ///< as far as this session has done something about it
     gulong m_handler = 0;
 };
 

@@ -213,19 +213,6 @@ TEST_F(Streams, OfASlowCameraStartInSeveralCallsAndDoNotLoseIt)
     std::printf("[  SLOW    ] %d calls, the longest took %d ms\n", calls, longest);
 }
 
-TEST_F(Streams, DoNotKeepTheControlOfACameraThatWasExchanged)
-{
-    open(FaultProxy::address);
-    ASSERT_EQ(start(), STATUS_OK) << m_acquisition->lastError();
-    const FakeCamera other(ZQ_SIMULATED_CAMERA_XML, 0, "127.0.0.4", "GV02");
-    m_proxy.switchTo("127.0.0.4");
-    EXPECT_TRUE(eventually([this] { return m_camera->isLost(); }));
-    ASSERT_TRUE(recovers());
-    EXPECT_FALSE(m_acquisition->isRunning());
-    EXPECT_EQ(m_repository->GetFeature("DeviceSerialNumber")->valueText, "GV02");
-    EXPECT_EQ(start(), STATUS_OK) << m_acquisition->lastError();
-}
-
 TEST_F(Streams, StartBesideTheCaller)
 {
     open(FaultProxy::address);

@@ -3,6 +3,8 @@
 
 #include "Camera.h"
 
+#include "featurebrowser/ZQAcquisition.h"
+
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
@@ -182,6 +184,20 @@ TEST_F(Trouble, ACameraExchangedForAnotherShowsItsOwnFeatures)
     EXPECT_FALSE(m_repository->GetFeature("Gamma"));
     EXPECT_FALSE(m_repository->ReadFeature(width)); // a record of the camera that is gone
     EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), STATUS_OK);
+}
+
+TEST_F(Trouble, AStreamDoesNotKeepTheControlOfACameraThatWasExchanged)
+{
+    open();
+    ZQAcquisition acquisition(m_camera.get(), m_device.get());
+    ASSERT_EQ(acquisition.start({}), STATUS_OK) << acquisition.lastError();
+    const FakeCamera other(ZQ_SIMULATED_CAMERA_XML, 0, "127.0.0.4", "GV02");
+    m_proxy.switchTo("127.0.0.4");
+    EXPECT_TRUE(eventually([this] { return m_camera->isLost(); }));
+    ASSERT_TRUE(recovers());
+    EXPECT_FALSE(acquisition.isRunning());
+    EXPECT_EQ(m_repository->GetFeature("DeviceSerialNumber")->valueText, "GV02");
+    EXPECT_EQ(acquisition.start({}), STATUS_OK) << acquisition.lastError();
 }
 
 TEST_F(Trouble, ARestartedCameraOfTheSameKindKeepsItsFeatures)
