@@ -38,8 +38,11 @@ constexpr std::uint64_t usbVersionRegister = 0;
 /// How long others that are being opened are waited for.
 constexpr std::chrono::seconds libraryLimit(60);
 constexpr int openTries = 2;
+/// More than a thread that was interrupted needs to go on.
+constexpr std::chrono::milliseconds endOfControl(500);
 
-using HealthPointer = std::shared_ptr<CameraSession::Health>;
+using Health = CameraSession::Health;
+using HealthPointer = std::shared_ptr<Health>;
 
 /// Orders what both threads do with the health's memory; the library's own locks would too, but
 /// race detectors do not see them.
@@ -52,7 +55,9 @@ std::mutex& healthMutex()
 void onControlLost(ArvDevice*, gpointer data)
 {
     const std::lock_guard<std::mutex> lock(healthMutex());
-    (*static_cast<HealthPointer*>(data))->controlLost = true;
+    Health& health = **static_cast<HealthPointer*>(data);
+    health.controlLost = true;
+    health.isTold = true;
 }
 
 void deleteHealth(gpointer data, GClosure*)
@@ -303,11 +308,27 @@ bool CameraSession::readIdentity(Identity& identity)
     return true;
 }
 
+/// The library's own thread first tells that control is lost, and only then ends it: control that
+/// is taken in between would end as well.
+void CameraSession::awaitEndOfControl()
+{
+    const Clock::time_point end = Clock::now() + endOfControl;
+    while (m_health->isTold && isController() && Clock::now() < end) {
+        usleep(1000);
+    }
+    m_health->isTold = false;
+}
+
 CameraSession::Retaken CameraSession::retake(bool readOnly, std::string& error)
 {
     if (!ARV_IS_GV_DEVICE(m_device)) {
         return Retaken::No;
     }
+    awaitEndOfControl();
+    // Before: what is told from here on is true of the new control.
+    m_health->controlLost = false;
+    m_health->unanswered = false;
+    m_health->exchanged = false;
     GlibError failure;
     bool isDenied = false;
     if (!readOnly && !arv_gv_device_take_control(ARV_GV_DEVICE(m_device), failure.out())) {
@@ -321,9 +342,6 @@ CameraSession::Retaken CameraSession::retake(bool readOnly, std::string& error)
         }
     }
     m_hasControl = !readOnly && !isDenied;
-    m_health->controlLost = false;
-    m_health->unanswered = false;
-    m_health->exchanged = false;
     Identity identity;
     if (!readIdentity(identity)) {
         return Retaken::No;

@@ -41,6 +41,7 @@ public:
     /// library's own, which learns that control is lost.
     struct Health {
         std::atomic<bool> controlLost { false };
+        std::atomic<bool> isTold { false }; ///< that control is lost, by the library's own thread
         std::atomic<bool> unanswered { false }; ///< every try of an access was in vain
         std::atomic<bool> exchanged { false }; ///< another camera is there
         std::atomic<std::int64_t> waitingSince { 0 }; ///< Clock ticks; 0 while no answer is due
@@ -90,6 +91,7 @@ private:
     /// Each part of it as the camera gives it; empty where it refuses.
     using Identity = std::vector<std::string>;
     bool readIdentity(Identity& identity);
+    void awaitEndOfControl();
     void watchControl();
     void watchIdentity();
     bool finish(bool done, const GlibError& failure, AccessError& error);
