@@ -434,6 +434,9 @@ int ZQCameraRepository::Impl::updateStates()
     for (auto& [name, record] : m_records) {
         const std::uint64_t failures = port.failures();
         const FEATURE_STATE state = m_reader.state(*record.feature);
+        // Once a feature could not be asked, only a fresh value takes the mark away.
+        record.isUnread = record.isUnread || state == FEATURE_READ_FAILED;
+        record.isFresh = record.isFresh && !record.isUnread;
         m_states[name] = record.isUnread ? FEATURE_READ_FAILED : state;
         record.isOutstanding = record.isOutstanding
             || (port.failures() != failures && port.lastFailure().code == zqcameralib::cameraSlow);

@@ -394,8 +394,14 @@ TEST_F(Trouble, ACameraThatOnlyPausesComesBackByItself)
     EXPECT_EQ(m_device->GetIntegerValue("Width", &value), cameraLost);
     EXPECT_TRUE(m_camera->isLost());
     EXPECT_NE(text(cameraLost).find("does not answer"), std::string::npos);
+    EXPECT_EQ(m_repository->UpdateFeatureStates(), cameraLost);
     m_fake->resume();
     EXPECT_TRUE(eventually([this] { return !m_camera->isLost(); }));
+    // What was shown before is not confirmed by an answer to something else.
+    EXPECT_EQ(m_repository->UpdateFeatureStates(), STATUS_OK);
+    EXPECT_EQ(m_repository->GetFeatureStates()["Width"], FEATURE_READ_FAILED);
+    EXPECT_TRUE(m_repository->ReadFeature(m_repository->GetFeature("Width")));
+    EXPECT_EQ(m_repository->GetFeatureStates()["Width"], FEATURE_AVAILABLE);
     EXPECT_EQ(m_device->GetIntegerValue("Width", &value), STATUS_OK);
 }
 
