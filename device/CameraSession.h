@@ -99,7 +99,7 @@ private:
     ArvDevice* m_device;
     std::shared_ptr<Health> m_health = std::make_shared<Health>();
     Identity m_identity; ///< what tells this camera and its description from others
-    bool m_hasControl = false; ///< as far as this session has done something about it
+    bool m_hasControl = false; ///< taken and not left, as far as is known here
     gulong m_handler = 0;
 };
 
