@@ -111,7 +111,6 @@ public:
     };
 
     RegisterBackend& backend() { return *m_backend; }
-    const RegisterBackend& backend() const { return *m_backend; }
     /// How the camera wants this register to be read, as far as that is known.
     AccessKind kindOf(const Register& place) const
     {
