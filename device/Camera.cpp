@@ -3,8 +3,8 @@
 #include "CommandBehaviour.h"
 #include "DescriptionCheck.h"
 #include "FavourableStart.h"
-#include "GlibError.h"
 #include "NodeMapXml.h"
+#include "base/GlibError.h"
 
 #include <utility>
 

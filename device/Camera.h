@@ -4,10 +4,10 @@
 #include "DependencyGraph.h"
 #include "Description.h"
 #include "Feature.h"
-#include "LastError.h"
 #include "MemoryBackend.h"
 #include "PortDevice.h"
 #include "RegisterPort.h"
+#include "base/LastError.h"
 
 #include "featurebrowser/ZQCamera.h"
 

@@ -1,7 +1,7 @@
 #include "CameraLink.h"
 
 #include "RegisterBatch.h"
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "AccessThread.h"
 #include "CameraSession.h"
 #include "LinkHealth.h"
+#include "base/AccessThread.h"
 
 #include "featurebrowser/ZQCamera.h"
 

@@ -1,9 +1,9 @@
 #include "CameraSession.h"
 
 #include "GigeProbe.h"
-#include "LibraryLock.h"
 #include "SourceFilter.h"
-#include "StatusCodes.h"
+#include "base/LibraryLock.h"
+#include "base/StatusCodes.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "GlibError.h"
 #include "RegisterBackend.h"
+#include "base/GlibError.h"
 
 #include <arv.h>
 

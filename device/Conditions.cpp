@@ -1,6 +1,6 @@
 #include "Conditions.h"
 
-#include "GlibError.h"
+#include "base/GlibError.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "DeviceOperations.h"
 
-#include "NumberText.h"
-#include "StatusCodes.h"
 #include "WriteBlock.h"
+#include "base/NumberText.h"
+#include "base/StatusCodes.h"
 
 #include <cmath>
 #include <cstdlib>

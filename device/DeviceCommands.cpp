@@ -1,6 +1,6 @@
 #include "DeviceOperations.h"
 
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 #include <algorithm>
 #include <thread>

@@ -1,7 +1,7 @@
 #include "DeviceOperations.h"
 
 #include "FormulaGuard.h"
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 #include <algorithm>
 

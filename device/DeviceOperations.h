@@ -3,7 +3,7 @@
 #include "Camera.h"
 #include "ConversionCheck.h"
 #include "FeatureReader.h"
-#include "GlibError.h"
+#include "base/GlibError.h"
 
 #include <chrono>
 #include <functional>

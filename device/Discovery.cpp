@@ -1,6 +1,6 @@
 #include "Discovery.h"
 
-#include "LibraryLock.h"
+#include "base/LibraryLock.h"
 
 #include <arpa/inet.h>
 #include <ifaddrs.h>

@@ -1,6 +1,6 @@
 #include "FavourableStart.h"
 
-#include "GlibError.h"
+#include "base/GlibError.h"
 
 #include <algorithm>
 #include <set>

@@ -1,8 +1,8 @@
 #include "FeatureReader.h"
 
 #include "FormulaGuard.h"
-#include "GlibError.h"
-#include "NumberText.h"
+#include "base/GlibError.h"
+#include "base/NumberText.h"
 
 #include <algorithm>
 #include <cfloat>

@@ -1,8 +1,8 @@
 #include "FormatReading.h"
 
 #include "FrameSize.h"
-#include "GlibError.h"
-#include "StatusCodes.h"
+#include "base/GlibError.h"
+#include "base/StatusCodes.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "PortDevice.h"
 
-#include "LibraryLock.h"
-#include "StatusCodes.h"
+#include "base/LibraryLock.h"
+#include "base/StatusCodes.h"
 
 #include <array>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "AccessThread.h"
 #include "CameraSession.h"
+#include "base/AccessThread.h"
 
 #include <mutex>
 

@@ -1,6 +1,6 @@
 #include "RegisterPort.h"
 
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 #include <algorithm>
 #include <cstring>

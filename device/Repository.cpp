@@ -1,7 +1,7 @@
 #include "Repository.h"
 
-#include "StatusCodes.h"
 #include "WriteBlock.h"
+#include "base/StatusCodes.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "StartTask.h"
 
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 #include "featurebrowser/FeatureTypes.h"
 

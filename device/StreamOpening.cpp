@@ -1,9 +1,9 @@
 #include "StreamOpening.h"
 
-#include "GlibError.h"
 #include "ReceiveBuffer.h"
-#include "StatusCodes.h"
 #include "StreamFrames.h"
+#include "base/GlibError.h"
+#include "base/StatusCodes.h"
 
 #include <arpa/inet.h>
 

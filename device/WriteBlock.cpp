@@ -1,6 +1,6 @@
 #include "WriteBlock.h"
 
-#include "GlibError.h"
+#include "base/GlibError.h"
 
 #include <algorithm>
 

@@ -6,8 +6,8 @@
 #include "FrameDelivery.h"
 #include "SimulatedFrames.h"
 #include "StartTask.h"
-#include "StatusCodes.h"
 #include "StreamOpening.h"
+#include "base/StatusCodes.h"
 
 #include "featurebrowser/ICameraDevice.h"
 

@@ -2,7 +2,7 @@
 
 #include "DeviceOperations.h"
 #include "ReconnectTask.h"
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 #include <algorithm>
 

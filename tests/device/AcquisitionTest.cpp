@@ -1,6 +1,6 @@
 #include "SimulatedFrames.h"
-#include "StatusCodes.h"
 #include "TestCamera.h"
+#include "base/StatusCodes.h"
 
 #include "featurebrowser/ZQAcquisition.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MemoryBackend.h"
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,5 +1,5 @@
-#include "StatusCodes.h"
 #include "TestCamera.h"
+#include "base/StatusCodes.h"
 
 #include <array>
 #include <cmath>

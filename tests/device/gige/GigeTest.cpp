@@ -1,6 +1,6 @@
 #include "GigeFixture.h"
 #include "PrivateNetwork.h"
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 using namespace featurebrowser;
 using namespace zqcameralib;

@@ -1,6 +1,6 @@
 #include "FakeCamera.h"
 #include "FaultProxy.h"
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 #include "featurebrowser/ZQAcquisition.h"
 #include "featurebrowser/ZQCamera.h"

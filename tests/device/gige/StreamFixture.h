@@ -1,7 +1,7 @@
 #pragma once
 
 #include "GigeFixture.h"
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 #include "Camera.h"
 #include "CameraLink.h"

@@ -1,5 +1,5 @@
 #include "GigeFixture.h"
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 #include "Camera.h"
 

@@ -1,4 +1,4 @@
-#include "LibraryLock.h"
+#include "base/LibraryLock.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "StatusCodes.h"
+#include "base/StatusCodes.h"
 
 #include "featurebrowser/FeatureTypes.h"
 

@@ -1,4 +1,4 @@
-#include "AccessThread.h"
+#include "base/AccessThread.h"
 
 #include <algorithm>
 #include <condition_variable>
