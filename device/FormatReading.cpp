@@ -1,8 +1,8 @@
 #include "FormatReading.h"
 
-#include "FrameSize.h"
 #include "base/GlibError.h"
 #include "base/StatusCodes.h"
+#include "frames/FrameSize.h"
 
 #include <algorithm>
 

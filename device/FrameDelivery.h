@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FrameSource.h"
+#include "frames/FrameSource.h"
 
 #include <atomic>
 #include <mutex>

@@ -1,6 +1,6 @@
 #include "ImagePart.h"
 
-#include "FrameSize.h"
+#include "frames/FrameSize.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "CameraLink.h"
-#include "FrameSource.h"
 #include "StreamOpening.h"
+#include "frames/FrameSource.h"
 
 namespace zqcameralib {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "CameraLink.h"
-#include "FrameSource.h"
 #include "StreamWords.h"
+#include "frames/FrameSource.h"
 
 #include <chrono>
 #include <memory>

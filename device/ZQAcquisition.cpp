@@ -4,10 +4,10 @@
 #include "CameraLink.h"
 #include "FormatReading.h"
 #include "FrameDelivery.h"
-#include "SimulatedFrames.h"
 #include "StartTask.h"
 #include "StreamOpening.h"
 #include "base/StatusCodes.h"
+#include "frames/SimulatedFrames.h"
 
 #include "featurebrowser/ICameraDevice.h"
 

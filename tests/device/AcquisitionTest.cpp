@@ -1,6 +1,6 @@
-#include "SimulatedFrames.h"
 #include "TestCamera.h"
 #include "base/StatusCodes.h"
+#include "frames/SimulatedFrames.h"
 
 #include "featurebrowser/ZQAcquisition.h"
 

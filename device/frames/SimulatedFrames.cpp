@@ -1,6 +1,6 @@
-#include "SimulatedFrames.h"
+#include "frames/SimulatedFrames.h"
 
-#include "FrameSize.h"
+#include "frames/FrameSize.h"
 
 #include <algorithm>
 #include <cmath>
