@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RegisterBackend.h"
+#include "registers/RegisterBackend.h"
 
 #include <arv.h>
 

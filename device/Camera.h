@@ -6,8 +6,8 @@
 #include "Feature.h"
 #include "MemoryBackend.h"
 #include "PortDevice.h"
-#include "RegisterPort.h"
 #include "base/LastError.h"
+#include "registers/RegisterPort.h"
 
 #include "featurebrowser/ZQCamera.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "RegisterBackend.h"
 #include "base/GlibError.h"
+#include "registers/RegisterBackend.h"
 
 #include <arv.h>
 

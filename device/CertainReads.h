@@ -2,7 +2,7 @@
 
 #include "Description.h"
 #include "Feature.h"
-#include "RegisterPort.h"
+#include "registers/RegisterPort.h"
 
 #include <vector>
 

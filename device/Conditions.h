@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Feature.h"
-#include "RegisterPort.h"
+#include "registers/RegisterPort.h"
 
 #include <unordered_map>
 #include <vector>

@@ -2,7 +2,7 @@
 
 #include "Conditions.h"
 #include "Feature.h"
-#include "RegisterPort.h"
+#include "registers/RegisterPort.h"
 
 #include "featurebrowser/FeatureItem.h"
 #include "featurebrowser/FeatureTypes.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Camera.h"
-#include "RegisterBackend.h"
 #include "frames/FrameSource.h"
+#include "registers/RegisterBackend.h"
 
 #include "featurebrowser/ICameraDevice.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "CameraBehaviour.h"
-#include "RegisterBackend.h"
 #include "RegisterMemory.h"
+#include "registers/RegisterBackend.h"
 
 #include <memory>
 

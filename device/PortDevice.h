@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RegisterPort.h"
+#include "registers/RegisterPort.h"
 
 #include <arv.h>
 

@@ -1,4 +1,4 @@
-#include "RegisterBackend.h"
+#include "registers/RegisterBackend.h"
 
 #include <utility>
 

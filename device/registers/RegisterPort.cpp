@@ -1,4 +1,4 @@
-#include "RegisterPort.h"
+#include "registers/RegisterPort.h"
 
 #include "base/StatusCodes.h"
 
