@@ -14,9 +14,9 @@
 
 #include "Camera.h"
 #include "CameraSession.h"
-#include "DescriptionFile.h"
 #include "RawDevice.h"
 #include "SimulatedCamera.h"
+#include "description/DescriptionFile.h"
 #include "gige/FakeCamera.h"
 #include "gige/FaultProxy.h"
 #include "gige/PrivateNetwork.h"

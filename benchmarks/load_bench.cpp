@@ -6,9 +6,9 @@
 //                   same facts of the same features; to reach: at most 1.4
 
 #include "Camera.h"
-#include "DescriptionFile.h"
 #include "RawDevice.h"
 #include "SimulatedCamera.h"
+#include "description/DescriptionFile.h"
 
 #include "featurebrowser/ZQCamera.h"
 #include "featurebrowser/ZQCameraRepository.h"

@@ -1,10 +1,10 @@
 #include "Camera.h"
 
 #include "CommandBehaviour.h"
-#include "DescriptionCheck.h"
 #include "FavourableStart.h"
 #include "NodeMapXml.h"
 #include "base/GlibError.h"
+#include "description/DescriptionCheck.h"
 
 #include <utility>
 

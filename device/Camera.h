@@ -1,12 +1,12 @@
 #pragma once
 
 #include "CertainReads.h"
-#include "DependencyGraph.h"
-#include "Description.h"
 #include "Feature.h"
 #include "MemoryBackend.h"
 #include "PortDevice.h"
 #include "base/LastError.h"
+#include "description/DependencyGraph.h"
+#include "description/Description.h"
 #include "registers/RegisterPort.h"
 
 #include "featurebrowser/ZQCamera.h"

@@ -1,7 +1,7 @@
 #include "CertainReads.h"
 
-#include "DependencyGraph.h"
-#include "DescriptionCheck.h"
+#include "description/DependencyGraph.h"
+#include "description/DescriptionCheck.h"
 
 #include "featurebrowser/FeatureItem.h"
 

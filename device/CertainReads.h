@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Description.h"
 #include "Feature.h"
+#include "description/Description.h"
 #include "registers/RegisterPort.h"
 
 #include <vector>

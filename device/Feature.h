@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Description.h"
-#include "FeatureTree.h"
+#include "description/Description.h"
+#include "description/FeatureTree.h"
 
 #include <arv.h>
 

@@ -1,8 +1,8 @@
 #include "NodeMapXml.h"
 
-#include "DescriptionCheck.h"
-#include "FeatureTree.h"
 #include "FormulaGuard.h"
+#include "description/DescriptionCheck.h"
+#include "description/FeatureTree.h"
 
 #include <algorithm>
 #include <unordered_map>

@@ -2,8 +2,8 @@
 
 #include "Camera.h"
 #include "CameraOpening.h"
-#include "DescriptionFile.h"
 #include "SimulatedCamera.h"
+#include "description/DescriptionFile.h"
 
 namespace zqcameralib {
 

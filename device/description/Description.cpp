@@ -1,4 +1,4 @@
-#include "Description.h"
+#include "description/Description.h"
 
 #include <algorithm>
 #include <array>

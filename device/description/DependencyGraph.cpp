@@ -1,4 +1,4 @@
-#include "DependencyGraph.h"
+#include "description/DependencyGraph.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Description.h"
+#include "description/Description.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "FeatureTree.h"
+#include "description/FeatureTree.h"
 
 #include "featurebrowser/FeatureTypes.h"
 

@@ -1,4 +1,4 @@
-#include "DescriptionCheck.h"
+#include "description/DescriptionCheck.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "DescriptionFile.h"
+#include "description/DescriptionFile.h"
 
 #include <minizip/unzip.h>
 
