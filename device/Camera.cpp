@@ -2,9 +2,9 @@
 
 #include "CommandBehaviour.h"
 #include "FavourableStart.h"
-#include "NodeMapXml.h"
 #include "base/GlibError.h"
 #include "description/DescriptionCheck.h"
+#include "nodemap/NodeMapXml.h"
 
 #include <utility>
 

@@ -3,10 +3,10 @@
 #include "CertainReads.h"
 #include "Feature.h"
 #include "MemoryBackend.h"
-#include "PortDevice.h"
 #include "base/LastError.h"
 #include "description/DependencyGraph.h"
 #include "description/Description.h"
+#include "nodemap/PortDevice.h"
 #include "registers/RegisterPort.h"
 
 #include "featurebrowser/ZQCamera.h"

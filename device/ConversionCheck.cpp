@@ -1,8 +1,8 @@
 #include "ConversionCheck.h"
 
-#include "FormulaGuard.h"
 #include "base/GlibError.h"
 #include "base/NumberText.h"
+#include "nodemap/FormulaGuard.h"
 
 #include <algorithm>
 #include <cfloat>

@@ -1,7 +1,7 @@
 #include "DeviceOperations.h"
 
-#include "FormulaGuard.h"
 #include "base/StatusCodes.h"
+#include "nodemap/FormulaGuard.h"
 
 #include <algorithm>
 

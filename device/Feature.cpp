@@ -1,6 +1,6 @@
 #include "Feature.h"
 
-#include "AccessMode.h"
+#include "nodemap/AccessMode.h"
 
 #include "featurebrowser/FeatureItem.h"
 #include "featurebrowser/FeatureTypes.h"

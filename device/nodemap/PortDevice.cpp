@@ -1,4 +1,4 @@
-#include "PortDevice.h"
+#include "nodemap/PortDevice.h"
 
 #include "base/LibraryLock.h"
 #include "base/StatusCodes.h"

@@ -1,4 +1,4 @@
-#include "FormulaGuard.h"
+#include "nodemap/FormulaGuard.h"
 
 #include <cctype>
 #include <vector>

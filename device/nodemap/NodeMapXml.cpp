@@ -1,8 +1,8 @@
-#include "NodeMapXml.h"
+#include "nodemap/NodeMapXml.h"
 
-#include "FormulaGuard.h"
 #include "description/DescriptionCheck.h"
 #include "description/FeatureTree.h"
+#include "nodemap/FormulaGuard.h"
 
 #include <algorithm>
 #include <unordered_map>

@@ -1,4 +1,4 @@
-#include "AccessMode.h"
+#include "nodemap/AccessMode.h"
 
 #include "featurebrowser/FeatureItem.h"
 
