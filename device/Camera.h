@@ -1,11 +1,11 @@
 #pragma once
 
-#include "CertainReads.h"
-#include "Feature.h"
 #include "MemoryBackend.h"
 #include "base/LastError.h"
 #include "description/DependencyGraph.h"
 #include "description/Description.h"
+#include "features/CertainReads.h"
+#include "features/Feature.h"
 #include "nodemap/PortDevice.h"
 #include "registers/RegisterPort.h"
 

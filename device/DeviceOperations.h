@@ -2,8 +2,8 @@
 
 #include "Camera.h"
 #include "ConversionCheck.h"
-#include "FeatureReader.h"
 #include "base/GlibError.h"
+#include "features/FeatureReader.h"
 
 #include <chrono>
 #include <functional>

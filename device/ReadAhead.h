@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Camera.h"
-#include "FeatureReader.h"
+#include "features/FeatureReader.h"
 
 #include <memory>
 #include <vector>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Camera.h"
-#include "FeatureReader.h"
 #include "ReadAhead.h"
+#include "features/FeatureReader.h"
 
 #include "featurebrowser/ZQCameraRepository.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Conditions.h"
-#include "Feature.h"
+#include "features/Conditions.h"
+#include "features/Feature.h"
 #include "registers/RegisterPort.h"
 
 #include "featurebrowser/FeatureItem.h"

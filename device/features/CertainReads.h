@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Feature.h"
 #include "description/Description.h"
+#include "features/Feature.h"
 #include "registers/RegisterPort.h"
 
 #include <vector>

@@ -1,4 +1,4 @@
-#include "FeatureReader.h"
+#include "features/FeatureReader.h"
 
 #include "base/GlibError.h"
 #include "base/NumberText.h"

@@ -1,4 +1,4 @@
-#include "Conditions.h"
+#include "features/Conditions.h"
 
 #include "base/GlibError.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Feature.h"
+#include "features/Feature.h"
 #include "registers/RegisterPort.h"
 
 #include <unordered_map>

@@ -1,4 +1,4 @@
-#include "CertainReads.h"
+#include "features/CertainReads.h"
 
 #include "description/DependencyGraph.h"
 #include "description/DescriptionCheck.h"

@@ -1,4 +1,4 @@
-#include "Feature.h"
+#include "features/Feature.h"
 
 #include "nodemap/AccessMode.h"
 
