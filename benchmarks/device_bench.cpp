@@ -12,10 +12,10 @@
 //
 // The part over GigE Vision is left out where there is no camera process or no such network.
 
-#include "Camera.h"
 #include "CameraSession.h"
 #include "RawDevice.h"
 #include "SimulatedCamera.h"
+#include "camera/Camera.h"
 #include "description/DescriptionFile.h"
 #include "gige/FakeCamera.h"
 #include "gige/FaultProxy.h"

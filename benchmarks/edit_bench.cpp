@@ -7,9 +7,9 @@
 //   idle_reads         reads by painting and half a second of idling; to reach: 0
 //   edit/raw           time over one raw write and read of the same feature by Aravis itself
 
-#include "Camera.h"
 #include "RawDevice.h"
 #include "SimulatedCamera.h"
+#include "camera/Camera.h"
 
 #include "featurebrowser/ZQCamera.h"
 #include "featurebrowser/ZQCameraRepository.h"

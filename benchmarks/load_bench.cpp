@@ -5,9 +5,9 @@
 //   load/raw        time over one raw pass of Aravis that opens the same description and reads the
 //                   same facts of the same features; to reach: at most 1.4
 
-#include "Camera.h"
 #include "RawDevice.h"
 #include "SimulatedCamera.h"
+#include "camera/Camera.h"
 #include "description/DescriptionFile.h"
 
 #include "featurebrowser/ZQCamera.h"

@@ -1,8 +1,8 @@
 #include "CameraOpening.h"
 
-#include "Camera.h"
 #include "CameraLink.h"
 #include "Discovery.h"
+#include "camera/Camera.h"
 
 #include <thread>
 #include <utility>

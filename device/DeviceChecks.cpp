@@ -1,8 +1,8 @@
 #include "DeviceOperations.h"
 
-#include "WriteBlock.h"
 #include "base/NumberText.h"
 #include "base/StatusCodes.h"
+#include "camera/WriteBlock.h"
 
 #include <cmath>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Camera.h"
 #include "ConversionCheck.h"
 #include "base/GlibError.h"
+#include "camera/Camera.h"
 #include "features/FeatureReader.h"
 
 #include <chrono>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Camera.h"
 #include "RegisterMemory.h"
+#include "camera/Camera.h"
 
 namespace zqcameralib {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ReadAhead.h"
+#include "camera/ReadAhead.h"
 
 #include "featurebrowser/ZQCameraTask.h"
 

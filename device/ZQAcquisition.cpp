@@ -1,12 +1,12 @@
 #include "featurebrowser/ZQAcquisition.h"
 
-#include "Camera.h"
 #include "CameraLink.h"
 #include "FormatReading.h"
 #include "FrameDelivery.h"
 #include "StartTask.h"
 #include "StreamOpening.h"
 #include "base/StatusCodes.h"
+#include "camera/Camera.h"
 #include "frames/SimulatedFrames.h"
 
 #include "featurebrowser/ICameraDevice.h"

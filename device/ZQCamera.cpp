@@ -1,8 +1,8 @@
 #include "featurebrowser/ZQCamera.h"
 
-#include "Camera.h"
 #include "CameraOpening.h"
 #include "SimulatedCamera.h"
+#include "camera/Camera.h"
 #include "description/DescriptionFile.h"
 
 namespace zqcameralib {

@@ -1,6 +1,6 @@
 #include "featurebrowser/ZQCameraRepository.h"
 
-#include "ReadAheadTask.h"
+#include "camera/ReadAheadTask.h"
 
 namespace featurebrowser {
 

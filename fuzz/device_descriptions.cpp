@@ -1,7 +1,7 @@
 // Opens whatever the bytes say as a camera, reads it and writes to it. Either the bytes are the
 // text of a description, or they choose, node by node, what one is made of: that reaches deeper.
 
-#include "Camera.h"
+#include "camera/Camera.h"
 
 #include "featurebrowser/ZQCameraDevice.h"
 #include "featurebrowser/ZQCameraRepository.h"

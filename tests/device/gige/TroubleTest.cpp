@@ -1,7 +1,7 @@
 #include "GigeFixture.h"
 #include "base/StatusCodes.h"
 
-#include "Camera.h"
+#include "camera/Camera.h"
 
 #include "featurebrowser/ZQAcquisition.h"
 

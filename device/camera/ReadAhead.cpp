@@ -1,4 +1,4 @@
-#include "ReadAhead.h"
+#include "camera/ReadAhead.h"
 
 #include <algorithm>
 #include <functional>

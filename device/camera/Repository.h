@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Camera.h"
-#include "ReadAhead.h"
+#include "camera/Camera.h"
+#include "camera/ReadAhead.h"
 #include "features/FeatureReader.h"
 
 #include "featurebrowser/ZQCameraRepository.h"

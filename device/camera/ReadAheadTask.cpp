@@ -1,4 +1,4 @@
-#include "ReadAheadTask.h"
+#include "camera/ReadAheadTask.h"
 
 namespace zqcameralib {
 

@@ -1,4 +1,4 @@
-#include "ReconnectTask.h"
+#include "camera/ReconnectTask.h"
 
 namespace zqcameralib {
 

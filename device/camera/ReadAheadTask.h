@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Repository.h"
+#include "camera/Repository.h"
 
 #include "featurebrowser/ZQCameraTask.h"
 

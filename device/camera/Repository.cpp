@@ -1,7 +1,7 @@
-#include "Repository.h"
+#include "camera/Repository.h"
 
-#include "WriteBlock.h"
 #include "base/StatusCodes.h"
+#include "camera/WriteBlock.h"
 
 #include <algorithm>
 #include <array>

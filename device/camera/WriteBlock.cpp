@@ -1,4 +1,4 @@
-#include "WriteBlock.h"
+#include "camera/WriteBlock.h"
 
 #include "base/GlibError.h"
 

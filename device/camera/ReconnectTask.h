@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ReadAheadTask.h"
+#include "camera/ReadAheadTask.h"
 
 namespace zqcameralib {
 

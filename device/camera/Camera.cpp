@@ -1,4 +1,4 @@
-#include "Camera.h"
+#include "camera/Camera.h"
 
 #include "CommandBehaviour.h"
 #include "FavourableStart.h"
