@@ -1,8 +1,8 @@
 #include "featurebrowser/ZQCameraDevice.h"
 
-#include "DeviceOperations.h"
 #include "base/StatusCodes.h"
 #include "camera/ReconnectTask.h"
+#include "operations/DeviceOperations.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "DeviceOperations.h"
+#include "operations/DeviceOperations.h"
 
 #include "base/NumberText.h"
 #include "base/StatusCodes.h"

@@ -1,4 +1,4 @@
-#include "ConversionCheck.h"
+#include "operations/ConversionCheck.h"
 
 #include "base/GlibError.h"
 #include "base/NumberText.h"

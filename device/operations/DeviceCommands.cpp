@@ -1,4 +1,4 @@
-#include "DeviceOperations.h"
+#include "operations/DeviceOperations.h"
 
 #include "base/StatusCodes.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ConversionCheck.h"
 #include "base/GlibError.h"
 #include "camera/Camera.h"
 #include "features/FeatureReader.h"
+#include "operations/ConversionCheck.h"
 
 #include <chrono>
 #include <functional>
