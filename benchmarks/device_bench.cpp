@@ -12,7 +12,6 @@
 //
 // The part over GigE Vision is left out where there is no camera process or no such network.
 
-#include "CameraSession.h"
 #include "RawDevice.h"
 #include "SimulatedCamera.h"
 #include "camera/Camera.h"
@@ -20,6 +19,7 @@
 #include "gige/FakeCamera.h"
 #include "gige/FaultProxy.h"
 #include "gige/PrivateNetwork.h"
+#include "session/CameraSession.h"
 
 #include "featurebrowser/ZQCameraDevice.h"
 #include "featurebrowser/ZQCameraRepository.h"

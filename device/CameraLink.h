@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CameraSession.h"
-#include "LinkHealth.h"
 #include "base/AccessThread.h"
+#include "session/CameraSession.h"
+#include "session/LinkHealth.h"
 
 #include "featurebrowser/ZQCamera.h"
 

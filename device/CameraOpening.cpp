@@ -1,8 +1,8 @@
 #include "CameraOpening.h"
 
 #include "CameraLink.h"
-#include "Discovery.h"
 #include "camera/Camera.h"
+#include "session/Discovery.h"
 
 #include <thread>
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CameraSession.h"
 #include "base/AccessThread.h"
+#include "session/CameraSession.h"
 
 #include <mutex>
 

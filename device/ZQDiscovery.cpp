@@ -1,4 +1,4 @@
-#include "Discovery.h"
+#include "session/Discovery.h"
 
 #include "featurebrowser/ZQCamera.h"
 

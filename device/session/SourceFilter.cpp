@@ -1,4 +1,4 @@
-#include "SourceFilter.h"
+#include "session/SourceFilter.h"
 
 #include <arpa/inet.h>
 #include <linux/filter.h>

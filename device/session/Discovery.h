@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CameraSession.h"
+#include "session/CameraSession.h"
 
 #include "featurebrowser/ZQCamera.h"
 

@@ -1,4 +1,4 @@
-#include "GigeProbe.h"
+#include "session/GigeProbe.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>

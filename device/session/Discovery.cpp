@@ -1,4 +1,4 @@
-#include "Discovery.h"
+#include "session/Discovery.h"
 
 #include "base/LibraryLock.h"
 

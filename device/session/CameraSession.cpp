@@ -1,9 +1,9 @@
-#include "CameraSession.h"
+#include "session/CameraSession.h"
 
-#include "GigeProbe.h"
-#include "SourceFilter.h"
 #include "base/LibraryLock.h"
 #include "base/StatusCodes.h"
+#include "session/GigeProbe.h"
+#include "session/SourceFilter.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
