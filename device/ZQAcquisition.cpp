@@ -4,10 +4,10 @@
 #include "FormatReading.h"
 #include "FrameDelivery.h"
 #include "StartTask.h"
-#include "StreamOpening.h"
 #include "base/StatusCodes.h"
 #include "camera/Camera.h"
 #include "frames/SimulatedFrames.h"
+#include "stream/StreamOpening.h"
 
 #include "featurebrowser/ICameraDevice.h"
 

@@ -1,6 +1,6 @@
-#include "ImagePart.h"
 #include "StreamFixture.h"
-#include "StreamWords.h"
+#include "stream/ImagePart.h"
+#include "stream/StreamWords.h"
 
 #include <netinet/in.h>
 #include <sys/socket.h>

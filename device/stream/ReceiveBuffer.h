@@ -1,6 +1,6 @@
 #pragma once
 
-#include "StreamWords.h"
+#include "stream/StreamWords.h"
 
 #include <arv.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "CameraLink.h"
-#include "StreamOpening.h"
 #include "frames/FrameSource.h"
+#include "stream/StreamOpening.h"
 
 namespace zqcameralib {
 

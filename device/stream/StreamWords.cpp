@@ -1,4 +1,4 @@
-#include "StreamWords.h"
+#include "stream/StreamWords.h"
 
 namespace zqcameralib {
 

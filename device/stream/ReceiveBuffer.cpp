@@ -1,4 +1,4 @@
-#include "ReceiveBuffer.h"
+#include "stream/ReceiveBuffer.h"
 
 #include <arpa/inet.h>
 #include <linux/if_ether.h>

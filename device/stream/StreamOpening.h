@@ -1,8 +1,8 @@
 #pragma once
 
 #include "CameraLink.h"
-#include "StreamWords.h"
 #include "frames/FrameSource.h"
+#include "stream/StreamWords.h"
 
 #include <chrono>
 #include <memory>

@@ -1,6 +1,6 @@
-#include "StreamFrames.h"
+#include "stream/StreamFrames.h"
 
-#include "ImagePart.h"
+#include "stream/ImagePart.h"
 
 #include <utility>
 

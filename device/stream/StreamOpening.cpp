@@ -1,9 +1,9 @@
-#include "StreamOpening.h"
+#include "stream/StreamOpening.h"
 
-#include "ReceiveBuffer.h"
-#include "StreamFrames.h"
 #include "base/GlibError.h"
 #include "base/StatusCodes.h"
+#include "stream/ReceiveBuffer.h"
+#include "stream/StreamFrames.h"
 
 #include <arpa/inet.h>
 

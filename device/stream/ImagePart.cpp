@@ -1,4 +1,4 @@
-#include "ImagePart.h"
+#include "stream/ImagePart.h"
 
 #include "frames/FrameSize.h"
 
