@@ -1,7 +1,7 @@
 #include "CameraOpening.h"
 
-#include "CameraLink.h"
 #include "camera/Camera.h"
+#include "link/CameraLink.h"
 #include "session/Discovery.h"
 
 #include <thread>

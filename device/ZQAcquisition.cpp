@@ -1,12 +1,12 @@
 #include "featurebrowser/ZQAcquisition.h"
 
-#include "CameraLink.h"
 #include "FormatReading.h"
 #include "FrameDelivery.h"
 #include "StartTask.h"
 #include "base/StatusCodes.h"
 #include "camera/Camera.h"
 #include "frames/SimulatedFrames.h"
+#include "link/CameraLink.h"
 #include "stream/StreamOpening.h"
 
 #include "featurebrowser/ICameraDevice.h"

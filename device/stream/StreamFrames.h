@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CameraLink.h"
 #include "frames/FrameSource.h"
+#include "link/CameraLink.h"
 #include "stream/StreamOpening.h"
 
 namespace zqcameralib {

@@ -3,8 +3,8 @@
 #include "GigeFixture.h"
 #include "base/StatusCodes.h"
 
-#include "CameraLink.h"
 #include "camera/Camera.h"
+#include "link/CameraLink.h"
 
 #include "featurebrowser/ZQAcquisition.h"
 

@@ -1,4 +1,4 @@
-#include "RegisterBatch.h"
+#include "link/RegisterBatch.h"
 
 #include <utility>
 

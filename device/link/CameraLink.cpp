@@ -1,7 +1,7 @@
-#include "CameraLink.h"
+#include "link/CameraLink.h"
 
-#include "RegisterBatch.h"
 #include "base/StatusCodes.h"
+#include "link/RegisterBatch.h"
 
 #include <algorithm>
 #include <utility>
