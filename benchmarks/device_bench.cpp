@@ -13,13 +13,13 @@
 // The part over GigE Vision is left out where there is no camera process or no such network.
 
 #include "RawDevice.h"
-#include "SimulatedCamera.h"
 #include "camera/Camera.h"
 #include "description/DescriptionFile.h"
 #include "gige/FakeCamera.h"
 #include "gige/FaultProxy.h"
 #include "gige/PrivateNetwork.h"
 #include "session/CameraSession.h"
+#include "simulation/SimulatedCamera.h"
 
 #include "featurebrowser/ZQCameraDevice.h"
 #include "featurebrowser/ZQCameraRepository.h"

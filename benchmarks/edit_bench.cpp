@@ -8,8 +8,8 @@
 //   edit/raw           time over one raw write and read of the same feature by Aravis itself
 
 #include "RawDevice.h"
-#include "SimulatedCamera.h"
 #include "camera/Camera.h"
+#include "simulation/SimulatedCamera.h"
 
 #include "featurebrowser/ZQCamera.h"
 #include "featurebrowser/ZQCameraRepository.h"

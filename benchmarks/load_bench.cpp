@@ -6,9 +6,9 @@
 //                   same facts of the same features; to reach: at most 1.4
 
 #include "RawDevice.h"
-#include "SimulatedCamera.h"
 #include "camera/Camera.h"
 #include "description/DescriptionFile.h"
+#include "simulation/SimulatedCamera.h"
 
 #include "featurebrowser/ZQCamera.h"
 #include "featurebrowser/ZQCameraRepository.h"

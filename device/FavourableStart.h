@@ -1,7 +1,7 @@
 #pragma once
 
-#include "RegisterMemory.h"
 #include "camera/Camera.h"
+#include "simulation/RegisterMemory.h"
 
 namespace zqcameralib {
 

@@ -1,9 +1,9 @@
 #include "featurebrowser/ZQCamera.h"
 
 #include "CameraOpening.h"
-#include "SimulatedCamera.h"
 #include "camera/Camera.h"
 #include "description/DescriptionFile.h"
+#include "simulation/SimulatedCamera.h"
 
 namespace zqcameralib {
 

@@ -1,10 +1,10 @@
 #include "camera/Camera.h"
 
-#include "CommandBehaviour.h"
 #include "FavourableStart.h"
 #include "base/GlibError.h"
 #include "description/DescriptionCheck.h"
 #include "nodemap/NodeMapXml.h"
+#include "simulation/CommandBehaviour.h"
 
 #include <utility>
 

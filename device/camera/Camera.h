@@ -1,6 +1,5 @@
 #pragma once
 
-#include "MemoryBackend.h"
 #include "base/LastError.h"
 #include "description/DependencyGraph.h"
 #include "description/Description.h"
@@ -8,6 +7,7 @@
 #include "features/Feature.h"
 #include "nodemap/PortDevice.h"
 #include "registers/RegisterPort.h"
+#include "simulation/MemoryBackend.h"
 
 #include "featurebrowser/ZQCamera.h"
 

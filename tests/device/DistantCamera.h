@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MemoryBackend.h"
 #include "base/StatusCodes.h"
+#include "simulation/MemoryBackend.h"
 
 #include <cstdint>
 #include <optional>

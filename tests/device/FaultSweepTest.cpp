@@ -1,6 +1,6 @@
 #include "DistantCamera.h"
-#include "SimulatedCamera.h"
 #include "TestCamera.h"
+#include "simulation/SimulatedCamera.h"
 
 #include <functional>
 #include <map>

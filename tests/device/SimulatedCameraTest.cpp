@@ -1,8 +1,8 @@
-#include "SimulatedCamera.h"
+#include "simulation/SimulatedCamera.h"
 
-#include "RegisterMemory.h"
-#include "RegisterValues.h"
-#include "SimulatedCameraRegisters.h"
+#include "simulation/RegisterMemory.h"
+#include "simulation/RegisterValues.h"
+#include "simulation/SimulatedCameraRegisters.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
-#include "RegisterValues.h"
+#include "simulation/RegisterValues.h"
 
-#include "RegisterMemory.h"
+#include "simulation/RegisterMemory.h"
 
 #include <array>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "RegisterMemory.h"
+#include "simulation/RegisterMemory.h"
 
 #include <algorithm>
 

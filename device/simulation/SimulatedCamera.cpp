@@ -1,9 +1,9 @@
-#include "SimulatedCamera.h"
+#include "simulation/SimulatedCamera.h"
 
-#include "RegisterMemory.h"
-#include "RegisterValues.h"
-#include "SimulatedCameraRegisters.h"
-#include "UserSets.h"
+#include "simulation/RegisterMemory.h"
+#include "simulation/RegisterValues.h"
+#include "simulation/SimulatedCameraRegisters.h"
+#include "simulation/UserSets.h"
 
 #include <cmath>
 #include <initializer_list>

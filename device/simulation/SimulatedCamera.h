@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CameraBehaviour.h"
+#include "simulation/CameraBehaviour.h"
 
 #include <chrono>
 #include <functional>

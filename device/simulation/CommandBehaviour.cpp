@@ -1,6 +1,6 @@
-#include "CommandBehaviour.h"
+#include "simulation/CommandBehaviour.h"
 
-#include "RegisterMemory.h"
+#include "simulation/RegisterMemory.h"
 
 namespace zqcameralib {
 

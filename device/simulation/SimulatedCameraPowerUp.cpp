@@ -1,6 +1,6 @@
-#include "SimulatedCameraRegisters.h"
+#include "simulation/SimulatedCameraRegisters.h"
 
-#include "RegisterValues.h"
+#include "simulation/RegisterValues.h"
 
 #include <initializer_list>
 

@@ -1,6 +1,6 @@
-#include "UserSets.h"
+#include "simulation/UserSets.h"
 
-#include "SimulatedCameraRegisters.h"
+#include "simulation/SimulatedCameraRegisters.h"
 
 #include <initializer_list>
 #include <vector>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RegisterMemory.h"
+#include "simulation/RegisterMemory.h"
 
 #include <array>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "MemoryBackend.h"
+#include "simulation/MemoryBackend.h"
 
 #include <utility>
 
