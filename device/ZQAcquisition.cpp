@@ -1,8 +1,8 @@
 #include "featurebrowser/ZQAcquisition.h"
 
-#include "FormatReading.h"
-#include "FrameDelivery.h"
-#include "StartTask.h"
+#include "acquisition/FormatReading.h"
+#include "acquisition/FrameDelivery.h"
+#include "acquisition/StartTask.h"
 #include "base/StatusCodes.h"
 #include "camera/Camera.h"
 #include "frames/SimulatedFrames.h"

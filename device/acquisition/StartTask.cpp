@@ -1,4 +1,4 @@
-#include "StartTask.h"
+#include "acquisition/StartTask.h"
 
 #include "base/StatusCodes.h"
 

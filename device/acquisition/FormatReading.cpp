@@ -1,4 +1,4 @@
-#include "FormatReading.h"
+#include "acquisition/FormatReading.h"
 
 #include "base/GlibError.h"
 #include "base/StatusCodes.h"

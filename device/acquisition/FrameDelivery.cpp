@@ -1,4 +1,4 @@
-#include "FrameDelivery.h"
+#include "acquisition/FrameDelivery.h"
 
 #include <algorithm>
 #include <cmath>
