@@ -1,8 +1,8 @@
 #include "featurebrowser/ZQCamera.h"
 
-#include "CameraOpening.h"
 #include "camera/Camera.h"
 #include "description/DescriptionFile.h"
+#include "opening/CameraOpening.h"
 #include "simulation/SimulatedCamera.h"
 
 namespace zqcameralib {

@@ -1,9 +1,9 @@
 #include "camera/Camera.h"
 
-#include "FavourableStart.h"
 #include "base/GlibError.h"
 #include "description/DescriptionCheck.h"
 #include "nodemap/NodeMapXml.h"
+#include "opening/FavourableStart.h"
 #include "simulation/CommandBehaviour.h"
 
 #include <utility>

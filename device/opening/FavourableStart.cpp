@@ -1,4 +1,4 @@
-#include "FavourableStart.h"
+#include "opening/FavourableStart.h"
 
 #include "base/GlibError.h"
 

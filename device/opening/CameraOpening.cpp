@@ -1,4 +1,4 @@
-#include "CameraOpening.h"
+#include "opening/CameraOpening.h"
 
 #include "camera/Camera.h"
 #include "link/CameraLink.h"
