@@ -5,8 +5,8 @@
 #include "acquisition/StartTask.h"
 #include "base/StatusCodes.h"
 #include "camera/Camera.h"
-#include "frames/SimulatedFrames.h"
 #include "link/CameraLink.h"
+#include "memory/SimulatedFrames.h"
 #include "stream/StreamOpening.h"
 
 #include "featurebrowser/ICameraDevice.h"

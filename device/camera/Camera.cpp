@@ -2,9 +2,9 @@
 
 #include "base/GlibError.h"
 #include "description/DescriptionCheck.h"
+#include "memory/CommandBehaviour.h"
 #include "nodemap/NodeMapXml.h"
 #include "opening/FavourableStart.h"
-#include "simulation/CommandBehaviour.h"
 
 #include <utility>
 

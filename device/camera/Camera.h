@@ -5,9 +5,9 @@
 #include "description/Description.h"
 #include "features/CertainReads.h"
 #include "features/Feature.h"
+#include "memory/MemoryBackend.h"
 #include "nodemap/PortDevice.h"
 #include "registers/RegisterPort.h"
-#include "simulation/MemoryBackend.h"
 
 #include "featurebrowser/ZQCamera.h"
 

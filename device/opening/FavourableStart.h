@@ -1,7 +1,7 @@
 #pragma once
 
 #include "camera/Camera.h"
-#include "simulation/RegisterMemory.h"
+#include "memory/RegisterMemory.h"
 
 namespace zqcameralib {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulation/CameraBehaviour.h"
+#include "memory/CameraBehaviour.h"
 
 #include <chrono>
 #include <functional>

@@ -1,6 +1,6 @@
 #include "simulation/SimulatedCameraRegisters.h"
 
-#include "simulation/RegisterValues.h"
+#include "memory/RegisterValues.h"
 
 #include <initializer_list>
 

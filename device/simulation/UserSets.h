@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulation/RegisterMemory.h"
+#include "memory/RegisterMemory.h"
 
 #include <array>
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "TestCamera.h"
 #include "base/StatusCodes.h"
-#include "frames/SimulatedFrames.h"
+#include "memory/SimulatedFrames.h"
 
 #include "featurebrowser/ZQAcquisition.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/StatusCodes.h"
-#include "simulation/MemoryBackend.h"
+#include "memory/MemoryBackend.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "simulation/SimulatedCamera.h"
 
-#include "simulation/RegisterMemory.h"
-#include "simulation/RegisterValues.h"
+#include "memory/RegisterMemory.h"
+#include "memory/RegisterValues.h"
 #include "simulation/SimulatedCameraRegisters.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-#include "simulation/RegisterMemory.h"
+#include "memory/RegisterMemory.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "simulation/MemoryBackend.h"
+#include "memory/MemoryBackend.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
-#include "simulation/CommandBehaviour.h"
+#include "memory/CommandBehaviour.h"
 
-#include "simulation/RegisterMemory.h"
+#include "memory/RegisterMemory.h"
 
 namespace zqcameralib {
 

@@ -1,4 +1,4 @@
-#include "frames/SimulatedFrames.h"
+#include "memory/SimulatedFrames.h"
 
 #include "frames/FrameSize.h"
 

@@ -1,6 +1,6 @@
-#include "simulation/RegisterValues.h"
+#include "memory/RegisterValues.h"
 
-#include "simulation/RegisterMemory.h"
+#include "memory/RegisterMemory.h"
 
 #include <array>
 #include <cstring>

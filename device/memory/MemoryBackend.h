@@ -1,8 +1,8 @@
 #pragma once
 
+#include "memory/CameraBehaviour.h"
+#include "memory/RegisterMemory.h"
 #include "registers/RegisterBackend.h"
-#include "simulation/CameraBehaviour.h"
-#include "simulation/RegisterMemory.h"
 
 #include <memory>
 
