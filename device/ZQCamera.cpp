@@ -3,6 +3,7 @@
 #include "camera/Camera.h"
 #include "description/DescriptionFile.h"
 #include "opening/CameraOpening.h"
+#include "opening/SimulatedOpening.h"
 #include "simulation/SimulatedCamera.h"
 
 namespace zqcameralib {

@@ -2,6 +2,7 @@
 // text of a description, or they choose, node by node, what one is made of: that reaches deeper.
 
 #include "camera/Camera.h"
+#include "opening/SimulatedOpening.h"
 
 #include "featurebrowser/ZQCameraDevice.h"
 #include "featurebrowser/ZQCameraRepository.h"

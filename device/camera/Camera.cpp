@@ -2,9 +2,7 @@
 
 #include "base/GlibError.h"
 #include "description/DescriptionCheck.h"
-#include "memory/CommandBehaviour.h"
 #include "nodemap/NodeMapXml.h"
-#include "opening/FavourableStart.h"
 
 #include <utility>
 
@@ -144,51 +142,11 @@ const ZQCamera::Impl::Registers& ZQCamera::Impl::written(const Feature& feature)
     return found == m_contents->written.end() ? none : found->second;
 }
 
-namespace {
-
-void addCommandRegisters(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
-{
-    for (const Feature& feature : camera.features()) {
-        if (feature.commandRegister == nullptr) {
-            continue;
-        }
-        const RegisterPort::Recorder recorder(camera.port());
-        GlibError error;
-        arv_gc_integer_get_value(ARV_GC_INTEGER(feature.commandRegister), error.out());
-        if (!error && !recorder.read.empty()) {
-            const RegisterPort::Register& last = recorder.read.back();
-            behaviour.addCommandRegister(last.first, last.second);
-        }
-    }
-}
-
-} // namespace
-
 std::unique_ptr<ZQCamera::Impl> openOver(
     std::string text, std::unique_ptr<RegisterBackend> backend, std::string& error)
 {
     auto camera = std::make_unique<ZQCamera::Impl>(std::move(backend));
     return camera->use(std::move(text), openLimit, error) ? std::move(camera) : nullptr;
-}
-
-std::unique_ptr<ZQCamera::Impl> openSimulated(
-    std::string text, std::unique_ptr<CameraBehaviour> behaviour, std::string& error)
-{
-    return openOver(std::move(text), std::make_unique<MemoryBackend>(std::move(behaviour)), error);
-}
-
-std::unique_ptr<ZQCamera::Impl> openDescription(std::string text, std::string& error)
-{
-    auto behaviour = std::make_unique<CommandBehaviour>();
-    CommandBehaviour& commands = *behaviour;
-    auto backend = std::make_unique<MemoryBackend>(std::move(behaviour));
-    RegisterMemory& memory = backend->memory();
-    std::unique_ptr<ZQCamera::Impl> camera = openOver(std::move(text), std::move(backend), error);
-    if (camera) {
-        startFavourably(*camera, memory);
-        addCommandRegisters(*camera, commands);
-    }
-    return camera;
 }
 
 } // namespace zqcameralib

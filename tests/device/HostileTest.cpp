@@ -1,6 +1,8 @@
 #include "HostileDescriptions.h"
 #include "TestCamera.h"
 
+#include "opening/SimulatedOpening.h"
+
 #include <sys/resource.h>
 
 #include <chrono>

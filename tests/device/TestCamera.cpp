@@ -1,5 +1,7 @@
 #include "TestCamera.h"
 
+#include "opening/SimulatedOpening.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
