@@ -138,14 +138,16 @@ void measure(
     std::uint64_t rawReads = 0;
     std::size_t distinct = 0;
     while (state.KeepRunning()) {
-        std::vector<RegisterPort::Register> trace;
         prepare();
         port.invalidate();
         const std::uint64_t before = port.reads();
-        port.setTrace(&trace);
-        const double seconds = secondsOf(work);
-        port.setTrace(nullptr);
-        const Registers registers(trace.begin(), trace.end());
+        Registers registers;
+        double seconds = 0.0;
+        {
+            const RegisterPort::Recorder recorder(port);
+            seconds = secondsOf(work);
+            registers.insert(recorder.read.begin(), recorder.read.end());
+        }
         state.SetIterationTime(seconds);
         ours += seconds;
         reads = port.reads() - before;

@@ -93,11 +93,11 @@ void load(benchmark::State& state, const std::string& path)
         reads = port.reads() - before;
         state.SetIterationTime(secondsSince(start));
 
-        std::vector<RegisterPort::Register> trace;
-        port.setTrace(&trace);
-        browser.ReloadFeatureBrowser();
-        port.setTrace(nullptr);
-        distinct = std::set<RegisterPort::Register>(trace.begin(), trace.end()).size();
+        {
+            const RegisterPort::Recorder recorder(port);
+            browser.ReloadFeatureBrowser();
+            distinct = std::set(recorder.read.begin(), recorder.read.end()).size();
+        }
         rawSeconds += rawPass(*camera, path, rawReads);
     }
     state.counters["distinct"] = double(distinct);

@@ -58,9 +58,6 @@ std::uint64_t RegisterPort::snapshotNumber()
 
 void RegisterPort::note(const Register& key)
 {
-    if (m_trace != nullptr) {
-        m_trace->push_back(key);
-    }
     for (Recorder* recorder : m_recorders) {
         recorder->read.push_back(key);
     }

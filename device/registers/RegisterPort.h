@@ -128,8 +128,6 @@ public:
     std::uint64_t changes() const { return m_changes; }
 
     void setFaultHook(FaultHook hook) { m_faultHook = std::move(hook); }
-    /// While set, every register read, from the snapshot or not, is appended to `trace`.
-    void setTrace(std::vector<Register>* trace) { m_trace = trace; }
 
 private:
     struct Kept {
@@ -162,7 +160,6 @@ private:
     AccessError m_lastFailure;
     AccessKind m_fourByteKind = AccessKind::Memory; ///< what this camera wants for four bytes
     FaultHook m_faultHook;
-    std::vector<Register>* m_trace = nullptr;
     std::vector<Recorder*> m_recorders;
     Ahead* m_ahead = nullptr;
 };

@@ -220,14 +220,13 @@ TEST(Record, CarriesWhatAUserReads)
 TEST(Load, ReadsEachRegisterOnceAndItsRecordsNotAgain)
 {
     TestCamera camera(TestCamera::simulated());
-    std::vector<zqcameralib::RegisterPort::Register> read;
-    camera.port.setTrace(&read);
+    zqcameralib::RegisterPort::Recorder recorder(camera.port);
     const std::uint64_t before = camera.port.reads();
     camera.repository.Load();
     for (const auto& record : camera.repository.GetFeatureList()) {
         camera.repository.ReadFeature(record);
     }
-    camera.port.setTrace(nullptr);
+    std::vector<zqcameralib::RegisterPort::Register>& read = recorder.read;
     const std::size_t all = read.size();
     std::sort(read.begin(), read.end());
     read.erase(std::unique(read.begin(), read.end()), read.end());

@@ -127,12 +127,10 @@ TEST_F(SimulatedDescriptionTest, ShowsEveryKindOfFeatureAtEveryLevel)
 // A camera that serves this description over GigE Vision has 64 KB of registers.
 TEST_F(SimulatedDescriptionTest, RegistersStayBelow64KB)
 {
-    std::vector<zqcameralib::RegisterPort::Register> trace;
-    m_camera->impl().port().setTrace(&trace);
+    const zqcameralib::RegisterPort::Recorder recorder(m_camera->impl().port());
     EXPECT_EQ(repository().Load(), 0);
-    m_camera->impl().port().setTrace(nullptr);
-    EXPECT_GT(trace.size(), 150U);
-    for (const auto& [address, size] : trace) {
+    EXPECT_GT(recorder.read.size(), 150U);
+    for (const auto& [address, size] : recorder.read) {
         EXPECT_LT(address + size, 0x10000U);
     }
 }

@@ -233,8 +233,7 @@ TEST_F(Trouble, ATreeCostsOneRoundTripPerRegister)
     open();
     m_proxy.set(slow(5ms));
     for (const bool isBeside : { false, true }) {
-        std::vector<RegisterPort::Register> trace;
-        m_camera->impl().port().setTrace(&trace);
+        const RegisterPort::Recorder recorder(m_camera->impl().port());
         const std::uint64_t before = m_proxy.requests();
         ZQCameraDevice fresh(m_camera.get(), nullptr);
         if (isBeside) {
@@ -244,8 +243,7 @@ TEST_F(Trouble, ATreeCostsOneRoundTripPerRegister)
         for (const auto& item : fresh.GetRepository()->GetFeatureList()) {
             EXPECT_TRUE(fresh.GetRepository()->ReadFeature(item)) << item->name;
         }
-        m_camera->impl().port().setTrace(nullptr);
-        const std::set<RegisterPort::Register> distinct(trace.begin(), trace.end());
+        const std::set<RegisterPort::Register> distinct(recorder.read.begin(), recorder.read.end());
         // Those that keep the control come on top, one a second.
         EXPECT_LE(m_proxy.requests() - before, distinct.size() * 11 / 10) << isBeside;
     }
@@ -365,13 +363,11 @@ TEST_F(Trouble, AFeatureThatAloneFailsKeepsItsValueAndIsMarked)
     open();
     RegisterPort& port = m_camera->impl().port();
     const std::string value = m_repository->GetFeature("Gamma")->valueText;
-    std::vector<RegisterPort::Register> trace;
-    port.setTrace(&trace);
+    const RegisterPort::Recorder recorder(port);
     m_repository->ReadFeature(m_repository->GetFeature("Gamma"));
     EXPECT_TRUE(m_repository->ReadFeature(m_repository->GetFeature("Gamma")));
-    port.setTrace(nullptr);
-    ASSERT_FALSE(trace.empty());
-    const std::uint64_t gamma = trace.back().first;
+    ASSERT_FALSE(recorder.read.empty());
+    const std::uint64_t gamma = recorder.read.back().first;
     port.setFaultHook(
         [gamma](std::uint64_t address, std::size_t, bool) { return address == gamma; });
     // Reads together do not pass the hook: alone it shows what one register does.
