@@ -1,8 +1,8 @@
 #include "camera/Camera.h"
 
 #include "base/GlibError.h"
-#include "description/DescriptionCheck.h"
 #include "nodemap/NodeMapXml.h"
+#include "validation/DescriptionCheck.h"
 
 #include <utility>
 

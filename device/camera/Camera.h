@@ -3,8 +3,8 @@
 #include "base/LastError.h"
 #include "description/DependencyGraph.h"
 #include "description/Description.h"
-#include "features/CertainReads.h"
 #include "features/Feature.h"
+#include "features/PrefetchPlan.h"
 #include "nodemap/PortDevice.h"
 #include "registers/RegisterPort.h"
 

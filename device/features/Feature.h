@@ -1,7 +1,7 @@
 #pragma once
 
 #include "description/Description.h"
-#include "description/FeatureTree.h"
+#include "description/FeatureListing.h"
 
 #include <arv.h>
 

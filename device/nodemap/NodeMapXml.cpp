@@ -1,8 +1,8 @@
 #include "nodemap/NodeMapXml.h"
 
-#include "description/DescriptionCheck.h"
-#include "description/FeatureTree.h"
+#include "description/FeatureListing.h"
 #include "nodemap/FormulaGuard.h"
+#include "validation/DescriptionCheck.h"
 
 #include <algorithm>
 #include <unordered_map>

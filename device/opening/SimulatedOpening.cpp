@@ -3,7 +3,7 @@
 #include "base/GlibError.h"
 #include "memory/CommandBehaviour.h"
 #include "memory/MemoryBackend.h"
-#include "opening/FavourableStart.h"
+#include "opening/InitialRegisters.h"
 
 #include <utility>
 

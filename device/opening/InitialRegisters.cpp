@@ -1,4 +1,4 @@
-#include "opening/FavourableStart.h"
+#include "opening/InitialRegisters.h"
 
 #include "base/GlibError.h"
 

@@ -1,7 +1,7 @@
-#include "features/CertainReads.h"
+#include "features/PrefetchPlan.h"
 
 #include "description/DependencyGraph.h"
-#include "description/DescriptionCheck.h"
+#include "validation/DescriptionCheck.h"
 
 #include "featurebrowser/FeatureItem.h"
 

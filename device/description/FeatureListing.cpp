@@ -1,4 +1,4 @@
-#include "description/FeatureTree.h"
+#include "description/FeatureListing.h"
 
 #include "featurebrowser/FeatureTypes.h"
 

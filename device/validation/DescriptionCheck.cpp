@@ -1,4 +1,4 @@
-#include "description/DescriptionCheck.h"
+#include "validation/DescriptionCheck.h"
 
 #include <algorithm>
 #include <cstdint>
