@@ -39,12 +39,12 @@ bool ZQCamera::Impl::use(std::string text, std::chrono::milliseconds limit, std:
         return false;
     }
     contents->features = collectFeatures(
-        description, buildFeatureTree(description), zqcameralib::nodeMap(*contents->device));
+        description, listFeatures(description), zqcameralib::nodeMap(*contents->device));
     for (std::size_t i = 0; i < contents->features.size(); ++i) {
         contents->byName.emplace(contents->features[i].name, i);
     }
     if (m_port.backend().prefersBatches()) {
-        contents->certainReads = CertainReads(description, contents->features);
+        contents->prefetchPlan = PrefetchPlan(description, contents->features);
     }
     m_contents = std::move(contents);
     ++m_generation;

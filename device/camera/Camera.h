@@ -45,7 +45,7 @@ public:
     /// Built when it is first asked for.
     const DependencyGraph& dependencies() const;
     /// Nothing where reading registers together gains nothing.
-    const CertainReads& certainReads() const { return m_contents->certainReads; }
+    const PrefetchPlan& prefetchPlan() const { return m_contents->prefetchPlan; }
     /// Where the last write to a feature went to.
     void setWritten(const Feature& feature, Registers registers);
     /// Empty when the feature has not been written yet.
@@ -65,7 +65,7 @@ private:
         std::unique_ptr<DependencyGraph> dependencies;
         PortDevicePointer device;
         std::vector<Feature> features;
-        CertainReads certainReads;
+        PrefetchPlan prefetchPlan;
         std::unordered_map<std::string_view, std::size_t> byName;
         std::unordered_map<const Feature*, Registers> written;
     };

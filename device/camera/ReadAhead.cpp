@@ -36,7 +36,7 @@ void ReadAhead::begin(const Registers& registers)
     }
     m_wantsConditional = registers.empty() && !isPartial();
     m_camera.port().backend().check();
-    request(unknown(m_wantsConditional ? m_camera.certainReads().always : registers));
+    request(unknown(m_wantsConditional ? m_camera.prefetchPlan().always : registers));
 }
 
 void ReadAhead::request(Requests requests)
@@ -71,7 +71,7 @@ RegisterBackend::Requests ReadAhead::conditional()
 {
     Requests ignored;
     const RegisterPort::Ahead ahead(m_camera.port(), m_known, &ignored);
-    const std::vector<Registers>& byFeature = m_camera.certainReads().whenAvailable;
+    const std::vector<Registers>& byFeature = m_camera.prefetchPlan().whenAvailable;
     Registers registers;
     for (std::size_t i = 0; i < byFeature.size(); ++i) {
         if (!byFeature[i].empty()

@@ -224,11 +224,11 @@ void ZQCameraRepository::Impl::prefetchLoad()
         port.prefetch(m_loadRegisters);
         return;
     }
-    const zqcameralib::CertainReads& certain = m_camera.certainReads();
-    port.prefetch(certain.always);
-    zqcameralib::CertainReads::Registers conditional;
-    for (std::size_t i = 0; i < certain.whenAvailable.size(); ++i) {
-        const auto& registers = certain.whenAvailable[i];
+    const zqcameralib::PrefetchPlan& plan = m_camera.prefetchPlan();
+    port.prefetch(plan.always);
+    zqcameralib::PrefetchPlan::Registers conditional;
+    for (std::size_t i = 0; i < plan.whenAvailable.size(); ++i) {
+        const auto& registers = plan.whenAvailable[i];
         if (!registers.empty() && m_reader.state(m_camera.features()[i]) != FEATURE_NOT_AVAILABLE) {
             conditional.insert(conditional.end(), registers.begin(), registers.end());
         }
@@ -385,7 +385,7 @@ bool ZQCameraRepository::Impl::touchesMoving(const Feature& feature) const
 {
     const auto node
         = static_cast<std::size_t>(feature.node - m_camera.description().nodes().data());
-    return m_camera.dependencies().touchesMovingRegister(node);
+    return m_camera.dependencies().readsVariableAddress(node);
 }
 
 /// Registers at fixed places are compared, bit by bit, in the description already.

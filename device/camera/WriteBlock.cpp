@@ -99,7 +99,7 @@ std::string lockReason(ZQCamera::Impl& camera, const Feature& feature)
 
 std::string unavailableReason(ZQCamera::Impl& camera, const Feature& feature)
 {
-    if (feature.isDetached) {
+    if (feature.isChunkOrEventData) {
         return "comes only with images or events";
     }
     const std::string names

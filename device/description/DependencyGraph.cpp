@@ -100,13 +100,13 @@ DependencyGraph::DependencyGraph(const Description& description)
     , m_dependents(description.nodes().size())
     , m_written(description.nodes().size())
     , m_declared(description.nodes().size())
-    , m_touchesMoving(description.nodes().size(), false)
+    , m_readsVariableAddress(description.nodes().size(), false)
 {
     for (std::size_t node = 0; node < description.nodes().size(); ++node) {
         addReferences(node);
     }
     addOverlaps();
-    findMovingRegisters();
+    findVariableAddresses();
 }
 
 void DependencyGraph::addReferences(std::size_t node)
@@ -153,12 +153,12 @@ void DependencyGraph::addOverlaps()
     }
 }
 
-void DependencyGraph::findMovingRegisters()
+void DependencyGraph::findVariableAddresses()
 {
     std::vector<std::size_t> pending;
     const auto mark = [&](std::size_t node) {
-        if (!m_touchesMoving[node]) {
-            m_touchesMoving[node] = true;
+        if (!m_readsVariableAddress[node]) {
+            m_readsVariableAddress[node] = true;
             pending.push_back(node);
         }
     };

@@ -26,19 +26,19 @@ public:
 
     /// Whether reading the node can touch a register whose place is not fixed: then only running
     /// shows what it overlaps with.
-    bool touchesMovingRegister(std::size_t node) const { return m_touchesMoving[node]; }
+    bool readsVariableAddress(std::size_t node) const { return m_readsVariableAddress[node]; }
 
 private:
     void addReferences(std::size_t node);
     void addOverlaps();
-    void findMovingRegisters();
+    void findVariableAddresses();
 
     const Description& m_description;
     std::vector<std::vector<std::size_t>> m_dependents; ///< by node: who changes with it
     std::vector<std::vector<std::size_t>> m_written; ///< by node: what a write passes on to
     /// By node: who changes in the camera, with the registers behind, as the description declares.
     std::vector<std::vector<std::size_t>> m_declared;
-    std::vector<bool> m_touchesMoving;
+    std::vector<bool> m_readsVariableAddress;
 };
 
 } // namespace zqcameralib

@@ -12,15 +12,15 @@ namespace {
 /// Deeper categories are not followed; real descriptions reach 6.
 constexpr std::uint8_t maxDepth = 100;
 
-class TreeBuilder {
+class Lister {
 public:
-    explicit TreeBuilder(const Description& description)
+    explicit Lister(const Description& description)
         : m_description(description)
         , m_seen(description.nodes().size(), false)
     {
     }
 
-    std::vector<TreeEntry> build()
+    std::vector<ListedNode> build()
     {
         const std::size_t root = m_description.find("Root");
         m_seen[root] = true;
@@ -85,14 +85,14 @@ private:
 
     const Description& m_description;
     std::vector<bool> m_seen;
-    std::vector<TreeEntry> m_entries;
+    std::vector<ListedNode> m_entries;
 };
 
 } // namespace
 
-std::vector<TreeEntry> buildFeatureTree(const Description& description)
+std::vector<ListedNode> listFeatures(const Description& description)
 {
-    return TreeBuilder(description).build();
+    return Lister(description).build();
 }
 
 bool isFeatureKind(std::string_view kind)

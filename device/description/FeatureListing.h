@@ -7,8 +7,8 @@
 
 namespace zqcameralib {
 
-/// One row of the feature tree.
-struct TreeEntry {
+/// A category or feature in the order in which they are listed.
+struct ListedNode {
     std::size_t node; ///< index in the description
     std::uint8_t depth; ///< 0 for a top-level category
     bool isCategory;
@@ -18,7 +18,7 @@ struct TreeEntry {
 /// The root itself is no row, unless it holds features directly: then it stands first, as a
 /// top-level category with those features. References to nodes that do not exist, and of
 /// categories to themselves, are left out, as are Invisible features.
-std::vector<TreeEntry> buildFeatureTree(const Description& description);
+std::vector<ListedNode> listFeatures(const Description& description);
 
 /// Whether a node of this kind can be a feature.
 bool isFeatureKind(std::string_view kind);

@@ -110,11 +110,11 @@ int registerBits(const DescriptionNode& node)
 }
 
 /// Whether a value comes, directly or through formulas, from a register on such a port.
-bool readsDetachedPort(const Description& description, const DescriptionNode& start)
+bool readsChunkOrEventPort(const Description& description, const DescriptionNode& start)
 {
     std::vector<const DescriptionNode*> pending { &start };
     for (std::size_t at = 0; at < pending.size() && at < maxValueNodes; ++at) {
-        if (isOnDetachedPort(description, *pending[at])) {
+        if (isOnChunkOrEventPort(description, *pending[at])) {
             return true;
         }
         for (const Reference& r : pending[at]->references) {
@@ -259,10 +259,10 @@ std::string descriptionText(const DescriptionNode& node)
     return text;
 }
 
-ParentNames selectorNames(const Description& description, const std::vector<TreeEntry>& tree)
+ParentNames selectorNames(const Description& description, const std::vector<ListedNode>& tree)
 {
     ParentNames names;
-    for (const TreeEntry& entry : tree) {
+    for (const ListedNode& entry : tree) {
         const DescriptionNode& selector = description.node(entry.node);
         for (const Reference& reference : selector.references) {
             if (reference.tag == "pSelected" && reference.target != Description::absent) {
@@ -274,7 +274,7 @@ ParentNames selectorNames(const Description& description, const std::vector<Tree
     return names;
 }
 
-Feature describe(const Description& description, const TreeEntry& entry, ArvGc* nodeMap)
+Feature describe(const Description& description, const ListedNode& entry, ArvGc* nodeMap)
 {
     Feature feature;
     feature.node = &description.node(entry.node);
@@ -295,7 +295,7 @@ Feature describe(const Description& description, const TreeEntry& entry, ArvGc* 
     feature.representation = representation(*feature.node);
     feature.isSelector = hasReference(*feature.node, "pSelected");
     addChainFacts(feature, description, nodeMap);
-    feature.isDetached = readsDetachedPort(description, *feature.node);
+    feature.isChunkOrEventData = readsChunkOrEventPort(description, *feature.node);
     if (feature.type == FEATURE_COMMAND) {
         setCommandFacts(feature, description, nodeMap);
     }
@@ -341,7 +341,7 @@ std::vector<const DescriptionNode*> valueChain(
     return chain;
 }
 
-bool isOnDetachedPort(const Description& description, const DescriptionNode& node)
+bool isOnChunkOrEventPort(const Description& description, const DescriptionNode& node)
 {
     return std::any_of(
         node.references.begin(), node.references.end(), [&description](const Reference& r) {
@@ -355,12 +355,12 @@ bool isOnDetachedPort(const Description& description, const DescriptionNode& nod
 }
 
 std::vector<Feature> collectFeatures(
-    const Description& description, const std::vector<TreeEntry>& tree, ArvGc* nodeMap)
+    const Description& description, const std::vector<ListedNode>& tree, ArvGc* nodeMap)
 {
     const ParentNames parents = selectorNames(description, tree);
     std::vector<Feature> features;
     features.reserve(tree.size());
-    for (const TreeEntry& entry : tree) {
+    for (const ListedNode& entry : tree) {
         features.push_back(describe(description, entry, nodeMap));
         const auto parent = parents.find(entry.node);
         if (parent != parents.end()) {

@@ -58,7 +58,7 @@ struct Feature {
     /// Texts: the register that holds them, null when none does.
     ArvGcRegister* textRegister = nullptr;
     /// The value comes with images or events (chunk and event ports): no register can be read.
-    bool isDetached = false;
+    bool isChunkOrEventData = false;
     /// The value comes from an integer formula, which may be undefined (FormulaGuard.h).
     bool isIntegerFormula = false;
     /// Writing it ends in a register of the camera, not in a value kept in the node map.
@@ -77,10 +77,10 @@ std::vector<const DescriptionNode*> valueChain(
     const Description& description, const DescriptionNode& start);
 
 /// Whether the node is a register on a port that only images or events fill.
-bool isOnDetachedPort(const Description& description, const DescriptionNode& node);
+bool isOnChunkOrEventPort(const Description& description, const DescriptionNode& node);
 
 /// All rows of the feature tree with their facts, in tree order.
 std::vector<Feature> collectFeatures(
-    const Description& description, const std::vector<TreeEntry>& tree, ArvGc* nodeMap);
+    const Description& description, const std::vector<ListedNode>& tree, ArvGc* nodeMap);
 
 } // namespace zqcameralib

@@ -62,7 +62,7 @@ FEATURE_STATE FeatureReader::state(const Feature& feature)
     }
     const std::uint64_t failures = m_port.failures();
     FEATURE_STATE state = FEATURE_AVAILABLE;
-    if (feature.access == ACCESS_NOT_AVAILABLE || feature.isDetached
+    if (feature.access == ACCESS_NOT_AVAILABLE || feature.isChunkOrEventData
         || !m_conditions.allHold(feature.implementedIf)
         || !m_conditions.allHold(feature.availableIf)) {
         state = FEATURE_NOT_AVAILABLE;

@@ -32,7 +32,7 @@ public:
     }
 
     /// What is added from here on goes to `registers`, each node once.
-    void collectInto(CertainReads::Registers& registers)
+    void collectInto(PrefetchPlan::Registers& registers)
     {
         m_registers = &registers;
         ++m_collection;
@@ -88,7 +88,8 @@ private:
         const pugi::xml_node where
             = node.kind == "StructEntry" ? node.element.parent() : node.element;
         if (fixedRegister(node, place.first, place.second) && !where.child("pLength")
-            && childText(where, "AccessMode") != "WO" && !isOnDetachedPort(m_description, node)) {
+            && childText(where, "AccessMode") != "WO"
+            && !isOnChunkOrEventPort(m_description, node)) {
             m_registers->push_back(place);
         }
     }
@@ -96,18 +97,18 @@ private:
     const Description& m_description;
     std::vector<std::size_t> m_seenBy; ///< by node: the collection that it was last added to
     std::size_t m_collection = 0;
-    CertainReads::Registers* m_registers = nullptr;
+    PrefetchPlan::Registers* m_registers = nullptr;
 };
 
 bool isRead(const Feature& feature)
 {
-    return feature.isReadable() && !feature.isDetached
+    return feature.isReadable() && !feature.isChunkOrEventData
         && feature.type != featurebrowser::FEATURE_COMMAND;
 }
 
 } // namespace
 
-CertainReads::CertainReads(const Description& description, const std::vector<Feature>& features)
+PrefetchPlan::PrefetchPlan(const Description& description, const std::vector<Feature>& features)
     : whenAvailable(features.size())
 {
     Collector collector(description);

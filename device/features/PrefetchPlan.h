@@ -10,11 +10,11 @@ namespace zqcameralib {
 
 /// The registers that a load is bound to read, as far as the description tells their places, so
 /// that they can be read together.
-struct CertainReads {
+struct PrefetchPlan {
     using Registers = std::vector<RegisterPort::Register>;
 
-    CertainReads() = default;
-    CertainReads(const Description& description, const std::vector<Feature>& features);
+    PrefetchPlan() = default;
+    PrefetchPlan(const Description& description, const std::vector<Feature>& features);
 
     /// Those of conditions, and those of features without conditions.
     Registers always;

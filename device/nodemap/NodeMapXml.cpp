@@ -115,7 +115,7 @@ private:
             }
         };
         add(m_description.find("TLParamsLocked"));
-        for (const TreeEntry& entry : buildFeatureTree(m_description)) {
+        for (const ListedNode& entry : listFeatures(m_description)) {
             if (!entry.isCategory) {
                 add(entry.node);
             }

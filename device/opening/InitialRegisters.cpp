@@ -16,9 +16,9 @@ constexpr std::size_t maxDecidingSize = 8;
 /// Nodes looked at behind one condition.
 constexpr std::size_t maxInputs = 32;
 
-class Starter {
+class Chooser {
 public:
-    Starter(ZQCamera::Impl& camera, RegisterMemory& memory)
+    Chooser(ZQCamera::Impl& camera, RegisterMemory& memory)
         : m_camera(camera)
         , m_port(camera.port())
         , m_memory(memory)
@@ -149,26 +149,26 @@ private:
 
 } // namespace
 
-void startFavourably(ZQCamera::Impl& camera, RegisterMemory& memory)
+void chooseInitialRegisters(ZQCamera::Impl& camera, RegisterMemory& memory)
 {
-    Starter starter(camera, memory);
+    Chooser chooser(camera, memory);
     for (const Feature& feature : camera.features()) {
         for (const Condition& condition : feature.implementedIf) {
-            starter.satisfy(condition);
+            chooser.satisfy(condition);
         }
         for (const Condition& condition : feature.availableIf) {
-            starter.satisfy(condition);
+            chooser.satisfy(condition);
         }
     }
     for (const Feature& feature : camera.features()) {
         // Entries mostly share one register.
         if (!feature.entries.empty()) {
             for (const Condition& condition : feature.entries.front().availableIf) {
-                starter.satisfy(condition);
+                chooser.satisfy(condition);
             }
         }
         for (const Condition& lock : feature.lockedIf) {
-            starter.release(lock);
+            chooser.release(lock);
         }
     }
     camera.port().invalidate();

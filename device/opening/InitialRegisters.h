@@ -8,6 +8,6 @@ namespace zqcameralib {
 /// Gives registers of a camera of which nothing but the description is known values that make
 /// features implemented and available, give enumerations entries to choose from, and lock nothing,
 /// as far as features do not contradict each other. All other registers stay zero.
-void startFavourably(ZQCamera::Impl& camera, RegisterMemory& memory);
+void chooseInitialRegisters(ZQCamera::Impl& camera, RegisterMemory& memory);
 
 } // namespace zqcameralib

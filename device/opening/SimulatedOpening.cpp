@@ -43,7 +43,7 @@ std::unique_ptr<ZQCamera::Impl> openDescription(std::string text, std::string& e
     RegisterMemory& memory = backend->memory();
     std::unique_ptr<ZQCamera::Impl> camera = openOver(std::move(text), std::move(backend), error);
     if (camera) {
-        startFavourably(*camera, memory);
+        chooseInitialRegisters(*camera, memory);
         addCommandRegisters(*camera, commands);
     }
     return camera;
