@@ -23,18 +23,22 @@ Object& self(ArvDevice* device)
 
 gboolean readMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError**)
 {
-    zqcameralib::AccessError error;
     ++self(device).accesses;
-    return self(device).backend->read(
-        address, static_cast<std::uint8_t*>(buffer), size, zqcameralib::AccessKind::Memory, error);
+    return self(device)
+        .backend
+        ->read(
+            { address, size }, static_cast<std::uint8_t*>(buffer), zqcameralib::AccessKind::Memory)
+        .isOk();
 }
 
 gboolean writeMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError**)
 {
-    zqcameralib::AccessError error;
     ++self(device).accesses;
-    return self(device).backend->write(address, static_cast<const std::uint8_t*>(buffer), size,
-        zqcameralib::AccessKind::Memory, error);
+    return self(device)
+        .backend
+        ->write({ address, size }, static_cast<const std::uint8_t*>(buffer),
+            zqcameralib::AccessKind::Memory)
+        .isOk();
 }
 
 gboolean readRegister(ArvDevice* device, guint64 address, guint32* value, GError** error)

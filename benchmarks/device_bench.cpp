@@ -40,7 +40,7 @@ using namespace zqcameralib;
 namespace {
 
 using Clock = std::chrono::steady_clock;
-using Registers = std::set<RegisterPort::Register>;
+using RegisterSet = std::set<Register>;
 
 double secondsOf(const std::function<void()>& work)
 {
@@ -56,15 +56,13 @@ public:
         : m_session(std::move(session))
     {
     }
-    bool read(std::uint64_t address, std::uint8_t* buffer, std::size_t size, AccessKind kind,
-        AccessError& error) override
+    Status read(const Register& place, std::uint8_t* buffer, AccessKind kind) override
     {
-        return m_session->read(address, buffer, size, kind, error);
+        return m_session->read(place, buffer, kind);
     }
-    bool write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size, AccessKind kind,
-        AccessError& error) override
+    Status write(const Register& place, const std::uint8_t* buffer, AccessKind kind) override
     {
-        return m_session->write(address, buffer, size, kind, error);
+        return m_session->write(place, buffer, kind);
     }
 
 private:
@@ -97,7 +95,7 @@ struct Rig {
             // Afterwards, since one alone has the control.
             OpeningProgress progress;
             direct = std::make_unique<DirectBackend>(
-                CameraSession::open({ "GigEVision", place }, progress, error));
+                std::move(CameraSession::open({ "GigEVision", place }, progress).value()));
             raw = std::make_unique<RawDevice>(*direct, simulatedCameraDescription());
         }
     }
@@ -105,20 +103,19 @@ struct Rig {
     RegisterBackend& backend() const { return camera->impl().port().backend(); }
     ZQCameraRepository& repository() const { return *device->GetRepository(); }
 
-    void readOnce(const Registers& registers) const
+    void readOnce(const RegisterSet& registers) const
     {
         std::vector<RegisterBackend::Request> requests;
-        for (const auto& [address, size] : registers) {
-            requests.push_back(
-                { address, AccessKind::Memory, std::vector<std::uint8_t>(size), false, {} });
+        for (const Register& place : registers) {
+            requests.emplace_back(place, AccessKind::Memory);
         }
         backend().readTogether(requests);
-        AccessError error;
         for (RegisterBackend::Request& request : requests) {
-            if (!request.done
-                && !backend().read(request.address, request.bytes.data(), request.bytes.size(),
-                    request.kind, error)) {
-                throw std::runtime_error(error.message);
+            const Status status = request.isDone
+                ? Status()
+                : backend().read(request.place, request.bytes.data(), request.kind);
+            if (!status.isOk()) {
+                throw std::runtime_error(status.text());
             }
         }
     }
@@ -141,7 +138,7 @@ void measure(
         prepare();
         port.invalidate();
         const std::uint64_t before = port.reads();
-        Registers registers;
+        RegisterSet registers;
         double seconds = 0.0;
         {
             const RegisterPort::Recorder recorder(port);

@@ -134,12 +134,12 @@ void edit(benchmark::State& state, const Edit& what)
     while (state.KeepRunning()) {
         const char* value = what.values[++turn % 2];
         QWidget* field = chain.prepare(what, value);
-        std::vector<RegisterPort::Register> readAfterWrite;
+        Registers readAfterWrite;
         port.setFaultHook([&](std::uint64_t address, std::size_t size, bool isWrite) {
             if (isWrite) {
                 readAfterWrite.clear();
             } else {
-                readAfterWrite.emplace_back(address, size);
+                readAfterWrite.push_back({ address, size });
             }
             return false;
         });
@@ -154,7 +154,7 @@ void edit(benchmark::State& state, const Edit& what)
         writes = port.writes() - writesBefore;
         reads = port.reads() - readsBefore;
         repeats = readAfterWrite.size()
-            - std::set<RegisterPort::Register>(readAfterWrite.begin(), readAfterWrite.end()).size();
+            - std::set<Register>(readAfterWrite.begin(), readAfterWrite.end()).size();
         rawSeconds += rawWriteAndRead(chain, what, value);
     }
     state.counters["writes"] = double(writes);

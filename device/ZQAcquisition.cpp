@@ -5,14 +5,10 @@
 #include "acquisition/StartTask.h"
 #include "base/StatusCodes.h"
 #include "camera/Camera.h"
-#include "link/CameraLink.h"
-#include "memory/SimulatedFrames.h"
-#include "stream/StreamOpening.h"
 
 #include "featurebrowser/ICameraDevice.h"
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
 namespace featurebrowser {
@@ -31,10 +27,10 @@ constexpr std::chrono::milliseconds startLimit(1200);
 /// A start on its way, which may take several calls.
 struct Starting {
     int buffers = 0;
-    std::uint64_t connection = 0; ///< of the link when it began
+    std::uint64_t connection = 0; ///< number of the connection when it began
     ZQAcquisition::FrameHandler handler;
     std::unique_ptr<FormatReading> reading;
-    std::unique_ptr<StreamOpening> opening;
+    std::unique_ptr<FrameSourceOpening> opening;
     ImageFormat openedFor;
     std::unique_ptr<FrameSource> source;
     bool isSent = false; ///< the camera was told, but has not confirmed it
@@ -53,7 +49,6 @@ public:
     Impl(ZQCamera& camera, ICameraDevice& device)
         : m_camera(camera)
         , m_device(device)
-        , m_link(dynamic_cast<CameraLink*>(&camera.impl().port().backend()))
     {
     }
 
@@ -65,7 +60,7 @@ public:
         if (m_delivery) {
             stop(); // what has ended by itself
         }
-        const CallScope call(m_camera.impl().port().backend());
+        const CallScope call(backend());
         prepare(std::move(handler), std::clamp(buffers, 2, 1000));
         return advance(Clock::now() + limit);
     }
@@ -79,7 +74,7 @@ public:
         const int status = m_device.ExecuteCommand("AcquisitionStop", 1);
         m_delivery.reset();
         m_state.setProblem({});
-        return status == STATUS_OK ? succeed() : fail({ status, deviceText(m_device, status) });
+        return status == STATUS_OK ? succeed() : fail(refusal(status));
     }
 
     void giveUp()
@@ -99,30 +94,27 @@ private:
         return STATUS_OK;
     }
 
-    int fail(const AccessError& error)
+    int fail(const Status& failure)
     {
-        m_state.setLastError(error.message);
-        m_camera.impl().lastError() = { error.code, error.message };
-        if (error.code != stillWorking) {
+        m_state.setLastError(failure.text());
+        if (failure.code() != stillWorking) {
             m_starting.reset();
         }
-        return error.code;
+        return m_camera.impl().note(failure);
     }
 
-    std::uint64_t connection() const
-    {
-        return m_link == nullptr ? 0 : m_link->health()->connection.load();
-    }
+    Status refusal(int code) { return { code, deviceText(m_device, code) }; }
+    RegisterBackend& backend() { return m_camera.impl().port().backend(); }
 
     /// Goes on with a start begun before where that still fits, else begins one.
     void prepare(FrameHandler handler, int buffers)
     {
         const bool fits = m_starting && m_starting->buffers == buffers
-            && m_starting->connection == connection();
+            && m_starting->connection == backend().connectionNumber();
         if (!fits) {
             m_starting = std::make_unique<Starting>();
             m_starting->buffers = buffers;
-            m_starting->connection = connection();
+            m_starting->connection = backend().connectionNumber();
         }
         m_starting->handler = std::move(handler);
         if (!m_starting->reading || !m_starting->reading->isStillTrue()) {
@@ -134,85 +126,67 @@ private:
     int advance(Clock::time_point deadline)
     {
         for (;;) {
-            AccessError error;
             if (m_camera.isLost()) {
-                return fail(m_camera.impl().port().backend().loss());
+                return fail(backend().loss());
             }
-            if (!step(deadline, error)) {
-                return fail(error);
+            if (const Status status = step(deadline); !status.isOk()) {
+                return fail(status);
             }
             if (m_delivery) {
                 m_starting.reset();
                 return succeed();
             }
             if (Clock::now() >= deadline) {
-                return fail({ stillWorking, statusText(stillWorking) });
+                return fail(Status::general(stillWorking));
             }
         }
     }
 
-    bool step(Clock::time_point deadline, AccessError& error)
+    Status step(Clock::time_point deadline)
     {
         if (!m_starting->reading->isOver()) {
-            return m_starting->reading->step(error);
+            return m_starting->reading->step();
         }
         if (!isSameImage(m_starting->openedFor, m_starting->reading->format())) {
-            return beginStream(error);
+            return beginStream();
         }
-        if (!m_starting->source) {
-            m_starting->source = m_starting->opening->finish(deadline, error);
-            return m_starting->source != nullptr;
+        if (m_starting->source) {
+            return startCamera();
         }
-        return startCamera(error);
+        auto source = m_starting->opening->finish(deadline);
+        m_starting->source = std::move(source.value());
+        return source.status();
     }
 
-    bool beginStream(AccessError& error)
+    Status beginStream()
     {
         const ImageFormat& format = m_starting->reading->format();
         m_starting->source.reset();
         m_starting->opening.reset();
-        if (m_link == nullptr) {
-            m_starting->source = makeUp(format, error);
-        } else {
-            m_starting->opening = StreamOpening::begin(*m_link, format, m_starting->buffers, error);
-        }
-        const bool hasBegun = m_starting->source || m_starting->opening;
-        m_starting->openedFor = hasBegun ? format : ImageFormat();
-        return hasBegun;
+        auto opening = backend().openFrames(format, m_starting->buffers);
+        m_starting->opening = std::move(opening.value());
+        m_starting->openedFor = opening.isOk() ? format : ImageFormat();
+        return opening.status();
     }
 
-    static std::unique_ptr<FrameSource> makeUp(const ImageFormat& format, AccessError& error)
-    {
-        try {
-            return std::make_unique<SimulatedFrames>(format);
-        } catch (const std::bad_alloc&) {
-            error = { noImage,
-                "not enough memory for an image of " + std::to_string(format.payload) + " bytes" };
-            return nullptr;
-        }
-    }
-
-    bool startCamera(AccessError& error)
+    Status startCamera()
     {
         // Not waited for: a camera that is slow to begin shows it by its images.
         const int status = m_device.ExecuteCommand("AcquisitionStart", 0);
         m_starting->isSent = m_starting->isSent || status == cameraSlow;
         if (status == notSent || status == cameraSlow) {
-            error = { stillWorking, statusText(stillWorking) };
-            return false;
+            return Status::general(stillWorking);
         }
         if (status != STATUS_OK) {
-            error = { status, deviceText(m_device, status) };
-            return false;
+            return refusal(status);
         }
         m_delivery = std::make_unique<FrameDelivery>(std::move(m_starting->source),
             m_starting->reading->format(), std::move(m_starting->handler), m_state);
-        return true;
+        return {};
     }
 
     ZQCamera& m_camera;
     ICameraDevice& m_device;
-    CameraLink* m_link; ///< null for a simulated camera
     AcquisitionState m_state;
     std::unique_ptr<Starting> m_starting;
     std::unique_ptr<FrameDelivery> m_delivery; ///< there from a successful start until stop()

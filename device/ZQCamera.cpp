@@ -10,20 +10,22 @@ namespace zqcameralib {
 
 namespace {
 
-std::unique_ptr<ZQCamera> wrap(std::unique_ptr<ZQCamera::Impl> impl)
+std::unique_ptr<ZQCamera> wrap(Result<std::unique_ptr<ZQCamera::Impl>> opened, std::string& error)
 {
-    if (!impl) {
+    if (!opened.isOk()) {
+        error = opened.status().text();
         return nullptr;
     }
-    return std::make_unique<ZQCamera>(std::move(impl));
+    return std::make_unique<ZQCamera>(std::move(opened.value()));
 }
 
 } // namespace
 
 std::unique_ptr<ZQCamera> ZQCamera::OpenSimulated(std::string& error)
 {
-    return wrap(openSimulated(
-        std::string(simulatedCameraDescription()), makeSimulatedCameraBehaviour(), error));
+    return wrap(
+        openSimulated(std::string(simulatedCameraDescription()), makeSimulatedCameraBehaviour()),
+        error);
 }
 
 std::unique_ptr<ZQCamera> ZQCamera::OpenDescription(const std::string& path, std::string& error)
@@ -32,7 +34,7 @@ std::unique_ptr<ZQCamera> ZQCamera::OpenDescription(const std::string& path, std
     if (!readDescriptionFile(path, text, error)) {
         return nullptr;
     }
-    std::unique_ptr<ZQCamera> camera = wrap(openDescription(std::move(text), error));
+    std::unique_ptr<ZQCamera> camera = wrap(openDescription(std::move(text)), error);
     if (!camera) {
         error = path + ": " + error;
     }
@@ -62,7 +64,9 @@ bool ZQCamera::isReadOnly() const
 
 bool ZQCamera::reconnect(std::string& error)
 {
-    return m_impl->reconnect(true, error);
+    const Status found = m_impl->reconnect(true);
+    error = found.isOk() ? error : found.text();
+    return found.isOk();
 }
 
 void ZQCamera::limitWaiting(std::chrono::milliseconds total)

@@ -29,11 +29,35 @@ public:
         }
     }
 
-    /// Runs an operation, whose accesses share one limit of time.
+    /// Runs an operation, whose accesses share one limit of time, and notes its failure.
     template <typename Operation> int call(Operation operation)
     {
         const zqcameralib::CallScope scope(camera.impl().port().backend());
-        return operation(operations);
+        const zqcameralib::Status status = operation(operations);
+        return status.isOk() ? STATUS_OK : camera.impl().note(status);
+    }
+
+    /// Runs an operation that reads; `value` (may be null) is left alone when it fails.
+    template <typename Result, typename Operation, typename Value>
+    int get(Operation operation, Value* value)
+    {
+        Result result {};
+        const int code = call([&](auto& device) { return operation(device, result); });
+        if (code == STATUS_OK && value != nullptr) {
+            *value = result;
+        }
+        return code;
+    }
+
+    /// What was said when `code` last happened, else a general sentence.
+    std::string errorText(int code) const
+    {
+        const zqcameralib::RegisterBackend& backend = camera.impl().port().backend();
+        if (camera.isLost() && code == backend.loss().code()) {
+            return backend.loss().text();
+        }
+        const zqcameralib::Status& last = camera.impl().lastError();
+        return !last.isOk() && code == last.code() ? last.text() : zqcameralib::statusText(code);
     }
 
     ZQCamera& camera;
@@ -75,13 +99,12 @@ ZQCameraRepository* ZQCameraDevice::GetRepository()
 
 int ZQCameraDevice::Reconnect()
 {
-    return m_impl->call([this](auto& operations) {
-        std::string error;
-        if (!m_impl->camera.reconnect(error)) {
-            return operations.fail(zqcameralib::cameraLost, error);
-        }
-        return m_impl->repository.Load();
-    });
+    const zqcameralib::CallScope scope(m_impl->camera.impl().port().backend());
+    std::string error;
+    if (!m_impl->camera.reconnect(error)) {
+        return m_impl->camera.impl().note({ zqcameralib::cameraLost, error });
+    }
+    return m_impl->repository.Load();
 }
 
 std::unique_ptr<zqcameralib::ZQCameraTask> ZQCameraDevice::ReconnectBeside()
@@ -96,12 +119,8 @@ int ZQCameraDevice::SetIntegerValue(const char* name, long value, int flag)
 
 int ZQCameraDevice::GetIntegerValue(const char* name, long* value)
 {
-    std::int64_t result = 0;
-    const int status = m_impl->call([&](auto& device) { return device.getInteger(name, result); });
-    if (status == STATUS_OK && value != nullptr) {
-        *value = result;
-    }
-    return status;
+    return m_impl->get<std::int64_t>(
+        [&](auto& device, auto& result) { return device.getInteger(name, result); }, value);
 }
 
 int ZQCameraDevice::SetFloatValue(const char* name, double value)
@@ -111,12 +130,8 @@ int ZQCameraDevice::SetFloatValue(const char* name, double value)
 
 int ZQCameraDevice::GetFloatValue(const char* name, double* value)
 {
-    double result = 0.0;
-    const int status = m_impl->call([&](auto& device) { return device.getFloat(name, result); });
-    if (status == STATUS_OK && value != nullptr) {
-        *value = result;
-    }
-    return status;
+    return m_impl->get<double>(
+        [&](auto& device, auto& result) { return device.getFloat(name, result); }, value);
 }
 
 int ZQCameraDevice::SetStringValue(const char* name, const char* value)
@@ -136,12 +151,8 @@ int ZQCameraDevice::SetBooleanValue(const char* name, int value)
 
 int ZQCameraDevice::GetBooleanValue(const char* name, bool* value)
 {
-    bool result = false;
-    const int status = m_impl->call([&](auto& device) { return device.getBoolean(name, result); });
-    if (status == STATUS_OK && value != nullptr) {
-        *value = result;
-    }
-    return status;
+    return m_impl->get<bool>(
+        [&](auto& device, auto& result) { return device.getBoolean(name, result); }, value);
 }
 
 int ZQCameraDevice::ExecuteCommand(const char* name, int flag)
@@ -152,12 +163,12 @@ int ZQCameraDevice::ExecuteCommand(const char* name, int flag)
 void ZQCameraDevice::GetErrorText(int code, char* errorName, char* errorText)
 {
     copyText(zqcameralib::statusName(code), errorName);
-    copyText(m_impl->operations.errorText(code), errorText);
+    copyText(m_impl->errorText(code), errorText);
 }
 
 int ZQCameraDevice::GetLastError()
 {
-    return m_impl->operations.lastError();
+    return m_impl->camera.impl().lastError().code();
 }
 
 int ZQCameraDevice::IsGrabbing()

@@ -158,10 +158,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (std::getenv("ZQ_FUZZ_PRINT") != nullptr) {
         g_printerr("%s\n", text.c_str());
     }
-    std::string error;
-    auto impl = zqcameralib::openDescription(text, error);
-    if (impl) {
-        zqcameralib::ZQCamera camera(std::move(impl));
+    auto opened = zqcameralib::openDescription(text);
+    if (opened.isOk()) {
+        zqcameralib::ZQCamera camera(std::move(opened.value()));
         ZQCameraDevice device(&camera, nullptr);
         use(device);
     }

@@ -15,10 +15,9 @@ namespace {
 constexpr std::int64_t maxPayload = std::int64_t(1) << 31U;
 constexpr std::int64_t maxSide = 100000;
 
-bool refuse(const std::string& reason, AccessError& error)
+Status refuse(const std::string& reason)
 {
-    error = { noImage, "no image can be acquired: " + reason };
-    return false;
+    return { noImage, "no image can be acquired: " + reason };
 }
 
 } // namespace
@@ -34,17 +33,14 @@ FormatReading::FormatReading(ZQCamera::Impl& camera, ICameraDevice& device)
 {
 }
 
-bool FormatReading::step(AccessError& error)
+Status FormatReading::step()
 {
-    error = {};
     if (isOver()) {
-        return true;
+        return {};
     }
-    if (!(this->*steps[m_next])(error)) {
-        return false;
-    }
-    ++m_next;
-    return true;
+    Status status = (this->*steps[m_next])();
+    m_next += status.isOk() ? 1U : 0U;
+    return status;
 }
 
 bool FormatReading::isOver() const
@@ -57,101 +53,106 @@ bool FormatReading::isStillTrue() const
     return m_camera.port().changes() == m_changes;
 }
 
-bool FormatReading::mayGoOn(int status, AccessError& error)
+Status FormatReading::mayGoOn(int code)
 {
     RegisterBackend& backend = m_camera.port().backend();
     if (backend.isLost()) {
-        error = backend.loss();
-    } else if (status == cameraSlow) {
-        error = { stillWorking, statusText(stillWorking) };
+        return backend.loss();
     }
-    return error.code == 0;
+    return code == cameraSlow ? Status::general(stillWorking) : Status();
 }
 
-int FormatReading::readInteger(const char* name, std::int64_t& value, AccessError& error)
+Status FormatReading::readInteger(const char* name, std::int64_t& value, int& code)
 {
+    code = unknownFeature;
     if (m_camera.feature(name) == nullptr) {
-        return unknownFeature;
+        return {};
     }
     long result = 0;
-    const int status = m_device.GetIntegerValue(name, &result);
-    if (mayGoOn(status, error) && status == STATUS_OK) {
+    code = m_device.GetIntegerValue(name, &result);
+    Status status = mayGoOn(code);
+    if (status.isOk() && code == STATUS_OK) {
         value = result;
     }
     return status;
 }
 
-void FormatReading::readEnum(const Feature& feature, std::int64_t& value, AccessError& error)
+Status FormatReading::readEnum(const Feature& feature, std::int64_t& value)
 {
-    RegisterPort& port = m_camera.port();
-    const std::uint64_t failures = port.failures();
+    const RegisterPort::FailureScope failures(m_camera.port());
     GlibError failure;
     const std::int64_t result
         = arv_gc_enumeration_get_int_value(ARV_GC_ENUMERATION(feature.gc), failure.out());
-    const bool isUnread = port.failures() != failures;
-    if (mayGoOn(isUnread ? port.lastFailure().code : STATUS_OK, error) && !isUnread && !failure) {
+    Status status = mayGoOn(failures.status().code());
+    if (status.isOk() && !failures.hasFailed() && !failure) {
         value = result;
     }
+    return status;
 }
 
-std::string FormatReading::readEntry(const char* name, AccessError& error)
+Status FormatReading::readEntry(const char* name, std::string& entry)
 {
     const Feature* feature = m_camera.feature(name);
     if (feature == nullptr || !ARV_IS_GC_ENUMERATION(feature->gc)) {
         return {};
     }
     std::int64_t value = -1;
-    readEnum(*feature, value, error);
-    const auto found = std::find_if(feature->entries.begin(), feature->entries.end(),
-        [value](const EnumEntry& entry) { return entry.value == value; });
-    return found == feature->entries.end() ? std::string() : found->name;
+    Status status = readEnum(*feature, value);
+    for (const EnumEntry& known : feature->entries) {
+        if (known.value == value) {
+            entry = known.name;
+            break;
+        }
+    }
+    return status;
 }
 
-bool FormatReading::readSide(const char* name, std::int64_t& value, AccessError& error)
+Status FormatReading::readSide(const char* name, std::int64_t& value)
 {
-    const int status = readInteger(name, value, error);
-    if (error.code != 0) {
-        return false;
+    int code = STATUS_OK;
+    if (Status status = readInteger(name, value, code); !status.isOk()) {
+        return status;
     }
-    if (status == unknownFeature) {
-        return refuse(std::string("the camera tells no ") + name, error);
+    if (code == unknownFeature) {
+        return refuse(std::string("the camera tells no ") + name);
     }
-    if (status != STATUS_OK) {
-        return refuse(deviceText(m_device, status), error);
+    if (code != STATUS_OK) {
+        return refuse(deviceText(m_device, code));
     }
     if (value <= 0 || value > maxSide) {
-        return refuse(std::string(name) + " is " + std::to_string(value), error);
+        return refuse(std::string(name) + " is " + std::to_string(value));
     }
-    return true;
+    return {};
 }
 
-bool FormatReading::readWidth(AccessError& error)
+Status FormatReading::readWidth()
 {
-    return readSide("Width", m_format.width, error);
+    return readSide("Width", m_format.width);
 }
 
-bool FormatReading::readHeight(AccessError& error)
+Status FormatReading::readHeight()
 {
-    return readSide("Height", m_format.height, error);
+    return readSide("Height", m_format.height);
 }
 
-bool FormatReading::readPixelFormat(AccessError& error)
+Status FormatReading::readPixelFormat()
 {
     const Feature* feature = m_camera.feature("PixelFormat");
     std::int64_t value = 0;
+    Status status;
     if (feature != nullptr && ARV_IS_GC_ENUMERATION(feature->gc)) {
-        readEnum(*feature, value, error);
+        status = readEnum(*feature, value);
     }
     m_format.pixelFormat = static_cast<std::uint32_t>(value);
-    return error.code == 0;
+    return status;
 }
 
-bool FormatReading::readPayload(AccessError& error)
+Status FormatReading::readPayload()
 {
     std::int64_t payload = 0;
-    readInteger("PayloadSize", payload, error);
-    if (error.code != 0) {
-        return false;
+    int code = STATUS_OK;
+    if (Status status = readInteger("PayloadSize", payload, code); !status.isOk()) {
+        return status;
     }
     if (payload <= 0) {
         payload = static_cast<std::int64_t>(imageBytes(static_cast<std::uint64_t>(m_format.width),
@@ -159,50 +160,54 @@ bool FormatReading::readPayload(AccessError& error)
     }
     const std::string bytes = std::to_string(payload) + " bytes";
     if (payload > maxPayload) {
-        return refuse("one image would take " + bytes, error);
+        return refuse("one image would take " + bytes);
     }
     m_format.payload = static_cast<std::size_t>(payload);
     if (rowsWithin(m_format.payload, m_format.width, m_format.height, m_format.pixelFormat) == 0) {
-        return refuse("PayloadSize is " + bytes + ", less than one row of the image", error);
+        return refuse("PayloadSize is " + bytes + ", less than one row of the image");
     }
-    return true;
+    return {};
 }
 
-bool FormatReading::readRate(AccessError& error)
+Status FormatReading::readRate()
 {
     for (const char* name :
         { "AcquisitionResultingFrameRate", "AcquisitionFrameRate", "AcquisitionFrameRateAbs" }) {
         double value = 0.0;
-        const int status = m_camera.feature(name) == nullptr ? unknownFeature
-                                                             : m_device.GetFloatValue(name, &value);
-        if (!mayGoOn(status, error)) {
-            return false;
+        const int code = m_camera.feature(name) == nullptr ? unknownFeature
+                                                           : m_device.GetFloatValue(name, &value);
+        if (Status status = mayGoOn(code); !status.isOk()) {
+            return status;
         }
-        if (status == STATUS_OK) {
+        if (code == STATUS_OK) {
             m_format.framesPerSecond = value;
-            return true;
+            return {};
         }
     }
-    return true;
+    return {};
 }
 
-bool FormatReading::readLimit(AccessError& error)
+Status FormatReading::readLimit()
 {
-    const std::string mode = readEntry("AcquisitionMode", error);
+    std::string mode;
+    Status status = readEntry("AcquisitionMode", mode);
     std::int64_t count = 1;
-    if (mode == "MultiFrame") {
-        readInteger("AcquisitionFrameCount", count, error);
+    int code = STATUS_OK;
+    if (status.isOk() && mode == "MultiFrame") {
+        status = readInteger("AcquisitionFrameCount", count, code);
     }
     const bool isLimited = mode == "SingleFrame" || mode == "MultiFrame";
     m_format.frameLimit
         = isLimited ? static_cast<std::uint64_t>(std::max<std::int64_t>(count, 1)) : 0;
-    return error.code == 0;
+    return status;
 }
 
-bool FormatReading::readTrigger(AccessError& error)
+Status FormatReading::readTrigger()
 {
-    m_format.isTriggered = readEntry("TriggerMode", error) == "On";
-    return error.code == 0;
+    std::string mode;
+    Status status = readEntry("TriggerMode", mode);
+    m_format.isTriggered = mode == "On";
+    return status;
 }
 
 std::string deviceText(ICameraDevice& device, int code)

@@ -17,32 +17,32 @@ class FormatReading {
 public:
     FormatReading(ZQCamera::Impl& camera, featurebrowser::ICameraDevice& device);
 
-    /// Reads the next thing. False and a reason when there is no image to be had, or the camera is
-    /// lost; after stillWorking, when no time was left, the same step can be tried again.
-    bool step(AccessError& error);
+    /// Reads the next thing. A failure when there is no image to be had, or the camera is lost;
+    /// after stillWorking, when no time was left, the same step can be tried again.
+    Status step();
     bool isOver() const;
     /// Whether nothing was written to the camera since it began.
     bool isStillTrue() const;
     const ImageFormat& format() const { return m_format; }
 
 private:
-    using Step = bool (FormatReading::*)(AccessError& error);
+    using Step = Status (FormatReading::*)();
 
-    bool readWidth(AccessError& error);
-    bool readHeight(AccessError& error);
-    bool readPixelFormat(AccessError& error);
-    bool readPayload(AccessError& error);
-    bool readRate(AccessError& error);
-    bool readLimit(AccessError& error);
-    bool readTrigger(AccessError& error);
+    Status readWidth();
+    Status readHeight();
+    Status readPixelFormat();
+    Status readPayload();
+    Status readRate();
+    Status readLimit();
+    Status readTrigger();
 
-    bool readSide(const char* name, std::int64_t& value, AccessError& error);
-    /// Where there is no such feature, or it cannot be read, they leave the value as it is; `error`
-    /// is set only when it makes no sense to go on now.
-    int readInteger(const char* name, std::int64_t& value, AccessError& error);
-    void readEnum(const Feature& feature, std::int64_t& value, AccessError& error);
-    std::string readEntry(const char* name, AccessError& error);
-    bool mayGoOn(int status, AccessError& error);
+    Status readSide(const char* name, std::int64_t& value);
+    /// Where there is no such feature, or it cannot be read, they leave the value as it is, which
+    /// is a failure only when it makes no sense to go on now. `code`: of the reading itself.
+    Status readInteger(const char* name, std::int64_t& value, int& code);
+    Status readEnum(const Feature& feature, std::int64_t& value);
+    Status readEntry(const char* name, std::string& entry);
+    Status mayGoOn(int code);
 
     static const std::array<Step, 7> steps;
 

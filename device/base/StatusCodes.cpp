@@ -2,8 +2,6 @@
 
 #include "featurebrowser/FeatureTypes.h"
 
-#include <arv.h>
-
 #include <algorithm>
 #include <array>
 
@@ -13,13 +11,13 @@ using namespace featurebrowser;
 
 namespace {
 
-struct Status {
+struct KnownStatus {
     int code;
     const char* name;
     const char* text;
 };
 
-constexpr std::array<Status, 24> statuses { {
+constexpr std::array<KnownStatus, 24> statuses { {
     { STATUS_OK, "OK", "No error." },
     { ERROR_VALUE_OUT_OF_RANGE, "VALUE_OUT_OF_RANGE", "The value is outside the limits." },
     { ERROR_VALUE_NOT_ON_INCREMENT, "VALUE_NOT_ON_INCREMENT",
@@ -47,32 +45,24 @@ constexpr std::array<Status, 24> statuses { {
     { stillWorking, "STILL_WORKING", "The camera is slow; what was begun goes on. Ask again." },
 } };
 
-const Status* find(int code)
+const KnownStatus* find(int code)
 {
     const auto found = std::find_if(
-        statuses.begin(), statuses.end(), [code](const Status& s) { return s.code == code; });
+        statuses.begin(), statuses.end(), [code](const KnownStatus& s) { return s.code == code; });
     return found == statuses.end() ? nullptr : found;
 }
 
 } // namespace
 
-int libraryErrorCode(unsigned domain, int code)
-{
-    if (domain == arv_device_error_quark()) {
-        return deviceErrorBase + code;
-    }
-    return (domain == arv_gc_error_quark() ? nodeMapErrorBase : otherErrorBase) + code;
-}
-
 std::string statusName(int code)
 {
-    const Status* status = find(code);
+    const KnownStatus* status = find(code);
     return status == nullptr ? "DEVICE_ERROR" : status->name;
 }
 
 std::string statusText(int code)
 {
-    const Status* status = find(code);
+    const KnownStatus* status = find(code);
     return status == nullptr ? "The camera reported an error." : status->text;
 }
 

@@ -38,9 +38,6 @@ constexpr int deviceErrorBase = statusBase(0x80360000U);
 constexpr int nodeMapErrorBase = statusBase(0x80370000U);
 constexpr int otherErrorBase = statusBase(0x80380000U);
 
-/// The status code of an error of the library below, by its domain (a GQuark) and code.
-int libraryErrorCode(unsigned domain, int code);
-
 /// Short name of a code, such as "FEATURE_LOCKED".
 std::string statusName(int code);
 /// A general sentence for a code, for when nothing more precise is known.

@@ -1,6 +1,7 @@
 #include "camera/Camera.h"
 
 #include "base/GlibError.h"
+#include "base/StatusCodes.h"
 #include "nodemap/NodeMapXml.h"
 #include "validation/DescriptionCheck.h"
 
@@ -26,18 +27,20 @@ ZQCamera::Impl::Impl(std::unique_ptr<RegisterBackend> backend)
 
 ZQCamera::Impl::~Impl() = default;
 
-bool ZQCamera::Impl::use(std::string text, std::chrono::milliseconds limit, std::string& error)
+Status ZQCamera::Impl::use(std::string text, std::chrono::milliseconds limit)
 {
+    std::string error;
     auto contents = std::make_unique<Contents>();
     contents->description = Description::parse(std::move(text), error);
     if (!contents->description || !checkDescription(*contents->description, error)) {
-        return false;
+        return { notLoaded, error };
     }
     const Description& description = *contents->description;
-    contents->device = makePortDevice(m_port, nodeMapXml(description), limit, error);
-    if (!contents->device) {
-        return false;
+    Result<PortDevicePointer> device = makePortDevice(m_port, nodeMapXml(description), limit);
+    if (!device.isOk()) {
+        return device.status();
     }
+    contents->device = std::move(device.value());
     contents->features = collectFeatures(
         description, listFeatures(description), zqcameralib::nodeMap(*contents->device));
     for (std::size_t i = 0; i < contents->features.size(); ++i) {
@@ -48,42 +51,46 @@ bool ZQCamera::Impl::use(std::string text, std::chrono::milliseconds limit, std:
     }
     m_contents = std::move(contents);
     ++m_generation;
-    return true;
+    return {};
 }
 
-bool ZQCamera::Impl::reconnect(bool waits, std::string& error)
+Status ZQCamera::Impl::reconnect(bool waits)
 {
     RegisterBackend& backend = m_port.backend();
     const CallScope call(backend);
     const bool wasLost = backend.isLost();
     m_port.invalidate();
-    if (!backend.reconnect(waits, error)) {
-        return false;
+    if (Status found = backend.reconnect(waits); !found.isOk()) {
+        return found;
     }
-    if (!followCamera(error)) {
-        backend.giveUp(error);
-        error = backend.loss().message;
-        return false;
+    if (const Status followed = followCamera(); !followed.isOk()) {
+        backend.giveUp(followed.text());
+        return backend.loss();
     }
     if (wasLost) {
         endAcquisition();
     }
-    return true;
+    return {};
 }
 
-bool ZQCamera::Impl::followCamera(std::string& error)
+int ZQCamera::Impl::note(const Status& failure)
+{
+    m_lastError = failure;
+    return failure.code();
+}
+
+Status ZQCamera::Impl::followCamera()
 {
     const std::uint64_t number = m_port.backend().cameraNumber();
     if (number == m_cameraNumber) {
-        return true;
+        return {};
     }
-    if (!use(m_port.backend().description(), reopenLimit, error)) {
-        error = "there is another camera now, which cannot be used: " + error;
-        return false;
+    if (const Status used = use(m_port.backend().description(), reopenLimit); !used.isOk()) {
+        return used.withText("there is another camera now, which cannot be used: " + used.text());
     }
     m_cameraNumber = number;
     m_isGrabbing = false;
-    return true;
+    return {};
 }
 
 /// A camera that comes back may still send images to nobody.
@@ -135,18 +142,21 @@ void ZQCamera::Impl::setWritten(const Feature& feature, Registers registers)
     m_contents->written[&feature] = std::move(registers);
 }
 
-const ZQCamera::Impl::Registers& ZQCamera::Impl::written(const Feature& feature) const
+const Registers& ZQCamera::Impl::written(const Feature& feature) const
 {
     static const Registers none;
     const auto found = m_contents->written.find(&feature);
     return found == m_contents->written.end() ? none : found->second;
 }
 
-std::unique_ptr<ZQCamera::Impl> openOver(
-    std::string text, std::unique_ptr<RegisterBackend> backend, std::string& error)
+Result<std::unique_ptr<ZQCamera::Impl>> openOver(
+    std::string text, std::unique_ptr<RegisterBackend> backend)
 {
     auto camera = std::make_unique<ZQCamera::Impl>(std::move(backend));
-    return camera->use(std::move(text), openLimit, error) ? std::move(camera) : nullptr;
+    if (Status used = camera->use(std::move(text), openLimit); !used.isOk()) {
+        return used;
+    }
+    return camera;
 }
 
 } // namespace zqcameralib

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/LastError.h"
+#include "base/Status.h"
 #include "description/DependencyGraph.h"
 #include "description/Description.h"
 #include "features/Feature.h"
@@ -21,18 +21,16 @@ namespace zqcameralib {
 /// An open camera: its checked description, its registers, and the node map between them.
 class ZQCamera::Impl {
 public:
-    using Registers = std::vector<RegisterPort::Register>;
-
     explicit Impl(std::unique_ptr<RegisterBackend> backend);
     Impl(const Impl&) = delete;
     Impl& operator=(const Impl&) = delete;
     ~Impl();
 
     /// Builds node map and feature list of a description; waits at most `limit` for other cameras
-    /// that are being opened. On failure `error` is one line, and what was there is still there.
-    bool use(std::string text, std::chrono::milliseconds limit, std::string& error);
+    /// that are being opened. After a failure what was there is still there.
+    Status use(std::string text, std::chrono::milliseconds limit);
     /// As ZQCamera::reconnect, without waiting where `waits` is false.
-    bool reconnect(bool waits, std::string& error);
+    Status reconnect(bool waits);
     /// Grows when the camera, or its description, is another one: pointers to descriptions,
     /// features and nodes are void then.
     std::uint64_t generation() const { return m_generation; }
@@ -52,7 +50,10 @@ public:
     const Registers& written(const Feature& feature) const;
     ArvGc* nodeMap() const { return zqcameralib::nodeMap(*m_contents->device); }
 
-    LastError& lastError() { return m_lastError; }
+    /// What went wrong last on this camera.
+    const Status& lastError() const { return m_lastError; }
+    /// Notes a failure, for lastError(); returns its code.
+    int note(const Status& failure);
     /// Whether images are acquired; not while the camera is lost.
     bool isGrabbing();
     /// Locks, or frees, what may not change while images are acquired (SFNC: TLParamsLocked).
@@ -70,19 +71,19 @@ private:
         std::unordered_map<const Feature*, Registers> written;
     };
 
-    bool followCamera(std::string& error);
+    Status followCamera();
     void endAcquisition();
 
     RegisterPort m_port;
     std::unique_ptr<Contents> m_contents;
     std::uint64_t m_generation = 0;
     std::uint64_t m_cameraNumber = 0;
-    LastError m_lastError;
+    Status m_lastError;
     bool m_isGrabbing = false;
 };
 
-/// Opens a description over registers elsewhere. Null and one line in `error` on failure.
-std::unique_ptr<ZQCamera::Impl> openOver(
-    std::string text, std::unique_ptr<RegisterBackend> backend, std::string& error);
+/// Opens a description over registers elsewhere.
+Result<std::unique_ptr<ZQCamera::Impl>> openOver(
+    std::string text, std::unique_ptr<RegisterBackend> backend);
 
 } // namespace zqcameralib

@@ -49,19 +49,17 @@ void ReadAhead::collect()
 {
     for (RegisterBackend::Request& request : m_reading->takeFinished()) {
         --m_pending;
-        const RegisterPort::Register place(request.address, request.bytes.size());
-        m_known[place] = { std::move(request.bytes), std::move(request.error) };
+        m_known[request.place] = { std::move(request.bytes), std::move(request.status) };
     }
 }
 
 RegisterBackend::Requests ReadAhead::unknown(const Registers& registers) const
 {
     Requests requests;
-    std::unordered_set<RegisterPort::Register, RegisterPort::Hash> wanted;
-    for (const RegisterPort::Register& place : registers) {
+    std::unordered_set<Register, RegisterHash> wanted;
+    for (const Register& place : registers) {
         if (m_known.count(place) == 0 && wanted.insert(place).second) {
-            requests.push_back({ place.first, m_camera.port().kindOf(place),
-                std::vector<std::uint8_t>(place.second), false, {} });
+            requests.emplace_back(place, m_camera.port().kindOf(place));
         }
     }
     return requests;
@@ -101,12 +99,8 @@ RegisterBackend::Requests ReadAhead::missing()
     for (std::size_t i = 0; i < m_isComplete.size(); ++i) {
         m_isComplete[i] = m_isComplete[i] || isComplete(i, ahead);
     }
-    const auto isBefore = [](const auto& a, const auto& b) {
-        return std::make_pair(a.address, a.bytes.size())
-            < std::make_pair(b.address, b.bytes.size());
-    };
-    const auto isSame
-        = [&isBefore](const auto& a, const auto& b) { return !isBefore(a, b) && !isBefore(b, a); };
+    const auto isBefore = [](const auto& a, const auto& b) { return a.place < b.place; };
+    const auto isSame = [](const auto& a, const auto& b) { return a.place == b.place; };
     std::sort(requests.begin(), requests.end(), isBefore);
     requests.erase(std::unique(requests.begin(), requests.end(), isSame), requests.end());
     return requests;

@@ -16,8 +16,6 @@ namespace zqcameralib {
 /// A write meanwhile makes it read everything again.
 class ReadAhead {
 public:
-    using Registers = ZQCamera::Impl::Registers;
-
     enum class State { Running, Done, Failed };
 
     /// `expected`: registers that were read for this before; may be empty. `wanted`: by feature,

@@ -9,8 +9,11 @@ ZQCameraTask::State ReconnectTask::poll()
     }
     if (m_reading) {
         m_state = m_reading->poll();
-    } else if (m_camera.reconnect(false, m_error)) {
-        m_error.clear();
+        return m_state;
+    }
+    const Status found = m_camera.reconnect(false);
+    m_error = found.text();
+    if (found.isOk()) {
         m_reading = m_repository.ReadAhead();
     } else if (!m_camera.port().backend().isReconnecting()) {
         m_state = State::Failed;

@@ -35,7 +35,7 @@ bool switchesAcquisition(const std::string& name)
     return name == "AcquisitionStart" || name == "AcquisitionStop" || name == "AcquisitionAbort";
 }
 
-zqcameralib::ZQCamera::Impl::Registers distinct(zqcameralib::ZQCamera::Impl::Registers registers)
+zqcameralib::Registers distinct(zqcameralib::Registers registers)
 {
     std::sort(registers.begin(), registers.end());
     registers.erase(std::unique(registers.begin(), registers.end()), registers.end());
@@ -84,12 +84,6 @@ ZQCameraRepository::Impl::ItemList& ZQCameraRepository::Impl::items()
     return m_items;
 }
 
-int ZQCameraRepository::Impl::note(const zqcameralib::AccessError& error)
-{
-    m_camera.lastError() = { error.code, error.message };
-    return error.code;
-}
-
 void ZQCameraRepository::Impl::beginReadAhead(bool onlyOutstanding)
 {
     dropOtherCamera();
@@ -117,7 +111,7 @@ bool ZQCameraRepository::Impl::hasOutstanding() const
         [](const auto& entry) { return entry.second.isOutstanding; });
 }
 
-int ZQCameraRepository::Impl::awaitReadAhead()
+zqcameralib::Status ZQCameraRepository::Impl::awaitReadAhead()
 {
     if (!m_ahead) {
         beginReadAhead(false);
@@ -125,21 +119,21 @@ int ZQCameraRepository::Impl::awaitReadAhead()
     for (;;) {
         const zqcameralib::ReadAhead::State state = m_ahead->step();
         if (state == zqcameralib::ReadAhead::State::Done) {
-            return STATUS_OK;
+            return {};
         }
         if (state == zqcameralib::ReadAhead::State::Failed || backend().isLost()) {
-            return note(backend().loss());
+            return backend().loss();
         }
         if (backend().isTimeOver()) {
-            return note({ zqcameralib::stillWorking,
+            return { zqcameralib::stillWorking,
                 "the camera is slow: " + std::to_string(m_ahead->done()) + " of "
-                    + std::to_string(m_ahead->total()) + " registers read, the rest follows" });
+                    + std::to_string(m_ahead->total()) + " registers read, the rest follows" };
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
 }
 
-int ZQCameraRepository::Impl::failLoad(const zqcameralib::AccessError& error)
+int ZQCameraRepository::Impl::failLoad(const zqcameralib::Status& failure)
 {
     clear();
     // Who shows what was known before has to show as well that nobody knows it now.
@@ -148,7 +142,7 @@ int ZQCameraRepository::Impl::failLoad(const zqcameralib::AccessError& error)
             m_states[feature.name] = FEATURE_READ_FAILED;
         }
     }
-    return note(error);
+    return m_camera.note(failure);
 }
 
 int ZQCameraRepository::Impl::load()
@@ -162,8 +156,8 @@ int ZQCameraRepository::Impl::load()
         m_ahead.reset();
     }
     if (!hasAhead && backend().isLimited() && backend().prefersBatches()) {
-        if (awaitReadAhead() != STATUS_OK) {
-            return failLoad({ m_camera.lastError().code, m_camera.lastError().text });
+        if (const zqcameralib::Status read = awaitReadAhead(); !read.isOk()) {
+            return failLoad(read);
         }
     }
     const int status = readAll();
@@ -182,7 +176,7 @@ int ZQCameraRepository::Impl::readAll()
     if (isAhead) {
         ahead.emplace(port, m_ahead->known());
     }
-    const std::uint64_t failures = port.failures();
+    const RegisterPort::FailureScope failures(port);
     const std::uint64_t answers = port.answers();
     RegisterPort::Recorder recorder(port);
     if (!isAhead) {
@@ -199,11 +193,11 @@ int ZQCameraRepository::Impl::readAll()
     if (backend().isLost()) {
         return failLoad(backend().loss());
     }
-    if (port.failures() != failures) {
+    if (failures.hasFailed()) {
         if (port.answers() == answers) {
-            return failLoad(port.lastFailure());
+            return failLoad(failures.status());
         }
-        note(port.lastFailure());
+        m_camera.note(failures.status());
     }
     if (!m_ahead || !m_ahead->isPartial()) {
         m_loadRegisters = distinct(std::move(recorder.read));
@@ -226,7 +220,7 @@ void ZQCameraRepository::Impl::prefetchLoad()
     }
     const zqcameralib::PrefetchPlan& plan = m_camera.prefetchPlan();
     port.prefetch(plan.always);
-    zqcameralib::PrefetchPlan::Registers conditional;
+    Registers conditional;
     for (std::size_t i = 0; i < plan.whenAvailable.size(); ++i) {
         const auto& registers = plan.whenAvailable[i];
         if (!registers.empty() && m_reader.state(m_camera.features()[i]) != FEATURE_NOT_AVAILABLE) {
@@ -308,12 +302,13 @@ bool ZQCameraRepository::Impl::readRecord(Record& record)
     if (m_camera.port().backend().prefersBatches() && !touchesMoving(*record.feature)) {
         m_camera.port().prefetch(record.touched);
     }
+    const RegisterPort::FailureScope failures(m_camera.port());
     RegisterPort::Recorder recorder(m_camera.port());
     const bool done = m_reader.read(*record.feature, *record.item, state);
     record.touched = std::move(recorder.read);
     m_states[record.feature->name] = state;
     record.isUnread = state == FEATURE_READ_FAILED;
-    record.isOutstanding = !done && m_camera.port().lastFailure().code == zqcameralib::cameraSlow;
+    record.isOutstanding = !done && failures.status().code() == zqcameralib::cameraSlow;
     if (done) {
         explain(record, state);
     }
@@ -396,10 +391,8 @@ bool ZQCameraRepository::Impl::touchesWritten(const Record& record, const Featur
         return false;
     }
     return std::any_of(record.touched.begin(), record.touched.end(), [&](const auto& touched) {
-        return std::any_of(registers.begin(), registers.end(), [&](const auto& reg) {
-            return touched.first < reg.first + reg.second
-                && reg.first < touched.first + touched.second;
-        });
+        return std::any_of(registers.begin(), registers.end(),
+            [&](const auto& place) { return place.overlaps(touched); });
     });
 }
 
@@ -428,24 +421,24 @@ int ZQCameraRepository::Impl::updateStates()
     }
     RegisterPort& port = m_camera.port();
     const RegisterPort::Pass pass(port);
-    const std::uint64_t failuresBefore = port.failures();
+    const RegisterPort::FailureScope failuresOfAll(port);
     port.prefetch(m_stateRegisters);
     RegisterPort::Recorder recorder(port);
     for (auto& [name, record] : m_records) {
-        const std::uint64_t failures = port.failures();
+        const RegisterPort::FailureScope failures(port);
         const FEATURE_STATE state = m_reader.state(*record.feature);
         // Once a feature could not be asked, only a fresh value takes the mark away.
         record.isUnread = record.isUnread || state == FEATURE_READ_FAILED;
         record.isFresh = record.isFresh && !record.isUnread;
         m_states[name] = record.isUnread ? FEATURE_READ_FAILED : state;
-        record.isOutstanding = record.isOutstanding
-            || (port.failures() != failures && port.lastFailure().code == zqcameralib::cameraSlow);
+        record.isOutstanding
+            = record.isOutstanding || failures.status().code() == zqcameralib::cameraSlow;
     }
     m_stateRegisters = distinct(std::move(recorder.read));
     if (backend().isLost()) {
-        return note(backend().loss());
+        return m_camera.note(backend().loss());
     }
-    return port.failures() == failuresBefore ? STATUS_OK : note(port.lastFailure());
+    return failuresOfAll.hasFailed() ? m_camera.note(failuresOfAll.status()) : STATUS_OK;
 }
 
 } // namespace featurebrowser

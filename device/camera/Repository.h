@@ -39,11 +39,11 @@ public:
     /// Null when none goes on.
     zqcameralib::ReadAhead* readAhead() { return m_ahead.get(); }
     /// The error of a reading ahead that has failed, or cannot begin.
-    std::string lossText() { return m_camera.port().backend().loss().message; }
+    std::string lossText() { return m_camera.port().backend().loss().text(); }
 
 private:
     using Clock = std::chrono::steady_clock;
-    using Registers = zqcameralib::ZQCamera::Impl::Registers;
+    using Registers = zqcameralib::Registers;
     struct Record {
         ItemPointer item;
         const zqcameralib::Feature* feature = nullptr;
@@ -55,13 +55,12 @@ private:
     using Records = std::unordered_map<std::string, Record>;
 
     zqcameralib::RegisterBackend& backend() { return m_camera.port().backend(); }
-    int note(const zqcameralib::AccessError& error);
     /// Records of a camera that was exchanged are void.
     void dropOtherCamera();
-    /// Waits for the reading ahead as long as one operation may; 0 when it is done.
-    int awaitReadAhead();
+    /// Waits for the reading ahead as long as one operation may.
+    zqcameralib::Status awaitReadAhead();
     int readAll();
-    int failLoad(const zqcameralib::AccessError& error);
+    int failLoad(const zqcameralib::Status& failure);
     /// Reads together what a load is going to read: what the last one has read or, the first time,
     /// what the description tells.
     void prefetchLoad();

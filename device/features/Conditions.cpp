@@ -17,13 +17,13 @@ Conditions::Truth Conditions::ask(const Condition& condition)
         m_port.noteAgain(known->second.read);
         return known->second.truth;
     }
-    const std::uint64_t failures = m_port.failures();
+    const RegisterPort::FailureScope failures(m_port);
     RegisterPort::Recorder recorder(m_port);
     GlibError error;
     const bool holds = condition.check(condition.node, error.out()) != FALSE;
     const Truth truth = error ? Truth::Unknown : holds ? Truth::Yes : Truth::No;
     // What failed is asked again: each feature that needs it has to come out as unread.
-    if (m_port.failures() == failures && m_snapshot == m_port.snapshotNumber()) {
+    if (!failures.hasFailed() && m_snapshot == m_port.snapshotNumber()) {
         m_answers.emplace(condition.target, Answer { truth, std::move(recorder.read) });
     }
     return truth;

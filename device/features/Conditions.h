@@ -28,7 +28,7 @@ public:
 private:
     struct Answer {
         Truth truth;
-        std::vector<RegisterPort::Register> read;
+        Registers read;
     };
 
     RegisterPort& m_port;

@@ -60,7 +60,7 @@ FEATURE_STATE FeatureReader::state(const Feature& feature)
     if (feature.type == FEATURE_CATEGORY) {
         return FEATURE_AVAILABLE;
     }
-    const std::uint64_t failures = m_port.failures();
+    const RegisterPort::FailureScope failures(m_port);
     FEATURE_STATE state = FEATURE_AVAILABLE;
     if (feature.access == ACCESS_NOT_AVAILABLE || feature.isChunkOrEventData
         || !m_conditions.allHold(feature.implementedIf)
@@ -70,7 +70,7 @@ FEATURE_STATE FeatureReader::state(const Feature& feature)
         || (m_port.backend().isReadOnly() && feature.access != ACCESS_READ_ONLY)) {
         state = FEATURE_LOCKED;
     }
-    return m_port.failures() == failures ? state : FEATURE_READ_FAILED;
+    return failures.hasFailed() ? FEATURE_READ_FAILED : state;
 }
 
 FeatureReader::IntegerLimits FeatureReader::integerLimits(const Feature& feature)
@@ -296,7 +296,7 @@ void FeatureReader::readAvailable(const Feature& feature, Item& item, FEATURE_ST
 
 bool FeatureReader::read(const Feature& feature, FeatureItem& item, FEATURE_STATE& state)
 {
-    const std::uint64_t failures = m_port.failures();
+    const RegisterPort::FailureScope failures(m_port);
     state = this->state(feature);
     if (state == FEATURE_READ_FAILED) {
         return false;
@@ -308,7 +308,7 @@ bool FeatureReader::read(const Feature& feature, FeatureItem& item, FEATURE_STAT
     } else if (feature.type != FEATURE_CATEGORY) {
         readAvailable(feature, fresh, state);
     }
-    if (m_port.failures() != failures) {
+    if (failures.hasFailed()) {
         state = FEATURE_READ_FAILED;
         return false;
     }

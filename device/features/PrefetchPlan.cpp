@@ -32,7 +32,7 @@ public:
     }
 
     /// What is added from here on goes to `registers`, each node once.
-    void collectInto(PrefetchPlan::Registers& registers)
+    void collectInto(Registers& registers)
     {
         m_registers = &registers;
         ++m_collection;
@@ -84,10 +84,10 @@ private:
 
     void addRegister(const DescriptionNode& node)
     {
-        RegisterPort::Register place;
+        Register place;
         const pugi::xml_node where
             = node.kind == "StructEntry" ? node.element.parent() : node.element;
-        if (fixedRegister(node, place.first, place.second) && !where.child("pLength")
+        if (fixedRegister(node, place.address, place.size) && !where.child("pLength")
             && childText(where, "AccessMode") != "WO"
             && !isOnChunkOrEventPort(m_description, node)) {
             m_registers->push_back(place);
@@ -97,7 +97,7 @@ private:
     const Description& m_description;
     std::vector<std::size_t> m_seenBy; ///< by node: the collection that it was last added to
     std::size_t m_collection = 0;
-    PrefetchPlan::Registers* m_registers = nullptr;
+    Registers* m_registers = nullptr;
 };
 
 bool isRead(const Feature& feature)

@@ -11,8 +11,6 @@ namespace zqcameralib {
 /// The registers that a load is bound to read, as far as the description tells their places, so
 /// that they can be read together.
 struct PrefetchPlan {
-    using Registers = std::vector<RegisterPort::Register>;
-
     PrefetchPlan() = default;
     PrefetchPlan(const Description& description, const std::vector<Feature>& features);
 

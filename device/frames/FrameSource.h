@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Status.h"
+
 #include "featurebrowser/ZQAcquisition.h"
 
 #include <chrono>
@@ -39,6 +41,22 @@ public:
     virtual std::string warning() const { return {}; }
     /// Why there may be no complete image so far. On the thread of next().
     virtual std::string whyNothing() const { return {}; }
+};
+
+/// A frame source on its way: a slow camera takes long to be told where to send images to.
+/// Destroying it ends what was begun.
+class FrameSourceOpening {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    FrameSourceOpening() = default;
+    FrameSourceOpening(const FrameSourceOpening&) = delete;
+    FrameSourceOpening& operator=(const FrameSourceOpening&) = delete;
+    virtual ~FrameSourceOpening() = default;
+
+    /// Waits for the source, but not beyond `deadline`: stillWorking when it is not there yet. It
+    /// is handed out once.
+    virtual Result<std::unique_ptr<FrameSource>> finish(Clock::time_point deadline) = 0;
 };
 
 } // namespace zqcameralib

@@ -2,6 +2,7 @@
 
 #include "base/StatusCodes.h"
 #include "link/RegisterBatch.h"
+#include "stream/StreamOpening.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,26 +23,7 @@ const char* const lostText = "the camera does not answer any more; reconnect to 
 const char* const exchangedText = "another camera is there now; reconnect to it";
 const char* const controlLostText = "control of the camera was lost; reconnect to take it back";
 
-/// How an access ended, as the two threads share it.
-struct Result {
-    AccessError error;
-    bool done = false;
-};
-
 } // namespace
-
-/// Opening a camera, or finding it again, as the two threads share it.
-struct CameraLink::Attempt {
-    CameraPlace place;
-    CameraAccess access = CameraAccess::Control;
-    std::shared_ptr<CameraSession> session; ///< in: the lost one; out: the one to use
-    std::string description;
-    std::string error;
-    bool isReadOnly = false;
-    bool isOtherCamera = false;
-    std::shared_ptr<OpeningProgress> progress = std::make_shared<OpeningProgress>();
-    std::atomic<bool> isOver { false };
-};
 
 CameraLink::CameraLink(CameraPlace place, CameraAccess access)
     : m_place(std::move(place))
@@ -49,82 +31,24 @@ CameraLink::CameraLink(CameraPlace place, CameraAccess access)
 {
 }
 
-/// Leaves the session in place where it can be used again, or where another try makes sense.
-void CameraLink::findAgain(Attempt& attempt)
+Status CameraLink::adopt(Connecting& connecting)
 {
-    if (!CameraSession::answers(attempt.place, *attempt.progress, attempt.error)) {
-        return;
+    m_session = std::move(connecting.session);
+    if (!connecting.status.isOk()) {
+        return connecting.status;
     }
-    std::string refusal;
-    switch (attempt.session->retake(attempt.access == CameraAccess::ReadOnly, refusal)) {
-    case CameraSession::Retaken::Yes:
-        return;
-    case CameraSession::Retaken::Denied:
-        attempt.isReadOnly = true;
-        if (attempt.access == CameraAccess::Control) {
-            attempt.error = attempt.place.address + ": another application controls the camera";
-        }
-        return;
-    case CameraSession::Retaken::Refused:
-        attempt.error = attempt.place.address + ": " + refusal;
-        return;
-    case CameraSession::Retaken::OtherCamera:
-        attempt.isOtherCamera = true;
-        attempt.session->leaveControl(); // a stream may keep the session's device
-        break;
-    case CameraSession::Retaken::No:
-        break;
+    m_isReadOnly = connecting.isReadOnly;
+    bool isOtherCamera = connecting.isOtherCamera;
+    if (!connecting.description.empty()) {
+        isOtherCamera = isOtherCamera || m_description != connecting.description;
+        m_description = std::move(connecting.description);
     }
-    // The old session ends before a new one begins: it would give the control away at its end.
-    attempt.session.reset();
-    openAnew(attempt);
-}
-
-void CameraLink::openAnew(Attempt& attempt)
-{
-    attempt.session = CameraSession::open(attempt.place, *attempt.progress, attempt.error);
-    if (!attempt.session) {
-        return;
-    }
-    attempt.description = attempt.session->description();
-    if (attempt.access == CameraAccess::ReadOnly) {
-        attempt.session->leaveControl();
-    } else if (attempt.access == CameraAccess::Control && !attempt.session->isController()) {
-        attempt.error = attempt.place.address + ": another application controls the camera";
-        attempt.session.reset();
-    }
-    attempt.isReadOnly = attempt.session && !attempt.session->isController();
-}
-
-void CameraLink::attempt(const std::shared_ptr<Attempt>& attempt)
-{
-    if (attempt->session) {
-        findAgain(*attempt);
-    } else if (CameraSession::answers(attempt->place, *attempt->progress, attempt->error)) {
-        openAnew(*attempt);
-    }
-    attempt->isReadOnly = attempt->isReadOnly || attempt->access == CameraAccess::ReadOnly;
-    attempt->isOver = true;
-}
-
-bool CameraLink::adopt(Attempt& attempt, std::string& error)
-{
-    m_session = std::move(attempt.session);
-    error = attempt.error;
-    if (!m_session || !error.empty()) {
-        return false;
-    }
-    m_isReadOnly = attempt.isReadOnly;
-    if (!attempt.description.empty()) {
-        attempt.isOtherCamera = attempt.isOtherCamera || m_description != attempt.description;
-        m_description = std::move(attempt.description);
-    }
-    m_cameraNumber += attempt.isOtherCamera ? 1 : 0;
+    m_cameraNumber += isOtherCamera ? 1 : 0;
     m_loss = {};
     ++m_health->connection;
     m_health->lost = false;
     watch();
-    return true;
+    return {};
 }
 
 void CameraLink::watch()
@@ -138,52 +62,55 @@ void CameraLink::watch()
         watchPeriod);
 }
 
-std::unique_ptr<CameraLink> CameraLink::open(const CameraPlace& place, CameraAccess access,
-    std::string& error, const std::shared_ptr<OpeningProgress>& progress)
+Result<std::unique_ptr<CameraLink>> CameraLink::open(
+    const CameraPlace& place, CameraAccess access, const std::shared_ptr<OpeningProgress>& progress)
 {
     std::unique_ptr<CameraLink> link(new CameraLink(place, access));
-    auto attempt = std::make_shared<Attempt>();
-    attempt->place = place;
-    attempt->access = access;
+    auto connecting = std::make_shared<Connecting>();
+    connecting->place = place;
+    connecting->access = access;
     if (progress) {
-        attempt->progress = progress;
+        connecting->progress = progress;
     }
-    const OpeningProgress& state = *attempt->progress;
+    const OpeningProgress& state = *connecting->progress;
     const Clock::time_point start = Clock::now();
     const auto isInTime = [&] {
         return Clock::now() - start < openSlack + std::chrono::milliseconds(4 * state.expectedMs);
     };
-    link->m_thread->post([attempt] { CameraLink::attempt(attempt); });
-    while (!attempt->isOver && !state.isCancelled && isInTime()) {
+    link->m_thread->post([connecting] { connecting->run(); });
+    while (!connecting->isOver && !state.isCancelled && isInTime()) {
         link->m_thread->run([] {}, Clock::now() + waitSlice);
     }
-    if (!attempt->isOver) {
-        error = place.address
-            + (state.isCancelled ? ": cancelled"
-                    : state.step == OpeningProgress::Step::Waiting
-                    ? ": another camera is being opened and does not come to an end"
-                    : ": the camera does not hand out its description");
-        attempt->progress->isCancelled = true;
+    if (!connecting->isOver) {
+        const char* const reason = state.isCancelled ? "cancelled"
+            : state.step == OpeningProgress::Step::Waiting
+            ? "another camera is being opened and does not come to an end"
+            : "the camera does not hand out its description";
+        connecting->progress->isCancelled = true;
         link->abandonThread();
-        return nullptr;
+        return Status(cameraSlow, place.words(reason));
     }
-    return link->adopt(*attempt, error) ? std::move(link) : nullptr;
+    if (Status adopted = link->adopt(*connecting); !adopted.isOk()) {
+        return adopted;
+    }
+    return link;
 }
 
 CameraLink::~CameraLink()
 {
     const bool isUseless = CameraLink::isLost();
     m_thread->whenIdle({}, watchPeriod);
-    if (m_attempt) {
-        m_attempt->progress->isCancelled = true;
+    if (m_connecting) {
+        m_connecting->progress->isCancelled = true;
     }
     // The session ends on its thread: that talks to the camera once more.
-    m_thread->post([session = std::move(m_session), attempt = std::move(m_attempt)]() mutable {
-        if (attempt) {
-            attempt->session.reset();
-        }
-        session.reset();
-    });
+    m_thread->post(
+        [session = std::move(m_session), connecting = std::move(m_connecting)]() mutable {
+            if (connecting) {
+                connecting->session.reset();
+            }
+            session.reset();
+        });
     if (isUseless) {
         abandonThread();
     }
@@ -197,7 +124,7 @@ void CameraLink::abandonThread()
 
 void CameraLink::lose(int code, const std::string& message)
 {
-    m_loss = { code, m_place.address + ": " + message };
+    m_loss = { code, m_place.words(message) };
     m_health->lost = true;
 }
 
@@ -208,13 +135,12 @@ void CameraLink::giveUp(const std::string& reason)
 
 void CameraLink::check()
 {
-    AccessError ignored;
-    beginWithSession([](CameraSession& session) { session.watch(); }, ignored);
+    static_cast<void>(beginWithSession([](CameraSession& session) { session.watch(); }));
 }
 
 bool CameraLink::isGivenUp()
 {
-    if (m_loss.code == 0 && m_session) {
+    if (m_loss.isOk() && m_session) {
         if (!m_isReadOnly && m_session->health()->controlLost) {
             lose(cameraLost, controlLostText);
         } else if (m_session->health()->exchanged) {
@@ -223,7 +149,7 @@ bool CameraLink::isGivenUp()
             lose(cameraLost, lostText);
         }
     }
-    return m_loss.code != 0;
+    return !m_loss.isOk();
 }
 
 bool CameraLink::isSilent() const
@@ -237,10 +163,9 @@ bool CameraLink::isLost()
     return CameraLink::isGivenUp() || isSilent();
 }
 
-AccessError CameraLink::loss() const
+Status CameraLink::loss() const
 {
-    return m_loss.code != 0 ? m_loss
-                            : AccessError { cameraLost, m_place.address + ": " + silentText };
+    return m_loss.isOk() ? Status(cameraLost, m_place.words(silentText)) : m_loss;
 }
 
 void CameraLink::beginCall()
@@ -264,110 +189,83 @@ CameraLink::Clock::time_point CameraLink::deadline() const
     return m_waitingEnd ? std::min(end, *m_waitingEnd) : end;
 }
 
-AccessThread::Outcome CameraLink::run(
-    std::function<void(CameraSession&)> task, Clock::time_point until)
+AccessThread::Outcome CameraLink::run(SessionTask task, Clock::time_point until)
 {
     return m_thread->run([session = m_session, work = std::move(task)] { work(*session); }, until);
 }
 
-AccessError CameraLink::tooSlow(AccessThread::Outcome outcome, bool isWrite) const
+Status CameraLink::tooSlow(AccessThread::Outcome outcome, bool isWrite) const
 {
-    const std::string text = m_place.address + ": the camera answers too slowly";
+    const std::string text = m_place.words("the camera answers too slowly");
     if (!isWrite) {
         return { cameraSlow, text };
     }
     return outcome == AccessThread::Outcome::NotBegun
-        ? AccessError { notSent, text + "; nothing was sent" }
-        : AccessError { cameraSlow,
-              text + "; it has not confirmed what was sent, and may still take it" };
+        ? Status(notSent, text + "; nothing was sent")
+        : Status(cameraSlow, text + "; it has not confirmed what was sent, and may still take it");
 }
 
-bool CameraLink::runWithSession(std::function<void(CameraSession&)> task, AccessError& error)
+Status CameraLink::beginWithSession(SessionTask task)
 {
     if (isLost()) {
-        error = loss();
-        return false;
-    }
-    const AccessThread::Outcome outcome = run(std::move(task), deadline());
-    if (outcome != AccessThread::Outcome::Done) {
-        error = isLost() ? loss() : tooSlow(outcome, false);
-        return false;
-    }
-    return true;
-}
-
-bool CameraLink::beginWithSession(std::function<void(CameraSession&)> task, AccessError& error)
-{
-    if (isLost()) {
-        error = loss();
-        return false;
+        return loss();
     }
     m_thread->post([session = m_session, work = std::move(task)] { work(*session); });
-    return true;
+    return {};
 }
 
-bool CameraLink::transfer(
-    std::function<bool(CameraSession&, AccessError&)> access, bool isWrite, AccessError& error)
+Status CameraLink::transfer(std::function<Status(CameraSession&)> access, bool isWrite)
 {
     if (isLost()) {
-        error = loss();
-        return false;
+        return loss();
     }
     if (isTimeOver()) {
-        error = tooSlow(AccessThread::Outcome::NotBegun, isWrite);
-        return false;
+        return tooSlow(AccessThread::Outcome::NotBegun, isWrite);
     }
-    auto result = std::make_shared<Result>();
-    const auto task = [result, access = std::move(access)](CameraSession& session) {
-        result->done = access(session, result->error);
-    };
-    const AccessThread::Outcome outcome = run(task, deadline());
-    if (outcome == AccessThread::Outcome::Done && result->done) {
-        return true;
+    auto status = std::make_shared<Status>();
+    const AccessThread::Outcome outcome = run(
+        [status, access = std::move(access)](CameraSession& session) { *status = access(session); },
+        deadline());
+    if (outcome == AccessThread::Outcome::Done && status->isOk()) {
+        return {};
+    }
+    if (!isLost()) {
+        return outcome == AccessThread::Outcome::Done ? *status : tooSlow(outcome, isWrite);
     }
     // An access that nobody knows the end of is told of even where the camera is lost by now.
     const bool isOpenEnded = isWrite && outcome == AccessThread::Outcome::GoesOn;
-    if (isLost()) {
-        error = loss();
-        error.message += isOpenEnded ? "; it has not confirmed what was sent" : "";
-    } else {
-        error = outcome == AccessThread::Outcome::Done ? result->error : tooSlow(outcome, isWrite);
-    }
-    return false;
+    return isOpenEnded ? loss().withText(loss().text() + "; it has not confirmed what was sent")
+                       : loss();
 }
 
-bool CameraLink::read(std::uint64_t address, std::uint8_t* buffer, std::size_t size,
-    AccessKind kind, AccessError& error)
+Status CameraLink::read(const Register& place, std::uint8_t* buffer, AccessKind kind)
 {
-    auto bytes = std::make_shared<std::vector<std::uint8_t>>(size);
-    const auto access = [bytes, address, kind](CameraSession& session, AccessError& failure) {
-        return session.read(address, bytes->data(), bytes->size(), kind, failure);
+    auto bytes = std::make_shared<std::vector<std::uint8_t>>(place.size);
+    const auto access = [bytes, place, kind](CameraSession& session) {
+        return session.read(place, bytes->data(), kind);
     };
-    if (!transfer(access, false, error)) {
-        return false;
+    Status status = transfer(access, false);
+    if (status.isOk()) {
+        std::copy(bytes->begin(), bytes->end(), buffer);
     }
-    std::copy(bytes->begin(), bytes->end(), buffer);
-    return true;
+    return status;
 }
 
-bool CameraLink::write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size,
-    AccessKind kind, AccessError& error)
+Status CameraLink::write(const Register& place, const std::uint8_t* buffer, AccessKind kind)
 {
     if (m_isReadOnly) {
-        error = { accessDenied, m_place.address + ": opened for reading only" };
-        return false;
+        return { accessDenied, m_place.words("opened for reading only") };
     }
-    const std::vector<std::uint8_t> bytes(buffer, buffer + size);
-    const auto access = [bytes, address, kind](CameraSession& session, AccessError& failure) {
-        return session.write(address, bytes.data(), bytes.size(), kind, failure);
-    };
-    const bool done = transfer(access, true, error);
+    const auto access
+        = [bytes = std::vector<std::uint8_t>(buffer, buffer + place.size), place, kind](
+              CameraSession& session) { return session.write(place, bytes.data(), kind); };
+    Status status = transfer(access, true);
     // A camera does not tell when another application, or a restart, has taken its control away.
-    if (!done && error.code == deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED) {
+    if (status.code() == deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED) {
         lose(cameraLost, controlLostText);
-        error = m_loss;
+        return m_loss;
     }
-    return done;
+    return status;
 }
 
 void CameraLink::readTogether(Requests& requests)
@@ -388,31 +286,36 @@ std::unique_ptr<RegisterBackend::Reading> CameraLink::readBeside(Requests reques
     return std::make_unique<ReadingBeside>(*m_thread, m_session, std::move(requests));
 }
 
-bool CameraLink::reconnect(bool waits, std::string& error)
+Result<std::unique_ptr<FrameSourceOpening>> CameraLink::openFrames(
+    const ImageFormat& format, int buffers)
+{
+    return StreamOpening::begin(*this, format, buffers);
+}
+
+Status CameraLink::reconnect(bool waits)
 {
     if (!isLost()) {
-        return true;
+        return {};
     }
     const CallScope call(*this);
-    if (!m_attempt) {
-        if (m_loss.code == 0) {
+    if (!m_connecting) {
+        if (m_loss.isOk()) {
             lose(cameraLost, lostText);
         }
-        m_attempt = std::make_shared<Attempt>();
-        m_attempt->place = m_place;
-        m_attempt->access = m_access;
-        m_attempt->session = std::move(m_session);
-        m_thread->post([attempt = m_attempt] { CameraLink::attempt(attempt); });
+        m_connecting = std::make_shared<Connecting>();
+        m_connecting->place = m_place;
+        m_connecting->access = m_access;
+        m_connecting->session = std::move(m_session);
+        m_thread->post([connecting = m_connecting] { connecting->run(); });
     }
     if (waits) { // until all that was posted before has ended
         m_thread->run([] {}, deadline());
     }
-    if (!m_attempt->isOver) {
-        error = m_place.address + ": the camera does not answer yet";
-        return false;
+    if (!m_connecting->isOver) {
+        return { cameraLost, m_place.words("the camera does not answer yet") };
     }
-    const std::shared_ptr<Attempt> attempt = std::move(m_attempt);
-    return adopt(*attempt, error);
+    const std::shared_ptr<Connecting> connecting = std::move(m_connecting);
+    return adopt(*connecting);
 }
 
 } // namespace zqcameralib

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/AccessThread.h"
-#include "session/CameraSession.h"
-#include "session/LinkHealth.h"
+#include "link/Connecting.h"
+#include "session/SessionAccess.h"
 
 #include "featurebrowser/ZQCamera.h"
 
@@ -19,7 +19,7 @@ namespace zqcameralib {
 /// found it again. While it is lost every access fails at once.
 ///
 /// One thread at a time, except health(). Destroying it does not wait for a camera that is lost.
-class CameraLink final : public RegisterBackend {
+class CameraLink final : public RegisterBackend, public SessionAccess {
 public:
     using Clock = std::chrono::steady_clock;
 
@@ -28,16 +28,14 @@ public:
     /// One lost packet costs 0.5 s, so that an access with two of them is still answered.
     static constexpr std::chrono::milliseconds silentAfter { 1150 };
 
-    /// Null and one line in `error` when the camera cannot be opened as wanted. Takes as long as
-    /// the camera needs to hand out its description; a dead one is noticed within 3 s.
-    static std::unique_ptr<CameraLink> open(const CameraPlace& place, CameraAccess access,
-        std::string& error, const std::shared_ptr<OpeningProgress>& progress = nullptr);
+    /// Takes as long as the camera needs to hand out its description; a dead one is noticed within
+    /// 3 s.
+    static Result<std::unique_ptr<CameraLink>> open(const CameraPlace& place, CameraAccess access,
+        const std::shared_ptr<OpeningProgress>& progress = nullptr);
     ~CameraLink() override;
 
-    bool read(std::uint64_t address, std::uint8_t* buffer, std::size_t size, AccessKind kind,
-        AccessError& error) override;
-    bool write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size, AccessKind kind,
-        AccessError& error) override;
+    Status read(const Register& place, std::uint8_t* buffer, AccessKind kind) override;
+    Status write(const Register& place, const std::uint8_t* buffer, AccessKind kind) override;
     bool prefersBatches() const override { return true; }
     void readTogether(Requests& requests) override;
     std::unique_ptr<Reading> readBeside(Requests requests) override;
@@ -48,48 +46,36 @@ public:
     bool isTimeOver() const override { return isLimited() && deadline() <= Clock::now(); }
     bool isLost() override;
     bool isGivenUp() override;
-    AccessError loss() const override;
+    Status loss() const override;
     void check() override;
     void giveUp(const std::string& reason) override;
     bool isReadOnly() const override { return m_isReadOnly; }
-    /// Waits as long as an operation may; an attempt that takes longer goes on, and the next call
-    /// looks for its result.
-    bool reconnect(bool waits, std::string& error) override;
-    bool isReconnecting() override { return m_attempt != nullptr; }
+    Status reconnect(bool waits) override;
+    bool isReconnecting() override { return m_connecting != nullptr; }
     std::uint64_t cameraNumber() const override { return m_cameraNumber; }
     std::string description() const override { return m_description; }
 
-    /// Runs `task` with the session on the access thread; false, with a reason, when the camera is
-    /// lost or the time is over. `task` then may go on and has to own what it touches.
-    bool runWithSession(std::function<void(CameraSession&)> task, AccessError& error);
-    /// Runs `task` with the session on the access thread without waiting; false, with a reason,
-    /// when the camera is lost. What is asked for behind it may find no time left.
-    bool beginWithSession(std::function<void(CameraSession&)> task, AccessError& error);
+    std::uint64_t connectionNumber() const override { return m_health->connection; }
+    Result<std::unique_ptr<FrameSourceOpening>> openFrames(
+        const ImageFormat& format, int buffers) override;
 
-    /// Runs `task` on the access thread without waiting, also when the camera is lost.
-    void post(std::function<void()> task) { m_thread->post(std::move(task)); }
-    /// What they point to is for any thread.
-    const std::shared_ptr<LinkHealth>& health() const { return m_health; }
-    std::shared_ptr<CameraSession::Health> sessionHealth() const
+    Status beginWithSession(SessionTask task) override;
+    void post(std::function<void()> task) override { m_thread->post(std::move(task)); }
+    std::shared_ptr<LinkHealth> health() const override { return m_health; }
+    std::shared_ptr<CameraSession::Health> sessionHealth() const override
     {
         return m_session ? m_session->health() : std::make_shared<CameraSession::Health>();
     }
 
 private:
-    struct Attempt;
-
     CameraLink(CameraPlace place, CameraAccess access);
     Clock::time_point deadline() const;
-    AccessThread::Outcome run(std::function<void(CameraSession&)> task, Clock::time_point until);
-    bool transfer(
-        std::function<bool(CameraSession&, AccessError&)> access, bool isWrite, AccessError& error);
-    AccessError tooSlow(AccessThread::Outcome outcome, bool isWrite) const;
+    AccessThread::Outcome run(SessionTask task, Clock::time_point until);
+    Status transfer(std::function<Status(CameraSession&)> access, bool isWrite);
+    Status tooSlow(AccessThread::Outcome outcome, bool isWrite) const;
     bool isSilent() const;
     void lose(int code, const std::string& message);
-    static void findAgain(Attempt& attempt);
-    static void openAnew(Attempt& attempt);
-    static void attempt(const std::shared_ptr<Attempt>& attempt);
-    bool adopt(Attempt& attempt, std::string& error);
+    Status adopt(Connecting& connecting);
     void watch();
     void abandonThread();
 
@@ -97,14 +83,14 @@ private:
     CameraAccess m_access;
     std::unique_ptr<AccessThread> m_thread = std::make_unique<AccessThread>();
     std::shared_ptr<CameraSession> m_session;
-    std::shared_ptr<Attempt> m_attempt; ///< to reconnect, while it runs
+    std::shared_ptr<Connecting> m_connecting; ///< to the lost camera, while it runs
     std::shared_ptr<LinkHealth> m_health = std::make_shared<LinkHealth>();
     std::string m_description;
     std::uint64_t m_cameraNumber = 0;
     int m_calls = 0; ///< scopes of operations that are open
     Clock::time_point m_callEnd;
     std::optional<Clock::time_point> m_waitingEnd;
-    AccessError m_loss; ///< code 0 while the camera was not given up
+    Status m_loss; ///< a success while the camera was not given up
     bool m_isReadOnly = false;
 };
 

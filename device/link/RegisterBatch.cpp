@@ -17,17 +17,15 @@ void RegisterBatch::readAll(CameraSession& session)
 /// The access itself is done on a copy: who has waited long enough takes what is there.
 bool RegisterBatch::readNext(CameraSession& session)
 {
-    RegisterBackend::Request request;
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_isEnded || m_next == m_requests.size()) {
-            return false;
-        }
-        request = m_requests[m_next];
+    std::unique_lock<std::mutex> looking(m_mutex);
+    if (m_isEnded || m_next == m_requests.size()) {
+        return false;
     }
-    request.done = session.read(
-        request.address, request.bytes.data(), request.bytes.size(), request.kind, request.error);
-    m_hasFailed = m_hasFailed || !request.done;
+    RegisterBackend::Request request = m_requests[m_next];
+    looking.unlock();
+    request.status = session.read(request.place, request.bytes.data(), request.kind);
+    request.isDone = request.status.isOk();
+    m_hasFailed = m_hasFailed || !request.isDone;
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_isEnded) {
         return false;

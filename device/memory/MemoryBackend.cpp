@@ -1,8 +1,32 @@
 #include "memory/MemoryBackend.h"
 
+#include "base/StatusCodes.h"
+#include "memory/SimulatedFrames.h"
+
+#include <new>
 #include <utility>
 
 namespace zqcameralib {
+
+namespace {
+
+/// Made-up frames are there at once.
+class OpenedFrames : public FrameSourceOpening {
+public:
+    explicit OpenedFrames(std::unique_ptr<FrameSource> frames)
+        : m_frames(std::move(frames))
+    {
+    }
+    Result<std::unique_ptr<FrameSource>> finish(Clock::time_point /*deadline*/) override
+    {
+        return std::move(m_frames);
+    }
+
+private:
+    std::unique_ptr<FrameSource> m_frames;
+};
+
+} // namespace
 
 MemoryBackend::MemoryBackend(std::unique_ptr<CameraBehaviour> behaviour)
     : m_behaviour(std::move(behaviour))
@@ -12,24 +36,33 @@ MemoryBackend::MemoryBackend(std::unique_ptr<CameraBehaviour> behaviour)
     }
 }
 
-bool MemoryBackend::read(
-    std::uint64_t address, std::uint8_t* buffer, std::size_t size, AccessKind, AccessError&)
+Status MemoryBackend::read(const Register& place, std::uint8_t* buffer, AccessKind)
 {
     if (m_behaviour) {
-        m_behaviour->beforeRead(m_memory, address, size);
+        m_behaviour->beforeRead(m_memory, place.address, place.size);
     }
-    m_memory.read(address, buffer, size);
-    return true;
+    m_memory.read(place.address, buffer, place.size);
+    return {};
 }
 
-bool MemoryBackend::write(
-    std::uint64_t address, const std::uint8_t* buffer, std::size_t size, AccessKind, AccessError&)
+Status MemoryBackend::write(const Register& place, const std::uint8_t* buffer, AccessKind)
 {
-    m_memory.write(address, buffer, size);
+    m_memory.write(place.address, buffer, place.size);
     if (m_behaviour) {
-        m_behaviour->afterWrite(m_memory, address, size);
+        m_behaviour->afterWrite(m_memory, place.address, place.size);
     }
-    return true;
+    return {};
+}
+
+Result<std::unique_ptr<FrameSourceOpening>> MemoryBackend::openFrames(
+    const ImageFormat& format, int /*buffers*/)
+{
+    try {
+        return std::make_unique<OpenedFrames>(std::make_unique<SimulatedFrames>(format));
+    } catch (const std::bad_alloc&) {
+        return Status(noImage,
+            "not enough memory for an image of " + std::to_string(format.payload) + " bytes");
+    }
 }
 
 } // namespace zqcameralib

@@ -14,10 +14,10 @@ public:
     /// `behaviour` may be null: then the camera only remembers what is written.
     explicit MemoryBackend(std::unique_ptr<CameraBehaviour> behaviour);
 
-    bool read(std::uint64_t address, std::uint8_t* buffer, std::size_t size, AccessKind kind,
-        AccessError& error) override;
-    bool write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size, AccessKind kind,
-        AccessError& error) override;
+    Status read(const Register& place, std::uint8_t* buffer, AccessKind kind) override;
+    Status write(const Register& place, const std::uint8_t* buffer, AccessKind kind) override;
+    Result<std::unique_ptr<FrameSourceOpening>> openFrames(
+        const ImageFormat& format, int buffers) override;
 
     RegisterMemory& memory() { return m_memory; }
 

@@ -3,7 +3,6 @@
 #include "base/LibraryLock.h"
 #include "base/StatusCodes.h"
 
-#include <array>
 #include <string>
 
 namespace zqcameralib {
@@ -28,52 +27,37 @@ PortDevice& self(ArvDevice* device)
     return *reinterpret_cast<PortDevice*>(device);
 }
 
-gboolean report(bool done, const AccessError& failure, GError** error)
-{
-    if (!done && error != nullptr && *error == nullptr) {
-        *error = g_error_new_literal(
-            arv_device_error_quark(), ARV_DEVICE_ERROR_TRANSFER_ERROR, failure.message.c_str());
-    }
-    return done ? TRUE : FALSE;
-}
-
 gboolean readMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError** error)
 {
-    AccessError failure;
-    const bool done = self(device).port->read(
-        address, static_cast<std::uint8_t*>(buffer), size, AccessKind::Memory, failure);
-    return report(done, failure, error);
+    const Status status = self(device).port->read(
+        { address, size }, static_cast<std::uint8_t*>(buffer), AccessKind::Memory);
+    return status.toLibrary(error) ? TRUE : FALSE;
 }
 
 gboolean writeMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError** error)
 {
-    AccessError failure;
-    const bool done = self(device).port->write(
-        address, static_cast<const std::uint8_t*>(buffer), size, AccessKind::Memory, failure);
-    return report(done, failure, error);
+    const Status status = self(device).port->write(
+        { address, size }, static_cast<const std::uint8_t*>(buffer), AccessKind::Memory);
+    return status.toLibrary(error) ? TRUE : FALSE;
 }
 
 gboolean readRegister(ArvDevice* device, guint64 address, guint32* value, GError** error)
 {
-    std::array<std::uint8_t, 4> bytes {};
-    AccessError failure;
-    const bool done = self(device).port->read(
-        address, bytes.data(), bytes.size(), AccessKind::Register, failure);
-    if (done) {
-        *value = std::uint32_t(bytes[0]) << 24U | std::uint32_t(bytes[1]) << 16U
-            | std::uint32_t(bytes[2]) << 8U | std::uint32_t(bytes[3]);
+    std::uint32_t bytes = 0;
+    const Status status = self(device).port->read(
+        { address, sizeof bytes }, reinterpret_cast<std::uint8_t*>(&bytes), AccessKind::Register);
+    if (status.isOk()) {
+        *value = GUINT32_FROM_BE(bytes);
     }
-    return report(done, failure, error);
+    return status.toLibrary(error) ? TRUE : FALSE;
 }
 
 gboolean writeRegister(ArvDevice* device, guint64 address, guint32 value, GError** error)
 {
-    const std::array<std::uint8_t, 4> bytes { std::uint8_t(value >> 24U),
-        std::uint8_t(value >> 16U), std::uint8_t(value >> 8U), std::uint8_t(value) };
-    AccessError failure;
-    const bool done = self(device).port->write(
-        address, bytes.data(), bytes.size(), AccessKind::Register, failure);
-    return report(done, failure, error);
+    const std::uint32_t bytes = GUINT32_TO_BE(value);
+    const Status status = self(device).port->write({ address, sizeof bytes },
+        reinterpret_cast<const std::uint8_t*>(&bytes), AccessKind::Register);
+    return status.toLibrary(error) ? TRUE : FALSE;
 }
 
 const char* genicamXml(ArvDevice* device, std::size_t* size)
@@ -130,21 +114,19 @@ void PortDeviceDeleter::operator()(PortDevice* device) const
     g_object_unref(device);
 }
 
-PortDevicePointer makePortDevice(
-    RegisterPort& port, std::string_view xml, std::chrono::milliseconds limit, std::string& error)
+Result<PortDevicePointer> makePortDevice(
+    RegisterPort& port, std::string_view xml, std::chrono::milliseconds limit)
 {
     const LibraryLock parser(LibraryPart::Parser, LibraryLock::Clock::now() + limit);
     if (!parser) {
-        error = "another camera is being opened and does not come to an end";
-        return nullptr;
+        return Status(notLoaded, "another camera is being opened and does not come to an end");
     }
     PortDevicePointer device(static_cast<PortDevice*>(g_object_new(portDeviceType(), nullptr)));
     device->port = &port;
     device->xml = new std::string(xml);
     device->genicam = arv_gc_new(&device->parent, device->xml->c_str(), device->xml->size());
     if (device->genicam == nullptr) {
-        error = "the description cannot be evaluated";
-        return nullptr;
+        return Status(notLoaded, "the description cannot be evaluated");
     }
     return device;
 }

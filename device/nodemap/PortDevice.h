@@ -6,7 +6,6 @@
 
 #include <chrono>
 #include <memory>
-#include <string>
 #include <string_view>
 
 namespace zqcameralib {
@@ -20,10 +19,9 @@ using PortDevicePointer = std::unique_ptr<PortDevice, PortDeviceDeleter>;
 
 /// Makes a device for the node map whose every register access goes through `port`, which has to
 /// outlive it, and evaluates `xml` over it. `xml` is a checked description. Any thread; waits at
-/// most `limit` for others that are being opened. Null and a reason when the description is
-/// refused.
-PortDevicePointer makePortDevice(
-    RegisterPort& port, std::string_view xml, std::chrono::milliseconds limit, std::string& error);
+/// most `limit` for others that are being opened.
+Result<PortDevicePointer> makePortDevice(
+    RegisterPort& port, std::string_view xml, std::chrono::milliseconds limit);
 
 /// The device's node map; lives as long as the device.
 ArvGc* nodeMap(PortDevice& device);

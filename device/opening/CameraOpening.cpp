@@ -17,18 +17,20 @@ std::unique_ptr<ZQCamera> openReal(const std::string& id, CameraAccess access,
     if (!findCamera(id, place, error)) {
         return nullptr;
     }
-    std::unique_ptr<CameraLink> link = CameraLink::open(place, access, error, progress);
-    if (!link) {
+    Result<std::unique_ptr<CameraLink>> link = CameraLink::open(place, access, progress);
+    if (!link.isOk()) {
+        error = link.status().text();
         return nullptr;
     }
     progress->step = OpeningProgress::Step::Preparing;
-    std::string text = link->description();
-    std::unique_ptr<ZQCamera::Impl> impl = openOver(std::move(text), std::move(link), error);
-    if (!impl) {
-        error = id + ": " + error;
+    std::string text = link.value()->description();
+    Result<std::unique_ptr<ZQCamera::Impl>> impl
+        = openOver(std::move(text), std::move(link.value()));
+    if (!impl.isOk()) {
+        error = id + ": " + impl.status().text();
         return nullptr;
     }
-    return std::make_unique<ZQCamera>(std::move(impl));
+    return std::make_unique<ZQCamera>(std::move(impl.value()));
 }
 
 ZQCameraOpening::Impl::Impl(std::string id, CameraAccess access)

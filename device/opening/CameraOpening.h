@@ -1,6 +1,6 @@
 #pragma once
 
-#include "session/CameraSession.h"
+#include "session/CameraPlace.h"
 
 #include "featurebrowser/ZQCamera.h"
 #include "featurebrowser/ZQCameraTask.h"

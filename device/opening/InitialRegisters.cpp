@@ -9,8 +9,6 @@ namespace zqcameralib {
 
 namespace {
 
-using Registers = std::vector<RegisterPort::Register>;
-
 /// Largest register that is taken for one that decides something.
 constexpr std::size_t maxDecidingSize = 8;
 /// Nodes looked at behind one condition.
@@ -93,10 +91,10 @@ private:
         std::reverse(deciding.begin(), deciding.end());
         deciding.erase(std::remove_if(deciding.begin(), deciding.end(),
                            [this](const auto& reg) {
-                               return reg.second > maxDecidingSize || m_settled.count(reg) != 0;
+                               return reg.size > maxDecidingSize || m_settled.count(reg) != 0;
                            }),
             deciding.end());
-        for (const RegisterPort::Register& reg : deciding) {
+        for (const Register& reg : deciding) {
             if (tryValues({ reg }, condition)) {
                 return true;
             }
@@ -119,7 +117,7 @@ private:
     bool tryValues(const Registers& registers, const Condition& condition)
     {
         for (const std::uint8_t filler : { std::uint8_t(0xFF), std::uint8_t(0x01) }) {
-            for (const RegisterPort::Register& reg : registers) {
+            for (const Register& reg : registers) {
                 fill(reg, filler);
             }
             if (check(condition)) {
@@ -127,22 +125,22 @@ private:
                 return true;
             }
         }
-        for (const RegisterPort::Register& reg : registers) {
+        for (const Register& reg : registers) {
             fill(reg, 0);
         }
         return false;
     }
 
-    void fill(const RegisterPort::Register& reg, std::uint8_t filler)
+    void fill(const Register& reg, std::uint8_t filler)
     {
-        std::vector<std::uint8_t> bytes(reg.second, filler);
-        m_memory.write(reg.first, bytes.data(), bytes.size());
+        std::vector<std::uint8_t> bytes(reg.size, filler);
+        m_memory.write(reg.address, bytes.data(), bytes.size());
     }
 
     ZQCamera::Impl& m_camera;
     RegisterPort& m_port;
     RegisterMemory& m_memory;
-    std::set<RegisterPort::Register> m_settled;
+    std::set<Register> m_settled;
     std::set<std::size_t> m_satisfied; ///< the nodes that decide
     std::set<std::size_t> m_released;
 };

@@ -21,30 +21,30 @@ void addCommandRegisters(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
         GlibError error;
         arv_gc_integer_get_value(ARV_GC_INTEGER(feature.commandRegister), error.out());
         if (!error && !recorder.read.empty()) {
-            const RegisterPort::Register& last = recorder.read.back();
-            behaviour.addCommandRegister(last.first, last.second);
+            const Register& last = recorder.read.back();
+            behaviour.addCommandRegister(last.address, last.size);
         }
     }
 }
 
 } // namespace
 
-std::unique_ptr<ZQCamera::Impl> openSimulated(
-    std::string text, std::unique_ptr<CameraBehaviour> behaviour, std::string& error)
+Result<std::unique_ptr<ZQCamera::Impl>> openSimulated(
+    std::string text, std::unique_ptr<CameraBehaviour> behaviour)
 {
-    return openOver(std::move(text), std::make_unique<MemoryBackend>(std::move(behaviour)), error);
+    return openOver(std::move(text), std::make_unique<MemoryBackend>(std::move(behaviour)));
 }
 
-std::unique_ptr<ZQCamera::Impl> openDescription(std::string text, std::string& error)
+Result<std::unique_ptr<ZQCamera::Impl>> openDescription(std::string text)
 {
     auto behaviour = std::make_unique<CommandBehaviour>();
     CommandBehaviour& commands = *behaviour;
     auto backend = std::make_unique<MemoryBackend>(std::move(behaviour));
     RegisterMemory& memory = backend->memory();
-    std::unique_ptr<ZQCamera::Impl> camera = openOver(std::move(text), std::move(backend), error);
-    if (camera) {
-        chooseInitialRegisters(*camera, memory);
-        addCommandRegisters(*camera, commands);
+    Result<std::unique_ptr<ZQCamera::Impl>> camera = openOver(std::move(text), std::move(backend));
+    if (camera.isOk()) {
+        chooseInitialRegisters(*camera.value(), memory);
+        addCommandRegisters(*camera.value(), commands);
     }
     return camera;
 }

@@ -58,136 +58,149 @@ bool isInValueSet(const Feature& feature, std::int64_t value)
 
 } // namespace
 
-const Feature* DeviceOperations::lookup(const char* name, std::uint8_t type)
+Result<const Feature*> DeviceOperations::lookup(const char* name, std::uint8_t type)
 {
     RegisterBackend& backend = m_camera.port().backend();
     if (backend.isLost()) {
-        fail(backend.loss().code, backend.loss().message);
-        return nullptr;
+        return backend.loss();
     }
     const Feature* feature = name == nullptr ? nullptr : m_camera.feature(name);
     if (feature == nullptr) {
-        fail(unknownFeature,
+        return Status(unknownFeature,
             std::string(name == nullptr ? "(no name)" : name) + ": the camera has no such feature");
-        return nullptr;
     }
     if (feature->type != type
         && !(type == FEATURE_STRING && feature->type == FEATURE_READ_ONLY_STRING)) {
-        fail(wrongKind, feature->name + ": holds another kind of value");
-        return nullptr;
+        return Status(wrongKind, feature->name + ": holds another kind of value");
     }
     if (feature->gc == nullptr || !holds(*feature, type)) {
-        fail(notReadable,
+        return Status(notReadable,
             feature->name + ": cannot be used, "
                 + (feature->node->isBroken() ? feature->node->broken : "it is raw data"));
-        return nullptr;
     }
     return feature;
 }
 
-int DeviceOperations::checkReadable(const Feature& feature)
+Status DeviceOperations::checkReadable(const Feature& feature)
 {
+    const RegisterPort::FailureScope failures(m_camera.port());
     const FEATURE_STATE state = m_reader.state(feature);
     if (state == FEATURE_READ_FAILED) {
-        return failPort();
+        return failures.status();
     }
     if (state == FEATURE_NOT_AVAILABLE) {
-        return fail(notAvailable, feature.name + ": " + unavailableReason(m_camera, feature));
+        return { notAvailable, feature.name + ": " + unavailableReason(m_camera, feature) };
     }
     if (feature.access != ACCESS_READ_ONLY && feature.access != ACCESS_READ_WRITE) {
-        return fail(notReadable, feature.name + ": can only be written");
+        return { notReadable, feature.name + ": can only be written" };
     }
-    return STATUS_OK;
+    return {};
 }
 
-int DeviceOperations::checkWritable(const Feature& feature)
+Status DeviceOperations::checkWritable(const Feature& feature)
 {
+    const RegisterPort::FailureScope failures(m_camera.port());
     const FEATURE_STATE state = m_reader.state(feature);
     if (state == FEATURE_READ_FAILED) {
-        return failPort();
+        return failures.status();
     }
     if (state == FEATURE_NOT_AVAILABLE) {
-        return fail(notAvailable, feature.name + ": " + unavailableReason(m_camera, feature));
+        return { notAvailable, feature.name + ": " + unavailableReason(m_camera, feature) };
     }
     if (feature.access != ACCESS_WRITE_ONLY && feature.access != ACCESS_READ_WRITE) {
-        return fail(notWritable, feature.name + ": is read-only");
+        return { notWritable, feature.name + ": is read-only" };
     }
     if (m_camera.port().backend().isReadOnly()) {
-        return fail(accessDenied,
-            feature.name + ": the camera is opened for reading only, another application has it");
+        return { accessDenied,
+            feature.name + ": the camera is opened for reading only, another application has it" };
     }
     if (state == FEATURE_LOCKED) {
-        return fail(featureLocked, feature.name + ": " + lockReason(m_camera, feature));
+        return { featureLocked, feature.name + ": " + lockReason(m_camera, feature) };
     }
-    return STATUS_OK;
+    return {};
 }
 
-int DeviceOperations::checkInteger(const Feature& feature, std::int64_t value)
+Status DeviceOperations::checkInteger(const Feature& feature, std::int64_t value)
 {
-    const std::uint64_t failures = m_camera.port().failures();
+    const RegisterPort::FailureScope failures(m_camera.port());
     const FeatureReader::IntegerLimits limits = m_reader.integerLimits(feature);
-    if (m_camera.port().failures() != failures) {
-        return failPort();
+    if (failures.hasFailed()) {
+        return failures.status();
     }
     const std::string what = feature.name + ": " + integerText(value) + " is ";
     if (value < limits.minimum) {
-        return fail(
-            ERROR_VALUE_OUT_OF_RANGE, what + "below the minimum of " + integerText(limits.minimum));
+        return { ERROR_VALUE_OUT_OF_RANGE,
+            what + "below the minimum of " + integerText(limits.minimum) };
     }
     if (value > limits.maximum) {
-        return fail(
-            ERROR_VALUE_OUT_OF_RANGE, what + "above the maximum of " + integerText(limits.maximum));
+        return { ERROR_VALUE_OUT_OF_RANGE,
+            what + "above the maximum of " + integerText(limits.maximum) };
     }
     if (value < feature.registerMin || value > feature.registerMax) {
-        return fail(ERROR_VALUE_OUT_OF_RANGE, what + "more than its register holds");
+        return { ERROR_VALUE_OUT_OF_RANGE, what + "more than its register holds" };
     }
     if (!isOnGrid(value, limits.minimum, limits.increment)) {
-        return fail(ERROR_VALUE_NOT_ON_INCREMENT,
+        return { ERROR_VALUE_NOT_ON_INCREMENT,
             what + "not a multiple of " + integerText(limits.increment) + " from "
-                + integerText(limits.minimum));
+                + integerText(limits.minimum) };
     }
     if (!isInValueSet(feature, value)) {
-        return fail(notInValueSet,
-            what + "not one of " + std::string(childText(feature.node->element, "ValidValueSet")));
+        return { notInValueSet,
+            what + "not one of " + std::string(childText(feature.node->element, "ValidValueSet")) };
     }
     return checkConversion(feature, { false, value, 0.0 });
 }
 
-int DeviceOperations::checkFloat(const Feature& feature, double value)
+Status DeviceOperations::checkFloat(const Feature& feature, double value)
 {
-    const std::uint64_t failures = m_camera.port().failures();
+    const RegisterPort::FailureScope failures(m_camera.port());
     const FeatureReader::FloatLimits limits = m_reader.floatLimits(feature);
-    if (m_camera.port().failures() != failures) {
-        return failPort();
+    if (failures.hasFailed()) {
+        return failures.status();
     }
     if (!std::isfinite(value)) {
-        return fail(ERROR_FLOAT_OUT_OF_RANGE, feature.name + ": the value is not a number");
+        return { ERROR_FLOAT_OUT_OF_RANGE, feature.name + ": the value is not a number" };
     }
     const std::string what = feature.name + ": " + floatText(value) + " is ";
     if (value < limits.minimum) {
-        return fail(
-            ERROR_FLOAT_OUT_OF_RANGE, what + "below the minimum of " + floatText(limits.minimum));
+        return { ERROR_FLOAT_OUT_OF_RANGE,
+            what + "below the minimum of " + floatText(limits.minimum) };
     }
     if (value > limits.maximum) {
-        return fail(
-            ERROR_FLOAT_OUT_OF_RANGE, what + "above the maximum of " + floatText(limits.maximum));
+        return { ERROR_FLOAT_OUT_OF_RANGE,
+            what + "above the maximum of " + floatText(limits.maximum) };
     }
     return checkConversion(feature, { true, 0, value });
 }
 
-int DeviceOperations::checkConversion(const Feature& feature, const Number& value)
+Status DeviceOperations::checkText(const Feature& feature, const std::string& text)
 {
-    const std::uint64_t failures = m_camera.port().failures();
-    const std::string fault = conversionFault(m_camera, feature, value);
-    if (m_camera.port().failures() != failures) {
-        return failPort();
+    const RegisterPort::FailureScope failures(m_camera.port());
+    const std::uint64_t length = m_reader.maxTextLength(feature);
+    if (failures.hasFailed()) {
+        return failures.status();
     }
-    return fault.empty()
-        ? STATUS_OK
-        : fail(notConvertible,
-            feature.name + ": "
-                + (value.isFloat ? floatText(value.real) : integerText(value.integer))
-                + " cannot be written, " + fault);
+    if (feature.textRegister != nullptr && (length == 0 || text.size() > length)) {
+        return { textTooLong,
+            feature.name + ": the text has " + std::to_string(text.size()) + " bytes, at most "
+                + std::to_string(length) + " fit" };
+    }
+    return {};
+}
+
+Status DeviceOperations::checkConversion(const Feature& feature, const Number& value)
+{
+    const RegisterPort::FailureScope failures(m_camera.port());
+    const std::string fault = conversionFault(m_camera, feature, value);
+    if (failures.hasFailed()) {
+        return failures.status();
+    }
+    if (fault.empty()) {
+        return {};
+    }
+    return { notConvertible,
+        feature.name + ": " + (value.isFloat ? floatText(value.real) : integerText(value.integer))
+            + " cannot be written, " + fault };
 }
 
 } // namespace zqcameralib

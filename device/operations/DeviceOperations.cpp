@@ -9,60 +9,41 @@ namespace zqcameralib {
 
 using namespace featurebrowser;
 
+namespace {
+
+Status libraryFailure(const Feature& feature, const GError& error)
+{
+    Status failure = Status::fromLibrary(error);
+    const bool isNamed = failure.text().find(feature.name) != std::string::npos;
+    return isNamed ? failure : failure.withText(feature.name + ": " + failure.text());
+}
+
+} // namespace
+
 DeviceOperations::DeviceOperations(ZQCamera::Impl& camera)
     : m_camera(camera)
     , m_reader(camera.port())
 {
 }
 
-int DeviceOperations::fail(int code, const std::string& text)
+Status DeviceOperations::read(const Feature& feature, const Access& access)
 {
-    m_camera.lastError() = { code, text };
-    return code;
-}
-
-int DeviceOperations::failPort()
-{
-    const AccessError& failure = m_camera.port().lastFailure();
-    return fail(failure.code, failure.message);
-}
-
-int DeviceOperations::failLibrary(const Feature& feature, const GError& error)
-{
-    const std::string message = error.message;
-    const bool isNamed = message.find(feature.name) != std::string::npos;
-    return fail(libraryErrorCode(error.domain, error.code),
-        isNamed ? message : feature.name + ": " + message);
-}
-
-std::string DeviceOperations::errorText(int code) const
-{
-    RegisterBackend& backend = m_camera.port().backend();
-    if (backend.isLost() && code == backend.loss().code) {
-        return backend.loss().message;
-    }
-    const LastError& last = m_camera.lastError();
-    return code == last.code && !last.text.empty() ? last.text : statusText(code);
-}
-
-int DeviceOperations::read(const Feature& feature, const Access& access)
-{
-    if (const int status = checkReadable(feature)) {
+    if (Status status = checkReadable(feature); !status.isOk()) {
         return status;
     }
-    const std::uint64_t failures = m_camera.port().failures();
+    const RegisterPort::FailureScope failures(m_camera.port());
     GlibError error;
     access(error.out());
-    if (m_camera.port().failures() != failures) {
-        return failPort();
+    if (failures.hasFailed()) {
+        return failures.status();
     }
-    return error ? failLibrary(feature, *error.get()) : STATUS_OK;
+    return error ? libraryFailure(feature, *error.get()) : Status();
 }
 
-int DeviceOperations::write(const Feature& feature, const Access& access)
+Status DeviceOperations::write(const Feature& feature, const Access& access)
 {
     RegisterPort& port = m_camera.port();
-    const std::uint64_t failures = port.failures();
+    const RegisterPort::FailureScope failures(port);
     const std::uint64_t writes = port.writes();
     GlibError error;
     {
@@ -72,103 +53,99 @@ int DeviceOperations::write(const Feature& feature, const Access& access)
     }
     // A value may be kept in the node map only; what was read before may be outdated all the same.
     port.invalidate();
-    if (port.failures() != failures) {
-        return failPort();
+    if (failures.hasFailed()) {
+        return failures.status();
     }
     if (error) {
-        return failLibrary(feature, *error.get());
+        return libraryFailure(feature, *error.get());
     }
     if (feature.endsInRegister && port.writes() == writes) {
-        return fail(notWritable, feature.name + ": the value could not be sent to the camera");
+        return { notWritable, feature.name + ": the value could not be sent to the camera" };
     }
-    return STATUS_OK;
+    return {};
 }
 
-int DeviceOperations::setInteger(const char* name, std::int64_t value, bool checkRange)
+Status DeviceOperations::setInteger(const char* name, std::int64_t value, bool checkRange)
 {
-    const Feature* feature = lookup(name, FEATURE_INTEGER);
-    if (feature == nullptr) {
-        return lastError();
+    const Result<const Feature*> found = lookup(name, FEATURE_INTEGER);
+    if (!found.isOk()) {
+        return found.status();
     }
-    int status = checkWritable(*feature);
-    if (status == STATUS_OK && checkRange) {
-        status = checkInteger(*feature, value);
+    const Feature& feature = *found.value();
+    Status status = checkWritable(feature);
+    if (status.isOk() && checkRange) {
+        status = checkInteger(feature, value);
     }
-    return status != STATUS_OK ? status : write(*feature, [&](GError** error) {
-        arv_gc_integer_set_value(ARV_GC_INTEGER(feature->gc), value, error);
+    return !status.isOk() ? status : write(feature, [&](GError** error) {
+        arv_gc_integer_set_value(ARV_GC_INTEGER(feature.gc), value, error);
     });
 }
 
-int DeviceOperations::getInteger(const char* name, std::int64_t& value)
+Status DeviceOperations::getInteger(const char* name, std::int64_t& value)
 {
-    const Feature* feature = lookup(name, FEATURE_INTEGER);
-    if (feature == nullptr) {
-        return lastError();
+    const Result<const Feature*> found = lookup(name, FEATURE_INTEGER);
+    if (!found.isOk()) {
+        return found.status();
     }
+    const Feature& feature = *found.value();
     std::int64_t result = 0;
-    int status = read(*feature, [&](GError** error) {
-        result = arv_gc_integer_get_value(ARV_GC_INTEGER(feature->gc), error);
+    Status status = read(feature, [&](GError** error) {
+        result = arv_gc_integer_get_value(ARV_GC_INTEGER(feature.gc), error);
     });
-    if (status == STATUS_OK && feature->isIntegerFormula && result == undefinedInteger) {
-        status = fail(notReadable, feature->name + ": its formula divides by zero now");
+    if (status.isOk() && feature.isIntegerFormula && result == undefinedInteger) {
+        status = { notReadable, feature.name + ": its formula divides by zero now" };
     }
-    value = status == STATUS_OK ? result : value;
+    value = status.isOk() ? result : value;
     return status;
 }
 
-int DeviceOperations::setFloat(const char* name, double value)
+Status DeviceOperations::setFloat(const char* name, double value)
 {
-    const Feature* feature = lookup(name, FEATURE_FLOAT);
-    if (feature == nullptr) {
-        return lastError();
+    const Result<const Feature*> found = lookup(name, FEATURE_FLOAT);
+    if (!found.isOk()) {
+        return found.status();
     }
-    int status = checkWritable(*feature);
-    if (status == STATUS_OK) {
-        status = checkFloat(*feature, value);
+    const Feature& feature = *found.value();
+    Status status = checkWritable(feature);
+    if (status.isOk()) {
+        status = checkFloat(feature, value);
     }
-    return status != STATUS_OK ? status : write(*feature, [&](GError** error) {
-        arv_gc_float_set_value(ARV_GC_FLOAT(feature->gc), value, error);
+    return !status.isOk() ? status : write(feature, [&](GError** error) {
+        arv_gc_float_set_value(ARV_GC_FLOAT(feature.gc), value, error);
     });
 }
 
-int DeviceOperations::getFloat(const char* name, double& value)
+Status DeviceOperations::getFloat(const char* name, double& value)
 {
-    const Feature* feature = lookup(name, FEATURE_FLOAT);
-    if (feature == nullptr) {
-        return lastError();
+    const Result<const Feature*> found = lookup(name, FEATURE_FLOAT);
+    if (!found.isOk()) {
+        return found.status();
     }
+    const Feature& feature = *found.value();
     double result = 0.0;
-    const int status = read(*feature,
-        [&](GError** error) { result = arv_gc_float_get_value(ARV_GC_FLOAT(feature->gc), error); });
-    value = status == STATUS_OK ? result : value;
+    Status status = read(feature,
+        [&](GError** error) { result = arv_gc_float_get_value(ARV_GC_FLOAT(feature.gc), error); });
+    value = status.isOk() ? result : value;
     return status;
 }
 
-int DeviceOperations::setString(const char* name, const char* value)
+Status DeviceOperations::setString(const char* name, const char* value)
 {
-    const Feature* feature = lookup(name, FEATURE_STRING);
-    if (feature == nullptr) {
-        return lastError();
+    const Result<const Feature*> found = lookup(name, FEATURE_STRING);
+    if (!found.isOk()) {
+        return found.status();
     }
+    const Feature& feature = *found.value();
     if (value == nullptr) {
-        return fail(invalidArgument, feature->name + ": no text given");
-    }
-    if (const int status = checkWritable(*feature)) {
-        return status;
+        return { invalidArgument, feature.name + ": no text given" };
     }
     const std::string text = value;
-    const std::uint64_t failures = m_camera.port().failures();
-    const std::uint64_t length = m_reader.maxTextLength(*feature);
-    if (m_camera.port().failures() != failures) {
-        return failPort();
+    Status status = checkWritable(feature);
+    if (status.isOk()) {
+        status = checkText(feature, text);
     }
-    if (feature->textRegister != nullptr && (length == 0 || text.size() > length)) {
-        return fail(textTooLong,
-            feature->name + ": the text has " + std::to_string(text.size()) + " bytes, at most "
-                + std::to_string(length) + " fit");
-    }
-    return write(*feature, [&](GError** error) {
-        arv_gc_string_set_value(ARV_GC_STRING(feature->gc), text.c_str(), error);
+    return !status.isOk() ? status : write(feature, [&](GError** error) {
+        arv_gc_string_set_value(ARV_GC_STRING(feature.gc), text.c_str(), error);
     });
 }
 
@@ -195,56 +172,57 @@ const EnumEntry* DeviceOperations::chooseEntry(
     return found == entries.end() ? nullptr : *found;
 }
 
-int DeviceOperations::setEnum(const char* name, const char* entry, int index)
+Status DeviceOperations::setEnum(const char* name, const char* entry, int index)
 {
-    const Feature* feature = lookup(name, FEATURE_ENUMERATION);
-    if (feature == nullptr) {
-        return lastError();
+    const Result<const Feature*> found = lookup(name, FEATURE_ENUMERATION);
+    if (!found.isOk()) {
+        return found.status();
     }
-    if (const int status = checkWritable(*feature)) {
+    const Feature& feature = *found.value();
+    if (Status status = checkWritable(feature); !status.isOk()) {
         return status;
     }
-    const std::uint64_t failures = m_camera.port().failures();
+    const RegisterPort::FailureScope failures(m_camera.port());
     const std::string wanted = entry == nullptr ? "" : entry;
-    const EnumEntry* chosen = chooseEntry(*feature, wanted, index);
-    if (m_camera.port().failures() != failures) {
-        return failPort();
+    const EnumEntry* chosen = chooseEntry(feature, wanted, index);
+    if (failures.hasFailed()) {
+        return failures.status();
     }
     if (chosen == nullptr) {
-        return fail(unknownEntry, feature->name + ": there is no entry \"" + wanted + "\" now");
+        return { unknownEntry, feature.name + ": there is no entry \"" + wanted + "\" now" };
     }
     const std::int64_t value = chosen->value;
-    if (const int status = checkConversion(*feature, { false, value, 0.0 })) {
-        return status;
-    }
-    return write(*feature, [&](GError** error) {
-        arv_gc_enumeration_set_int_value(ARV_GC_ENUMERATION(feature->gc), value, error);
+    Status status = checkConversion(feature, { false, value, 0.0 });
+    return !status.isOk() ? status : write(feature, [&](GError** error) {
+        arv_gc_enumeration_set_int_value(ARV_GC_ENUMERATION(feature.gc), value, error);
     });
 }
 
-int DeviceOperations::setBoolean(const char* name, bool value)
+Status DeviceOperations::setBoolean(const char* name, bool value)
 {
-    const Feature* feature = lookup(name, FEATURE_BOOLEAN);
-    if (feature == nullptr) {
-        return lastError();
+    const Result<const Feature*> found = lookup(name, FEATURE_BOOLEAN);
+    if (!found.isOk()) {
+        return found.status();
     }
-    const int status = checkWritable(*feature);
-    return status != STATUS_OK ? status : write(*feature, [&](GError** error) {
-        arv_gc_boolean_set_value(ARV_GC_BOOLEAN(feature->gc), value ? TRUE : FALSE, error);
+    const Feature& feature = *found.value();
+    Status status = checkWritable(feature);
+    return !status.isOk() ? status : write(feature, [&](GError** error) {
+        arv_gc_boolean_set_value(ARV_GC_BOOLEAN(feature.gc), value ? TRUE : FALSE, error);
     });
 }
 
-int DeviceOperations::getBoolean(const char* name, bool& value)
+Status DeviceOperations::getBoolean(const char* name, bool& value)
 {
-    const Feature* feature = lookup(name, FEATURE_BOOLEAN);
-    if (feature == nullptr) {
-        return lastError();
+    const Result<const Feature*> found = lookup(name, FEATURE_BOOLEAN);
+    if (!found.isOk()) {
+        return found.status();
     }
+    const Feature& feature = *found.value();
     bool result = false;
-    const int status = read(*feature, [&](GError** error) {
-        result = arv_gc_boolean_get_value(ARV_GC_BOOLEAN(feature->gc), error) != FALSE;
+    Status status = read(feature, [&](GError** error) {
+        result = arv_gc_boolean_get_value(ARV_GC_BOOLEAN(feature.gc), error) != FALSE;
     });
-    value = status == STATUS_OK ? result : value;
+    value = status.isOk() ? result : value;
     return status;
 }
 

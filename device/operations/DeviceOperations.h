@@ -11,8 +11,7 @@
 
 namespace zqcameralib {
 
-/// Reads, writes and commands on a camera's features, each checked before anything is sent. A call
-/// returns 0 or a status code, whose text stays available until the next failure.
+/// Reads, writes and commands on a camera's features, each checked before anything is sent.
 class DeviceOperations {
 public:
     /// How long a command may take to report that it is done.
@@ -21,40 +20,33 @@ public:
     /// `camera` has to outlive this.
     explicit DeviceOperations(ZQCamera::Impl& camera);
 
-    int setInteger(const char* name, std::int64_t value, bool checkRange);
-    int getInteger(const char* name, std::int64_t& value);
-    int setFloat(const char* name, double value);
-    int getFloat(const char* name, double& value);
-    int setString(const char* name, const char* value);
-    int setEnum(const char* name, const char* entry, int index);
-    int setBoolean(const char* name, bool value);
-    int getBoolean(const char* name, bool& value);
-    int execute(const char* name, bool wait);
-
-    /// Notes a failure, for lastError() and errorText(); returns the code.
-    int fail(int code, const std::string& text);
-    int lastError() const { return m_camera.lastError().code; }
-    /// The text of `code`: what was said when it last happened, else a general sentence.
-    std::string errorText(int code) const;
+    Status setInteger(const char* name, std::int64_t value, bool checkRange);
+    Status getInteger(const char* name, std::int64_t& value);
+    Status setFloat(const char* name, double value);
+    Status getFloat(const char* name, double& value);
+    Status setString(const char* name, const char* value);
+    Status setEnum(const char* name, const char* entry, int index);
+    Status setBoolean(const char* name, bool value);
+    Status getBoolean(const char* name, bool& value);
+    Status execute(const char* name, bool wait);
 
 private:
     using Access = std::function<void(GError** error)>;
     using Clock = std::chrono::steady_clock;
 
-    int failPort();
-    int failLibrary(const Feature& feature, const GError& error);
-    /// The feature of that name and type; null after a failure.
-    const Feature* lookup(const char* name, std::uint8_t type);
-    int checkReadable(const Feature& feature);
-    int checkWritable(const Feature& feature);
-    int checkInteger(const Feature& feature, std::int64_t value);
-    int checkFloat(const Feature& feature, double value);
+    /// The feature of that name and type.
+    Result<const Feature*> lookup(const char* name, std::uint8_t type);
+    Status checkReadable(const Feature& feature);
+    Status checkWritable(const Feature& feature);
+    Status checkInteger(const Feature& feature, std::int64_t value);
+    Status checkFloat(const Feature& feature, double value);
+    Status checkText(const Feature& feature, const std::string& text);
     /// The available entry of that name; null when there is none.
     const EnumEntry* chooseEntry(const Feature& feature, const std::string& name, int index);
-    int checkConversion(const Feature& feature, const Number& value);
-    int read(const Feature& feature, const Access& access);
-    int write(const Feature& feature, const Access& access);
-    int waitUntilDone(const Feature& feature, Clock::time_point begun);
+    Status checkConversion(const Feature& feature, const Number& value);
+    Status read(const Feature& feature, const Access& access);
+    Status write(const Feature& feature, const Access& access);
+    Status waitUntilDone(const Feature& feature, Clock::time_point begun);
 
     ZQCamera::Impl& m_camera;
     FeatureReader m_reader;

@@ -1,5 +1,8 @@
 #include "registers/RegisterBackend.h"
 
+#include "base/StatusCodes.h"
+#include "frames/FrameSource.h"
+
 #include <utility>
 
 namespace zqcameralib {
@@ -24,10 +27,16 @@ private:
 std::unique_ptr<RegisterBackend::Reading> RegisterBackend::readBeside(Requests requests)
 {
     for (Request& request : requests) {
-        request.done = read(request.address, request.bytes.data(), request.bytes.size(),
-            request.kind, request.error);
+        request.status = read(request.place, request.bytes.data(), request.kind);
+        request.isDone = request.status.isOk();
     }
     return std::make_unique<ReadAlready>(std::move(requests));
+}
+
+Result<std::unique_ptr<FrameSourceOpening>> RegisterBackend::openFrames(
+    const ImageFormat& /*format*/, int /*buffers*/)
+{
+    return Status(noImage, "there are registers only");
 }
 
 } // namespace zqcameralib

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "base/Register.h"
+#include "base/Status.h"
+
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -9,11 +12,8 @@
 
 namespace zqcameralib {
 
-/// Why a register access failed. `code` is a status code of StatusCodes.h.
-struct AccessError {
-    int code = 0;
-    std::string message;
-};
+class FrameSourceOpening;
+struct ImageFormat;
 
 /// How a camera wants an access: by memory, or, for four bytes of old cameras, by register.
 enum class AccessKind { Memory, Register };
@@ -27,21 +27,24 @@ public:
     RegisterBackend& operator=(const RegisterBackend&) = delete;
     virtual ~RegisterBackend() = default;
 
-    /// Both return false and set `error` when the camera did not take the access.
-    virtual bool read(std::uint64_t address, std::uint8_t* buffer, std::size_t size,
-        AccessKind kind, AccessError& error)
-        = 0;
-    virtual bool write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size,
-        AccessKind kind, AccessError& error)
-        = 0;
+    /// `buffer` has, or receives, as many bytes as the place.
+    virtual Status read(const Register& place, std::uint8_t* buffer, AccessKind kind) = 0;
+    virtual Status write(const Register& place, const std::uint8_t* buffer, AccessKind kind) = 0;
 
     /// One register of several that are read together.
     struct Request {
-        std::uint64_t address = 0;
-        AccessKind kind = AccessKind::Memory;
-        std::vector<std::uint8_t> bytes; ///< in: as many as are wanted
-        bool done = false;
-        AccessError error; ///< of one that failed; code 0 while nothing was tried
+        Request(const Register& where, AccessKind how)
+            : place(where)
+            , kind(how)
+            , bytes(where.size)
+        {
+        }
+
+        Register place;
+        AccessKind kind;
+        std::vector<std::uint8_t> bytes;
+        bool isDone = false;
+        Status status; ///< a failure where it was tried in vain
     };
     using Requests = std::vector<Request>;
 
@@ -80,7 +83,7 @@ public:
     virtual bool isLost() { return false; }
     /// Whether the camera was given up: only reconnect() finds it again.
     virtual bool isGivenUp() { return false; }
-    virtual AccessError loss() const { return {}; }
+    virtual Status loss() const { return {}; }
     /// Asks the camera whether it is still the one that was opened, and under control; without
     /// waiting for the answer, before anything that is asked for later.
     virtual void check() { }
@@ -89,15 +92,20 @@ public:
     /// Whether the camera takes no writes in this session.
     virtual bool isReadOnly() const { return false; }
     /// Tries once to find a lost camera again; what takes longer goes on, and the next call tells
-    /// how it ended. `waits`: as long as an operation may. False and one line in `error` while the
-    /// camera is not there.
-    virtual bool reconnect(bool /*waits*/, std::string& /*error*/) { return true; }
+    /// how it ended. `waits`: as long as an operation may. A failure while the camera is not there.
+    virtual Status reconnect(bool /*waits*/) { return {}; }
     /// Whether a try to reconnect goes on.
     virtual bool isReconnecting() { return false; }
     /// Grows when there is another camera, or another description, after a reconnection.
     virtual std::uint64_t cameraNumber() const { return 0; }
     /// The camera's description where it comes with the registers.
     virtual std::string description() const { return {}; }
+
+    /// Another number says that the camera was found again since: what was begun before is void.
+    virtual std::uint64_t connectionNumber() const { return 0; }
+    /// Begins to open the camera's stream of images, with as many buffers as may be filled ahead.
+    virtual Result<std::unique_ptr<FrameSourceOpening>> openFrames(
+        const ImageFormat& format, int buffers);
 };
 
 /// While one lives, accesses belong to one operation.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <unordered_set>
 #include <utility>
 
 namespace zqcameralib {
@@ -22,11 +23,13 @@ RegisterPort::RegisterPort(std::unique_ptr<RegisterBackend> backend)
 
 RegisterPort::~RegisterPort() = default;
 
-bool RegisterPort::fail(AccessError& error)
+Status RegisterPort::noted(Status status)
 {
-    ++m_failures;
-    m_lastFailure = error;
-    return false;
+    if (!status.isOk()) {
+        ++m_failures;
+        m_lastFailure = status;
+    }
+    return status;
 }
 
 bool RegisterPort::snapshotExpired() const
@@ -56,17 +59,17 @@ std::uint64_t RegisterPort::snapshotNumber()
     return m_snapshotNumber;
 }
 
-void RegisterPort::note(const Register& key)
+void RegisterPort::note(const Register& place)
 {
     for (Recorder* recorder : m_recorders) {
-        recorder->read.push_back(key);
+        recorder->read.push_back(place);
     }
 }
 
-void RegisterPort::noteAgain(const std::vector<Register>& registers)
+void RegisterPort::noteAgain(const Registers& registers)
 {
-    for (const Register& key : registers) {
-        note(key);
+    for (const Register& place : registers) {
+        note(place);
     }
 }
 
@@ -76,81 +79,74 @@ void RegisterPort::invalidate()
     ++m_changes;
 }
 
-/// False when the register has to be read from the camera.
-bool RegisterPort::readAhead(
-    const Register& key, AccessKind kind, std::uint8_t* buffer, AccessError& error, bool& done)
+/// Nothing when the register has to be read from the camera.
+std::optional<Status> RegisterPort::readAhead(
+    const Register& place, AccessKind kind, std::uint8_t* buffer)
 {
-    const auto found = m_ahead->m_known.find(key);
+    const auto found = m_ahead->m_known.find(place);
     if (found != m_ahead->m_known.end()) {
-        done = found->second.error.code == 0;
-        if (done) {
+        const Known& known = found->second;
+        if (known.status.isOk()) {
             ++m_answers;
-            std::copy(found->second.bytes.begin(), found->second.bytes.end(), buffer);
-        } else {
-            error = found->second.error;
-            fail(error);
+            std::copy(known.bytes.begin(), known.bytes.end(), buffer);
         }
-        return true;
+        return noted(known.status);
     }
     if (m_ahead->m_missing == nullptr) {
-        return false;
+        return std::nullopt;
     }
     if (!m_ahead->m_isMissing) {
         m_ahead->m_isMissing = true;
-        m_ahead->m_missing->push_back(
-            { key.first, kind, std::vector<std::uint8_t>(key.second), false, {} });
+        m_ahead->m_missing->emplace_back(place, kind);
     }
-    error = { notReadYet, "not read yet" };
-    done = fail(error);
-    return true;
+    return noted({ notReadYet, "not read yet" });
 }
 
-bool RegisterPort::read(std::uint64_t address, std::uint8_t* buffer, std::size_t size,
-    AccessKind kind, AccessError& error)
+Status RegisterPort::read(const Register& place, std::uint8_t* buffer, AccessKind kind)
 {
-    const Register key(address, size);
-    m_fourByteKind = size == 4 ? kind : m_fourByteKind;
-    note(key);
-    bool done = false;
-    if (m_ahead != nullptr && readAhead(key, kind, buffer, error, done)) {
-        return done;
+    m_fourByteKind = place.size == 4 ? kind : m_fourByteKind;
+    note(place);
+    if (m_ahead != nullptr) {
+        if (const std::optional<Status> known = readAhead(place, kind, buffer)) {
+            return *known;
+        }
     }
     if (!m_snapshot.empty() && snapshotExpired()) {
         clearSnapshot();
     }
-    const auto kept = m_snapshot.find(key);
+    const auto kept = m_snapshot.find(place);
     if (kept != m_snapshot.end()) {
-        std::memcpy(buffer, m_bytes.data() + kept->second.offset, size);
-        return true;
+        std::memcpy(buffer, m_bytes.data() + kept->second, place.size);
+        return {};
     }
     ++m_reads;
-    if (m_faultHook && m_faultHook(address, size, false)) {
-        error = { injectedFault, "injected fault" };
-        return fail(error);
+    if (m_faultHook && m_faultHook(place.address, place.size, false)) {
+        return noted({ injectedFault, "injected fault" });
     }
     const bool isTimed = m_backend->prefersBatches();
     const Clock::time_point start = isTimed ? Clock::now() : Clock::time_point();
-    if (!m_backend->read(address, buffer, size, kind, error)) {
-        return fail(error);
+    const Status status = m_backend->read(place, buffer, kind);
+    if (!status.isOk()) {
+        return noted(status);
     }
     if (isTimed) {
         noteTime(Clock::now() - start);
     }
-    keep(key, buffer);
-    return true;
+    keep(place, buffer);
+    return {};
 }
 
-void RegisterPort::keep(const Register& key, const std::uint8_t* bytes)
+void RegisterPort::keep(const Register& place, const std::uint8_t* bytes)
 {
     ++m_answers;
     if (m_snapshot.empty()) {
         m_snapshotStart = Clock::now();
     }
-    m_snapshot[key] = Kept { m_bytes.size() };
-    m_bytes.insert(m_bytes.end(), bytes, bytes + key.second);
+    m_snapshot[place] = m_bytes.size();
+    m_bytes.insert(m_bytes.end(), bytes, bytes + place.size);
 }
 
-void RegisterPort::prefetch(const std::vector<Register>& registers)
+void RegisterPort::prefetch(const Registers& registers)
 {
     if (!m_backend->prefersBatches() || m_ahead != nullptr) {
         return;
@@ -158,12 +154,11 @@ void RegisterPort::prefetch(const std::vector<Register>& registers)
     if (!m_snapshot.empty() && snapshotExpired()) {
         clearSnapshot();
     }
-    std::vector<RegisterBackend::Request> requests;
-    std::unordered_set<Register, Hash> wanted;
-    for (const Register& key : registers) {
-        if (m_snapshot.count(key) == 0 && wanted.insert(key).second) {
-            requests.push_back(
-                { key.first, kindOf(key), std::vector<std::uint8_t>(key.second), false, {} });
+    RegisterBackend::Requests requests;
+    std::unordered_set<Register, RegisterHash> wanted;
+    for (const Register& place : registers) {
+        if (m_snapshot.count(place) == 0 && wanted.insert(place).second) {
+            requests.emplace_back(place, kindOf(place));
         }
     }
     if (requests.size() < 2) {
@@ -171,26 +166,24 @@ void RegisterPort::prefetch(const std::vector<Register>& registers)
     }
     m_backend->readTogether(requests);
     for (const RegisterBackend::Request& request : requests) {
-        if (request.done) {
+        if (request.isDone) {
             ++m_reads;
-            keep({ request.address, request.bytes.size() }, request.bytes.data());
+            keep(request.place, request.bytes.data());
         }
     }
 }
 
-bool RegisterPort::write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size,
-    AccessKind kind, AccessError& error)
+Status RegisterPort::write(const Register& place, const std::uint8_t* buffer, AccessKind kind)
 {
     invalidate();
     for (Recorder* recorder : m_recorders) {
-        recorder->written.emplace_back(address, size);
+        recorder->written.push_back(place);
     }
     ++m_writes;
-    if (m_faultHook && m_faultHook(address, size, true)) {
-        error = { injectedFault, "injected fault" };
-        return fail(error);
+    if (m_faultHook && m_faultHook(place.address, place.size, true)) {
+        return noted({ injectedFault, "injected fault" });
     }
-    return m_backend->write(address, buffer, size, kind, error) || fail(error);
+    return noted(m_backend->write(place, buffer, kind));
 }
 
 RegisterPort::Ahead::Ahead(

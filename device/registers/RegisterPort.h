@@ -5,9 +5,8 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <unordered_map>
-#include <unordered_set>
-#include <utility>
 #include <vector>
 
 namespace zqcameralib {
@@ -15,33 +14,30 @@ namespace zqcameralib {
 /// The one way to a camera's registers: every access of the node map passes here.
 ///
 /// Registers read are kept in a snapshot until the next write, for at most 100 ms (longer where one
-/// access takes long itself), or as long as a Pass lives. Failures are counted, because the node
-/// map swallows many of them: who reads a feature compares failures() before and after.
+/// access takes long itself), or as long as a Pass lives. The node map swallows many failures: who
+/// evaluates it learns of them by a FailureScope.
 class RegisterPort {
 public:
     /// Decides before an access whether it shall fail instead; for tests. `write` tells the kind.
     using FaultHook = std::function<bool(std::uint64_t address, std::size_t size, bool write)>;
-    using Register = std::pair<std::uint64_t, std::size_t>;
 
     explicit RegisterPort(std::unique_ptr<RegisterBackend> backend);
     RegisterPort(const RegisterPort&) = delete;
     RegisterPort& operator=(const RegisterPort&) = delete;
     ~RegisterPort();
 
-    /// Both return false, set `error` and count a failure when the access failed.
-    bool read(std::uint64_t address, std::uint8_t* buffer, std::size_t size, AccessKind kind,
-        AccessError& error);
-    bool write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size, AccessKind kind,
-        AccessError& error);
+    /// `buffer` has, or receives, as many bytes as the place.
+    Status read(const Register& place, std::uint8_t* buffer, AccessKind kind);
+    Status write(const Register& place, const std::uint8_t* buffer, AccessKind kind);
 
     /// Reads registers that are going to be read anyway into the snapshot, where reading them
     /// together costs less. Failures are left to the reading proper.
-    void prefetch(const std::vector<Register>& registers);
+    void prefetch(const Registers& registers);
 
     /// Another number says that what was read before may have changed since.
     std::uint64_t snapshotNumber();
     /// Tells the recorders of registers that would have been read from the snapshot.
-    void noteAgain(const std::vector<Register>& registers);
+    void noteAgain(const Registers& registers);
 
     /// Forgets the snapshot; a value written without a register counts as a change as well.
     void invalidate();
@@ -67,8 +63,8 @@ public:
         Recorder& operator=(const Recorder&) = delete;
         ~Recorder();
 
-        std::vector<Register> read;
-        std::vector<Register> written;
+        Registers read;
+        Registers written;
 
     private:
         RegisterPort& m_port;
@@ -77,15 +73,27 @@ public:
     /// Registers that were read beside the caller, by place.
     struct Known {
         std::vector<std::uint8_t> bytes;
-        AccessError error; ///< code 0 where the bytes hold
+        Status status; ///< a success where the bytes hold
     };
-    struct Hash {
-        std::size_t operator()(const Register& key) const
+    using KnownRegisters = std::unordered_map<Register, Known, RegisterHash>;
+
+    /// Tells what failed while it lives.
+    class FailureScope {
+    public:
+        explicit FailureScope(const RegisterPort& port)
+            : m_port(port)
+            , m_before(port.m_failures)
         {
-            return std::hash<std::uint64_t>()(key.first * 31U + key.second);
         }
+
+        bool hasFailed() const { return m_port.m_failures != m_before; }
+        /// The last failure; a success when there was none.
+        Status status() const { return hasFailed() ? m_port.m_lastFailure : Status(); }
+
+    private:
+        const RegisterPort& m_port;
+        std::uint64_t m_before;
     };
-    using KnownRegisters = std::unordered_map<Register, Known, Hash>;
 
     /// While one lives, registers are taken from `known` instead of the camera. One that is not
     /// there is read; or, with `missing`, fails and is added to that, where it is the first since
@@ -114,11 +122,8 @@ public:
     /// How the camera wants this register to be read, as far as that is known.
     AccessKind kindOf(const Register& place) const
     {
-        return place.second == 4 ? m_fourByteKind : AccessKind::Memory;
+        return place.size == 4 ? m_fourByteKind : AccessKind::Memory;
     }
-    std::uint64_t failures() const { return m_failures; }
-    /// The error of the last access that failed.
-    const AccessError& lastFailure() const { return m_lastFailure; }
     /// Registers that were read.
     std::uint64_t answers() const { return m_answers; }
     /// Accesses that reached the camera.
@@ -130,24 +135,21 @@ public:
     void setFaultHook(FaultHook hook) { m_faultHook = std::move(hook); }
 
 private:
-    struct Kept {
-        std::size_t offset = 0;
-    };
     using Clock = std::chrono::steady_clock;
 
-    bool fail(AccessError& error);
-    bool readAhead(
-        const Register& key, AccessKind kind, std::uint8_t* buffer, AccessError& error, bool& done);
-    void note(const Register& key);
+    /// Notes a failure for the scopes that are open.
+    Status noted(Status status);
+    std::optional<Status> readAhead(const Register& place, AccessKind kind, std::uint8_t* buffer);
+    void note(const Register& place);
     bool snapshotExpired() const;
     /// Learns how long an access takes.
     void noteTime(std::chrono::nanoseconds taken);
-    void keep(const Register& key, const std::uint8_t* bytes);
+    void keep(const Register& place, const std::uint8_t* bytes);
     void clearSnapshot();
 
     std::unique_ptr<RegisterBackend> m_backend;
-    std::unordered_map<Register, Kept, Hash> m_snapshot;
-    std::vector<std::uint8_t> m_bytes;
+    std::unordered_map<Register, std::size_t, RegisterHash> m_snapshot;
+    std::vector<std::uint8_t> m_bytes; ///< of the snapshot, which holds offsets
     Clock::time_point m_snapshotStart;
     std::chrono::nanoseconds m_accessTime { 0 }; ///< of one register, on the average of the last
     std::uint64_t m_snapshotNumber = 1;
@@ -157,7 +159,7 @@ private:
     std::uint64_t m_reads = 0;
     std::uint64_t m_writes = 0;
     std::uint64_t m_changes = 0;
-    AccessError m_lastFailure;
+    Status m_lastFailure;
     AccessKind m_fourByteKind = AccessKind::Memory; ///< what this camera wants for four bytes
     FaultHook m_faultHook;
     std::vector<Recorder*> m_recorders;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "base/GObjectPointer.h"
 #include "base/GlibError.h"
 #include "registers/RegisterBackend.h"
+#include "session/CameraPlace.h"
 
 #include <arv.h>
 
@@ -11,27 +13,6 @@
 #include <vector>
 
 namespace zqcameralib {
-
-/// Where a camera is found.
-struct CameraPlace {
-    std::string protocol; ///< "GigEVision" or "USB3Vision"
-    std::string address; ///< IPv4 address, or the id of a USB camera
-};
-
-/// How far the opening of a camera is; any thread.
-struct OpeningProgress {
-    enum class Step {
-        Searching, ///< for its place
-        Asking, ///< for any answer
-        Waiting, ///< for others that are being opened
-        Reading, ///< the description
-        Preparing ///< what is built of it
-    };
-    std::atomic<Step> step { Step::Searching };
-    std::atomic<bool> isCancelled { false };
-    /// What reading the description takes, as far as that can be told; milliseconds.
-    std::atomic<std::int64_t> expectedMs { 0 };
-};
 
 /// An open connection to a real camera. All of it is used, and destroyed, on the camera's access
 /// thread, except the health.
@@ -51,10 +32,9 @@ public:
     };
 
     /// Opens the camera and asks it for control. Takes as long as its description needs, which for
-    /// a slow camera is minutes; once cancelled it ends when the library below lets it. Null and
-    /// one line in `error` when it does not answer.
-    static std::shared_ptr<CameraSession> open(
-        const CameraPlace& place, OpeningProgress& progress, std::string& error);
+    /// a slow camera is minutes; once cancelled it ends when the library below lets it.
+    static Result<std::shared_ptr<CameraSession>> open(
+        const CameraPlace& place, OpeningProgress& progress);
 
     CameraSession(const CameraSession&) = delete;
     CameraSession& operator=(const CameraSession&) = delete;
@@ -63,8 +43,6 @@ public:
     bool isController() const;
     /// Gives control to whoever asks next.
     void leaveControl();
-    /// Whether something answers at `place`, asked past any session. `error` is one line.
-    static bool answers(const CameraPlace& place, OpeningProgress& progress, std::string& error);
     enum class Retaken {
         Yes,
         Denied, ///< another application controls the camera
@@ -72,35 +50,35 @@ public:
         No, ///< the session is of no use any more
         OtherCamera ///< there is another camera, or another description, at its place
     };
-    /// Takes control anew after it was lost, unless `readOnly`, and compares who is there. `error`
-    /// says why it was refused.
-    Retaken retake(bool readOnly, std::string& error);
+    /// Takes control anew after it was lost, unless `readOnly`, and compares who is there.
+    /// `refusal` says why it was refused.
+    Retaken retake(bool readOnly, Status& refusal);
     /// Learns whether the camera still answers, knows its controller, and is the same.
     void watch();
     /// Description as the camera delivers it, unzipped.
     std::string description() const;
-    bool read(std::uint64_t address, std::uint8_t* buffer, std::size_t size, AccessKind kind,
-        AccessError& error);
-    bool write(std::uint64_t address, const std::uint8_t* buffer, std::size_t size, AccessKind kind,
-        AccessError& error);
-    ArvDevice* device() const { return m_device; }
+    Status read(const Register& place, std::uint8_t* buffer, AccessKind kind);
+    Status write(const Register& place, const std::uint8_t* buffer, AccessKind kind);
+    ArvDevice* device() const { return m_device.get(); }
     const std::shared_ptr<Health>& health() const { return m_health; }
 
 private:
-    explicit CameraSession(ArvDevice* device);
+    explicit CameraSession(GObjectPointer<ArvDevice> device);
     /// Each part of it as the camera gives it; empty where it refuses.
     using Identity = std::vector<std::string>;
     bool readIdentity(Identity& identity);
     void awaitEndOfControl();
     void watchControl();
     void watchIdentity();
-    bool finish(bool done, const GlibError& failure, AccessError& error);
+    bool isGige() const { return ARV_IS_GV_DEVICE(m_device.get()); }
+    ArvGvDevice* gige() const { return ARV_GV_DEVICE(m_device.get()); }
+    Status finish(gboolean isDone, const GlibError& failure);
 
-    ArvDevice* m_device;
+    GObjectPointer<ArvDevice> m_device;
     std::shared_ptr<Health> m_health = std::make_shared<Health>();
     Identity m_identity; ///< what tells this camera and its description from others
     bool m_hasControl = false; ///< taken and not left, as far as is known here
-    gulong m_handler = 0;
+    gulong m_handler = 0; ///< of the signal that control is lost
 };
 
 } // namespace zqcameralib

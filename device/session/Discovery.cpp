@@ -3,6 +3,7 @@
 #include "base/LibraryLock.h"
 
 #include <arpa/inet.h>
+#include <arv.h>
 #include <ifaddrs.h>
 #include <net/if.h>
 #include <netinet/in.h>

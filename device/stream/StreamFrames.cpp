@@ -12,10 +12,10 @@ constexpr std::uint64_t waitUs = 50000;
 
 } // namespace
 
-StreamFrames::StreamFrames(CameraLink& link, std::uint64_t connection, OpenStream open)
-    : m_link(link)
-    , m_health(link.health())
-    , m_session(link.sessionHealth())
+StreamFrames::StreamFrames(SessionAccess& access, std::uint64_t connection, OpenStream open)
+    : m_access(access)
+    , m_health(access.health())
+    , m_session(access.sessionHealth())
     , m_connection(connection)
     , m_open(std::move(open))
 {
@@ -24,20 +24,20 @@ StreamFrames::StreamFrames(CameraLink& link, std::uint64_t connection, OpenStrea
 StreamFrames::~StreamFrames()
 {
     if (m_current != nullptr) {
-        arv_stream_push_buffer(m_open.stream, m_current);
+        arv_stream_push_buffer(m_open.stream.get(), m_current);
     }
-    endStream(m_link, m_open);
+    endStream(m_access, std::move(m_open));
 }
 
 FrameSource::Outcome StreamFrames::next(featurebrowser::ZQFrame& frame)
 {
     if (m_current != nullptr) {
-        arv_stream_push_buffer(m_open.stream, std::exchange(m_current, nullptr));
+        arv_stream_push_buffer(m_open.stream.get(), std::exchange(m_current, nullptr));
     }
     if (m_health->lost || m_health->connection != m_connection || m_session->isOver()) {
         return Outcome::Ended;
     }
-    ArvBuffer* buffer = arv_stream_timeout_pop_buffer(m_open.stream, waitUs);
+    ArvBuffer* buffer = arv_stream_timeout_pop_buffer(m_open.stream.get(), waitUs);
     if (buffer == nullptr) {
         return Outcome::Nothing;
     }
@@ -61,7 +61,7 @@ std::uint64_t StreamFrames::lost() const
     guint64 completed = 0;
     guint64 failures = 0;
     guint64 underruns = 0;
-    arv_stream_get_statistics(m_open.stream, &completed, &failures, &underruns);
+    arv_stream_get_statistics(m_open.stream.get(), &completed, &failures, &underruns);
     return underruns;
 }
 
@@ -71,9 +71,11 @@ std::string StreamFrames::whyNothing() const
     arrivals.incomplete = m_incomplete;
     arrivals.withoutImage = m_withoutImage;
     arrivals.packets = m_incomplete + m_withoutImage;
-    if (ARV_IS_GV_STREAM(m_open.stream)) {
-        arrivals.packets = arv_stream_get_info_uint64_by_name(m_open.stream, "n_received_packets");
-        arrivals.bytes = arv_stream_get_info_uint64_by_name(m_open.stream, "n_transferred_bytes");
+    if (ARV_IS_GV_STREAM(m_open.stream.get())) {
+        arrivals.packets
+            = arv_stream_get_info_uint64_by_name(m_open.stream.get(), "n_received_packets");
+        arrivals.bytes
+            = arv_stream_get_info_uint64_by_name(m_open.stream.get(), "n_transferred_bytes");
     }
     return noImageWords(m_open.facts, arrivals);
 }

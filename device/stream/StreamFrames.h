@@ -1,7 +1,6 @@
 #pragma once
 
 #include "frames/FrameSource.h"
-#include "link/CameraLink.h"
 #include "stream/StreamOpening.h"
 
 namespace zqcameralib {
@@ -9,8 +8,8 @@ namespace zqcameralib {
 /// The frames of a real camera's stream. They end when the camera is lost or found again.
 class StreamFrames : public FrameSource {
 public:
-    /// Takes over a stream that was opened over this connection of the link.
-    StreamFrames(CameraLink& link, std::uint64_t connection, OpenStream open);
+    /// Takes over a stream that was opened over this connection.
+    StreamFrames(SessionAccess& access, std::uint64_t connection, OpenStream open);
     /// Ends the stream on the camera's access thread, which may outlast this.
     ~StreamFrames() override;
 
@@ -20,7 +19,7 @@ public:
     std::string whyNothing() const override;
 
 private:
-    CameraLink& m_link;
+    SessionAccess& m_access;
     std::shared_ptr<LinkHealth> m_health;
     std::shared_ptr<CameraSession::Health> m_session;
     std::uint64_t m_connection;

@@ -74,13 +74,13 @@ bool readDestination(ArvDevice* device, Destination& destination)
 /// The library below ignores it when the camera refuses to be told where to send images to.
 bool checkDestination(ArvDevice* device, OpenStream& open)
 {
-    const Destination wanted = wantedDestination(ARV_GV_DEVICE(device), open.stream);
+    const Destination wanted = wantedDestination(ARV_GV_DEVICE(device), open.stream.get());
     open.facts.destination = wanted.text();
     Destination taken;
     if (!readDestination(device, taken) || taken == wanted) {
         return true;
     }
-    open.error = { noStream,
+    open.status = { noStream,
         "the camera does not send its images here: it did not take " + wanted.text()
             + " as their destination, and keeps " + taken.text() };
     return false;
@@ -100,8 +100,8 @@ bool addBuffers(ArvStream* stream, std::size_t size, int count)
 
 bool prepare(ArvDevice* device, OpenStream& open, int buffers)
 {
-    if (!addBuffers(open.stream, open.facts.imageBytes, buffers)) {
-        open.error = { noStream,
+    if (!addBuffers(open.stream.get(), open.facts.imageBytes, buffers)) {
+        open.status = { noStream,
             "not enough memory for " + std::to_string(buffers) + " images of "
                 + std::to_string(open.facts.imageBytes) + " bytes" };
         return false;
@@ -111,20 +111,20 @@ bool prepare(ArvDevice* device, OpenStream& open, int buffers)
     }
     GlibError ignored;
     open.facts.packetSize = arv_gv_device_get_packet_size(ARV_GV_DEVICE(device), ignored.out());
-    makeReceiveBuffer(ARV_GV_DEVICE(device), open.stream, buffers, open.facts);
+    makeReceiveBuffer(ARV_GV_DEVICE(device), open.stream.get(), buffers, open.facts);
     return checkDestination(device, open);
 }
 
 void openStream(ArvDevice* device, OpenStream& open, int buffers)
 {
     GlibError failure;
-    open.stream = arv_device_create_stream(device, nullptr, nullptr, failure.out());
+    open.stream.reset(arv_device_create_stream(device, nullptr, nullptr, failure.out()));
     open.device = device;
-    if (open.stream == nullptr) {
-        open.error
+    if (!open.stream) {
+        open.status
             = { noStream, failure ? failure.get()->message : "the camera has no image stream" };
     } else if (!prepare(device, open, buffers)) {
-        g_clear_object(&open.stream);
+        open.stream.reset();
     }
 }
 
@@ -139,11 +139,11 @@ struct StreamOpening::Shared {
     OpenStream open;
 };
 
-std::unique_ptr<StreamOpening> StreamOpening::begin(
-    CameraLink& link, const ImageFormat& format, int buffers, AccessError& error)
+Result<std::unique_ptr<FrameSourceOpening>> StreamOpening::begin(
+    SessionAccess& access, const ImageFormat& format, int buffers)
 {
     auto shared = std::make_shared<Shared>();
-    shared->connection = link.health()->connection;
+    shared->connection = access.health()->connection;
     shared->open.format = format;
     shared->open.facts.imageBytes = format.payload;
     shared->open.facts.isTriggered = format.isTriggered;
@@ -153,17 +153,17 @@ std::unique_ptr<StreamOpening> StreamOpening::begin(
         shared->isOver = true;
         shared->progress.notify_all();
         if (shared->isUnwanted) {
-            g_clear_object(&shared->open.stream);
+            shared->open.stream.reset();
         }
     };
-    if (!link.beginWithSession(task, error)) {
-        return nullptr;
+    if (Status begun = access.beginWithSession(task); !begun.isOk()) {
+        return begun;
     }
-    return std::unique_ptr<StreamOpening>(new StreamOpening(link, std::move(shared)));
+    return std::unique_ptr<StreamOpening>(new StreamOpening(access, std::move(shared)));
 }
 
-StreamOpening::StreamOpening(CameraLink& link, std::shared_ptr<Shared> shared)
-    : m_link(link)
+StreamOpening::StreamOpening(SessionAccess& access, std::shared_ptr<Shared> shared)
+    : m_access(access)
     , m_shared(std::move(shared))
 {
 }
@@ -173,43 +173,41 @@ StreamOpening::~StreamOpening()
     const std::lock_guard<std::mutex> lock(m_shared->mutex);
     m_shared->isUnwanted = true;
     if (m_shared->isOver) {
-        endStream(m_link, m_shared->open);
+        endStream(m_access, std::move(m_shared->open));
     }
 }
 
-std::unique_ptr<FrameSource> StreamOpening::finish(Clock::time_point deadline, AccessError& error)
+Result<std::unique_ptr<FrameSource>> StreamOpening::finish(Clock::time_point deadline)
 {
     {
         std::unique_lock<std::mutex> lock(m_shared->mutex);
         if (!m_shared->progress.wait_until(lock, deadline, [this] { return m_shared->isOver; })) {
-            error = { stillWorking, statusText(stillWorking) };
-            return nullptr;
+            return Status::general(stillWorking);
         }
     }
-    if (m_shared->open.stream == nullptr) {
-        error = m_link.isLost() ? m_link.loss() : m_shared->open.error;
-        return nullptr;
+    if (!m_shared->open.stream) {
+        return m_access.isLost() ? m_access.loss() : m_shared->open.status;
     }
     return std::make_unique<StreamFrames>(
-        m_link, m_shared->connection, std::exchange(m_shared->open, {}));
+        m_access, m_shared->connection, std::exchange(m_shared->open, {}));
 }
 
-void endStream(CameraLink& link, const OpenStream& open)
+void endStream(SessionAccess& access, OpenStream open)
 {
-    if (open.stream == nullptr) {
+    if (!open.stream) {
         return;
     }
-    const auto task = [stream = open.stream, device = open.device](CameraSession& session) {
-        if (device == session.device()) {
-            g_object_unref(stream);
-        } else {
+    // Owned by whichever task runs: ending it here would wait for the camera.
+    ArvStream* stream = open.stream.release();
+    const auto task = [stream, device = open.device](CameraSession& session) {
+        GObjectPointer<ArvStream> last(stream);
+        if (device != session.device()) {
             // After a reconnection the old device may have no control, and waits in vain.
-            std::thread([stream] { g_object_unref(stream); }).detach();
+            std::thread([old = std::move(last)] {}).detach();
         }
     };
-    AccessError ignored;
-    if (!link.beginWithSession(task, ignored)) {
-        link.post([stream = open.stream] { g_object_unref(stream); });
+    if (!access.beginWithSession(task).isOk()) {
+        access.post([stream] { const GObjectPointer<ArvStream> last(stream); });
     }
 }
 

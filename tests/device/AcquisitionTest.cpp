@@ -113,8 +113,8 @@ TEST(Acquisition, SaysWhyItDoesNotStart)
     camera.port.setFaultHook([](std::uint64_t, std::size_t, bool write) { return write; });
     EXPECT_EQ(acquisition.start(nullptr), zqcameralib::injectedFault);
     EXPECT_EQ(acquisition.lastError(), "injected fault");
-    EXPECT_EQ(camera.camera->impl().lastError().code, zqcameralib::injectedFault);
-    EXPECT_EQ(camera.camera->impl().lastError().text, "injected fault");
+    EXPECT_EQ(camera.camera->impl().lastError().code(), zqcameralib::injectedFault);
+    EXPECT_EQ(camera.camera->impl().lastError().text(), "injected fault");
     EXPECT_FALSE(acquisition.isRunning());
     camera.port.setFaultHook(nullptr);
     EXPECT_EQ(acquisition.start(nullptr), STATUS_OK);

@@ -13,20 +13,18 @@ public:
     using MemoryBackend::MemoryBackend;
 
     bool prefersBatches() const override { return true; }
-    bool read(std::uint64_t address, std::uint8_t* buffer, std::size_t size,
-        zqcameralib::AccessKind kind, zqcameralib::AccessError& error) override
+    zqcameralib::Status read(const zqcameralib::Register& place, std::uint8_t* buffer,
+        zqcameralib::AccessKind kind) override
     {
         ++alone;
-        return readOne(address, buffer, size, kind, error);
+        return readOne(place, buffer, kind);
     }
     void readTogether(std::vector<Request>& requests) override
     {
         for (Request& request : requests) {
-            zqcameralib::AccessError ignored;
             ++together;
-            request.done = readOne(
-                request.address, request.bytes.data(), request.bytes.size(), request.kind, ignored);
-            if (!request.done) {
+            request.isDone = readOne(request.place, request.bytes.data(), request.kind).isOk();
+            if (!request.isDone) {
                 return;
             }
         }
@@ -44,17 +42,16 @@ public:
     std::uint64_t together = 0;
 
 private:
-    bool readOne(std::uint64_t address, std::uint8_t* buffer, std::size_t size,
-        zqcameralib::AccessKind kind, zqcameralib::AccessError& error)
+    zqcameralib::Status readOne(
+        const zqcameralib::Register& place, std::uint8_t* buffer, zqcameralib::AccessKind kind)
     {
         if (accesses() == m_failing) {
-            m_broken = address;
+            m_broken = place.address;
         }
-        if (m_broken == address) {
-            error = { zqcameralib::injectedFault, "injected fault" };
-            return false;
+        if (m_broken == place.address) {
+            return { zqcameralib::injectedFault, "injected fault" };
         }
-        return MemoryBackend::read(address, buffer, size, kind, error);
+        return MemoryBackend::read(place, buffer, kind);
     }
 
     std::uint64_t m_failing = 0; ///< counted from 1; 0 is none

@@ -76,11 +76,10 @@ TEST(FaultSweep, NeverShowsAWrongValueOfACameraReadTogether)
 {
     auto owned = std::make_unique<DistantCamera>(zqcameralib::makeSimulatedCameraBehaviour());
     DistantCamera& distant = *owned;
-    std::string error;
     auto opened = zqcameralib::openOver(
-        std::string(zqcameralib::simulatedCameraDescription()), std::move(owned), error);
-    ASSERT_TRUE(opened) << error;
-    TestCamera camera(std::make_unique<zqcameralib::ZQCamera>(std::move(opened)));
+        std::string(zqcameralib::simulatedCameraDescription()), std::move(owned));
+    ASSERT_TRUE(opened.isOk()) << opened.status().text();
+    TestCamera camera(std::make_unique<zqcameralib::ZQCamera>(std::move(opened.value())));
     EXPECT_EQ(shown(camera), [] {
         TestCamera near(TestCamera::simulated());
         return shown(near);

@@ -56,15 +56,13 @@ TEST(HostileDescriptions, AreRefusedInOneLineOrToleratedQuietly)
     std::string slowestName;
     for (const HostileDescription& description : all) {
         criticalMessages.clear();
-        std::string error;
         const Clock::time_point start = Clock::now();
-        auto impl = zqcameralib::openDescription(description.text, error);
-        if (!impl) {
+        auto opened = zqcameralib::openDescription(description.text);
+        if (!opened.isOk()) {
             ++refused;
-            EXPECT_FALSE(error.empty()) << description.name;
-            EXPECT_EQ(error.find('\n'), std::string::npos) << description.name;
+            EXPECT_EQ(opened.status().text().find('\n'), std::string::npos) << description.name;
         } else {
-            TestCamera camera(std::make_unique<zqcameralib::ZQCamera>(std::move(impl)));
+            TestCamera camera(std::make_unique<zqcameralib::ZQCamera>(std::move(opened.value())));
             const double taken = std::chrono::duration<double>(Clock::now() - start).count();
             slowestName = taken > slowest ? description.name : slowestName;
             slowest = std::max(slowest, taken);

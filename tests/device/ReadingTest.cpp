@@ -82,10 +82,11 @@ TEST_P(ReadValue, IsExactAndCarriesItsAccess)
 {
     const ValueCase& test = GetParam();
     TestCamera camera("F", test.node);
-    zqcameralib::AccessError error;
     if (!test.bytes.empty()) {
-        camera.port.write(
-            0, test.bytes.data(), test.bytes.size(), zqcameralib::AccessKind::Memory, error);
+        ASSERT_TRUE(
+            camera.port
+                .write({ 0, test.bytes.size() }, test.bytes.data(), zqcameralib::AccessKind::Memory)
+                .isOk());
     }
     camera.read("F");
     EXPECT_EQ(summary(camera.item("F")), test.expected) << test.what;
@@ -226,7 +227,7 @@ TEST(Load, ReadsEachRegisterOnceAndItsRecordsNotAgain)
     for (const auto& record : camera.repository.GetFeatureList()) {
         camera.repository.ReadFeature(record);
     }
-    std::vector<zqcameralib::RegisterPort::Register>& read = recorder.read;
+    zqcameralib::Registers& read = recorder.read;
     const std::size_t all = read.size();
     std::sort(read.begin(), read.end());
     read.erase(std::unique(read.begin(), read.end()), read.end());

@@ -39,12 +39,11 @@ std::string TestCamera::description(const std::string& members, const std::strin
 
 std::unique_ptr<ZQCamera> TestCamera::openText(const std::string& xml)
 {
-    std::string error;
-    auto impl = openDescription(xml, error);
-    if (!impl) {
-        throw std::runtime_error(error);
+    auto opened = openDescription(xml);
+    if (!opened.isOk()) {
+        throw std::runtime_error(opened.status().text());
     }
-    return std::make_unique<ZQCamera>(std::move(impl));
+    return std::make_unique<ZQCamera>(std::move(opened.value()));
 }
 
 TestCamera TestCamera::simulated()

@@ -36,14 +36,13 @@ protected:
     /// As a program gets its images that may not read the network card's ring.
     void beOrdinaryUser()
     {
-        zqcameralib::AccessError error;
-        dynamic_cast<zqcameralib::CameraLink&>(m_camera->impl().port().backend())
-            .runWithSession(
-                [](zqcameralib::CameraSession& session) {
-                    arv_gv_device_set_stream_options(ARV_GV_DEVICE(session.device()),
-                        ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
-                },
-                error);
+        const zqcameralib::Status begun
+            = dynamic_cast<zqcameralib::SessionAccess&>(m_camera->impl().port().backend())
+                  .beginWithSession([](zqcameralib::CameraSession& session) {
+                      arv_gv_device_set_stream_options(ARV_GV_DEVICE(session.device()),
+                          ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
+                  });
+        ASSERT_TRUE(begun.isOk()) << begun.text();
     }
 
     int start()

@@ -69,9 +69,10 @@ TEST_F(Streams, ShowTheImageAmongOtherPartsAndNoMoreOfItThanCame)
     }),
         STATUS_OK);
     std::array<std::uint8_t, 4> port {};
-    AccessError error;
-    ASSERT_TRUE(m_camera->impl().port().read(
-        0x0D00, port.data(), port.size(), AccessKind::Register, error));
+    ASSERT_TRUE(m_camera->impl()
+                    .port()
+                    .read({ 0x0D00, port.size() }, port.data(), AccessKind::Register)
+                    .isOk());
 
     // 16 bytes of something else, then an image that claims more than the buffer holds.
     Packets packets(static_cast<std::uint16_t>(port[2] << 8U | port[3]));

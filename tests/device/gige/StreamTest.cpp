@@ -33,7 +33,7 @@ TEST_F(Streams, StartStopAndEndWithTheCamera)
     EXPECT_NE(m_acquisition->lastError().find(directly), std::string::npos);
     EXPECT_TRUE(m_camera->isLost());
     EXPECT_EQ(start(), cameraLost);
-    EXPECT_EQ(m_camera->impl().lastError().text, m_acquisition->lastError());
+    EXPECT_EQ(m_camera->impl().lastError().text(), m_acquisition->lastError());
     m_fake->start();
     EXPECT_TRUE(recovers());
     ASSERT_EQ(start(), STATUS_OK);

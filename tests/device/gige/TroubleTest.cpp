@@ -243,7 +243,7 @@ TEST_F(Trouble, ATreeCostsOneRoundTripPerRegister)
         for (const auto& item : fresh.GetRepository()->GetFeatureList()) {
             EXPECT_TRUE(fresh.GetRepository()->ReadFeature(item)) << item->name;
         }
-        const std::set<RegisterPort::Register> distinct(recorder.read.begin(), recorder.read.end());
+        const std::set<Register> distinct(recorder.read.begin(), recorder.read.end());
         // Those that keep the control come on top, one a second.
         EXPECT_LE(m_proxy.requests() - before, distinct.size() * 11 / 10) << isBeside;
     }
@@ -367,7 +367,7 @@ TEST_F(Trouble, AFeatureThatAloneFailsKeepsItsValueAndIsMarked)
     m_repository->ReadFeature(m_repository->GetFeature("Gamma"));
     EXPECT_TRUE(m_repository->ReadFeature(m_repository->GetFeature("Gamma")));
     ASSERT_FALSE(recorder.read.empty());
-    const std::uint64_t gamma = recorder.read.back().first;
+    const std::uint64_t gamma = recorder.read.back().address;
     port.setFaultHook(
         [gamma](std::uint64_t address, std::size_t, bool) { return address == gamma; });
     // Reads together do not pass the hook: alone it shows what one register does.

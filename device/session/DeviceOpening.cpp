@@ -1,0 +1,145 @@
+#include "session/DeviceOpening.h"
+
+#include "base/LibraryLock.h"
+#include "base/StatusCodes.h"
+#include "session/DeviceErrors.h"
+#include "session/GigeProbe.h"
+#include "session/SourceFilter.h"
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+
+namespace zqcameralib {
+
+namespace {
+
+using DevicePointer = GObjectPointer<ArvDevice>;
+
+constexpr std::uint16_t controlPort = 3956;
+constexpr int openTries = 2;
+
+/// The local address from which the network reaches `device`; empty when it does not. Nothing is
+/// sent.
+std::string localAddressFor(const in_addr& device)
+{
+    const int handle = socket(AF_INET, SOCK_DGRAM, 0);
+    if (handle < 0) {
+        return {};
+    }
+    sockaddr_in peer {};
+    peer.sin_family = AF_INET;
+    peer.sin_addr = device;
+    peer.sin_port = htons(controlPort);
+    sockaddr_in own {};
+    socklen_t size = sizeof own;
+    const bool found = connect(handle, reinterpret_cast<const sockaddr*>(&peer), sizeof peer) == 0
+        && getsockname(handle, reinterpret_cast<sockaddr*>(&own), &size) == 0;
+    close(handle);
+    std::array<char, INET_ADDRSTRLEN> text {};
+    return found && inet_ntop(AF_INET, &own.sin_addr, text.data(), text.size()) != nullptr
+        ? text.data()
+        : std::string();
+}
+
+/// The socket of the device that `open` makes hears no other address than the camera's from then
+/// on. The library shows it to nobody, but it is the one that was not there before.
+template <typename Open>
+DevicePointer openFiltered(const std::string& local, const std::string& address, Open open)
+{
+    const std::vector<int> before = looseSockets(local);
+    DevicePointer device(open());
+    std::vector<int> added;
+    for (const int handle : looseSockets(local)) {
+        if (std::find(before.begin(), before.end(), handle) == before.end()) {
+            added.push_back(handle);
+        }
+    }
+    if (device != nullptr && added.size() == 1) {
+        hearOnly(added.front(), address);
+    }
+    return device;
+}
+
+DevicePointer openGigE(const std::string& address, GError** error)
+{
+    in_addr device {};
+    const std::string local = inet_pton(AF_INET, address.c_str(), &device) == 1
+        ? localAddressFor(device)
+        : std::string();
+    if (local.empty()) {
+        g_set_error_literal(
+            error, arv_device_error_quark(), ARV_DEVICE_ERROR_NOT_FOUND, "no network leads to it");
+        return nullptr;
+    }
+    const GObjectPointer<GInetAddress> from(g_inet_address_new_from_string(local.c_str()));
+    const GObjectPointer<GInetAddress> to(g_inet_address_new_from_string(address.c_str()));
+    return openFiltered(
+        local, address, [&] { return arv_gv_device_new(from.get(), to.get(), error); });
+}
+
+DevicePointer openUsb(const std::string& id, GError** error)
+{
+    const LibraryLock interfaces(LibraryPart::Interfaces, LibraryLock::Clock::now() + libraryLimit);
+    if (!interfaces) {
+        g_set_error_literal(error, arv_device_error_quark(), ARV_DEVICE_ERROR_NOT_FOUND,
+            "the search for cameras does not end");
+        return nullptr;
+    }
+    ArvInterface* usb = arv_uv_interface_get_instance();
+    arv_interface_update_device_list(usb);
+    return DevicePointer(arv_interface_open_device(usb, id.c_str(), error));
+}
+
+/// Packets of 512 bytes, and some for the rest.
+std::int64_t expectedTime(const GigeProbe& probe)
+{
+    return probe.roundTrip.count() * static_cast<std::int64_t>(probe.descriptionSize / 512 + 30);
+}
+
+} // namespace
+
+Status askForAnswer(const CameraPlace& place, OpeningProgress& progress)
+{
+    if (place.isUsb()) {
+        return {};
+    }
+    progress.step = OpeningProgress::Step::Asking;
+    const GigeProbe probe = probeGige(place.address, progress.isCancelled);
+    progress.expectedMs = expectedTime(probe);
+    switch (probe.answer) {
+    case GigeProbe::Answer::NoWay:
+        return { cameraLost, place.words("no network of this computer leads to this address") };
+    case GigeProbe::Answer::None:
+        return { cameraLost,
+            place.words("no camera answers there; check power, cable and the address") };
+    case GigeProbe::Answer::Waits:
+        return { cameraLost, place.words("the camera is busy and asks to wait") };
+    case GigeProbe::Answer::Refused:
+    case GigeProbe::Answer::Given:
+        break;
+    }
+    return {};
+}
+
+Result<DevicePointer> openDevice(const CameraPlace& place, OpeningProgress& progress)
+{
+    for (int tries = 1;; ++tries) {
+        GlibError failure;
+        DevicePointer device = place.isUsb() ? openUsb(place.address, failure.out())
+                                             : openGigE(place.address, failure.out());
+        if (device) {
+            return device;
+        }
+        if (progress.isCancelled || tries == openTries || !isDescriptionMissing(failure)) {
+            const Status why = openingFailure(failure);
+            return why.withText(place.words(why.text()));
+        }
+    }
+}
+
+} // namespace zqcameralib
