@@ -1,8 +1,8 @@
 #pragma once
 
-#include "EditValue.h"
 #include "EventPort.h"
 #include "FeatureModel.h"
+#include "row/EditValue.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "RowEditor.h"
-#include "SliderScale.h"
+#include "row/SliderScale.h"
 
 #include <QTimer>
 

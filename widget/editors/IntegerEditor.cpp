@@ -1,8 +1,8 @@
 #include "IntegerEditor.h"
 
-#include "IntegerGrid.h"
 #include "NumberInput.h"
 #include "ValueText.h"
+#include "row/IntegerGrid.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "EditValue.h"
+#include "row/EditValue.h"
 
 #include <QWidget>
 

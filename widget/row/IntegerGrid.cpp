@@ -1,4 +1,4 @@
-#include "IntegerGrid.h"
+#include "row/IntegerGrid.h"
 
 #include <algorithm>
 

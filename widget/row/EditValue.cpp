@@ -1,4 +1,4 @@
-#include "EditValue.h"
+#include "row/EditValue.h"
 
 namespace featurebrowser {
 

@@ -1,4 +1,4 @@
-#include "SliderScale.h"
+#include "row/SliderScale.h"
 
 #include <algorithm>
 #include <cmath>

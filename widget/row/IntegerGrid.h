@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FeatureRow.h"
+#include "row/FeatureRow.h"
 
 namespace featurebrowser {
 
