@@ -1,7 +1,7 @@
 #include "ChangeStrip.h"
 
-#include "GlyphButton.h"
 #include "ValueText.h"
+#include "look/GlyphButton.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

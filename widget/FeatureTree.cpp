@@ -2,8 +2,8 @@
 
 #include "FeatureDelegate.h"
 #include "RowPainter.h"
-#include "Tones.h"
 #include "ValueWriter.h"
+#include "look/Tones.h"
 
 #include <QAccessible>
 #include <QHeaderView>

@@ -1,6 +1,6 @@
 #include "FilterBar.h"
 
-#include "GlyphButton.h"
+#include "look/GlyphButton.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>

@@ -1,8 +1,8 @@
 #include "MessageCallout.h"
 
 #include "FeatureTree.h"
-#include "Glyphs.h"
-#include "Tones.h"
+#include "look/Glyphs.h"
+#include "look/Tones.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

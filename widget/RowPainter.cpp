@@ -1,8 +1,8 @@
 #include "RowPainter.h"
 
 #include "SelectorContext.h"
-#include "Tones.h"
 #include "ValueText.h"
+#include "look/Tones.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "FeatureTree.h"
-#include "Glyphs.h"
+#include "look/Glyphs.h"
 
 #include <QStyleOptionViewItem>
 

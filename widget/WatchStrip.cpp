@@ -1,8 +1,8 @@
 #include "WatchStrip.h"
 
-#include "GlyphButton.h"
-#include "Sparkline.h"
 #include "ValueText.h"
+#include "look/GlyphButton.h"
+#include "look/Sparkline.h"
 
 #include <QGridLayout>
 #include <QLabel>

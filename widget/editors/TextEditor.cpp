@@ -1,7 +1,7 @@
 #include "TextEditor.h"
 
-#include "Tones.h"
 #include "ValueText.h"
+#include "look/Tones.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "GlyphButton.h"
+#include "look/GlyphButton.h"
 
 #include <QPainter>
 

@@ -1,4 +1,4 @@
-#include "Sparkline.h"
+#include "look/Sparkline.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,4 +1,4 @@
-#include "Glyphs.h"
+#include "look/Glyphs.h"
 
 #include <QPainter>
 #include <QPainterPath>

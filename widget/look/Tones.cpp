@@ -1,4 +1,4 @@
-#include "Tones.h"
+#include "look/Tones.h"
 
 namespace featurebrowser::tones {
 

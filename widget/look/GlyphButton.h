@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Glyphs.h"
+#include "look/Glyphs.h"
 
 #include <QToolButton>
 
