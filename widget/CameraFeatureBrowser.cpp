@@ -1,9 +1,9 @@
 #include "featurebrowser/CameraFeatureBrowser.h"
 
 #include "BrowserWindow.h"
-#include "Translations.h"
 #include "ValueWriter.h"
 #include "row/NewRows.h"
+#include "text/Translations.h"
 
 #include <QPointer>
 

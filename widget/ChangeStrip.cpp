@@ -1,7 +1,7 @@
 #include "ChangeStrip.h"
 
-#include "ValueText.h"
 #include "look/GlyphButton.h"
+#include "text/ValueText.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

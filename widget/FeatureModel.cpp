@@ -2,7 +2,7 @@
 
 #include "RowRoles.h"
 #include "SelectorContext.h"
-#include "UnitText.h"
+#include "text/UnitText.h"
 
 #include <utility>
 

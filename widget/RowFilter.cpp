@@ -1,6 +1,6 @@
 #include "RowFilter.h"
 
-#include "ValueText.h"
+#include "text/ValueText.h"
 
 #include <algorithm>
 

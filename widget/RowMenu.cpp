@@ -2,8 +2,8 @@
 
 #include "FeatureTree.h"
 #include "SelectorMatrix.h"
-#include "ValueText.h"
 #include "WatchStrip.h"
+#include "text/ValueText.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

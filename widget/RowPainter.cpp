@@ -1,8 +1,8 @@
 #include "RowPainter.h"
 
 #include "SelectorContext.h"
-#include "ValueText.h"
 #include "look/Tones.h"
+#include "text/ValueText.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #include "RowRoles.h"
 
 #include "FeatureModel.h"
-#include "ValueText.h"
+#include "text/ValueText.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #include "SelectorContext.h"
 
-#include "ValueText.h"
+#include "text/ValueText.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 #include "SelectorMatrix.h"
 
-#include "ValueText.h"
 #include "ValueWriter.h"
+#include "text/ValueText.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>

@@ -1,6 +1,6 @@
 #include "ValueWriter.h"
 
-#include "ValueText.h"
+#include "text/ValueText.h"
 
 #include <algorithm>
 

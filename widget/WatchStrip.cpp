@@ -1,8 +1,8 @@
 #include "WatchStrip.h"
 
-#include "ValueText.h"
 #include "look/GlyphButton.h"
 #include "look/Sparkline.h"
+#include "text/ValueText.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #include "AddressEditor.h"
 
-#include "ValueText.h"
+#include "text/ValueText.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 #include "ChoiceEditor.h"
 
-#include "ValueText.h"
+#include "text/ValueText.h"
 
 #include <QHBoxLayout>
 #include <QWheelEvent>

@@ -1,7 +1,7 @@
 #include "FloatEditor.h"
 
-#include "NumberInput.h"
-#include "ValueText.h"
+#include "text/NumberInput.h"
+#include "text/ValueText.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

@@ -1,8 +1,8 @@
 #include "IntegerEditor.h"
 
-#include "NumberInput.h"
-#include "ValueText.h"
 #include "row/IntegerGrid.h"
+#include "text/NumberInput.h"
+#include "text/ValueText.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

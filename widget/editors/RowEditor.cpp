@@ -5,7 +5,7 @@
 #include "FloatEditor.h"
 #include "IntegerEditor.h"
 #include "TextEditor.h"
-#include "ValueText.h"
+#include "text/ValueText.h"
 
 #include <QApplication>
 #include <QFocusEvent>

@@ -1,7 +1,7 @@
 #include "TextEditor.h"
 
-#include "ValueText.h"
 #include "look/Tones.h"
+#include "text/ValueText.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "UnitText.h"
+#include "text/UnitText.h"
 
 #include <QRegularExpression>
 

@@ -1,4 +1,4 @@
-#include "Translations.h"
+#include "text/Translations.h"
 
 #include <QGuiApplication>
 #include <QLocale>

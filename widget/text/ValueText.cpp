@@ -1,4 +1,4 @@
-#include "ValueText.h"
+#include "text/ValueText.h"
 
 #include "featurebrowser/CameraFeatureBrowser.h"
 

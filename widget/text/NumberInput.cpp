@@ -1,6 +1,6 @@
-#include "NumberInput.h"
+#include "text/NumberInput.h"
 
-#include "UnitText.h"
+#include "text/UnitText.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>
