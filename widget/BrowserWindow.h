@@ -1,8 +1,8 @@
 #pragma once
 
 #include "EventPort.h"
-#include "FeatureModel.h"
 #include "TreeMemory.h"
+#include "model/FeatureModel.h"
 
 #include <QByteArrayList>
 #include <QWidget>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ChangeMarks.h"
-#include "FeatureModel.h"
-#include "RowFilter.h"
+#include "model/FeatureModel.h"
+#include "model/RowFilter.h"
 
 #include <QHash>
 #include <QTreeView>

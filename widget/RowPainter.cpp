@@ -1,7 +1,7 @@
 #include "RowPainter.h"
 
-#include "SelectorContext.h"
 #include "look/Tones.h"
+#include "model/SelectorContext.h"
 #include "text/ValueText.h"
 
 #include <QApplication>

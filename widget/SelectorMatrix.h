@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FeatureModel.h"
+#include "model/FeatureModel.h"
 
 #include <QDialog>
 

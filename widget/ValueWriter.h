@@ -1,7 +1,7 @@
 #pragma once
 
 #include "EventPort.h"
-#include "FeatureModel.h"
+#include "model/FeatureModel.h"
 #include "row/EditValue.h"
 
 #include <QStringList>

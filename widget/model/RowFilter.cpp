@@ -1,4 +1,4 @@
-#include "RowFilter.h"
+#include "model/RowFilter.h"
 
 #include "text/ValueText.h"
 

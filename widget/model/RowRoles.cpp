@@ -1,6 +1,6 @@
-#include "RowRoles.h"
+#include "model/RowRoles.h"
 
-#include "FeatureModel.h"
+#include "model/FeatureModel.h"
 #include "text/ValueText.h"
 
 #include <QStringList>

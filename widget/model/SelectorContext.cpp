@@ -1,4 +1,4 @@
-#include "SelectorContext.h"
+#include "model/SelectorContext.h"
 
 #include "text/ValueText.h"
 

@@ -1,7 +1,7 @@
-#include "FeatureModel.h"
+#include "model/FeatureModel.h"
 
-#include "RowRoles.h"
-#include "SelectorContext.h"
+#include "model/RowRoles.h"
+#include "model/SelectorContext.h"
 #include "text/UnitText.h"
 
 #include <utility>
