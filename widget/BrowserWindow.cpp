@@ -8,8 +8,8 @@
 #include "MessageCallout.h"
 #include "RowMenu.h"
 #include "SelectorMatrix.h"
-#include "ValueWriter.h"
 #include "WatchStrip.h"
+#include "events/ValueWriter.h"
 
 #include <QCloseEvent>
 #include <QHeaderView>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "EventPort.h"
 #include "TreeMemory.h"
+#include "events/EventPort.h"
 #include "model/FeatureModel.h"
 
 #include <QByteArrayList>

@@ -1,7 +1,7 @@
 #include "featurebrowser/CameraFeatureBrowser.h"
 
 #include "BrowserWindow.h"
-#include "ValueWriter.h"
+#include "events/ValueWriter.h"
 #include "row/NewRows.h"
 #include "text/Translations.h"
 

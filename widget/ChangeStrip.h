@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ValueWriter.h"
+#include "events/ValueWriter.h"
 
 #include <QWidget>
 

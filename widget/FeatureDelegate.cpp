@@ -2,7 +2,7 @@
 
 #include "FeatureTree.h"
 #include "RowPainter.h"
-#include "ValueWriter.h"
+#include "events/ValueWriter.h"
 
 namespace featurebrowser {
 

@@ -2,7 +2,7 @@
 
 #include "FeatureDelegate.h"
 #include "RowPainter.h"
-#include "ValueWriter.h"
+#include "events/ValueWriter.h"
 #include "look/Tones.h"
 
 #include <QAccessible>

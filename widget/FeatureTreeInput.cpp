@@ -3,7 +3,7 @@
 
 #include "FeatureDelegate.h"
 #include "RowPainter.h"
-#include "ValueWriter.h"
+#include "events/ValueWriter.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

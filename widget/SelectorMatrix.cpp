@@ -1,6 +1,6 @@
 #include "SelectorMatrix.h"
 
-#include "ValueWriter.h"
+#include "events/ValueWriter.h"
 #include "text/ValueText.h"
 
 #include <QDialogButtonBox>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "EventPort.h"
+#include "events/EventPort.h"
 #include "model/FeatureModel.h"
 #include "row/EditValue.h"
 

@@ -1,4 +1,4 @@
-#include "EventPort.h"
+#include "events/EventPort.h"
 
 #include <exception>
 

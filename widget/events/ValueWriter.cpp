@@ -1,4 +1,4 @@
-#include "ValueWriter.h"
+#include "events/ValueWriter.h"
 
 #include "text/ValueText.h"
 
