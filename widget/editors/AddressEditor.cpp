@@ -1,4 +1,4 @@
-#include "AddressEditor.h"
+#include "editors/AddressEditor.h"
 
 #include "text/ValueText.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RowEditor.h"
+#include "editors/RowEditor.h"
 
 class QLineEdit;
 

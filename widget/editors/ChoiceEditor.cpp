@@ -1,4 +1,4 @@
-#include "ChoiceEditor.h"
+#include "editors/ChoiceEditor.h"
 
 #include "text/ValueText.h"
 

@@ -1,4 +1,4 @@
-#include "FloatEditor.h"
+#include "editors/FloatEditor.h"
 
 #include "text/NumberInput.h"
 #include "text/ValueText.h"

@@ -1,4 +1,4 @@
-#include "IntegerEditor.h"
+#include "editors/IntegerEditor.h"
 
 #include "row/IntegerGrid.h"
 #include "text/NumberInput.h"

@@ -1,10 +1,10 @@
-#include "RowEditor.h"
+#include "editors/RowEditor.h"
 
-#include "AddressEditor.h"
-#include "ChoiceEditor.h"
-#include "FloatEditor.h"
-#include "IntegerEditor.h"
-#include "TextEditor.h"
+#include "editors/AddressEditor.h"
+#include "editors/ChoiceEditor.h"
+#include "editors/FloatEditor.h"
+#include "editors/IntegerEditor.h"
+#include "editors/TextEditor.h"
 #include "text/ValueText.h"
 
 #include <QApplication>

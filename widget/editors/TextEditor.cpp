@@ -1,4 +1,4 @@
-#include "TextEditor.h"
+#include "editors/TextEditor.h"
 
 #include "look/Tones.h"
 #include "text/ValueText.h"
