@@ -2,14 +2,14 @@
 
 #include "ChangeStrip.h"
 #include "DescriptionPane.h"
-#include "FeatureDelegate.h"
-#include "FeatureTree.h"
 #include "FilterBar.h"
 #include "MessageCallout.h"
 #include "RowMenu.h"
 #include "SelectorMatrix.h"
 #include "WatchStrip.h"
 #include "events/ValueWriter.h"
+#include "tree/FeatureDelegate.h"
+#include "tree/FeatureTree.h"
 
 #include <QCloseEvent>
 #include <QHeaderView>

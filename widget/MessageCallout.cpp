@@ -1,8 +1,8 @@
 #include "MessageCallout.h"
 
-#include "FeatureTree.h"
 #include "look/Glyphs.h"
 #include "look/Tones.h"
+#include "tree/FeatureTree.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

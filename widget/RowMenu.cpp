@@ -1,9 +1,9 @@
 #include "RowMenu.h"
 
-#include "FeatureTree.h"
 #include "SelectorMatrix.h"
 #include "WatchStrip.h"
 #include "text/ValueText.h"
+#include "tree/FeatureTree.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

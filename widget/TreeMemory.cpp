@@ -1,6 +1,6 @@
 #include "TreeMemory.h"
 
-#include "FeatureTree.h"
+#include "tree/FeatureTree.h"
 
 #include <QScrollBar>
 

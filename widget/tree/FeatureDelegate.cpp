@@ -1,8 +1,8 @@
-#include "FeatureDelegate.h"
+#include "tree/FeatureDelegate.h"
 
-#include "FeatureTree.h"
-#include "RowPainter.h"
 #include "events/ValueWriter.h"
+#include "tree/FeatureTree.h"
+#include "tree/RowPainter.h"
 
 namespace featurebrowser {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ChangeMarks.h"
 #include "model/FeatureModel.h"
 #include "model/RowFilter.h"
+#include "tree/ChangeMarks.h"
 
 #include <QHash>
 #include <QTreeView>

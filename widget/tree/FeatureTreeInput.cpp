@@ -1,9 +1,9 @@
 // What keys and mouse do in the tree.
-#include "FeatureTree.h"
+#include "tree/FeatureTree.h"
 
-#include "FeatureDelegate.h"
-#include "RowPainter.h"
 #include "events/ValueWriter.h"
+#include "tree/FeatureDelegate.h"
+#include "tree/RowPainter.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -1,4 +1,4 @@
-#include "RowPainter.h"
+#include "tree/RowPainter.h"
 
 #include "look/Tones.h"
 #include "model/SelectorContext.h"

@@ -1,9 +1,9 @@
-#include "FeatureTree.h"
+#include "tree/FeatureTree.h"
 
-#include "FeatureDelegate.h"
-#include "RowPainter.h"
 #include "events/ValueWriter.h"
 #include "look/Tones.h"
+#include "tree/FeatureDelegate.h"
+#include "tree/RowPainter.h"
 
 #include <QAccessible>
 #include <QHeaderView>

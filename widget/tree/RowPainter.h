@@ -1,7 +1,7 @@
 #pragma once
 
-#include "FeatureTree.h"
 #include "look/Glyphs.h"
+#include "tree/FeatureTree.h"
 
 #include <QStyleOptionViewItem>
 

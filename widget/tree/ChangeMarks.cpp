@@ -1,4 +1,4 @@
-#include "ChangeMarks.h"
+#include "tree/ChangeMarks.h"
 
 #include <algorithm>
 
