@@ -1,13 +1,13 @@
 #include "BrowserWindow.h"
 
-#include "ChangeStrip.h"
-#include "DescriptionPane.h"
-#include "FilterBar.h"
 #include "MessageCallout.h"
 #include "RowMenu.h"
-#include "SelectorMatrix.h"
-#include "WatchStrip.h"
 #include "events/ValueWriter.h"
+#include "panes/ChangeStrip.h"
+#include "panes/DescriptionPane.h"
+#include "panes/FilterBar.h"
+#include "panes/SelectorMatrix.h"
+#include "panes/WatchStrip.h"
 #include "tree/FeatureDelegate.h"
 #include "tree/FeatureTree.h"
 

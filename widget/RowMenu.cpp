@@ -1,7 +1,7 @@
 #include "RowMenu.h"
 
-#include "SelectorMatrix.h"
-#include "WatchStrip.h"
+#include "panes/SelectorMatrix.h"
+#include "panes/WatchStrip.h"
 #include "text/ValueText.h"
 #include "tree/FeatureTree.h"
 

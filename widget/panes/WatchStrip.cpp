@@ -1,4 +1,4 @@
-#include "WatchStrip.h"
+#include "panes/WatchStrip.h"
 
 #include "look/GlyphButton.h"
 #include "look/Sparkline.h"

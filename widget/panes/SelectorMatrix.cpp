@@ -1,4 +1,4 @@
-#include "SelectorMatrix.h"
+#include "panes/SelectorMatrix.h"
 
 #include "events/ValueWriter.h"
 #include "text/ValueText.h"

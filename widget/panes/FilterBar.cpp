@@ -1,4 +1,4 @@
-#include "FilterBar.h"
+#include "panes/FilterBar.h"
 
 #include "look/GlyphButton.h"
 

@@ -1,4 +1,4 @@
-#include "ChangeStrip.h"
+#include "panes/ChangeStrip.h"
 
 #include "look/GlyphButton.h"
 #include "text/ValueText.h"

@@ -1,4 +1,4 @@
-#include "DescriptionPane.h"
+#include "panes/DescriptionPane.h"
 
 #include <QLabel>
 #include <QPlainTextEdit>
