@@ -1,9 +1,9 @@
 #include "featurebrowser/CameraFeatureBrowser.h"
 
-#include "BrowserWindow.h"
 #include "events/ValueWriter.h"
 #include "row/NewRows.h"
 #include "text/Translations.h"
+#include "window/BrowserWindow.h"
 
 #include <QPointer>
 

@@ -1,4 +1,4 @@
-#include "TreeMemory.h"
+#include "window/TreeMemory.h"
 
 #include "tree/FeatureTree.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "TreeMemory.h"
 #include "events/EventPort.h"
 #include "model/FeatureModel.h"
+#include "window/TreeMemory.h"
 
 #include <QByteArrayList>
 #include <QWidget>

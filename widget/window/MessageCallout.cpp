@@ -1,4 +1,4 @@
-#include "MessageCallout.h"
+#include "window/MessageCallout.h"
 
 #include "look/Glyphs.h"
 #include "look/Tones.h"

@@ -1,4 +1,4 @@
-#include "RowMenu.h"
+#include "window/RowMenu.h"
 
 #include "panes/SelectorMatrix.h"
 #include "panes/WatchStrip.h"

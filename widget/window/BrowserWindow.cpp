@@ -1,7 +1,5 @@
-#include "BrowserWindow.h"
+#include "window/BrowserWindow.h"
 
-#include "MessageCallout.h"
-#include "RowMenu.h"
 #include "events/ValueWriter.h"
 #include "panes/ChangeStrip.h"
 #include "panes/DescriptionPane.h"
@@ -10,6 +8,8 @@
 #include "panes/WatchStrip.h"
 #include "tree/FeatureDelegate.h"
 #include "tree/FeatureTree.h"
+#include "window/MessageCallout.h"
+#include "window/RowMenu.h"
 
 #include <QCloseEvent>
 #include <QHeaderView>
