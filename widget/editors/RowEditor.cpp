@@ -1,10 +1,5 @@
 #include "editors/RowEditor.h"
 
-#include "editors/AddressEditor.h"
-#include "editors/ChoiceEditor.h"
-#include "editors/FloatEditor.h"
-#include "editors/IntegerEditor.h"
-#include "editors/TextEditor.h"
 #include "text/ValueText.h"
 
 #include <QApplication>
@@ -120,32 +115,6 @@ bool RowEditor::eventFilter(QObject* object, QEvent* event)
     default:
         return QWidget::eventFilter(object, event);
     }
-}
-
-RowEditor* makeEditor(const FeatureRow& row, int sliderSteps, QWidget* parent)
-{
-    RowEditor* editor = nullptr;
-    switch (row.kind) {
-    case RowKind::Integer:
-        editor = new IntegerEditor(row, parent);
-        break;
-    case RowKind::Float:
-        editor = new FloatEditor(row, sliderSteps, parent);
-        break;
-    case RowKind::Text:
-        editor = new TextEditor(row, parent);
-        break;
-    case RowKind::Enumeration:
-        editor = new ChoiceEditor(row, parent);
-        break;
-    case RowKind::Ipv4:
-        editor = new AddressEditor(row, parent);
-        break;
-    default:
-        return nullptr;
-    }
-    editor->update(row);
-    return editor;
 }
 
 } // namespace featurebrowser

@@ -71,7 +71,4 @@ private:
     bool m_finished = false;
 };
 
-/// The editor for the row's kind; null for kinds without one.
-RowEditor* makeEditor(const FeatureRow& row, int sliderSteps, QWidget* parent);
-
 } // namespace featurebrowser

@@ -1,5 +1,6 @@
 #include "tree/FeatureDelegate.h"
 
+#include "editors/EditorFactory.h"
 #include "events/ValueWriter.h"
 #include "tree/FeatureTree.h"
 #include "tree/RowPainter.h"
