@@ -117,7 +117,7 @@ void ValueWriter::judge(const Write& write, const EditValue& entered)
         showMessage(row->name, tr("Not written: nothing is connected to this browser"));
     } else if (!write.answered) {
         showMessage(row->name, tr("The camera has not confirmed this value"));
-        row->more().isUnconfirmed = true;
+        row->ownExtras().isUnconfirmed = true;
     } else if (mustComeBack(*row) && !holds(*row, entered)) {
         showMessage(row->name,
             tr("The camera has not taken “%1”; the row shows what it holds")
@@ -163,7 +163,7 @@ void ValueWriter::updated(FeatureRow& row, int changes)
         }
     }
     // An answer that comes late confirms also the value that was entered.
-    const bool wasUnconfirmed = row.extras && row.extras->isUnconfirmed;
+    const bool wasUnconfirmed = row.extras().isUnconfirmed;
     if (!isAnswer && (wasUnconfirmed || (changes & FeatureModel::Value) != 0)) {
         m_model.setMessage(row, {});
     }

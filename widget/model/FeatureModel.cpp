@@ -1,7 +1,6 @@
 #include "model/FeatureModel.h"
 
 #include "model/RowRoles.h"
-#include "model/SelectorContext.h"
 #include "text/UnitText.h"
 
 #include <utility>
@@ -201,7 +200,7 @@ void FeatureModel::setKind(FeatureRow& row, RowKind kind)
 
 void FeatureModel::setDescription(FeatureRow& row, std::string text)
 {
-    RowExtras& extras = row.more();
+    RowExtras& extras = row.ownExtras();
     extras.unit = unitFromDescription(toText(text));
     extras.description = std::move(text);
     touch(row);
@@ -209,11 +208,12 @@ void FeatureModel::setDescription(FeatureRow& row, std::string text)
 
 void FeatureModel::setMessage(FeatureRow& row, const QString& message)
 {
-    if (message.isEmpty() && !row.extras) {
+    if (row.extras().message == message && !row.extras().isUnconfirmed) {
         return;
     }
-    row.more().isUnconfirmed = false;
-    if (std::exchange(row.more().message, message) != message) {
+    RowExtras& extras = row.ownExtras();
+    extras.isUnconfirmed = false;
+    if (std::exchange(extras.message, message) != message) {
         touch(row);
     }
 }

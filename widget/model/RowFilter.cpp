@@ -50,10 +50,7 @@ bool RowFilter::contains(const std::string& utf8) const
 
 bool RowFilter::isHit(const FeatureRow& row) const
 {
-    if (m_text.isEmpty() || contains(row.name)) {
-        return true;
-    }
-    if (row.extras && contains(row.extras->description)) {
+    if (m_text.isEmpty() || contains(row.name) || contains(row.extras().description)) {
         return true;
     }
     if (const auto* text = std::get_if<TextValue>(&row.value)) {

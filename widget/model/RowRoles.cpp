@@ -5,8 +5,6 @@
 
 #include <QStringList>
 
-#include <array>
-
 namespace featurebrowser {
 
 namespace {
@@ -103,24 +101,15 @@ QVariant ownRole(const FeatureRow& row, int role)
     case FeatureModel::StateRole:
         return static_cast<int>(row.state);
     case FeatureModel::DescriptionRole:
-        return row.extras ? toText(row.extras->description) : QString();
+        return toText(row.extras().description);
     case FeatureModel::SelectorsRole:
-        return row.extras ? toText(row.extras->selectors) : QString();
+        return toText(row.extras().selectors);
     default:
         return limitRole(row, role);
     }
 }
 
 } // namespace
-
-QString kindName(RowKind kind)
-{
-    static const std::array<QString, 10> names { QStringLiteral("category"),
-        QStringLiteral("integer"), QStringLiteral("float"), QStringLiteral("string"),
-        QStringLiteral("enumeration"), QStringLiteral("command"), QStringLiteral("boolean"),
-        QStringLiteral("ipv4"), QStringLiteral("mac"), QStringLiteral("readonly-string") };
-    return names.at(static_cast<std::size_t>(kind));
-}
 
 QString rowExplanation(const FeatureRow& row)
 {
@@ -131,11 +120,11 @@ QString rowExplanation(const FeatureRow& row)
     if (row.state != FEATURE_AVAILABLE) {
         lines.append(stateText(row.state));
     }
-    if (row.extras && !row.extras->selectors.empty()) {
-        lines.append(FeatureModel::tr("Selected by %1").arg(toText(row.extras->selectors)));
+    if (!row.extras().selectors.empty()) {
+        lines.append(FeatureModel::tr("Selected by %1").arg(toText(row.extras().selectors)));
     }
-    if (row.extras && !row.extras->message.isEmpty()) {
-        lines.append(row.extras->message);
+    if (row.hasMessage()) {
+        lines.append(row.extras().message);
     }
     return lines.join(QLatin1Char('\n'));
 }

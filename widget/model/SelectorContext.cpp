@@ -6,24 +6,6 @@
 
 namespace featurebrowser {
 
-std::vector<std::string> selectorNames(const FeatureRow& row)
-{
-    std::vector<std::string> names;
-    if (!row.extras) {
-        return names;
-    }
-    const std::string& text = row.extras->selectors;
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find(',', start), text.size());
-        const std::size_t first = text.find_first_not_of(' ', start);
-        if (first < end) {
-            names.push_back(text.substr(first, text.find_last_not_of(' ', end - 1) + 1 - first));
-        }
-        start = end + 1;
-    }
-    return names;
-}
-
 QString selectorContext(const FeatureModel& model, const FeatureRow& row)
 {
     QStringList parts;

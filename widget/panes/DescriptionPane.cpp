@@ -57,8 +57,7 @@ void DescriptionPane::showRow(const FeatureRow* row)
 {
     m_title->setText(row != nullptr ? toText(row->name) : QString());
     m_title->setVisible(row != nullptr);
-    const QString text
-        = row != nullptr && row->extras ? tidyLines(toText(row->extras->description)) : QString();
+    const QString text = row != nullptr ? tidyLines(toText(row->extras().description)) : QString();
     m_text->setPlaceholderText(row == nullptr ? tr("Select a feature to read about it here")
             : row->isCategory()               ? QString()
                                               : tr("The camera does not describe this feature"));

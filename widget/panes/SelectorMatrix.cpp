@@ -100,8 +100,8 @@ void SelectorMatrix::fillColumn(int entry)
         return;
     }
     const FeatureRow* selector = m_model->find(m_selector);
-    const bool isSwitched = selector != nullptr && holds(*selector, EntryIndex { entry })
-        && (!selector->extras || selector->extras->message.isEmpty());
+    const bool isSwitched
+        = selector != nullptr && holds(*selector, EntryIndex { entry }) && !selector->hasMessage();
     for (std::size_t i = 0; i < m_features.size(); ++i) {
         const FeatureRow* row = m_model->find(m_features[i]);
         const bool isKnown = isSwitched && row != nullptr && row->state != FEATURE_READ_FAILED;

@@ -67,7 +67,6 @@ struct FeatureRow {
     std::variant<std::monostate, IntegerValue, FloatValue, TextValue, ChoiceValue> value;
     FeatureRow* parent = nullptr;
     std::vector<std::unique_ptr<FeatureRow>> children;
-    std::unique_ptr<RowExtras> extras;
     int position = 0;
     RowKind kind = RowKind::Category;
     std::uint8_t level = LEVEL_BEGINNER;
@@ -80,14 +79,21 @@ struct FeatureRow {
 
     bool isCategory() const { return kind == RowKind::Category; }
     bool isEditable() const { return !isCategory() && !readOnly && kind != RowKind::Mac; }
-    RowExtras& more()
-    {
-        if (!extras) {
-            extras = std::make_unique<RowExtras>();
-        }
-        return *extras;
-    }
+    bool hasMessage() const { return !extras().message.isEmpty(); }
+    /// Without them, empty ones.
+    const RowExtras& extras() const;
+    /// Makes them when there are none yet.
+    RowExtras& ownExtras();
+
+private:
+    std::unique_ptr<RowExtras> m_extras;
 };
+
+/// The names in the row's selector text, without blanks around them and empty ones.
+std::vector<std::string> selectorNames(const FeatureRow& row);
+
+/// Kind as automation reads it: "category", "integer", ...
+QString kindName(RowKind kind);
 
 inline QString toText(const std::string& utf8)
 {

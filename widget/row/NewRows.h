@@ -18,7 +18,7 @@ inline std::unique_ptr<FeatureRow> newRow(RowKind kind, std::string name, TYPE_L
     row->hasValue = hasValue;
     row->selector = static_cast<std::uint8_t>(selector);
     if (!selectors.empty()) {
-        row->more().selectors = std::move(selectors);
+        row->ownExtras().selectors = std::move(selectors);
     }
     return row;
 }

@@ -109,7 +109,7 @@ QString valueText(const FeatureRow& row)
 
 QString rowUnit(const FeatureRow& row)
 {
-    return row.extras ? row.extras->unit : QString();
+    return row.extras().unit;
 }
 
 QStringList entryTexts(const FeatureRow& row)

@@ -117,7 +117,7 @@ void FeatureDelegate::editorLeft(RowEditor* editor, Leave how)
         m_writer->showMessage(name, problem);
         return;
     }
-    const bool isMarked = row->extras && !row->extras->message.isEmpty();
+    const bool isMarked = row->hasMessage();
     const bool isNew = value && (isMarked || !holds(*row, *value));
     if (how == Leave::KeepOpen) {
         editor->setTouched(false);

@@ -86,7 +86,7 @@ QBrush RowPainter::rowBackground(const FeatureTree& tree, const FeatureRow& row)
     if (row.isCategory()) {
         return tones::categoryBackground(tree.palette());
     }
-    if (row.extras && !row.extras->message.isEmpty()) {
+    if (row.hasMessage()) {
         return tones::alarmBackground(tree.palette());
     }
     const double strength = tree.marks().strength(&row);
@@ -203,7 +203,7 @@ void RowPainter::paintSigns()
     if (const auto glyph = stateGlyph(m_row)) {
         sign(*glyph, *glyph == Glyph::Warning ? tones::alarm(m_option.palette) : dimColor());
     }
-    if (m_row.extras && !m_row.extras->message.isEmpty()) {
+    if (m_row.hasMessage()) {
         sign(Glyph::Warning, tones::alarm(m_option.palette));
     }
 }

@@ -204,7 +204,7 @@ void BrowserWindow::written(const WriteResult& result)
 void BrowserWindow::rowSelected(FeatureRow* row)
 {
     m_description->showRow(row);
-    if (row != nullptr && row->extras && !row->extras->message.isEmpty()) {
+    if (row != nullptr && row->hasMessage()) {
         m_callout->showRow(row); // else one that stands at another row stays to be read
     }
     if (row == nullptr || m_ownChange) {

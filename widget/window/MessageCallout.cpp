@@ -42,7 +42,7 @@ MessageCallout::MessageCallout(FeatureTree* tree)
 
 void MessageCallout::showRow(const FeatureRow* row)
 {
-    const bool hasMessage = row != nullptr && row->extras && !row->extras->message.isEmpty();
+    const bool hasMessage = row != nullptr && row->hasMessage();
     m_rowName = hasMessage ? row->name : std::string();
     follow();
 }
@@ -53,7 +53,7 @@ void MessageCallout::follow()
         return;
     }
     const FeatureRow* row = m_rowName.empty() ? nullptr : m_tree->features().find(m_rowName);
-    if (row == nullptr || !row->extras || row->extras->message.isEmpty()) {
+    if (row == nullptr || !row->hasMessage()) {
         m_rowName.clear();
         hide();
         return;
@@ -63,9 +63,9 @@ void MessageCallout::follow()
         hide();
         return;
     }
-    if (m_text->text() != row->extras->message) {
-        m_text->setText(row->extras->message);
-        setAccessibleName(row->extras->message);
+    if (m_text->text() != row->extras().message) {
+        m_text->setText(row->extras().message);
+        setAccessibleName(row->extras().message);
     }
     const int width
         = std::min(m_tree->viewport()->width() - 16, fontMetrics().averageCharWidth() * 90);

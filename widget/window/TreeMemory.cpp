@@ -17,7 +17,7 @@ void TreeMemory::store(FeatureTree& tree)
     if (const FeatureRow* row = tree.currentRow()) {
         m_current = row->name;
         m_currentColumn = tree.currentIndex().column();
-        m_description = row->extras ? row->extras->description : std::string();
+        m_description = row->extras().description;
     }
     model.forEachCategory([&](const FeatureRow& category) {
         m_known.insert(category.name);
