@@ -1,6 +1,5 @@
 #include "model/FeatureModel.h"
 
-#include "model/RowRoles.h"
 #include "text/UnitText.h"
 
 #include <utility>
@@ -299,13 +298,7 @@ Qt::ItemFlags FeatureModel::flags(const QModelIndex& index) const
 
 QHash<int, QByteArray> FeatureModel::roleNames() const
 {
-    QHash<int, QByteArray> names = QAbstractItemModel::roleNames();
-    names.insert({ { NameRole, "name" }, { KindRole, "kind" }, { ValueRole, "value" },
-        { MinimumRole, "minimum" }, { MaximumRole, "maximum" }, { IncrementRole, "increment" },
-        { EntriesRole, "entries" }, { ReadOnlyRole, "readOnly" }, { LevelRole, "level" },
-        { StateRole, "state" }, { DescriptionRole, "description" },
-        { SelectorsRole, "selectors" } });
-    return names;
+    return rowRoleNames(QAbstractItemModel::roleNames());
 }
 
 } // namespace featurebrowser

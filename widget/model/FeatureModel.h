@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/RowRoles.h"
 #include "row/FeatureRow.h"
 
 #include <QAbstractItemModel>
@@ -17,21 +18,6 @@ class FeatureModel : public QAbstractItemModel {
     Q_OBJECT
 
 public:
-    enum Column { NameColumn, ValueColumn, ColumnCount };
-    enum Role {
-        NameRole = Qt::UserRole + 1, ///< QByteArray
-        KindRole, ///< QString
-        ValueRole, ///< QString, as shown
-        MinimumRole, ///< qlonglong or double; invalid for other kinds, as the next one
-        MaximumRole,
-        IncrementRole, ///< uint or double
-        EntriesRole, ///< QStringList
-        ReadOnlyRole, ///< bool
-        LevelRole, ///< int
-        StateRole, ///< int, FEATURE_STATE
-        DescriptionRole, ///< QString
-        SelectorsRole ///< QString, names of the features that select this one
-    };
     /// What an update did to a row.
     enum Change { Nothing, Flags = 1, Value = 2, Limits = 4 };
 
@@ -75,6 +61,7 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// As rowRoleNames.
     QHash<int, QByteArray> roleNames() const override;
 
 private:

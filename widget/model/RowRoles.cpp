@@ -1,20 +1,24 @@
 #include "model/RowRoles.h"
 
-#include "model/FeatureModel.h"
 #include "text/ValueText.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 namespace featurebrowser {
 
 namespace {
 
+struct Words {
+    Q_DECLARE_TR_FUNCTIONS(featurebrowser::RowRoles)
+};
+
 QVariant integerRole(const IntegerValue& integer, int role)
 {
     switch (role) {
-    case FeatureModel::MinimumRole:
+    case MinimumRole:
         return integer.minimum;
-    case FeatureModel::MaximumRole:
+    case MaximumRole:
         return integer.maximum;
     default:
         return integer.increment;
@@ -24,9 +28,9 @@ QVariant integerRole(const IntegerValue& integer, int role)
 QVariant floatRole(const FloatValue& number, int role)
 {
     switch (role) {
-    case FeatureModel::MinimumRole:
+    case MinimumRole:
         return number.minimum;
-    case FeatureModel::MaximumRole:
+    case MaximumRole:
         return number.maximum;
     default:
         return number.increment;
@@ -48,11 +52,11 @@ QString stateText(int state)
 {
     switch (state) {
     case FEATURE_LOCKED:
-        return FeatureModel::tr("Locked: cannot be changed now, for example while acquiring");
+        return Words::tr("Locked: cannot be changed now, for example while acquiring");
     case FEATURE_NOT_AVAILABLE:
-        return FeatureModel::tr("Not available in the camera's present configuration");
+        return Words::tr("Not available in the camera's present configuration");
     case FEATURE_READ_FAILED:
-        return FeatureModel::tr("The last attempt to read it from the camera failed");
+        return Words::tr("The last attempt to read it from the camera failed");
     default:
         return {};
     }
@@ -60,7 +64,7 @@ QString stateText(int state)
 
 QVariant displayText(const FeatureRow& row, int column)
 {
-    return column == FeatureModel::NameColumn ? toText(row.name) : valueText(row);
+    return column == NameColumn ? toText(row.name) : valueText(row);
 }
 
 // Read aloud, the name alone would say too little.
@@ -72,8 +76,7 @@ QVariant accessibleText(const FeatureRow& row, int column)
     const QString unit = rowUnit(row);
     const QString value
         = unit.isEmpty() ? valueText(row) : valueText(row) + QLatin1Char(' ') + unit;
-    return column == FeatureModel::NameColumn ? toText(row.name) + QStringLiteral(", ") + value
-                                              : value;
+    return column == NameColumn ? toText(row.name) + QStringLiteral(", ") + value : value;
 }
 
 // A tool tip takes text that looks like markup for markup, so text from the camera is escaped.
@@ -86,23 +89,23 @@ QVariant toolTip(const FeatureRow& row)
 QVariant ownRole(const FeatureRow& row, int role)
 {
     switch (role) {
-    case FeatureModel::NameRole:
+    case NameRole:
         return QByteArray(row.name.data(), static_cast<int>(row.name.size()));
-    case FeatureModel::KindRole:
+    case KindRole:
         return kindName(row.kind);
-    case FeatureModel::ValueRole:
+    case ValueRole:
         return valueText(row);
-    case FeatureModel::EntriesRole:
+    case EntriesRole:
         return entryTexts(row);
-    case FeatureModel::ReadOnlyRole:
+    case ReadOnlyRole:
         return row.readOnly;
-    case FeatureModel::LevelRole:
+    case LevelRole:
         return static_cast<int>(row.level);
-    case FeatureModel::StateRole:
+    case StateRole:
         return static_cast<int>(row.state);
-    case FeatureModel::DescriptionRole:
+    case DescriptionRole:
         return toText(row.extras().description);
-    case FeatureModel::SelectorsRole:
+    case SelectorsRole:
         return toText(row.extras().selectors);
     default:
         return limitRole(row, role);
@@ -111,17 +114,27 @@ QVariant ownRole(const FeatureRow& row, int role)
 
 } // namespace
 
+QHash<int, QByteArray> rowRoleNames(QHash<int, QByteArray> names)
+{
+    names.insert({ { NameRole, "name" }, { KindRole, "kind" }, { ValueRole, "value" },
+        { MinimumRole, "minimum" }, { MaximumRole, "maximum" }, { IncrementRole, "increment" },
+        { EntriesRole, "entries" }, { ReadOnlyRole, "readOnly" }, { LevelRole, "level" },
+        { StateRole, "state" }, { DescriptionRole, "description" },
+        { SelectorsRole, "selectors" } });
+    return names;
+}
+
 QString rowExplanation(const FeatureRow& row)
 {
     QStringList lines { toText(row.name) };
     if (!row.isCategory() && !row.isEditable()) {
-        lines.append(FeatureModel::tr("Read-only"));
+        lines.append(Words::tr("Read-only"));
     }
     if (row.state != FEATURE_AVAILABLE) {
         lines.append(stateText(row.state));
     }
     if (!row.extras().selectors.empty()) {
-        lines.append(FeatureModel::tr("Selected by %1").arg(toText(row.extras().selectors)));
+        lines.append(Words::tr("Selected by %1").arg(toText(row.extras().selectors)));
     }
     if (row.hasMessage()) {
         lines.append(row.extras().message);
@@ -141,9 +154,7 @@ QVariant rowData(const FeatureRow& row, int column, int role)
     case Qt::AccessibleDescriptionRole:
         return rowExplanation(row);
     default:
-        return role >= FeatureModel::NameRole && role <= FeatureModel::SelectorsRole
-            ? ownRole(row, role)
-            : QVariant();
+        return role >= NameRole && role <= SelectorsRole ? ownRole(row, role) : QVariant();
     }
 }
 

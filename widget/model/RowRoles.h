@@ -2,11 +2,31 @@
 
 #include "row/FeatureRow.h"
 
+#include <QHash>
 #include <QVariant>
 
 namespace featurebrowser {
 
-/// What a row answers for a role of FeatureModel or of Qt.
+enum RowColumn { NameColumn, ValueColumn, ColumnCount };
+enum RowRole {
+    NameRole = Qt::UserRole + 1, ///< QByteArray
+    KindRole, ///< QString
+    ValueRole, ///< QString, as shown
+    MinimumRole, ///< qlonglong or double; invalid for other kinds, as the next one
+    MaximumRole,
+    IncrementRole, ///< uint or double
+    EntriesRole, ///< QStringList
+    ReadOnlyRole, ///< bool
+    LevelRole, ///< int
+    StateRole, ///< int, FEATURE_STATE
+    DescriptionRole, ///< QString
+    SelectorsRole ///< QString, names of the features that select this one
+};
+
+/// The roles' names for automation, and Qt's own.
+QHash<int, QByteArray> rowRoleNames(QHash<int, QByteArray> names);
+
+/// What a row answers for one of these roles or of Qt's.
 QVariant rowData(const FeatureRow& row, int column, int role);
 
 /// Why the row is as it looks, for its tool tip and for screen readers: full name, read-only, state

@@ -69,26 +69,6 @@
             <source>Value</source>
             <translation>Wert</translation>
         </message>
-        <message>
-            <source>Locked: cannot be changed now, for example while acquiring</source>
-            <translation>Gesperrt: zurzeit nicht änderbar, zum Beispiel während der Aufnahme</translation>
-        </message>
-        <message>
-            <source>Not available in the camera's present configuration</source>
-            <translation>In der jetzigen Konfiguration der Kamera nicht verfügbar</translation>
-        </message>
-        <message>
-            <source>The last attempt to read it from the camera failed</source>
-            <translation>Das letzte Lesen aus der Kamera ist fehlgeschlagen</translation>
-        </message>
-        <message>
-            <source>Read-only</source>
-            <translation>Nur lesbar</translation>
-        </message>
-        <message>
-            <source>Selected by %1</source>
-            <translation>Ausgewählt durch %1</translation>
-        </message>
         <message numerus="yes">
             <source>selects %n</source>
             <translation>
@@ -249,6 +229,29 @@
         <message>
             <source>Collapse &amp;all</source>
             <translation>Alle &amp;zuklappen</translation>
+        </message>
+    </context>
+    <context>
+        <name>featurebrowser::RowRoles</name>
+        <message>
+            <source>Locked: cannot be changed now, for example while acquiring</source>
+            <translation>Gesperrt: zurzeit nicht änderbar, zum Beispiel während der Aufnahme</translation>
+        </message>
+        <message>
+            <source>Not available in the camera's present configuration</source>
+            <translation>In der jetzigen Konfiguration der Kamera nicht verfügbar</translation>
+        </message>
+        <message>
+            <source>The last attempt to read it from the camera failed</source>
+            <translation>Das letzte Lesen aus der Kamera ist fehlgeschlagen</translation>
+        </message>
+        <message>
+            <source>Read-only</source>
+            <translation>Nur lesbar</translation>
+        </message>
+        <message>
+            <source>Selected by %1</source>
+            <translation>Ausgewählt durch %1</translation>
         </message>
     </context>
     <context>

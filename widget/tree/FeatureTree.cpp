@@ -70,7 +70,7 @@ void FeatureTree::showRow(const FeatureRow& row)
     for (const FeatureRow* above = row.parent; above != nullptr; above = above->parent) {
         expand(m_features->indexOf(above));
     }
-    const QModelIndex index = m_features->indexOf(&row, FeatureModel::ValueColumn);
+    const QModelIndex index = m_features->indexOf(&row, ValueColumn);
     setCurrentIndex(index);
     scrollTo(index);
 }
@@ -129,7 +129,7 @@ void FeatureTree::focusFirstHit()
         index = indexBelow(index);
     }
     if (index.isValid()) {
-        setCurrentIndex(index.siblingAtColumn(FeatureModel::ValueColumn));
+        setCurrentIndex(index.siblingAtColumn(ValueColumn));
     }
 }
 
@@ -288,7 +288,7 @@ void FeatureTree::findRowsOnScreen()
     if (!index.isValid()) {
         return;
     }
-    index = index.siblingAtColumn(FeatureModel::NameColumn);
+    index = index.siblingAtColumn(NameColumn);
     const QRect first = visualRect(index);
     m_rowHeight = first.height();
     for (int top = first.top(); index.isValid() && top < viewport()->height(); top += m_rowHeight) {

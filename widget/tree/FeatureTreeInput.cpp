@@ -24,15 +24,14 @@ void FeatureTree::activate(const FeatureRow& row)
     } else if (row.kind == RowKind::Boolean) {
         m_writer->toggle(row.name);
     } else {
-        edit(index.siblingAtColumn(FeatureModel::ValueColumn));
+        edit(index.siblingAtColumn(ValueColumn));
     }
 }
 
 // Says why nothing happens.
 void FeatureTree::explain(const FeatureRow& row)
 {
-    const QPoint below
-        = visualRect(m_features->indexOf(&row, FeatureModel::ValueColumn)).bottomLeft();
+    const QPoint below = visualRect(m_features->indexOf(&row, ValueColumn)).bottomLeft();
     QToolTip::showText(viewport()->mapToGlobal(below),
         m_features->indexOf(&row).data(Qt::ToolTipRole).toString(), viewport());
 }
@@ -47,7 +46,7 @@ void FeatureTree::editNeighbour(const FeatureRow& row, bool forward)
         return;
     }
     const std::string name = FeatureModel::row(index)->name;
-    setCurrentIndex(index.siblingAtColumn(FeatureModel::ValueColumn));
+    setCurrentIndex(index.siblingAtColumn(ValueColumn));
     // Selecting told the application, which may have changed anything.
     const FeatureRow* next = m_features->find(name);
     const bool opens
@@ -87,8 +86,8 @@ bool FeatureTree::isOnButton(const QModelIndex& index, const QPoint& position) c
     const FeatureRow& row = *FeatureModel::row(index);
     QRect area = RowPainter::buttonRect(cell, row);
     if (row.kind == RowKind::Boolean) { // its text acts too, as beside a check box of a form
-        area.setWidth(area.width() + 8
-            + fontMetrics().horizontalAdvance(index.data(FeatureModel::ValueRole).toString()));
+        area.setWidth(
+            area.width() + 8 + fontMetrics().horizontalAdvance(index.data(ValueRole).toString()));
     }
     return QStyle::visualRect(layoutDirection(), cell.rect, area)
         .adjusted(-3, -3, 3, 3)
@@ -98,7 +97,7 @@ bool FeatureTree::isOnButton(const QModelIndex& index, const QPoint& position) c
 void FeatureTree::mousePressEvent(QMouseEvent* event)
 {
     m_pressed = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
-    const bool onValue = m_pressed.isValid() && m_pressed.column() == FeatureModel::ValueColumn;
+    const bool onValue = m_pressed.isValid() && m_pressed.column() == ValueColumn;
     m_buttonDown = onValue && FeatureModel::row(m_pressed)->kind == RowKind::Command
         && isOnButton(m_pressed, event->pos());
     QTreeView::mousePressEvent(event);
@@ -114,7 +113,7 @@ void FeatureTree::mouseReleaseEvent(QMouseEvent* event)
     }
     QTreeView::mouseReleaseEvent(event);
     const bool isClick = event->button() == Qt::LeftButton && pressed.isValid()
-        && pressed == indexAt(event->pos()) && pressed.column() == FeatureModel::ValueColumn;
+        && pressed == indexAt(event->pos()) && pressed.column() == ValueColumn;
     if (!isClick) {
         return;
     }

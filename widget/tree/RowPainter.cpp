@@ -73,7 +73,7 @@ void RowPainter::paint(int column)
     m_painter.setFont(m_option.font);
     // Names and values are technical text: only their place is mirrored, not their order.
     m_painter.setLayoutDirection(Qt::LeftToRight);
-    if (column == FeatureModel::NameColumn) {
+    if (column == NameColumn) {
         paintName();
     } else if (!m_row.isCategory()) {
         paintValue();

@@ -114,7 +114,7 @@ void BrowserWindow::arrange()
     layout->addWidget(splitter, 1);
     const int unit = fontMetrics().height();
     resize(unit * 36, unit * 46);
-    m_tree->header()->resizeSection(FeatureModel::NameColumn, unit * 19);
+    m_tree->header()->resizeSection(NameColumn, unit * 19);
 }
 
 QByteArrayList BrowserWindow::favourites() const
