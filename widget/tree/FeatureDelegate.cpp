@@ -2,15 +2,19 @@
 
 #include "editors/EditorFactory.h"
 #include "events/ValueWriter.h"
-#include "tree/FeatureTree.h"
+#include "model/FeatureModel.h"
+#include "model/SelectorContext.h"
+#include "tree/ChangeMarks.h"
 #include "tree/RowPainter.h"
 
 namespace featurebrowser {
 
-FeatureDelegate::FeatureDelegate(FeatureTree* tree, ValueWriter* writer)
-    : QStyledItemDelegate(tree)
-    , m_tree(tree)
+FeatureDelegate::FeatureDelegate(
+    FeatureModel& model, ValueWriter& writer, const ChangeMarks& marks, QObject* parent)
+    : QStyledItemDelegate(parent)
+    , m_model(model)
     , m_writer(writer)
+    , m_marks(marks)
 {
 }
 
@@ -19,7 +23,11 @@ void FeatureDelegate::paint(
 {
     QStyleOptionViewItem cell = option;
     initStyleOption(&cell, index);
-    RowPainter(*painter, cell, *m_tree, *FeatureModel::row(index)).paint(index.column());
+    const FeatureRow& row = *FeatureModel::row(index);
+    const QString context
+        = index.column() == NameColumn ? selectorContext(m_model, row) : QString();
+    const RowSurroundings around { context, m_wanted, m_marks.strength(&row) };
+    RowPainter(*painter, cell, row, around).paint(index.column());
 }
 
 QSize FeatureDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
@@ -99,9 +107,9 @@ void FeatureDelegate::close(RowEditor* editor)
 void FeatureDelegate::editorLeft(RowEditor* editor, Leave how)
 {
     const std::string name = editor->rowName();
-    FeatureRow* row = m_tree->features().find(name);
+    FeatureRow* row = m_model.find(name);
     if (row != nullptr && editor->hasComplained()) {
-        m_tree->features().setMessage(*row, {});
+        m_model.setMessage(*row, {});
     }
     if (row == nullptr || !editor->isFor(*row) || how == Leave::Revert) {
         close(editor);
@@ -114,7 +122,7 @@ void FeatureDelegate::editorLeft(RowEditor* editor, Leave how)
         if (how == Leave::FocusLost) {
             close(editor);
         }
-        m_writer->showMessage(name, problem);
+        m_writer.showMessage(name, problem);
         return;
     }
     const bool isMarked = row->hasMessage();
@@ -125,16 +133,16 @@ void FeatureDelegate::editorLeft(RowEditor* editor, Leave how)
         close(editor);
     }
     if (isNew) {
-        m_writer->write(name, *value);
+        m_writer.write(name, *value);
     }
-    editNeighbour(name, how);
+    askForNeighbour(name, how);
 }
 
-void FeatureDelegate::editNeighbour(const std::string& name, Leave how)
+void FeatureDelegate::askForNeighbour(const std::string& name, Leave how)
 {
-    const FeatureRow* row = m_tree->features().find(name);
+    const FeatureRow* row = m_model.find(name);
     if (row != nullptr && (how == Leave::Next || how == Leave::Previous)) {
-        m_tree->editNeighbour(*row, how == Leave::Next);
+        Q_EMIT neighbourWanted(*row, how == Leave::Next);
     }
 }
 

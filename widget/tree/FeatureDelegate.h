@@ -7,16 +7,21 @@
 
 namespace featurebrowser {
 
-class FeatureTree;
+class ChangeMarks;
+class FeatureModel;
 class ValueWriter;
 
-/// Draws the rows of a FeatureTree and opens, feeds and closes their editors: one at a time.
+/// Draws the rows of the tree and opens, feeds and closes their editors: one at a time.
 class FeatureDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
-    FeatureDelegate(FeatureTree* tree, ValueWriter* writer);
+    /// Nothing is owned; all has to outlive the delegate.
+    FeatureDelegate(
+        FeatureModel& model, ValueWriter& writer, const ChangeMarks& marks, QObject* parent);
 
+    /// The text whose matches are marked in the rows.
+    void setWanted(const QString& text) { m_wanted = text; }
     void setSliderSteps(int steps) { m_sliderSteps = steps; }
     /// The open editor; null when there is none.
     RowEditor* editor() const { return m_editor.data(); }
@@ -38,16 +43,22 @@ public:
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
         const QModelIndex& index) const override;
 
+Q_SIGNALS:
+    /// The user wants to edit the next row, or the previous one, of that which was edited.
+    void neighbourWanted(const featurebrowser::FeatureRow& row, bool forward);
+
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     void editorLeft(RowEditor* editor, Leave how);
     void close(RowEditor* editor);
-    void editNeighbour(const std::string& name, Leave how);
+    void askForNeighbour(const std::string& name, Leave how);
 
-    FeatureTree* m_tree;
-    ValueWriter* m_writer;
+    FeatureModel& m_model;
+    ValueWriter& m_writer;
+    const ChangeMarks& m_marks;
+    QString m_wanted;
     mutable QPointer<RowEditor> m_editor;
     int m_sliderSteps = 1000;
 };

@@ -20,7 +20,7 @@ FeatureTree::FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* pare
     , m_features(model)
     , m_writer(writer)
     , m_marks(new ChangeMarks(this))
-    , m_delegate(new FeatureDelegate(this, writer))
+    , m_delegate(new FeatureDelegate(*model, *writer, *m_marks, this))
 {
     setObjectName(QStringLiteral("featureTree"));
     setAccessibleName(tr("Camera features"));
@@ -32,6 +32,7 @@ FeatureTree::FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* pare
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
     setVerticalScrollMode(ScrollPerPixel);
+    connect(m_delegate, &FeatureDelegate::neighbourWanted, this, &FeatureTree::editNeighbour);
     connect(m_marks, &ChangeMarks::faded, this, [this](const FeatureRow* row) { updateRow(*row); });
     connect(
         this, &FeatureTree::scrollWanted, this,
@@ -47,6 +48,7 @@ FeatureTree::FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* pare
 void FeatureTree::setFilter(const RowFilter& filter)
 {
     m_filter = filter;
+    m_delegate->setWanted(filter.text());
     applyFilter();
     viewport()->update(); // the same rows may show longer hits
     if (filter.text().isEmpty()) {
@@ -333,7 +335,8 @@ void FeatureTree::currentChanged(const QModelIndex& current, const QModelIndex& 
 
 void FeatureTree::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const
 {
-    const QBrush background = RowPainter::rowBackground(*this, *FeatureModel::row(index));
+    const FeatureRow& row = *FeatureModel::row(index);
+    const QBrush background = RowPainter::rowBackground(palette(), row, m_marks->strength(&row));
     if (background.style() != Qt::NoBrush && !selectionModel()->isSelected(index)) {
         painter->fillRect(rect, background);
     }

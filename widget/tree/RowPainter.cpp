@@ -1,7 +1,7 @@
 #include "tree/RowPainter.h"
 
 #include "look/Tones.h"
-#include "model/SelectorContext.h"
+#include "model/RowRoles.h"
 #include "text/ValueText.h"
 
 #include <QApplication>
@@ -49,12 +49,13 @@ bool opensList(const FeatureRow& row)
 
 } // namespace
 
-RowPainter::RowPainter(QPainter& painter, const QStyleOptionViewItem& option,
-    const FeatureTree& tree, const FeatureRow& row)
+RowPainter::RowPainter(QPainter& painter, const QStyleOptionViewItem& option, const FeatureRow& row,
+    const RowSurroundings& around)
     : m_painter(painter)
     , m_option(option)
-    , m_tree(tree)
+    , m_view(*option.widget)
     , m_row(row)
+    , m_around(around)
     , m_rest(option.rect.adjusted(margin, 0, -margin, 0))
 {
     if (row.isCategory()) {
@@ -81,26 +82,26 @@ void RowPainter::paint(int column)
     m_painter.restore();
 }
 
-QBrush RowPainter::rowBackground(const FeatureTree& tree, const FeatureRow& row)
+QBrush RowPainter::rowBackground(
+    const QPalette& palette, const FeatureRow& row, double changeStrength)
 {
     if (row.isCategory()) {
-        return tones::categoryBackground(tree.palette());
+        return tones::categoryBackground(palette);
     }
     if (row.hasMessage()) {
-        return tones::alarmBackground(tree.palette());
+        return tones::alarmBackground(palette);
     }
-    const double strength = tree.marks().strength(&row);
-    if (strength > 0) {
-        return tones::changedBackground(tree.palette(), strength);
+    if (changeStrength > 0) {
+        return tones::changedBackground(palette, changeStrength);
     }
     return {};
 }
 
 void RowPainter::paintBackground()
 {
-    m_option.backgroundBrush = rowBackground(m_tree, m_row);
-    const QStyle* style = m_tree.style();
-    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &m_option, &m_painter, &m_tree);
+    m_option.backgroundBrush = rowBackground(m_view.palette(), m_row, m_around.changeStrength);
+    const QStyle* style = m_view.style();
+    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &m_option, &m_painter, &m_view);
 }
 
 QColor RowPainter::textColor() const
@@ -135,7 +136,7 @@ void RowPainter::paintText(const QString& text, const QColor& color)
 
 void RowPainter::paintMatches(const QString& text)
 {
-    const QString& wanted = m_tree.filter().text();
+    const QString& wanted = m_around.wanted;
     if (wanted.isEmpty() || m_option.state.testFlag(QStyle::State_Selected)) {
         return;
     }
@@ -160,10 +161,9 @@ void RowPainter::paintName()
             : m_option.state.testFlag(QStyle::State_Selected)
             ? m_option.palette.color(QPalette::HighlightedText)
             : m_option.palette.color(QPalette::Text));
-    const QString context = selectorContext(m_tree.features(), m_row);
-    if (!context.isEmpty()) {
+    if (!m_around.context.isEmpty()) {
         m_rest.setLeft(m_rest.left() + 2 * margin);
-        paintText(context, dimColor());
+        paintText(m_around.context, dimColor());
     }
 }
 
@@ -225,7 +225,7 @@ QRect RowPainter::buttonRect(const QStyleOptionViewItem& cell, const FeatureRow&
 void RowPainter::paintButton()
 {
     QStyleOptionButton button;
-    button.initFrom(&m_tree);
+    button.initFrom(&m_view);
     button.rect = QStyle::visualRect(
         m_option.direction, m_option.rect, buttonRect(m_option, m_row).intersected(m_rest));
     button.text = oneLine(valueText(m_row)).replace(QLatin1Char('&'), QLatin1String("&&"));
@@ -233,15 +233,15 @@ void RowPainter::paintButton()
         = m_row.isEditable() ? QStyle::State_Enabled | QStyle::State_Raised : QStyle::State_None;
     button.state.setFlag(QStyle::State_HasFocus, m_option.state.testFlag(QStyle::State_HasFocus));
     button.palette.setCurrentColorGroup(m_row.isEditable() ? QPalette::Active : QPalette::Disabled);
-    m_painter.setFont(m_tree.font());
-    m_tree.style()->drawControl(QStyle::CE_PushButton, &button, &m_painter, &m_tree);
+    m_painter.setFont(m_view.font());
+    m_view.style()->drawControl(QStyle::CE_PushButton, &button, &m_painter, &m_view);
 }
 
 void RowPainter::paintCheckBox()
 {
     const auto& choice = std::get<ChoiceValue>(m_row.value);
     QStyleOptionButton box;
-    box.initFrom(&m_tree);
+    box.initFrom(&m_view);
     const QRect area = buttonRect(m_option, m_row);
     box.rect = QStyle::visualRect(m_option.direction, m_option.rect, area);
     box.state = choice.index == 0 ? QStyle::State_Off
@@ -249,7 +249,7 @@ void RowPainter::paintCheckBox()
                                   : QStyle::State_NoChange;
     box.state.setFlag(QStyle::State_Enabled, m_row.isEditable());
     box.palette.setCurrentColorGroup(m_row.isEditable() ? QPalette::Active : QPalette::Disabled);
-    m_tree.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &m_painter, &m_tree);
+    m_view.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &m_painter, &m_view);
     // Some styles leave the frame nearly invisible on dark palettes.
     m_painter.setPen(dimColor());
     m_painter.setBrush(Qt::NoBrush);

@@ -1,17 +1,25 @@
 #pragma once
 
 #include "look/Glyphs.h"
-#include "tree/FeatureTree.h"
+#include "row/FeatureRow.h"
 
 #include <QStyleOptionViewItem>
 
 namespace featurebrowser {
 
+/// What a picture of a row shows and the row itself does not know.
+struct RowSurroundings {
+    QString context; ///< what selects the row, or how many it selects
+    QString wanted; ///< the filter's text, whose matches are marked
+    double changeStrength = 0; ///< how fresh the row's last change is, from 0 (none) to 1
+};
+
 /// Draws one cell of a row: made for each picture, used once.
 class RowPainter {
 public:
-    RowPainter(QPainter& painter, const QStyleOptionViewItem& option, const FeatureTree& tree,
-        const FeatureRow& row);
+    /// `option.widget` is the view. Everything has to outlive the painter.
+    RowPainter(QPainter& painter, const QStyleOptionViewItem& option, const FeatureRow& row,
+        const RowSurroundings& around);
 
     void paint(int column);
 
@@ -19,7 +27,8 @@ public:
     static QRect buttonRect(const QStyleOptionViewItem& cell, const FeatureRow& row);
 
     /// What stands behind the whole row; no brush = what the view has there.
-    static QBrush rowBackground(const FeatureTree& tree, const FeatureRow& row);
+    static QBrush rowBackground(
+        const QPalette& palette, const FeatureRow& row, double changeStrength);
 
 private:
     void paintBackground();
@@ -32,12 +41,12 @@ private:
     void paintMatches(const QString& text);
     QColor textColor() const;
     QColor dimColor() const;
-    QString context() const;
 
     QPainter& m_painter;
     QStyleOptionViewItem m_option;
-    const FeatureTree& m_tree;
+    const QWidget& m_view;
     const FeatureRow& m_row;
+    const RowSurroundings& m_around;
     QRect m_rest; ///< what is left of the cell
 };
 
