@@ -21,6 +21,7 @@ FeatureTree::FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* pare
     , m_writer(writer)
     , m_marks(new ChangeMarks(this))
     , m_delegate(new FeatureDelegate(*model, *writer, *m_marks, this))
+    , m_onScreen(*this)
 {
     setObjectName(QStringLiteral("featureTree"));
     setAccessibleName(tr("Camera features"));
@@ -34,13 +35,6 @@ FeatureTree::FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* pare
     setVerticalScrollMode(ScrollPerPixel);
     connect(m_delegate, &FeatureDelegate::neighbourWanted, this, &FeatureTree::editNeighbour);
     connect(m_marks, &ChangeMarks::faded, this, [this](const FeatureRow* row) { updateRow(*row); });
-    connect(
-        this, &FeatureTree::scrollWanted, this,
-        [this](int place) {
-            doItemsLayout();
-            verticalScrollBar()->setValue(place);
-        },
-        Qt::QueuedConnection);
     header()->setSectionsMovable(false);
     header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 6);
 }
@@ -116,7 +110,13 @@ void FeatureTree::collapseOthers(const std::string& name)
 
 void FeatureTree::scrollLater(int place)
 {
-    Q_EMIT scrollWanted(place);
+    QMetaObject::invokeMethod(
+        this,
+        [this, place] {
+            doItemsLayout();
+            verticalScrollBar()->setValue(place);
+        },
+        Qt::QueuedConnection);
 }
 
 void FeatureTree::focusFirstHit()
@@ -138,7 +138,7 @@ void FeatureTree::focusFirstHit()
 void FeatureTree::paintEvent(QPaintEvent* event)
 {
     QTreeView::paintEvent(event);
-    if (m_hits > 0 || m_filter.text().isEmpty() || m_filterStale) {
+    if (m_hits.shown > 0 || m_filter.text().isEmpty() || m_filterStale) {
         return;
     }
     QPainter painter(viewport());
@@ -148,61 +148,10 @@ void FeatureTree::paintEvent(QPaintEvent* event)
         tr("Nothing found for “%1” at this level").arg(m_filter.text()));
 }
 
-namespace {
-
-// Decides for every row below `row` and returns whether one of them is to be seen.
-struct Hider {
-    FeatureTree& tree;
-    const RowFilter& filter;
-    int hits = 0;
-    int hitsAboveLevel = 0;
-
-    bool showsFeature(const FeatureRow& row)
-    {
-        if (filter.passesLevel(row)) {
-            const bool isHit = filter.isHit(row);
-            hits += isHit ? 1 : 0;
-            return isHit;
-        }
-        if (!filter.text().isEmpty() && filter.isHit(row)) {
-            ++hitsAboveLevel;
-        }
-        return false;
-    }
-
-    bool shows(FeatureRow& row)
-    {
-        if (!row.isCategory()) {
-            return showsFeature(row);
-        }
-        const bool some = apply(row);
-        const bool isEmpty = row.children.empty() && filter.text().isEmpty();
-        return some || (isEmpty && filter.passesLevel(row));
-    }
-
-    bool apply(FeatureRow& parent)
-    {
-        bool some = false;
-        for (const auto& child : parent.children) {
-            const bool shown = shows(*child);
-            some = some || shown;
-            if (std::exchange(child->hidden, !shown) == shown) {
-                tree.setRowHidden(child->position, tree.features().indexOf(&parent), !shown);
-            }
-        }
-        return some;
-    }
-};
-
-} // namespace
-
 void FeatureTree::applyFilter()
 {
     m_filterStale = false;
-    Hider hider { *this, m_filter };
-    hider.apply(m_features->root());
-    m_hits = hider.hits;
-    m_hitsAboveLevel = hider.hitsAboveLevel;
+    m_hits = showHits(*this, *m_features, m_filter);
 }
 
 void FeatureTree::doItemsLayout()
@@ -211,7 +160,7 @@ void FeatureTree::doItemsLayout()
         applyFilter();
     }
     m_layoutPending = false;
-    m_onScreenStale = true;
+    m_onScreen.invalidate();
     QTreeView::doItemsLayout();
 }
 
@@ -221,8 +170,6 @@ void FeatureTree::reset()
     m_marks->clear();
     m_openedForHits.clear();
     m_pressed = QModelIndex();
-    m_buttonDown = false;
-    m_onScreenStale = true;
     m_layoutPending = true;
     QTreeView::reset();
 }
@@ -272,43 +219,19 @@ void FeatureTree::updateRow(const FeatureRow& row)
 
 QRect FeatureTree::rowRect(const FeatureRow& row)
 {
-    if (m_onScreenStale) {
-        findRowsOnScreen();
-    }
-    const auto found = m_onScreen.constFind(&row);
-    if (found == m_onScreen.constEnd()) {
-        return {};
-    }
-    return { 0, *found, viewport()->width(), m_rowHeight };
-}
-
-void FeatureTree::findRowsOnScreen()
-{
-    m_onScreen.clear();
-    m_onScreenStale = false;
-    QModelIndex index = indexAt(QPoint(viewport()->width() / 2, 0));
-    if (!index.isValid()) {
-        return;
-    }
-    index = index.siblingAtColumn(NameColumn);
-    const QRect first = visualRect(index);
-    m_rowHeight = first.height();
-    for (int top = first.top(); index.isValid() && top < viewport()->height(); top += m_rowHeight) {
-        m_onScreen.insert(FeatureModel::row(index), top);
-        index = indexBelow(index);
-    }
+    return m_onScreen.rectOf(row);
 }
 
 void FeatureTree::scrollContentsBy(int dx, int dy)
 {
-    m_onScreenStale = true;
+    m_onScreen.invalidate();
     QTreeView::scrollContentsBy(dx, dy);
     Q_EMIT moved();
 }
 
 void FeatureTree::updateGeometries()
 {
-    m_onScreenStale = true;
+    m_onScreen.invalidate();
     QTreeView::updateGeometries();
     Q_EMIT moved();
 }

@@ -3,8 +3,9 @@
 #include "model/FeatureModel.h"
 #include "model/RowFilter.h"
 #include "tree/ChangeMarks.h"
+#include "tree/RowHider.h"
+#include "tree/RowsOnScreen.h"
 
-#include <QHash>
 #include <QTreeView>
 
 #include <unordered_set>
@@ -28,11 +29,9 @@ public:
     /// Shows and hides rows at once.
     void setFilter(const RowFilter& filter);
     /// Rows that the filter text finds but the level hides.
-    int hitsAboveLevel() const { return m_hitsAboveLevel; }
+    int hitsAboveLevel() const { return m_hits.aboveLevel; }
     /// The row of the current index; null when there is none.
     FeatureRow* currentRow() const;
-    /// The command whose button the mouse holds down; invalid when there is none.
-    QModelIndex heldButton() const { return m_buttonDown ? QModelIndex(m_pressed) : QModelIndex(); }
     /// Makes the row current, its ancestors expanded, and scrolls to it.
     void showRow(const FeatureRow& row);
     ChangeMarks& marks() const { return *m_marks; }
@@ -55,7 +54,6 @@ public:
         const QVector<int>& roles = {}) override;
 
 Q_SIGNALS:
-    void scrollWanted(int place);
     /// Another row became current through the user; null = none.
     void currentRowChanged(featurebrowser::FeatureRow* row);
     /// Escape, where it has nothing else to end.
@@ -85,7 +83,6 @@ private:
     void explain(const FeatureRow& row);
     bool isOnButton(const QModelIndex& index, const QPoint& position) const;
     void updateRow(const FeatureRow& row);
-    void findRowsOnScreen();
 
     FeatureModel* m_features;
     ValueWriter* m_writer;
@@ -93,16 +90,12 @@ private:
     FeatureDelegate* m_delegate;
     QPersistentModelIndex m_pressed; ///< where the mouse button went down
     bool m_quiet = false; ///< a row becomes current without the user
-    bool m_buttonDown = false; ///< on the button of a command
     RowFilter m_filter;
-    int m_hitsAboveLevel = 0;
-    int m_hits = 0; ///< features to be seen
+    FilterHits m_hits;
     std::unordered_set<std::string> m_openedForHits; ///< categories that were closed before
     bool m_filterStale = false; ///< rows were added that have not been filtered
     bool m_layoutPending = true; ///< everything is painted again soon
-    QHash<const FeatureRow*, int> m_onScreen; ///< top of the rows in the viewport
-    bool m_onScreenStale = true;
-    int m_rowHeight = 0;
+    RowsOnScreen m_onScreen;
 };
 
 } // namespace featurebrowser

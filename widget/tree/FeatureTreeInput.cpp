@@ -97,9 +97,6 @@ bool FeatureTree::isOnButton(const QModelIndex& index, const QPoint& position) c
 void FeatureTree::mousePressEvent(QMouseEvent* event)
 {
     m_pressed = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
-    const bool onValue = m_pressed.isValid() && m_pressed.column() == ValueColumn;
-    m_buttonDown = onValue && FeatureModel::row(m_pressed)->kind == RowKind::Command
-        && isOnButton(m_pressed, event->pos());
     QTreeView::mousePressEvent(event);
 }
 
@@ -108,9 +105,6 @@ void FeatureTree::mouseReleaseEvent(QMouseEvent* event)
 {
     const QModelIndex pressed = m_pressed;
     m_pressed = QModelIndex();
-    if (std::exchange(m_buttonDown, false)) {
-        viewport()->update(visualRect(pressed));
-    }
     QTreeView::mouseReleaseEvent(event);
     const bool isClick = event->button() == Qt::LeftButton && pressed.isValid()
         && pressed == indexAt(event->pos()) && pressed.column() == ValueColumn;
