@@ -78,7 +78,7 @@
         </message>
     </context>
     <context>
-        <name>featurebrowser::FeatureTree</name>
+        <name>featurebrowser::FeatureTreeView</name>
         <message>
             <source>Camera features</source>
             <translation>Kameraeinstellungen</translation>

@@ -7,7 +7,7 @@
 #include "panes/SelectorMatrix.h"
 #include "panes/WatchStrip.h"
 #include "tree/FeatureDelegate.h"
-#include "tree/FeatureTree.h"
+#include "tree/FeatureTreeView.h"
 #include "window/MessageCallout.h"
 #include "window/RowMenu.h"
 
@@ -54,7 +54,7 @@ BrowserWindow::~BrowserWindow()
 
 void BrowserWindow::makeTree()
 {
-    m_tree = new FeatureTree(m_model, m_writer, this);
+    m_tree = new FeatureTreeView(m_model, m_writer, this);
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
     m_callout = new MessageCallout(m_tree);
 }
@@ -65,8 +65,9 @@ void BrowserWindow::connectTree()
     connect(m_model, &QAbstractItemModel::dataChanged, m_callout, &MessageCallout::follow);
     connect(m_model, &QAbstractItemModel::modelReset, m_callout, &MessageCallout::follow);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &BrowserWindow::rowsAdded);
-    connect(m_tree, &FeatureTree::dismissed, m_callout, [this] { m_callout->showRow(nullptr); });
-    connect(m_tree, &FeatureTree::currentRowChanged, this, &BrowserWindow::rowSelected);
+    connect(
+        m_tree, &FeatureTreeView::dismissed, m_callout, [this] { m_callout->showRow(nullptr); });
+    connect(m_tree, &FeatureTreeView::currentRowChanged, this, &BrowserWindow::rowSelected);
     connect(m_tree, &QWidget::customContextMenuRequested, this, &BrowserWindow::showMenu);
     connect(m_tree->header(), &QHeaderView::sectionResized, this,
         [this](int column, int, int width) { columnResized(column, width); });

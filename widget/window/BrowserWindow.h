@@ -13,7 +13,7 @@ namespace featurebrowser {
 
 class ChangeStrip;
 class DescriptionPane;
-class FeatureTree;
+class FeatureTreeView;
 class FilterBar;
 class MessageCallout;
 class ValueWriter;
@@ -80,7 +80,7 @@ private:
     ValueWriter* m_writer;
     FilterBar* m_filterBar = nullptr;
     WatchStrip* m_watch = nullptr;
-    FeatureTree* m_tree = nullptr;
+    FeatureTreeView* m_tree = nullptr;
     MessageCallout* m_callout = nullptr;
     ChangeStrip* m_changes = nullptr;
     DescriptionPane* m_description = nullptr;

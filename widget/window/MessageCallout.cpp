@@ -2,7 +2,7 @@
 
 #include "look/Glyphs.h"
 #include "look/Tones.h"
-#include "tree/FeatureTree.h"
+#include "tree/FeatureTreeView.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -14,7 +14,7 @@
 
 namespace featurebrowser {
 
-MessageCallout::MessageCallout(FeatureTree* tree)
+MessageCallout::MessageCallout(FeatureTreeView* tree)
     : QFrame(tree->viewport())
     , m_tree(tree)
     , m_text(new QLabel(this))
@@ -36,7 +36,7 @@ MessageCallout::MessageCallout(FeatureTree* tree)
     layout->addWidget(m_text, 1);
     layout->addWidget(m_close, 0, Qt::AlignTop);
     connect(m_close, &QToolButton::clicked, this, [this] { showRow(nullptr); });
-    connect(tree, &FeatureTree::moved, this, &MessageCallout::follow);
+    connect(tree, &FeatureTreeView::moved, this, &MessageCallout::follow);
     hide();
 }
 

@@ -7,7 +7,7 @@ class QToolButton;
 
 namespace featurebrowser {
 
-class FeatureTree;
+class FeatureTreeView;
 struct FeatureRow;
 
 /// Shows a row's message right below it, over the rows that follow, until it is dismissed or the
@@ -16,7 +16,7 @@ class MessageCallout : public QFrame {
     Q_OBJECT
 
 public:
-    explicit MessageCallout(FeatureTree* tree);
+    explicit MessageCallout(FeatureTreeView* tree);
 
     /// Shows the row's message; a row without one hides the callout.
     void showRow(const FeatureRow* row);
@@ -27,7 +27,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    FeatureTree* m_tree;
+    FeatureTreeView* m_tree;
     QLabel* m_text;
     QToolButton* m_close;
     std::string m_rowName; ///< empty = nothing to show

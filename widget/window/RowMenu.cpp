@@ -3,7 +3,7 @@
 #include "panes/SelectorMatrix.h"
 #include "panes/WatchStrip.h"
 #include "text/ValueText.h"
-#include "tree/FeatureTree.h"
+#include "tree/FeatureTreeView.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -39,7 +39,7 @@ QString rowAsText(const FeatureRow& row)
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 
-RowMenu::RowMenu(FeatureTree& tree, WatchStrip& watch, const FeatureRow& row, QWidget* parent)
+RowMenu::RowMenu(FeatureTreeView& tree, WatchStrip& watch, const FeatureRow& row, QWidget* parent)
     : QMenu(parent)
     , m_tree(tree)
     , m_watch(watch)

@@ -4,7 +4,7 @@
 
 namespace featurebrowser {
 
-class FeatureTree;
+class FeatureTreeView;
 class WatchStrip;
 struct FeatureRow;
 
@@ -17,7 +17,7 @@ class RowMenu : public QMenu {
     Q_OBJECT
 
 public:
-    RowMenu(FeatureTree& tree, WatchStrip& watch, const FeatureRow& row, QWidget* parent);
+    RowMenu(FeatureTreeView& tree, WatchStrip& watch, const FeatureRow& row, QWidget* parent);
 
 Q_SIGNALS:
     void matrixWanted(const std::string& selector);
@@ -27,7 +27,7 @@ private:
     void addTreeActions(const FeatureRow& row);
     void addWatchActions(const FeatureRow& row);
 
-    FeatureTree& m_tree;
+    FeatureTreeView& m_tree;
     WatchStrip& m_watch;
 };
 

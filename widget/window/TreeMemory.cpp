@@ -1,12 +1,12 @@
 #include "window/TreeMemory.h"
 
-#include "tree/FeatureTree.h"
+#include "tree/FeatureTreeView.h"
 
 #include <QScrollBar>
 
 namespace featurebrowser {
 
-void TreeMemory::store(FeatureTree& tree)
+void TreeMemory::store(FeatureTreeView& tree)
 {
     FeatureModel& model = tree.features();
     if (model.root().children.empty()) {
@@ -27,7 +27,7 @@ void TreeMemory::store(FeatureTree& tree)
     });
 }
 
-void TreeMemory::restore(FeatureTree& tree, FeatureRow& row)
+void TreeMemory::restore(FeatureTreeView& tree, FeatureRow& row)
 {
     constexpr int smallTree = 1000;
     FeatureModel& model = tree.features();

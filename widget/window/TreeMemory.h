@@ -6,16 +6,16 @@
 
 namespace featurebrowser {
 
-class FeatureTree;
+class FeatureTreeView;
 
 /// Remembers by names how a tree looked, so that it looks the same when it is built anew.
 class TreeMemory {
 public:
     /// Before the tree is emptied.
-    void store(FeatureTree& tree);
+    void store(FeatureTreeView& tree);
     /// Brings one row that was just added into the state it had. New categories of the first level
     /// are opened as long as the tree is small.
-    void restore(FeatureTree& tree, FeatureRow& row);
+    void restore(FeatureTreeView& tree, FeatureRow& row);
 
 private:
     std::unordered_set<std::string> m_known; ///< categories

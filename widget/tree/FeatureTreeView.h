@@ -17,11 +17,11 @@ class ValueWriter;
 
 /// The tree on the screen: hides what level and filter leave out, and keeps updates cheap, since
 /// QTreeView searches all its rows for every one that changed.
-class FeatureTree : public QTreeView {
+class FeatureTreeView : public QTreeView {
     Q_OBJECT
 
 public:
-    FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* parent);
+    FeatureTreeView(FeatureModel* model, ValueWriter* writer, QWidget* parent);
 
     FeatureModel& features() const { return *m_features; }
     FeatureDelegate& delegate() const { return *m_delegate; }

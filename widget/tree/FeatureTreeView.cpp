@@ -1,4 +1,4 @@
-#include "tree/FeatureTree.h"
+#include "tree/FeatureTreeView.h"
 
 #include "events/ValueWriter.h"
 #include "look/Tones.h"
@@ -15,7 +15,7 @@
 
 namespace featurebrowser {
 
-FeatureTree::FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* parent)
+FeatureTreeView::FeatureTreeView(FeatureModel* model, ValueWriter* writer, QWidget* parent)
     : QTreeView(parent)
     , m_features(model)
     , m_writer(writer)
@@ -33,13 +33,13 @@ FeatureTree::FeatureTree(FeatureModel* model, ValueWriter* writer, QWidget* pare
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
     setVerticalScrollMode(ScrollPerPixel);
-    connect(m_delegate, &FeatureDelegate::neighbourWanted, this, &FeatureTree::editNeighbour);
+    connect(m_delegate, &FeatureDelegate::neighbourWanted, this, &FeatureTreeView::editNeighbour);
     connect(m_marks, &ChangeMarks::faded, this, [this](const FeatureRow* row) { updateRow(*row); });
     header()->setSectionsMovable(false);
     header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 6);
 }
 
-void FeatureTree::setFilter(const RowFilter& filter)
+void FeatureTreeView::setFilter(const RowFilter& filter)
 {
     m_filter = filter;
     m_delegate->setWanted(filter.text());
@@ -55,13 +55,13 @@ void FeatureTree::setFilter(const RowFilter& filter)
     }
 }
 
-FeatureRow* FeatureTree::currentRow() const
+FeatureRow* FeatureTreeView::currentRow() const
 {
     const QModelIndex index = currentIndex();
     return index.isValid() ? FeatureModel::row(index) : nullptr;
 }
 
-void FeatureTree::showRow(const FeatureRow& row)
+void FeatureTreeView::showRow(const FeatureRow& row)
 {
     for (const FeatureRow* above = row.parent; above != nullptr; above = above->parent) {
         expand(m_features->indexOf(above));
@@ -72,7 +72,7 @@ void FeatureTree::showRow(const FeatureRow& row)
 }
 
 // Categories with hits are opened for as long as the filter lasts.
-void FeatureTree::openHits()
+void FeatureTreeView::openHits()
 {
     m_features->forEachCategory([this](const FeatureRow& category) {
         const QModelIndex index = m_features->indexOf(&category);
@@ -85,7 +85,7 @@ void FeatureTree::openHits()
 }
 
 // What holds the current row stays open: the user has found it.
-void FeatureTree::closeHits()
+void FeatureTreeView::closeHits()
 {
     for (const FeatureRow* row = currentRow(); row != nullptr; row = row->parent) {
         m_openedForHits.erase(row->name);
@@ -95,7 +95,7 @@ void FeatureTree::closeHits()
     }
 }
 
-void FeatureTree::collapseOthers(const std::string& name)
+void FeatureTreeView::collapseOthers(const std::string& name)
 {
     std::unordered_set<std::string> kept;
     for (const FeatureRow* row = m_features->find(name); row != nullptr; row = row->parent) {
@@ -108,7 +108,7 @@ void FeatureTree::collapseOthers(const std::string& name)
     });
 }
 
-void FeatureTree::scrollLater(int place)
+void FeatureTreeView::scrollLater(int place)
 {
     QMetaObject::invokeMethod(
         this,
@@ -119,7 +119,7 @@ void FeatureTree::scrollLater(int place)
         Qt::QueuedConnection);
 }
 
-void FeatureTree::focusFirstHit()
+void FeatureTreeView::focusFirstHit()
 {
     setFocus(Qt::ShortcutFocusReason);
     const FeatureRow* current = currentRow();
@@ -135,7 +135,7 @@ void FeatureTree::focusFirstHit()
     }
 }
 
-void FeatureTree::paintEvent(QPaintEvent* event)
+void FeatureTreeView::paintEvent(QPaintEvent* event)
 {
     QTreeView::paintEvent(event);
     if (m_hits.shown > 0 || m_filter.text().isEmpty() || m_filterStale) {
@@ -148,13 +148,13 @@ void FeatureTree::paintEvent(QPaintEvent* event)
         tr("Nothing found for “%1” at this level").arg(m_filter.text()));
 }
 
-void FeatureTree::applyFilter()
+void FeatureTreeView::applyFilter()
 {
     m_filterStale = false;
     m_hits = showHits(*this, *m_features, m_filter);
 }
 
-void FeatureTree::doItemsLayout()
+void FeatureTreeView::doItemsLayout()
 {
     if (m_filterStale) {
         applyFilter();
@@ -164,7 +164,7 @@ void FeatureTree::doItemsLayout()
     QTreeView::doItemsLayout();
 }
 
-void FeatureTree::reset()
+void FeatureTreeView::reset()
 {
     m_onScreen.clear();
     m_marks->clear();
@@ -174,7 +174,7 @@ void FeatureTree::reset()
     QTreeView::reset();
 }
 
-void FeatureTree::rowsInserted(const QModelIndex& parent, int start, int end)
+void FeatureTreeView::rowsInserted(const QModelIndex& parent, int start, int end)
 {
     m_filterStale = true;
     m_layoutPending = true;
@@ -182,7 +182,7 @@ void FeatureTree::rowsInserted(const QModelIndex& parent, int start, int end)
     scheduleDelayedItemsLayout();
 }
 
-void FeatureTree::dataChanged(
+void FeatureTreeView::dataChanged(
     const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles)
 {
     if (topLeft.internalPointer() != bottomRight.internalPointer()) {
@@ -209,7 +209,7 @@ void FeatureTree::dataChanged(
 #endif
 }
 
-void FeatureTree::updateRow(const FeatureRow& row)
+void FeatureTreeView::updateRow(const FeatureRow& row)
 {
     const QRect rect = rowRect(row);
     if (!rect.isEmpty()) {
@@ -217,19 +217,19 @@ void FeatureTree::updateRow(const FeatureRow& row)
     }
 }
 
-QRect FeatureTree::rowRect(const FeatureRow& row)
+QRect FeatureTreeView::rowRect(const FeatureRow& row)
 {
     return m_onScreen.rectOf(row);
 }
 
-void FeatureTree::scrollContentsBy(int dx, int dy)
+void FeatureTreeView::scrollContentsBy(int dx, int dy)
 {
     m_onScreen.invalidate();
     QTreeView::scrollContentsBy(dx, dy);
     Q_EMIT moved();
 }
 
-void FeatureTree::updateGeometries()
+void FeatureTreeView::updateGeometries()
 {
     m_onScreen.invalidate();
     QTreeView::updateGeometries();
@@ -238,7 +238,7 @@ void FeatureTree::updateGeometries()
 
 // The strips around the tree come and go with what the user does: the row that they are working on,
 // and the message at it, stay in sight.
-void FeatureTree::resizeEvent(QResizeEvent* event)
+void FeatureTreeView::resizeEvent(QResizeEvent* event)
 {
     QTreeView::resizeEvent(event);
     const QRect current = visualRect(currentIndex());
@@ -248,7 +248,7 @@ void FeatureTree::resizeEvent(QResizeEvent* event)
     }
 }
 
-void FeatureTree::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+void FeatureTreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTreeView::currentChanged(current, previous);
     if (!m_quiet && current.internalPointer() != previous.internalPointer()) {
@@ -256,7 +256,8 @@ void FeatureTree::currentChanged(const QModelIndex& current, const QModelIndex& 
     }
 }
 
-void FeatureTree::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const
+void FeatureTreeView::drawBranches(
+    QPainter* painter, const QRect& rect, const QModelIndex& index) const
 {
     const FeatureRow& row = *FeatureModel::row(index);
     const QBrush background = RowPainter::rowBackground(palette(), row, m_marks->strength(&row));

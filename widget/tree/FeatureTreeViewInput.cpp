@@ -1,5 +1,5 @@
 // What keys and mouse do in the tree.
-#include "tree/FeatureTree.h"
+#include "tree/FeatureTreeView.h"
 
 #include "events/ValueWriter.h"
 #include "tree/FeatureDelegate.h"
@@ -12,7 +12,7 @@
 
 namespace featurebrowser {
 
-void FeatureTree::activate(const FeatureRow& row)
+void FeatureTreeView::activate(const FeatureRow& row)
 {
     const QModelIndex index = m_features->indexOf(&row);
     if (row.isCategory()) {
@@ -29,14 +29,14 @@ void FeatureTree::activate(const FeatureRow& row)
 }
 
 // Says why nothing happens.
-void FeatureTree::explain(const FeatureRow& row)
+void FeatureTreeView::explain(const FeatureRow& row)
 {
     const QPoint below = visualRect(m_features->indexOf(&row, ValueColumn)).bottomLeft();
     QToolTip::showText(viewport()->mapToGlobal(below),
         m_features->indexOf(&row).data(Qt::ToolTipRole).toString(), viewport());
 }
 
-void FeatureTree::editNeighbour(const FeatureRow& row, bool forward)
+void FeatureTreeView::editNeighbour(const FeatureRow& row, bool forward)
 {
     QModelIndex index = m_features->indexOf(&row);
     do {
@@ -56,7 +56,7 @@ void FeatureTree::editNeighbour(const FeatureRow& row, bool forward)
     }
 }
 
-void FeatureTree::keyPressEvent(QKeyEvent* event)
+void FeatureTreeView::keyPressEvent(QKeyEvent* event)
 {
     const FeatureRow* row = currentRow();
     const bool activates = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter
@@ -72,13 +72,13 @@ void FeatureTree::keyPressEvent(QKeyEvent* event)
 }
 
 // With the focus the first row becomes current: nobody has selected it.
-void FeatureTree::focusInEvent(QFocusEvent* event)
+void FeatureTreeView::focusInEvent(QFocusEvent* event)
 {
     const QScopedValueRollback<bool> quiet(m_quiet, true);
     QTreeView::focusInEvent(event);
 }
 
-bool FeatureTree::isOnButton(const QModelIndex& index, const QPoint& position) const
+bool FeatureTreeView::isOnButton(const QModelIndex& index, const QPoint& position) const
 {
     QStyleOptionViewItem cell = viewOptions();
     cell.widget = this;
@@ -94,14 +94,14 @@ bool FeatureTree::isOnButton(const QModelIndex& index, const QPoint& position) c
         .contains(position);
 }
 
-void FeatureTree::mousePressEvent(QMouseEvent* event)
+void FeatureTreeView::mousePressEvent(QMouseEvent* event)
 {
     m_pressed = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
     QTreeView::mousePressEvent(event);
 }
 
 // Acts on release, as buttons do, so that a press can still be taken back.
-void FeatureTree::mouseReleaseEvent(QMouseEvent* event)
+void FeatureTreeView::mouseReleaseEvent(QMouseEvent* event)
 {
     const QModelIndex pressed = m_pressed;
     m_pressed = QModelIndex();
@@ -119,7 +119,7 @@ void FeatureTree::mouseReleaseEvent(QMouseEvent* event)
 }
 
 // The second press of a double click is a press like any other for buttons and boxes.
-void FeatureTree::mouseDoubleClickEvent(QMouseEvent* event)
+void FeatureTreeView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QModelIndex index = indexAt(event->pos());
     if (index.isValid() && !FeatureModel::row(index)->isCategory()) {
