@@ -251,10 +251,17 @@ void BrowserWindow::showMenu(const QPoint& position)
     if (!index.isValid()) {
         return;
     }
-    auto* menu = new RowMenu(*m_tree, *m_watch, *FeatureModel::row(index), this);
-    menu->setObjectName(QStringLiteral("rowMenu"));
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    connect(menu, &RowMenu::matrixWanted, this, &BrowserWindow::showMatrix);
+    const FeatureRow& row = *FeatureModel::row(index);
+    const std::string name = row.name;
+    const RowMenu::Offer offer { m_watch->isPinned(name), SelectorMatrix::canShow(*m_model, row) };
+    auto* menu = new RowMenu(row, offer, this);
+    connect(menu, &RowMenu::pinWanted, m_watch,
+        [this, name](bool pinned) { m_watch->setPinned(name, pinned); });
+    connect(menu, &RowMenu::matrixWanted, this, [this, name] { showMatrix(name); });
+    connect(menu, &RowMenu::collapseOthersWanted, m_tree,
+        [this, name] { m_tree->collapseOthers(name); });
+    connect(menu, &RowMenu::expandAllWanted, m_tree, &QTreeView::expandAll);
+    connect(menu, &RowMenu::collapseAllWanted, m_tree, &QTreeView::collapseAll);
     menu->popup(m_tree->viewport()->mapToGlobal(position));
 }
 

@@ -1,56 +1,26 @@
 #include "window/RowMenu.h"
 
-#include "panes/SelectorMatrix.h"
-#include "panes/WatchStrip.h"
+#include "row/FeatureRow.h"
+#include "text/RowText.h"
 #include "text/ValueText.h"
-#include "tree/FeatureTreeView.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 
 namespace featurebrowser {
 
-namespace {
-
-void appendRows(const FeatureRow& category, QStringList& lines)
-{
-    lines.append(QLatin1Char('[') + toText(category.name) + QLatin1Char(']'));
-    for (const auto& child : category.children) {
-        if (child->hidden) {
-            continue;
-        }
-        if (child->isCategory()) {
-            appendRows(*child, lines);
-        } else {
-            lines.append(rowAsText(*child));
-        }
-    }
-}
-
-} // namespace
-
-QString rowAsText(const FeatureRow& row)
-{
-    if (!row.isCategory()) {
-        return toText(row.name) + QLatin1Char('=') + valueText(row);
-    }
-    QStringList lines;
-    appendRows(row, lines);
-    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
-}
-
-RowMenu::RowMenu(FeatureTreeView& tree, WatchStrip& watch, const FeatureRow& row, QWidget* parent)
+RowMenu::RowMenu(const FeatureRow& row, Offer offer, QWidget* parent)
     : QMenu(parent)
-    , m_tree(tree)
-    , m_watch(watch)
 {
+    setObjectName(QStringLiteral("rowMenu"));
+    setAttribute(Qt::WA_DeleteOnClose);
     addCopyActions(row);
     addSeparator();
     if (!row.isCategory()) {
-        addWatchActions(row);
+        addWatchActions(offer);
     }
     addSeparator();
-    addTreeActions(row);
+    addTreeActions();
 }
 
 void RowMenu::addCopyActions(const FeatureRow& row)
@@ -70,24 +40,21 @@ void RowMenu::addCopyActions(const FeatureRow& row)
     }
 }
 
-void RowMenu::addWatchActions(const FeatureRow& row)
+void RowMenu::addWatchActions(Offer offer)
 {
-    const std::string name = row.name;
-    const bool isPinned = m_watch.isPinned(name);
-    addAction(isPinned ? tr("&Unpin") : tr("&Pin to the top"), &m_watch,
-        [this, name, isPinned] { m_watch.setPinned(name, !isPinned); });
-    if (SelectorMatrix::canShow(m_tree.features(), row)) {
-        addAction(tr("Show all entries of this &selector\u2026"), this,
-            [this, name] { Q_EMIT matrixWanted(name); });
+    const bool isPinned = offer.isPinned;
+    addAction(isPinned ? tr("&Unpin") : tr("&Pin to the top"), this,
+        [this, isPinned] { Q_EMIT pinWanted(!isPinned); });
+    if (offer.hasMatrix) {
+        addAction(tr("Show all entries of this &selector\u2026"), this, &RowMenu::matrixWanted);
     }
 }
 
-void RowMenu::addTreeActions(const FeatureRow& row)
+void RowMenu::addTreeActions()
 {
-    const std::string name = row.name;
-    addAction(tr("Collapse &others"), &m_tree, [this, name] { m_tree.collapseOthers(name); });
-    addAction(tr("&Expand all"), &m_tree, &QTreeView::expandAll);
-    addAction(tr("Collapse &all"), &m_tree, &QTreeView::collapseAll);
+    addAction(tr("Collapse &others"), this, &RowMenu::collapseOthersWanted);
+    addAction(tr("&Expand all"), this, &RowMenu::expandAllWanted);
+    addAction(tr("Collapse &all"), this, &RowMenu::collapseAllWanted);
 }
 
 } // namespace featurebrowser

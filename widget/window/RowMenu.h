@@ -4,31 +4,33 @@
 
 namespace featurebrowser {
 
-class FeatureTreeView;
-class WatchStrip;
 struct FeatureRow;
 
-/// "Width=640"; a category gives the rows that are to be seen in it one to a line, sub-categories
-/// headed "[Name]".
-QString rowAsText(const FeatureRow& row);
-
-/// What can be done with one row, or with the tree around it.
+/// What can be done with one row, or with the tree around it. Copies by itself and asks for
+/// everything else; deletes itself when it is closed.
 class RowMenu : public QMenu {
     Q_OBJECT
 
 public:
-    RowMenu(FeatureTreeView& tree, WatchStrip& watch, const FeatureRow& row, QWidget* parent);
+    /// What depends on more than the row.
+    struct Offer {
+        bool isPinned = false;
+        bool hasMatrix = false; ///< the row is a selector whose entries can be shown
+    };
+
+    RowMenu(const FeatureRow& row, Offer offer, QWidget* parent);
 
 Q_SIGNALS:
-    void matrixWanted(const std::string& selector);
+    void pinWanted(bool pinned);
+    void matrixWanted();
+    void collapseOthersWanted();
+    void expandAllWanted();
+    void collapseAllWanted();
 
 private:
     void addCopyActions(const FeatureRow& row);
-    void addTreeActions(const FeatureRow& row);
-    void addWatchActions(const FeatureRow& row);
-
-    FeatureTreeView& m_tree;
-    WatchStrip& m_watch;
+    void addWatchActions(Offer offer);
+    void addTreeActions();
 };
 
 } // namespace featurebrowser
