@@ -30,9 +30,9 @@ namespace featurebrowser {
 /// text), "minimum", "maximum", "increment", "entries" (QStringList), "readOnly" (bool), "level"
 /// (int), "state" (int, FEATURE_STATE), "description" (last text of setItemDescription).
 ///
-/// The features that the user has pinned are the property "favourites" of GetWidget()
-/// (QByteArrayList of names, in order, notified by favouritesChanged): an application may store it
-/// and set it again after loading.
+/// The features that the user has pinned are the property "pinnedFeatures" of GetWidget()
+/// (QByteArrayList of names, in order, notified by pinnedFeaturesChanged): an application may store
+/// it and set it again after loading.
 class ZQ_EXPORT CameraFeatureBrowser {
 public:
     /// `parent` may be null. The widget is not shown yet.

@@ -126,7 +126,7 @@ TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
     QWidget* window = browser->GetWidget();
     choose("Gain", "Pin to the top");
     choose("Width", "Pin to the top");
-    auto* strip = child<QWidget>("watchStrip");
+    auto* strip = child<QWidget>("pinStrip");
     EXPECT_TRUE(strip->isVisible());
     const auto texts = [strip] {
         std::string all;
@@ -136,12 +136,12 @@ TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
         return all;
     };
     EXPECT_EQ(texts(), "Gain 2.5 Width 640 ");
-    EXPECT_EQ(window->property("favourites").value<QByteArrayList>(),
+    EXPECT_EQ(window->property("pinnedFeatures").value<QByteArrayList>(),
         (QByteArrayList { "Gain", "Width" }));
     browser->clearFeatureItems();
     browser->addIntFeature("", "Width", 7, 0, 9, 0, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
     EXPECT_EQ(texts(), "Gain 2.5 Width 7 ");
-    window->setProperty("favourites", QVariant::fromValue(QByteArrayList()));
+    window->setProperty("pinnedFeatures", QVariant::fromValue(QByteArrayList()));
     EXPECT_FALSE(strip->isVisible());
 }
 

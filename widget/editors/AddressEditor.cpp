@@ -18,7 +18,7 @@ AddressEditor::AddressEditor(const FeatureRow& row, QWidget* parent)
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_field);
-    watch(m_field);
+    useField(m_field);
     connect(m_field, &QLineEdit::textEdited, this, [this] { touch(); });
 }
 

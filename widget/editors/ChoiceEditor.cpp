@@ -28,7 +28,7 @@ ChoiceEditor::ChoiceEditor(const FeatureRow& row, QWidget* parent)
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_box);
-    watch(m_box);
+    useField(m_box);
     connect(m_box, QOverload<int>::of(&QComboBox::activated), this, [this] {
         touch();
         leave(Leave::Accept);

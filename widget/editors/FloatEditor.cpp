@@ -45,7 +45,7 @@ FloatEditor::FloatEditor(const FeatureRow& row, int sliderSteps, QWidget* parent
     layout->addWidget(m_field, 1);
     layout->addWidget(m_unitLabel);
     layout->addWidget(m_slider, 1);
-    watch(m_field);
+    useField(m_field);
     m_slider->installEventFilter(this);
     m_pause.setSingleShot(true);
     connect(m_field, &QLineEdit::textEdited, this, [this] { touch(); });

@@ -73,7 +73,7 @@ IntegerEditor::IntegerEditor(const FeatureRow& row, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_box, 1);
     layout->addWidget(m_unitLabel);
-    watch(m_box);
+    useField(m_box);
     connect(m_box, &IntegerSpinBox::edited, this, [this] { touch(); });
 }
 

@@ -17,7 +17,7 @@ RowEditor::RowEditor(const FeatureRow& row, QWidget* parent)
     setAutoFillBackground(true);
 }
 
-void RowEditor::watch(QWidget* field)
+void RowEditor::useField(QWidget* field)
 {
     field->setAccessibleName(toText(m_rowName));
     field->installEventFilter(this);

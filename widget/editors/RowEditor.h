@@ -53,7 +53,7 @@ protected:
     QLabel* makeUnitLabel();
     void showUnit(QLabel* label, const FeatureRow& row);
     /// `field` takes the focus and its keys.
-    void watch(QWidget* field);
+    void useField(QWidget* field);
     void touch() { m_touched = true; }
     void leave(Leave how);
     virtual void showLimits(const FeatureRow& row) = 0;

@@ -21,7 +21,7 @@ TextEditor::TextEditor(const FeatureRow& row, QWidget* parent)
     layout->setContentsMargins(0, 0, 4, 0);
     layout->addWidget(m_field, 1);
     layout->addWidget(m_counter);
-    watch(m_field);
+    useField(m_field);
     connect(m_field, &QLineEdit::textEdited, this, [this] { touch(); });
     connect(m_field, &QLineEdit::textChanged, this, &TextEditor::count);
 }

@@ -73,9 +73,7 @@ QVariant accessibleText(const FeatureRow& row, int column)
     if (row.isCategory()) {
         return displayText(row, column);
     }
-    const QString unit = rowUnit(row);
-    const QString value
-        = unit.isEmpty() ? valueText(row) : valueText(row) + QLatin1Char(' ') + unit;
+    const QString value = valueWithUnit(row);
     return column == NameColumn ? toText(row.name) + QStringLiteral(", ") + value : value;
 }
 

@@ -107,6 +107,12 @@ QString valueText(const FeatureRow& row)
     return {};
 }
 
+QString valueWithUnit(const FeatureRow& row)
+{
+    const QString unit = rowUnit(row);
+    return unit.isEmpty() ? valueText(row) : valueText(row) + QLatin1Char(' ') + unit;
+}
+
 QString rowUnit(const FeatureRow& row)
 {
     return row.extras().unit;

@@ -17,6 +17,9 @@ QString exactFloatText(double value);
 /// What the Value column shows, without the unit; empty for categories.
 QString valueText(const FeatureRow& row);
 
+/// As valueText, with the unit behind it where there is one.
+QString valueWithUnit(const FeatureRow& row);
+
 /// The unit as the feature's description names it, for example "us" in "Exposure time in us" or
 /// "[us]"; empty when it names none.
 QString rowUnit(const FeatureRow& row);

@@ -189,6 +189,25 @@
         </message>
     </context>
     <context>
+        <name>featurebrowser::PinStrip</name>
+        <message>
+            <source>Pinned features</source>
+            <translation>Angeheftete Einstellungen</translation>
+        </message>
+        <message>
+            <source>Unpin %1</source>
+            <translation>%1 lösen</translation>
+        </message>
+        <message>
+            <source>Unpin</source>
+            <translation>Lösen</translation>
+        </message>
+        <message>
+            <source>Recent values of %1</source>
+            <translation>Letzte Werte von %1</translation>
+        </message>
+    </context>
+    <context>
         <name>featurebrowser::RowMenu</name>
         <message>
             <source>Copy &amp;name</source>
@@ -293,25 +312,6 @@
         <message>
             <source>The camera has not taken “%1”; the row shows what it holds</source>
             <translation>Die Kamera hat „%1“ nicht übernommen; die Zeile zeigt, was sie enthält</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::WatchStrip</name>
-        <message>
-            <source>Pinned features</source>
-            <translation>Angeheftete Einstellungen</translation>
-        </message>
-        <message>
-            <source>Unpin %1</source>
-            <translation>%1 lösen</translation>
-        </message>
-        <message>
-            <source>Unpin</source>
-            <translation>Lösen</translation>
-        </message>
-        <message>
-            <source>Recent values of %1</source>
-            <translation>Letzte Werte von %1</translation>
         </message>
     </context>
 </TS>

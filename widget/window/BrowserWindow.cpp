@@ -4,8 +4,8 @@
 #include "panes/ChangeStrip.h"
 #include "panes/DescriptionPane.h"
 #include "panes/FilterBar.h"
+#include "panes/PinStrip.h"
 #include "panes/SelectorMatrix.h"
-#include "panes/WatchStrip.h"
 #include "tree/FeatureDelegate.h"
 #include "tree/FeatureTreeView.h"
 #include "window/MessageCallout.h"
@@ -31,7 +31,7 @@ BrowserWindow::BrowserWindow(QWidget* parent)
     setWindowTitle(tr("Camera features"));
     // In the order in which Tab goes through them.
     m_filterBar = new FilterBar(this);
-    m_watch = new WatchStrip(m_model, this);
+    m_pins = new PinStrip(m_model, this);
     makeTree();
     m_changes = new ChangeStrip(m_model, this);
     m_description = new DescriptionPane(this);
@@ -39,7 +39,7 @@ BrowserWindow::BrowserWindow(QWidget* parent)
     connectTree();
     connectFilterBar();
     makeShortcuts();
-    connect(m_watch, &WatchStrip::pinsChanged, this, &BrowserWindow::favouritesChanged);
+    connect(m_pins, &PinStrip::pinsChanged, this, &BrowserWindow::pinnedFeaturesChanged);
     connect(m_changes, &ChangeStrip::rowWanted, this, &BrowserWindow::showRow);
     connect(m_writer, &ValueWriter::written, this, &BrowserWindow::written);
 }
@@ -100,7 +100,7 @@ void BrowserWindow::arrange()
     auto* upperLayout = new QVBoxLayout(upper);
     upperLayout->setContentsMargins(0, 0, 0, 0);
     upperLayout->setSpacing(2);
-    upperLayout->addWidget(m_watch);
+    upperLayout->addWidget(m_pins);
     upperLayout->addWidget(m_tree, 1);
     upperLayout->addWidget(m_changes);
     auto* splitter = new QSplitter(Qt::Vertical, this);
@@ -118,22 +118,14 @@ void BrowserWindow::arrange()
     m_tree->header()->resizeSection(NameColumn, unit * 19);
 }
 
-QByteArrayList BrowserWindow::favourites() const
+QByteArrayList BrowserWindow::pinnedFeatures() const
 {
-    return m_watch->pinned();
+    return m_pins->pinned();
 }
 
-void BrowserWindow::setFavourites(const QByteArrayList& names)
+void BrowserWindow::setPinnedFeatures(const QByteArrayList& names)
 {
-    const auto now = m_watch->pinned();
-    for (const QByteArray& name : now) {
-        if (!names.contains(name)) {
-            m_watch->setPinned(name.toStdString(), false);
-        }
-    }
-    for (const QByteArray& name : names) {
-        m_watch->setPinned(name.toStdString(), true);
-    }
+    m_pins->pinOnly(names);
 }
 
 void BrowserWindow::setLevel(TYPE_LEVEL level)
@@ -183,7 +175,7 @@ void BrowserWindow::setSliderSteps(int steps)
 void BrowserWindow::updated(FeatureRow& row, int changes)
 {
     m_writer->updated(row, changes);
-    m_watch->valueSeen(row);
+    m_pins->valueSeen(row);
 }
 
 void BrowserWindow::written(const WriteResult& result)
@@ -253,10 +245,10 @@ void BrowserWindow::showMenu(const QPoint& position)
     }
     const FeatureRow& row = *FeatureModel::row(index);
     const std::string name = row.name;
-    const RowMenu::Offer offer { m_watch->isPinned(name), SelectorMatrix::canShow(*m_model, row) };
+    const RowMenu::Offer offer { m_pins->isPinned(name), SelectorMatrix::canShow(*m_model, row) };
     auto* menu = new RowMenu(row, offer, this);
-    connect(menu, &RowMenu::pinWanted, m_watch,
-        [this, name](bool pinned) { m_watch->setPinned(name, pinned); });
+    connect(menu, &RowMenu::pinWanted, m_pins,
+        [this, name](bool pinned) { m_pins->setPinned(name, pinned); });
     connect(menu, &RowMenu::matrixWanted, this, [this, name] { showMatrix(name); });
     connect(menu, &RowMenu::collapseOthersWanted, m_tree,
         [this, name] { m_tree->collapseOthers(name); });

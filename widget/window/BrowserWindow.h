@@ -7,8 +7,6 @@
 #include <QByteArrayList>
 #include <QWidget>
 
-class QSplitter;
-
 namespace featurebrowser {
 
 class ChangeStrip;
@@ -16,16 +14,16 @@ class DescriptionPane;
 class FeatureTreeView;
 class FilterBar;
 class MessageCallout;
+class PinStrip;
 class ValueWriter;
-class WatchStrip;
 struct WriteResult;
 
 /// The browser's window, or a part of an application's window once that has embedded it.
 class BrowserWindow : public QWidget {
     Q_OBJECT
     /// Names of the pinned features, in order: an application may store them and set them again.
-    Q_PROPERTY(
-        QByteArrayList favourites READ favourites WRITE setFavourites NOTIFY favouritesChanged)
+    Q_PROPERTY(QByteArrayList pinnedFeatures READ pinnedFeatures WRITE setPinnedFeatures NOTIFY
+            pinnedFeaturesChanged)
 
 public:
     explicit BrowserWindow(QWidget* parent);
@@ -35,8 +33,8 @@ public:
     EventPort& events() { return m_events; }
     ValueWriter& writer() { return *m_writer; }
 
-    QByteArrayList favourites() const;
-    void setFavourites(const QByteArrayList& names);
+    QByteArrayList pinnedFeatures() const;
+    void setPinnedFeatures(const QByteArrayList& names);
 
     void setLevel(TYPE_LEVEL level);
     void setDescription(FeatureRow& row, std::string text);
@@ -53,7 +51,7 @@ public:
     void applySizes(int width, int height, const std::vector<int>& columns);
 
 Q_SIGNALS:
-    void favouritesChanged();
+    void pinnedFeaturesChanged();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -79,7 +77,7 @@ private:
     FeatureModel* m_model;
     ValueWriter* m_writer;
     FilterBar* m_filterBar = nullptr;
-    WatchStrip* m_watch = nullptr;
+    PinStrip* m_pins = nullptr;
     FeatureTreeView* m_tree = nullptr;
     MessageCallout* m_callout = nullptr;
     ChangeStrip* m_changes = nullptr;

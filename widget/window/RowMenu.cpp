@@ -17,7 +17,7 @@ RowMenu::RowMenu(const FeatureRow& row, Offer offer, QWidget* parent)
     addCopyActions(row);
     addSeparator();
     if (!row.isCategory()) {
-        addWatchActions(offer);
+        addFeatureActions(offer);
     }
     addSeparator();
     addTreeActions();
@@ -40,7 +40,7 @@ void RowMenu::addCopyActions(const FeatureRow& row)
     }
 }
 
-void RowMenu::addWatchActions(Offer offer)
+void RowMenu::addFeatureActions(Offer offer)
 {
     const bool isPinned = offer.isPinned;
     addAction(isPinned ? tr("&Unpin") : tr("&Pin to the top"), this,

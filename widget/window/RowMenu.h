@@ -29,7 +29,7 @@ Q_SIGNALS:
 
 private:
     void addCopyActions(const FeatureRow& row);
-    void addWatchActions(Offer offer);
+    void addFeatureActions(Offer offer);
     void addTreeActions();
 };
 

@@ -5,8 +5,6 @@
 #include <QByteArrayList>
 #include <QWidget>
 
-#include <map>
-
 class QGridLayout;
 class QLabel;
 
@@ -17,39 +15,43 @@ class Sparkline;
 
 /// The features that the user has pinned, above the tree: name, value and the line of recent
 /// values. Pins stay when the tree is built anew.
-class WatchStrip : public QWidget {
+class PinStrip : public QWidget {
     Q_OBJECT
 
 public:
-    WatchStrip(FeatureModel* model, QWidget* parent);
+    /// `model` is not owned.
+    PinStrip(FeatureModel* model, QWidget* parent);
 
-    bool isPinned(const std::string& name) const { return m_watches.count(name) != 0; }
+    bool isPinned(const std::string& name) const { return find(name) != m_pins.end(); }
     void setPinned(const std::string& name, bool pinned);
-    /// In the order in which they were pinned.
+    /// Names of the pinned features, in the order in which they were pinned.
     QByteArrayList pinned() const;
+    /// Pins these features and no others; those that are pinned already keep their place.
+    void pinOnly(const QByteArrayList& names);
     /// A value of the row has come from the camera, the same or another one.
     void valueSeen(const FeatureRow& row);
-    void rowChanged(const FeatureRow& row);
 
 Q_SIGNALS:
     void pinsChanged();
 
 private:
-    struct Watch {
+    struct Pin {
+        std::string feature;
         QLabel* name;
         QLabel* value;
         Sparkline* line;
         GlyphButton* unpin;
-        int order;
     };
 
     void add(const std::string& name);
     void remove(const std::string& name);
+    std::vector<Pin>::const_iterator find(const std::string& name) const;
+    void showValue(const FeatureRow& row);
 
     FeatureModel* m_model;
     QGridLayout* m_layout;
-    std::map<std::string, Watch> m_watches;
-    int m_count = 0; ///< pinned ever
+    std::vector<Pin> m_pins; ///< the oldest first
+    int m_nextLine = 0; ///< of the grid; lines of pins that are gone stay empty
 };
 
 } // namespace featurebrowser
