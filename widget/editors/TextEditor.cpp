@@ -1,6 +1,6 @@
 #include "editors/TextEditor.h"
 
-#include "look/Tones.h"
+#include "look/ThemeColors.h"
 #include "text/ValueText.h"
 
 #include <QHBoxLayout>
@@ -46,7 +46,7 @@ void TextEditor::count()
     m_counter->setText(QStringLiteral("%1/%2").arg(bytes).arg(m_maxLength));
     QPalette colors = palette();
     colors.setColor(
-        QPalette::WindowText, isTooLong ? tones::alarm(palette()) : tones::dim(palette()));
+        QPalette::WindowText, isTooLong ? colors::alarm(palette()) : colors::dim(palette()));
     m_counter->setPalette(colors);
     QFont font = m_field->font();
     font.setBold(isTooLong);

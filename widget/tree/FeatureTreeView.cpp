@@ -1,7 +1,7 @@
 #include "tree/FeatureTreeView.h"
 
 #include "events/ValueWriter.h"
-#include "look/Tones.h"
+#include "look/ThemeColors.h"
 #include "tree/FeatureDelegate.h"
 #include "tree/RowPainter.h"
 
@@ -142,7 +142,7 @@ void FeatureTreeView::paintEvent(QPaintEvent* event)
         return;
     }
     QPainter painter(viewport());
-    painter.setPen(tones::dim(palette()));
+    painter.setPen(colors::dim(palette()));
     painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12),
         static_cast<int>(Qt::AlignHCenter | Qt::AlignTop) | Qt::TextWordWrap,
         tr("Nothing found for “%1” at this level").arg(m_filter.text()));

@@ -1,6 +1,6 @@
 #include "tree/RowPainter.h"
 
-#include "look/Tones.h"
+#include "look/ThemeColors.h"
 #include "model/RowRoles.h"
 #include "text/ValueText.h"
 
@@ -86,13 +86,13 @@ QBrush RowPainter::rowBackground(
     const QPalette& palette, const FeatureRow& row, double changeStrength)
 {
     if (row.isCategory()) {
-        return tones::categoryBackground(palette);
+        return colors::categoryBackground(palette);
     }
     if (row.hasMessage()) {
-        return tones::alarmBackground(palette);
+        return colors::alarmBackground(palette);
     }
     if (changeStrength > 0) {
-        return tones::changedBackground(palette, changeStrength);
+        return colors::changedBackground(palette, changeStrength);
     }
     return {};
 }
@@ -111,14 +111,14 @@ QColor RowPainter::textColor() const
     }
     const bool weak = !m_row.isCategory()
         && (!m_row.isEditable() || m_row.state != FEATURE_AVAILABLE || !m_row.hasValue);
-    return weak ? tones::dim(m_option.palette) : m_option.palette.color(QPalette::Text);
+    return weak ? colors::dim(m_option.palette) : m_option.palette.color(QPalette::Text);
 }
 
 QColor RowPainter::dimColor() const
 {
     return m_option.state.testFlag(QStyle::State_Selected)
         ? m_option.palette.color(QPalette::HighlightedText)
-        : tones::dim(m_option.palette);
+        : colors::dim(m_option.palette);
 }
 
 // Draws at the leading edge of what is left and takes the room away.
@@ -147,7 +147,7 @@ void RowPainter::paintMatches(const QString& text)
         const int width = m_option.fontMetrics.horizontalAdvance(shown.mid(at, wanted.size()));
         const QRect match(m_rest.left() + start, m_rest.top() + 3, width, m_rest.height() - 6);
         m_painter.fillRect(QStyle::visualRect(m_option.direction, m_option.rect, match & m_rest),
-            tones::matchBackground(m_option.palette));
+            colors::matchBackground(m_option.palette));
     }
 }
 
@@ -201,10 +201,10 @@ void RowPainter::paintSigns()
         sign(Glyph::Chevron, dimColor());
     }
     if (const auto glyph = stateGlyph(m_row)) {
-        sign(*glyph, *glyph == Glyph::Warning ? tones::alarm(m_option.palette) : dimColor());
+        sign(*glyph, *glyph == Glyph::Warning ? colors::alarm(m_option.palette) : dimColor());
     }
     if (m_row.hasMessage()) {
-        sign(Glyph::Warning, tones::alarm(m_option.palette));
+        sign(Glyph::Warning, colors::alarm(m_option.palette));
     }
 }
 

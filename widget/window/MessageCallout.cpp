@@ -1,7 +1,7 @@
 #include "window/MessageCallout.h"
 
 #include "look/Glyphs.h"
-#include "look/Tones.h"
+#include "look/ThemeColors.h"
 #include "tree/FeatureTreeView.h"
 
 #include <QHBoxLayout>
@@ -85,10 +85,10 @@ void MessageCallout::follow()
 void MessageCallout::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const QColor alarm = tones::alarm(palette());
+    const QColor alarm = colors::alarm(palette());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(alarm, 1));
-    painter.setBrush(tones::alarmBackground(palette()));
+    painter.setBrush(colors::alarmBackground(palette()));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
     const int side = fontMetrics().height();
     const QRect sign(8, 7, side, side);

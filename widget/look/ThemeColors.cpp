@@ -1,6 +1,8 @@
-#include "look/Tones.h"
+#include "look/ThemeColors.h"
 
-namespace featurebrowser::tones {
+namespace featurebrowser::colors {
+
+namespace {
 
 QColor mix(const QColor& base, const QColor& tint, double share)
 {
@@ -13,6 +15,8 @@ bool isDark(const QPalette& palette)
 {
     return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
 }
+
+} // namespace
 
 QColor dim(const QPalette& palette)
 {
@@ -45,4 +49,4 @@ QColor matchBackground(const QPalette& palette)
     return mix(palette.color(QPalette::Base), marker, 0.75);
 }
 
-} // namespace featurebrowser::tones
+} // namespace featurebrowser::colors

@@ -5,10 +5,8 @@
 
 /// Colours beside those that the palette names, mixed from it so that they fit light and dark
 /// themes.
-namespace featurebrowser::tones {
+namespace featurebrowser::colors {
 
-QColor mix(const QColor& base, const QColor& tint, double share);
-bool isDark(const QPalette& palette);
 /// Second-rank text: contexts, units, read-only values. Still readable.
 QColor dim(const QPalette& palette);
 QColor categoryBackground(const QPalette& palette);
@@ -20,4 +18,4 @@ QColor changedBackground(const QPalette& palette, double strength);
 /// Behind the matches of the filter.
 QColor matchBackground(const QPalette& palette);
 
-} // namespace featurebrowser::tones
+} // namespace featurebrowser::colors
