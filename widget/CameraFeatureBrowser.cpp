@@ -2,12 +2,11 @@
 
 #include "events/ValueWriter.h"
 #include "row/NewRows.h"
+#include "text/NumberInput.h"
 #include "text/Translations.h"
 #include "window/BrowserWindow.h"
 
 #include <QPointer>
-
-#include <charconv>
 
 namespace featurebrowser {
 
@@ -16,18 +15,6 @@ namespace {
 std::vector<std::string> toVector(std::list<std::string> entries)
 {
     return { std::make_move_iterator(entries.begin()), std::make_move_iterator(entries.end()) };
-}
-
-int indexFromText(const std::string& text)
-{
-    int index = -1;
-    const auto end = std::from_chars(text.data(), text.data() + text.size(), index);
-    return end.ec == std::errc() ? index : -1;
-}
-
-bool isChoice(const FeatureRow& row)
-{
-    return row.kind == RowKind::Enumeration || row.kind == RowKind::Boolean;
 }
 
 bool isPlainText(const FeatureRow& row)
@@ -60,6 +47,16 @@ public:
     void add(const std::string& category, std::unique_ptr<FeatureRow> row) const
     {
         with([&](BrowserWindow& present) { present.model().addFeature(category, std::move(row)); });
+    }
+    void resetValue(
+        const std::string& name, const EditValue& value, const std::string& message) const
+    {
+        withRow(name, [&](BrowserWindow& present, FeatureRow& row) {
+            if (auto reset = withEntered(row.value, value)) {
+                present.setValue(row, std::move(*reset), row.readOnly, true);
+            }
+            present.writer().showMessage(name, toText(message));
+        });
     }
     void show(Qt::WindowType type, IEventFeatureReceiver* receiver, int width, int height,
         const std::vector<int>& columns, const std::map<std::string, FEATURE_STATE>& states) const
@@ -153,8 +150,7 @@ void CameraFeatureBrowser::modifyFeature(
     std::string name, long value, long min, long max, unsigned int inc, bool readOnly, bool flag)
 {
     m_impl->withRow(name, [&](BrowserWindow& window, FeatureRow& row) {
-        const IntegerValue integer { value, min, max, inc };
-        window.updated(row, window.model().setInteger(row, integer, readOnly, flag));
+        window.setValue(row, IntegerValue { value, min, max, inc }, readOnly, flag);
     });
 }
 
@@ -162,8 +158,7 @@ void CameraFeatureBrowser::modifyFeature(
     std::string name, double value, double min, double max, double inc, bool readOnly, bool flag)
 {
     m_impl->withRow(name, [&](BrowserWindow& window, FeatureRow& row) {
-        const FloatValue number { value, min, max, inc };
-        window.updated(row, window.model().setFloat(row, number, readOnly, flag));
+        window.setValue(row, FloatValue { value, min, max, inc }, readOnly, flag);
     });
 }
 
@@ -171,42 +166,29 @@ void CameraFeatureBrowser::modifyFeature(std::string name, std::string value, CA
     std::list<std::string> entries, bool readOnly, bool flag)
 {
     m_impl->withRow(name, [&](BrowserWindow& window, FeatureRow& row) {
-        FeatureModel& model = window.model();
-        if (isChoice(row)) {
-            ChoiceValue choice { indexFromText(value), toVector(std::move(entries)) };
-            window.updated(row, model.setChoice(row, std::move(choice), readOnly, flag));
+        if (std::holds_alternative<ChoiceValue>(row.value)) {
+            ChoiceValue choice { readIndex(value), toVector(std::move(entries)) };
+            window.setValue(row, std::move(choice), readOnly, flag);
             return;
         }
         if (isPlainText(row)) {
-            model.setKind(
+            window.model().setKind(
                 row, kind == CAM_TYPE_READ_ONLY_STRING ? RowKind::ReadOnlyText : RowKind::Text);
         }
-        window.updated(row, model.setText(row, std::move(value), readOnly, flag));
+        const auto* held = std::get_if<TextValue>(&row.value);
+        TextValue text { std::move(value), held != nullptr ? held->maxLength : 0 };
+        window.setValue(row, std::move(text), readOnly, flag);
     });
 }
 
 void CameraFeatureBrowser::setDefaultValue(std::string name, long value, std::string message)
 {
-    m_impl->withRow(name, [&](BrowserWindow& window, FeatureRow& row) {
-        if (const auto* current = std::get_if<IntegerValue>(&row.value)) {
-            IntegerValue reset = *current;
-            reset.value = value;
-            window.updated(row, window.model().setInteger(row, reset, row.readOnly, true));
-        }
-        window.writer().showMessage(name, toText(message));
-    });
+    m_impl->resetValue(name, qint64 { value }, message);
 }
 
 void CameraFeatureBrowser::setDefaultValue(std::string name, double value, std::string message)
 {
-    m_impl->withRow(name, [&](BrowserWindow& window, FeatureRow& row) {
-        if (const auto* current = std::get_if<FloatValue>(&row.value)) {
-            FloatValue reset = *current;
-            reset.value = value;
-            window.updated(row, window.model().setFloat(row, reset, row.readOnly, true));
-        }
-        window.writer().showMessage(name, toText(message));
-    });
+    m_impl->resetValue(name, value, message);
 }
 
 void CameraFeatureBrowser::setItemDescription(std::string name, std::string text)

@@ -4,8 +4,7 @@
 
 namespace featurebrowser {
 
-void EventPort::raise(
-    const std::string& name, const std::function<void(IEventFeatureReceiver&)>& event)
+void EventPort::raise(const std::string& name, const ReceiverEvent& event)
 {
     if (m_receiver == nullptr) {
         return;

@@ -9,6 +9,9 @@
 
 namespace featurebrowser {
 
+/// One call of one of the receiver's operations.
+using ReceiverEvent = std::function<void(IEventFeatureReceiver&)>;
+
 /// The way out for everything that the user does. Whatever a receiver throws ends here, before it
 /// reaches Qt's event loop, and comes back as failed().
 class EventPort : public QObject {
@@ -21,7 +24,7 @@ public:
     void setReceiver(IEventFeatureReceiver* receiver) { m_receiver = receiver; }
     bool hasReceiver() const { return m_receiver != nullptr; }
     /// `name` is the row that the event is about; empty = the window.
-    void raise(const std::string& name, const std::function<void(IEventFeatureReceiver&)>& event);
+    void raise(const std::string& name, const ReceiverEvent& event);
 
 Q_SIGNALS:
     void failed(const std::string& name, const QString& message);

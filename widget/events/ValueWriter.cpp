@@ -1,5 +1,6 @@
 #include "events/ValueWriter.h"
 
+#include "events/ValueEvent.h"
 #include "text/ValueText.h"
 
 #include <algorithm>
@@ -7,54 +8,6 @@
 namespace featurebrowser {
 
 namespace {
-
-void showEntered(FeatureModel& model, FeatureRow& row, const EditValue& value)
-{
-    if (const auto* integer = std::get_if<IntegerValue>(&row.value)) {
-        IntegerValue entered = *integer;
-        entered.value = std::get<qint64>(value);
-        model.setInteger(row, entered, row.readOnly, true);
-    } else if (const auto* number = std::get_if<FloatValue>(&row.value)) {
-        FloatValue entered = *number;
-        entered.value = std::get<double>(value);
-        model.setFloat(row, entered, row.readOnly, true);
-    } else if (const auto* choice = std::get_if<ChoiceValue>(&row.value)) {
-        ChoiceValue entered = *choice;
-        entered.index = std::get<EntryIndex>(value).index;
-        model.setChoice(row, std::move(entered), row.readOnly, true);
-    } else {
-        model.setText(row, std::get<std::string>(value), row.readOnly, true);
-    }
-}
-
-std::function<void(IEventFeatureReceiver&)> eventFor(const FeatureRow& row, const EditValue& value)
-{
-    const std::string name = row.name;
-    switch (row.kind) {
-    case RowKind::Integer:
-        return [name, entered = std::get<qint64>(value)](
-                   auto& receiver) { receiver.FeatureIntModified(name, entered); };
-    case RowKind::Float:
-        return [name, entered = std::get<double>(value)](
-                   auto& receiver) { receiver.FeatureDoubleModified(name, entered); };
-    case RowKind::Ipv4:
-        return [name, entered = std::get<std::string>(value)](
-                   auto& receiver) { receiver.FeatureIPModified(name, entered); };
-    case RowKind::Boolean:
-        return [name, index = std::get<EntryIndex>(value).index](
-                   auto& receiver) { receiver.FeatureBoolModified(name, index); };
-    case RowKind::Enumeration: {
-        const int index = std::get<EntryIndex>(value).index;
-        const std::string entry
-            = std::get<ChoiceValue>(row.value).entries.at(static_cast<std::size_t>(index));
-        return [name, entry, index](
-                   auto& receiver) { receiver.FeatureEnumModified(name, entry, index); };
-    }
-    default:
-        return [name, entered = std::get<std::string>(value)](
-                   auto& receiver) { receiver.FeatureStringModified(name, entered); };
-    }
-}
 
 // Numbers may come back rounded to what the camera can hold; texts and entries may not.
 bool mustComeBack(const FeatureRow& row)
@@ -81,7 +34,7 @@ ValueWriter::ValueWriter(FeatureModel& model, EventPort& events, QObject* parent
     connect(&events, &EventPort::failed, this, &ValueWriter::showMessage);
 }
 
-void ValueWriter::run(Write& write, const std::function<void(IEventFeatureReceiver&)>& event)
+void ValueWriter::run(Write& write, const ReceiverEvent& event)
 {
     m_running.push_back(&write);
     m_events.raise(write.result.name, event);
@@ -100,7 +53,7 @@ void ValueWriter::write(const std::string& name, const EditValue& value)
     Write write;
     write.result.name = name;
     const auto event = eventFor(*row, value);
-    showEntered(m_model, *row, value);
+    m_model.setValue(*row, *withEntered(row->value, value), row->readOnly, true);
     run(write, event);
     judge(write, value);
     Q_EMIT written(write.result);
@@ -149,7 +102,7 @@ void ValueWriter::toggle(const std::string& name)
     }
 }
 
-void ValueWriter::updated(FeatureRow& row, int changes)
+void ValueWriter::updated(FeatureRow& row, FeatureModel::Change change)
 {
     bool isAnswer = false;
     for (Write* write : m_running) {
@@ -157,14 +110,14 @@ void ValueWriter::updated(FeatureRow& row, int changes)
             isAnswer = write->answered = true;
         }
         auto& followers = write->result.followers;
-        if (changes != FeatureModel::Nothing
+        if (change != FeatureModel::Change::Nothing
             && std::find(followers.begin(), followers.end(), row.name) == followers.end()) {
             followers.push_back(row.name);
         }
     }
     // An answer that comes late confirms also the value that was entered.
     const bool wasUnconfirmed = row.extras().isUnconfirmed;
-    if (!isAnswer && (wasUnconfirmed || (changes & FeatureModel::Value) != 0)) {
+    if (!isAnswer && (wasUnconfirmed || change == FeatureModel::Change::Value)) {
         m_model.setMessage(row, {});
     }
 }

@@ -4,8 +4,6 @@
 #include "model/FeatureModel.h"
 #include "row/EditValue.h"
 
-#include <QStringList>
-
 namespace featurebrowser {
 
 /// One user action on a row and what came of it.
@@ -31,8 +29,8 @@ public:
     /// Changes a boolean to its other entry.
     void toggle(const std::string& name);
 
-    /// Told of every update by program; `changes` as FeatureModel returns them.
-    void updated(FeatureRow& row, int changes);
+    /// Told of every update by program, and what it has changed.
+    void updated(FeatureRow& row, FeatureModel::Change change);
     /// Shows a message at a row, until its next good value.
     void showMessage(const std::string& name, const QString& message);
 
@@ -47,7 +45,7 @@ private:
         bool complained = false; ///< a message has come for the row
     };
 
-    void run(Write& write, const std::function<void(IEventFeatureReceiver&)>& event);
+    void run(Write& write, const ReceiverEvent& event);
     void judge(const Write& write, const EditValue& entered);
 
     FeatureModel& m_model;

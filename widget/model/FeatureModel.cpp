@@ -6,49 +6,6 @@
 
 namespace featurebrowser {
 
-namespace {
-
-bool same(const IntegerValue& a, const IntegerValue& b)
-{
-    return a.value == b.value;
-}
-bool sameLimits(const IntegerValue& a, const IntegerValue& b)
-{
-    return a.minimum == b.minimum && a.maximum == b.maximum && a.increment == b.increment;
-}
-// Byte-wise: a NaN that stays a NaN has not changed.
-bool sameBits(double a, double b)
-{
-    return a == b || (a != a && b != b);
-}
-bool same(const FloatValue& a, const FloatValue& b)
-{
-    return sameBits(a.value, b.value);
-}
-bool sameLimits(const FloatValue& a, const FloatValue& b)
-{
-    return sameBits(a.minimum, b.minimum) && sameBits(a.maximum, b.maximum)
-        && sameBits(a.increment, b.increment);
-}
-bool same(const TextValue& a, const TextValue& b)
-{
-    return a.text == b.text;
-}
-bool sameLimits(const TextValue& a, const TextValue& b)
-{
-    return a.maxLength == b.maxLength;
-}
-bool same(const ChoiceValue& a, const ChoiceValue& b)
-{
-    return a.index == b.index;
-}
-bool sameLimits(const ChoiceValue& a, const ChoiceValue& b)
-{
-    return a.entries == b.entries;
-}
-
-} // namespace
-
 FeatureModel::~FeatureModel() = default;
 
 FeatureRow* FeatureModel::find(std::string_view name) const
@@ -149,47 +106,22 @@ std::vector<FeatureRow*> FeatureModel::selectedBy(const std::string& selector) c
     return found == m_selected.end() ? std::vector<FeatureRow*>() : found->second;
 }
 
-template <typename V>
-int FeatureModel::setValue(FeatureRow& row, V value, bool readOnly, bool hasValue)
+FeatureModel::Change FeatureModel::setValue(
+    FeatureRow& row, RowValue value, bool readOnly, bool hasValue)
 {
-    V* current = std::get_if<V>(&row.value);
-    if (current == nullptr) {
-        return Nothing; // a value of another kind than the row was added with
+    if (value.index() != row.value.index()) {
+        return Change::Nothing; // of another kind than the row was added with
     }
-    const bool shown = row.hasValue || hasValue;
-    const int changes = (row.readOnly != readOnly ? Flags : Nothing)
-        | (row.hasValue != hasValue || (shown && !same(*current, value)) ? Value : Nothing)
-        | (!sameLimits(*current, value) ? Limits : Nothing);
-    *current = std::move(value);
+    const bool isShown = row.hasValue || hasValue;
+    const bool isOther = row.hasValue != hasValue || (isShown && !sameValue(row.value, value));
+    const bool areLimitsOther = row.readOnly != readOnly || !sameLimits(row.value, value);
+    row.value = std::move(value);
     row.readOnly = readOnly;
     row.hasValue = hasValue;
-    if (changes != Nothing) {
+    if (isOther || areLimitsOther) {
         touch(row);
     }
-    return changes;
-}
-
-int FeatureModel::setInteger(
-    FeatureRow& row, const IntegerValue& value, bool readOnly, bool hasValue)
-{
-    return setValue(row, value, readOnly, hasValue);
-}
-
-int FeatureModel::setFloat(FeatureRow& row, const FloatValue& value, bool readOnly, bool hasValue)
-{
-    return setValue(row, value, readOnly, hasValue);
-}
-
-int FeatureModel::setText(FeatureRow& row, std::string text, bool readOnly, bool hasValue)
-{
-    const auto* current = std::get_if<TextValue>(&row.value);
-    const unsigned int maxLength = current != nullptr ? current->maxLength : 0;
-    return setValue(row, TextValue { std::move(text), maxLength }, readOnly, hasValue);
-}
-
-int FeatureModel::setChoice(FeatureRow& row, ChoiceValue value, bool readOnly, bool hasValue)
-{
-    return setValue(row, std::move(value), readOnly, hasValue);
+    return isOther ? Change::Value : areLimitsOther ? Change::Limits : Change::Nothing;
 }
 
 void FeatureModel::setKind(FeatureRow& row, RowKind kind)

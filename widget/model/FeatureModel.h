@@ -19,7 +19,11 @@ class FeatureModel : public QAbstractItemModel {
 
 public:
     /// What an update did to a row.
-    enum Change { Nothing, Flags = 1, Value = 2, Limits = 4 };
+    enum class Change {
+        Nothing,
+        Limits, ///< limits, entries or the read-only state
+        Value ///< and perhaps the limits too
+    };
 
     using QAbstractItemModel::QAbstractItemModel;
     ~FeatureModel() override;
@@ -41,12 +45,9 @@ public:
     /// Features that have `selector` in their selector text.
     std::vector<FeatureRow*> selectedBy(const std::string& selector) const;
 
-    /// The change operations tell the view and return what they changed. Outside of them nobody
-    /// changes values.
-    int setInteger(FeatureRow& row, const IntegerValue& value, bool readOnly, bool hasValue);
-    int setFloat(FeatureRow& row, const FloatValue& value, bool readOnly, bool hasValue);
-    int setText(FeatureRow& row, std::string text, bool readOnly, bool hasValue);
-    int setChoice(FeatureRow& row, ChoiceValue value, bool readOnly, bool hasValue);
+    /// The change operations tell the view. Outside of them nobody changes rows. A value of another
+    /// kind than the row was added with changes nothing.
+    Change setValue(FeatureRow& row, RowValue value, bool readOnly, bool hasValue);
     void setKind(FeatureRow& row, RowKind kind);
     void setDescription(FeatureRow& row, std::string text);
     void setMessage(FeatureRow& row, const QString& message);
@@ -66,7 +67,6 @@ public:
 
 private:
     FeatureRow* insert(const std::string& category, std::unique_ptr<FeatureRow> row);
-    template <typename V> int setValue(FeatureRow& row, V value, bool readOnly, bool hasValue);
 
     FeatureRow m_root;
     std::unordered_map<std::string_view, FeatureRow*> m_byName; ///< keys are the rows' names

@@ -2,43 +2,45 @@
 
 namespace featurebrowser {
 
+namespace {
+
+template <typename Kind, typename Value>
+bool put(RowValue& held, Value Kind::*member, const Value* entered)
+{
+    auto* kind = std::get_if<Kind>(&held);
+    if (kind == nullptr || entered == nullptr) {
+        return false;
+    }
+    kind->*member = *entered;
+    return true;
+}
+
+} // namespace
+
+std::optional<RowValue> withEntered(RowValue held, const EditValue& entered)
+{
+    const auto* entry = std::get_if<EntryIndex>(&entered);
+    const bool isPut = put(held, &IntegerValue::value, std::get_if<qint64>(&entered))
+        || put(held, &FloatValue::value, std::get_if<double>(&entered))
+        || put(held, &TextValue::text, std::get_if<std::string>(&entered))
+        || put(held, &ChoiceValue::index, entry != nullptr ? &entry->index : nullptr);
+    return isPut ? std::optional<RowValue>(std::move(held)) : std::nullopt;
+}
+
 bool fits(const FeatureRow& row, const EditValue& value)
 {
-    if (const auto* choice = std::get_if<ChoiceValue>(&row.value)) {
-        const auto* entered = std::get_if<EntryIndex>(&value);
-        return entered != nullptr && entered->index >= 0
-            && static_cast<std::size_t>(entered->index) < choice->entries.size();
+    const auto* choice = std::get_if<ChoiceValue>(&row.value);
+    const auto* entry = std::get_if<EntryIndex>(&value);
+    if (choice != nullptr && entry != nullptr) {
+        return entry->index >= 0 && static_cast<std::size_t>(entry->index) < choice->entries.size();
     }
-    if (std::holds_alternative<IntegerValue>(row.value)) {
-        return std::holds_alternative<qint64>(value);
-    }
-    if (std::holds_alternative<FloatValue>(row.value)) {
-        return std::holds_alternative<double>(value);
-    }
-    return std::holds_alternative<TextValue>(row.value)
-        && std::holds_alternative<std::string>(value);
+    return withEntered(row.value, value).has_value();
 }
 
 bool holds(const FeatureRow& row, const EditValue& value)
 {
-    if (!row.hasValue) {
-        return false;
-    }
-    if (const auto* integer = std::get_if<IntegerValue>(&row.value)) {
-        const auto* entered = std::get_if<qint64>(&value);
-        return entered != nullptr && *entered == integer->value;
-    }
-    if (const auto* number = std::get_if<FloatValue>(&row.value)) {
-        const auto* entered = std::get_if<double>(&value);
-        return entered != nullptr && *entered == number->value;
-    }
-    if (const auto* text = std::get_if<TextValue>(&row.value)) {
-        const auto* entered = std::get_if<std::string>(&value);
-        return entered != nullptr && *entered == text->text;
-    }
-    const auto* choice = std::get_if<ChoiceValue>(&row.value);
-    const auto* entered = std::get_if<EntryIndex>(&value);
-    return choice != nullptr && entered != nullptr && entered->index == choice->index;
+    const auto entered = withEntered(row.value, value);
+    return row.hasValue && entered && sameValue(*entered, row.value);
 }
 
 } // namespace featurebrowser

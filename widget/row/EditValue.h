@@ -2,6 +2,8 @@
 
 #include "row/FeatureRow.h"
 
+#include <optional>
+
 namespace featurebrowser {
 
 /// A place in the row's list of entries.
@@ -11,6 +13,9 @@ struct EntryIndex {
 
 /// What a user entered.
 using EditValue = std::variant<qint64, double, EntryIndex, std::string>;
+
+/// `held` with the entered value in it; nothing when that is none for this kind.
+std::optional<RowValue> withEntered(RowValue held, const EditValue& entered);
 
 /// Whether the value is one for this kind of row; an entry has to be one of the row's.
 bool fits(const FeatureRow& row, const EditValue& value);

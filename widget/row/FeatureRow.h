@@ -1,5 +1,7 @@
 #pragma once
 
+#include "row/RowValue.h"
+
 #include "featurebrowser/FeatureTypes.h"
 
 #include <QString>
@@ -7,7 +9,6 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace featurebrowser {
@@ -25,32 +26,6 @@ enum class RowKind : std::uint8_t {
     ReadOnlyText
 };
 
-struct IntegerValue {
-    qint64 value = 0;
-    qint64 minimum = 0;
-    qint64 maximum = 0;
-    quint32 increment = 0; ///< 0 = no grid
-};
-
-struct FloatValue {
-    double value = 0;
-    double minimum = 0;
-    double maximum = 0;
-    double increment = 0; ///< 0 = no grid
-};
-
-/// Texts, addresses and the captions of commands. UTF-8.
-struct TextValue {
-    std::string text;
-    unsigned int maxLength = 0; ///< bytes, 0 = not known
-};
-
-/// Enumerations and booleans. `index` outside of `entries`: no entry is chosen.
-struct ChoiceValue {
-    int index = -1;
-    std::vector<std::string> entries;
-};
-
 /// What only few rows have, kept out of the row so that large trees stay small.
 struct RowExtras {
     std::string selectors; ///< names of the features that select this one, comma separated
@@ -64,7 +39,7 @@ struct RowExtras {
 /// same address; `position` is its place among its parent's children.
 struct FeatureRow {
     std::string name; ///< byte-exact key, not necessarily valid UTF-8
-    std::variant<std::monostate, IntegerValue, FloatValue, TextValue, ChoiceValue> value;
+    RowValue value; ///< none in categories
     FeatureRow* parent = nullptr;
     std::vector<std::unique_ptr<FeatureRow>> children;
     int position = 0;
@@ -78,6 +53,8 @@ struct FeatureRow {
     bool hidden = false; ///< by level or filter, as told to the view
 
     bool isCategory() const { return kind == RowKind::Category; }
+    /// Acts at once, without an editor.
+    bool isButton() const { return kind == RowKind::Command || kind == RowKind::Boolean; }
     bool isEditable() const { return !isCategory() && !readOnly && kind != RowKind::Mac; }
     bool hasMessage() const { return !extras().message.isEmpty(); }
     /// Without them, empty ones.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "row/FeatureRow.h"
+#include "row/RowValue.h"
 
 namespace featurebrowser {
 

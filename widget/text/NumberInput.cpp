@@ -158,4 +158,11 @@ NumberInput<qint64> readInteger(const QString& text, const QString& unit)
     return { value, {} };
 }
 
+int readIndex(const std::string& text)
+{
+    int index = -1;
+    std::from_chars(text.data(), text.data() + text.size(), index); // else left as it is
+    return index;
+}
+
 } // namespace featurebrowser

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <optional>
+#include <string>
 
 namespace featurebrowser {
 
@@ -19,5 +20,8 @@ NumberInput<qint64> readInteger(const QString& text, const QString& unit);
 /// Decimal point or comma, groups of thousands, exponent, a unit as above. A text that can be read
 /// in two ways ("1,500") is a problem.
 NumberInput<double> readFloat(const QString& text, const QString& unit);
+
+/// An entry's place as a program writes it, decimal; -1 when there is no number.
+int readIndex(const std::string& text);
 
 } // namespace featurebrowser

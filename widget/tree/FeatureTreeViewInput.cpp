@@ -49,9 +49,7 @@ void FeatureTreeView::editNeighbour(const FeatureRow& row, bool forward)
     setCurrentIndex(index.siblingAtColumn(ValueColumn));
     // Selecting told the application, which may have changed anything.
     const FeatureRow* next = m_features->find(name);
-    const bool opens
-        = next != nullptr && next->kind != RowKind::Command && next->kind != RowKind::Boolean;
-    if (opens) {
+    if (next != nullptr && !next->isButton()) {
         activate(*next);
     }
 }
@@ -112,8 +110,7 @@ void FeatureTreeView::mouseReleaseEvent(QMouseEvent* event)
         return;
     }
     const FeatureRow& row = *FeatureModel::row(pressed);
-    const bool isButton = row.kind == RowKind::Command || row.kind == RowKind::Boolean;
-    if (!row.isCategory() && (!isButton || isOnButton(pressed, event->pos()))) {
+    if (!row.isCategory() && (!row.isButton() || isOnButton(pressed, event->pos()))) {
         activate(row);
     }
 }

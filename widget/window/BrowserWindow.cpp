@@ -172,9 +172,9 @@ void BrowserWindow::setSliderSteps(int steps)
     m_tree->delegate().setSliderSteps(steps);
 }
 
-void BrowserWindow::updated(FeatureRow& row, int changes)
+void BrowserWindow::setValue(FeatureRow& row, RowValue value, bool readOnly, bool hasValue)
 {
-    m_writer->updated(row, changes);
+    m_writer->updated(row, m_model->setValue(row, std::move(value), readOnly, hasValue));
     m_pins->valueSeen(row);
 }
 

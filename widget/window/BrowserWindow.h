@@ -39,8 +39,8 @@ public:
     void setLevel(TYPE_LEVEL level);
     void setDescription(FeatureRow& row, std::string text);
     void setSliderSteps(int steps);
-    /// Tells that the camera side has said what the row holds; `changes` as FeatureModel has them.
-    void updated(FeatureRow& row, int changes);
+    /// The camera side says what the row holds.
+    void setValue(FeatureRow& row, RowValue value, bool readOnly, bool hasValue);
     /// Empties the tree; rows of the same names come back as they were: expanded, selected.
     void clear();
 
