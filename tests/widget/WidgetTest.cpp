@@ -1,5 +1,6 @@
 #include "WidgetTest.h"
 
+#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QLabel>
 
@@ -103,6 +104,9 @@ void Journal::AllConfigChanged()
 WidgetTest::WidgetTest()
     : browser(std::make_unique<CameraFeatureBrowser>(nullptr))
 {
+    // Ends the test program at the first thing that no view may rely on.
+    new QAbstractItemModelTester(tree()->model(),
+        QAbstractItemModelTester::FailureReportingMode::Fatal, browser->GetWidget());
     const auto none = SELECTOR_NONE;
     CameraFeatureBrowser& b = *browser;
     b.addCategory("Camera", LEVEL_BEGINNER);
