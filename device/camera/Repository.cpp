@@ -1,7 +1,7 @@
 #include "camera/Repository.h"
 
 #include "base/StatusCodes.h"
-#include "camera/WriteBlock.h"
+#include "camera/StateReasons.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "base/NumberText.h"
 #include "base/StatusCodes.h"
-#include "camera/WriteBlock.h"
+#include "camera/StateReasons.h"
 
 #include <cmath>
 #include <cstdlib>

@@ -88,13 +88,11 @@ def circle(file, folder, above, done):
 for folder in FORBIDDEN:
     check_folder(folder)
 for folder, rooms in ROOMS.items():
-    done = set()
     for file in sources(folder):
         check_room(folder, rooms, file)
-        found = circle(file, folder, [], done)
-        if found:
-            complaints.append(f"circle: {found}")
-            break
+    done = set()
+    circles = (circle(file, folder, [], done) for file in sources(folder))
+    complaints.extend(f"circle: {found}" for found in [next(filter(None, circles), "")] if found)
     for room in rooms:
         count = sum(1 for f in (root / folder / room).iterdir() if f.suffix in (".h", ".cpp"))
         if count > MOST_FILES:

@@ -1,4 +1,4 @@
-#include "camera/WriteBlock.h"
+#include "camera/StateReasons.h"
 
 #include "base/GlibError.h"
 
