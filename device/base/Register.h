@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -28,6 +29,14 @@ struct Register {
 };
 
 using Registers = std::vector<Register>;
+
+/// The same places, in order and each once.
+inline Registers distinct(Registers registers)
+{
+    std::sort(registers.begin(), registers.end());
+    registers.erase(std::unique(registers.begin(), registers.end()), registers.end());
+    return registers;
+}
 
 struct RegisterHash {
     std::size_t operator()(const Register& place) const

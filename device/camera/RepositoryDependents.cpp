@@ -1,0 +1,100 @@
+#include "camera/Repository.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace featurebrowser {
+
+using zqcameralib::Feature;
+
+namespace {
+
+/// Commands after which nothing read before can be trusted.
+bool changesWholeCamera(const Feature& feature)
+{
+    constexpr std::array<std::string_view, 8> marks { "UserSetLoad", "DeviceReset", "FactoryReset",
+        "FactoryDefault", "FactorySettings", "RestoreDefault", "LoadDefault", "ConfigurationLoad" };
+    return feature.type == FEATURE_COMMAND
+        && std::any_of(marks.begin(), marks.end(), [&feature](std::string_view mark) {
+               return feature.name.find(mark) != std::string::npos;
+           });
+}
+
+/// Acquisition locks features through a node that the description does not tie to the commands.
+bool switchesAcquisition(const std::string& name)
+{
+    return name == "AcquisitionStart" || name == "AcquisitionStop" || name == "AcquisitionAbort";
+}
+
+/// Stands for the whole camera; not part of the tree.
+std::shared_ptr<FeatureItem> wholeDevice()
+{
+    auto item = std::make_shared<FeatureItem>();
+    item->name = "Device";
+    return item;
+}
+
+} // namespace
+
+ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::affectedBy(
+    const Feature& feature) const
+{
+    const zqcameralib::Description& description = m_camera.description();
+    std::vector<std::size_t> changed { description.find(feature.name) };
+    if (switchesAcquisition(feature.name)
+        && description.find("TLParamsLocked") != zqcameralib::Description::absent) {
+        changed.push_back(description.find("TLParamsLocked"));
+    }
+    const std::vector<bool> affected = m_camera.dependencies().affectedBy(changed);
+    ItemList list;
+    for (const ItemPointer& item : m_items) {
+        if (item->type == FEATURE_CATEGORY || item->name == feature.name) {
+            continue;
+        }
+        const Record& record = m_records.at(item->name);
+        if (affected[description.find(item->name)] || touchesWritten(record, feature)) {
+            list.push_back(item);
+        }
+    }
+    return list;
+}
+
+bool ZQCameraRepository::Impl::touchesMoving(const Feature& feature) const
+{
+    const auto node
+        = static_cast<std::size_t>(feature.node - m_camera.description().nodes().data());
+    return m_camera.dependencies().readsVariableAddress(node);
+}
+
+/// Registers at fixed places are compared, bit by bit, in the description already.
+bool ZQCameraRepository::Impl::touchesWritten(const Record& record, const Feature& written) const
+{
+    const auto& registers = m_camera.written(written);
+    if (registers.empty() || (!touchesMoving(*record.feature) && !touchesMoving(written))) {
+        return false;
+    }
+    return std::any_of(record.touched.begin(), record.touched.end(), [&](const auto& touched) {
+        return std::any_of(registers.begin(), registers.end(),
+            [&](const auto& place) { return place.overlaps(touched); });
+    });
+}
+
+ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::invalidatedBy(const std::string& name)
+{
+    dropOtherCamera();
+    const Feature* feature = m_camera.feature(name);
+    if (feature == nullptr) {
+        return {};
+    }
+    return changesWholeCamera(*feature) ? ItemList { wholeDevice() } : affectedBy(*feature);
+}
+
+ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::selectedBy(const std::string& name)
+{
+    dropOtherCamera();
+    const Feature* feature = m_camera.feature(name);
+    return feature != nullptr && feature->isSelector ? affectedBy(*feature) : ItemList {};
+}
+
+} // namespace featurebrowser
