@@ -1,5 +1,7 @@
 #include "base/NumberText.h"
 
+#include <glib.h>
+
 #include <algorithm>
 #include <array>
 #include <cfloat>
@@ -31,16 +33,6 @@ std::string floatText(double value)
     return std::isfinite(value) ? toText(value) : std::string();
 }
 
-double finiteMinimum(double value)
-{
-    return std::isnan(value) ? -DBL_MAX : std::clamp(value, -DBL_MAX, DBL_MAX);
-}
-
-double finiteMaximum(double value)
-{
-    return std::isnan(value) ? DBL_MAX : std::clamp(value, -DBL_MAX, DBL_MAX);
-}
-
 std::string hexText(const std::uint8_t* bytes, std::size_t size)
 {
     constexpr std::array<char, 17> digits { "0123456789ABCDEF" };
@@ -51,6 +43,34 @@ std::string hexText(const std::uint8_t* bytes, std::size_t size)
         text += digits[bytes[i] & 0xFU];
     }
     return size <= maxHexBytes ? text : text + " ... (" + std::to_string(size) + " bytes)";
+}
+
+std::int64_t leadingInteger(std::string_view text)
+{
+    return g_ascii_strtoll(std::string(text).c_str(), nullptr, 0);
+}
+
+std::uint64_t leadingUnsigned(std::string_view text, unsigned base)
+{
+    return g_ascii_strtoull(std::string(text).c_str(), nullptr, base);
+}
+
+std::optional<std::int64_t> wholeInteger(std::string_view text)
+{
+    const std::string copy(text);
+    char* end = nullptr;
+    const std::int64_t value = g_ascii_strtoll(copy.c_str(), &end, 0);
+    return !copy.empty() && *end == '\0' ? std::optional(value) : std::nullopt;
+}
+
+double finiteMinimum(double value)
+{
+    return std::isnan(value) ? -DBL_MAX : std::clamp(value, -DBL_MAX, DBL_MAX);
+}
+
+double finiteMaximum(double value)
+{
+    return std::isnan(value) ? DBL_MAX : std::clamp(value, -DBL_MAX, DBL_MAX);
 }
 
 } // namespace zqcameralib

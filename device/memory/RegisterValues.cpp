@@ -1,79 +1,62 @@
 #include "memory/RegisterValues.h"
 
+#include "base/BigEndian.h"
 #include "memory/RegisterMemory.h"
 
-#include <array>
-#include <cstring>
 #include <vector>
 
 namespace zqcameralib {
 
 namespace {
 
-template <typename Unsigned> Unsigned readBigEndian(const RegisterMemory& memory, std::uint64_t at)
+template <typename Number> Number read(const RegisterMemory& memory, std::uint64_t address)
 {
-    std::array<std::uint8_t, sizeof(Unsigned)> bytes {};
-    memory.read(at, bytes.data(), bytes.size());
-    Unsigned value = 0;
-    for (const std::uint8_t byte : bytes) {
-        value = static_cast<Unsigned>((value << 8U) | byte);
-    }
-    return value;
+    std::array<std::uint8_t, sizeof(Number)> bytes {};
+    memory.read(address, bytes.data(), bytes.size());
+    return fromBigEndian<Number>(bytes);
 }
 
-template <typename Unsigned>
-void writeBigEndian(RegisterMemory& memory, std::uint64_t at, Unsigned value)
+template <typename Number> void write(RegisterMemory& memory, std::uint64_t address, Number value)
 {
-    std::array<std::uint8_t, sizeof(Unsigned)> bytes {};
-    for (std::size_t i = bytes.size(); i-- > 0; value = static_cast<Unsigned>(value >> 8U)) {
-        bytes[i] = static_cast<std::uint8_t>(value & 0xffU);
-    }
-    memory.write(at, bytes.data(), bytes.size());
-}
-
-template <typename To, typename From> To sameBits(From from)
-{
-    static_assert(sizeof(To) == sizeof(From));
-    To to {};
-    std::memcpy(&to, &from, sizeof to);
-    return to;
+    const auto bytes = toBigEndian(value);
+    memory.write(address, bytes.data(), bytes.size());
 }
 
 } // namespace
 
 std::uint32_t readWord(const RegisterMemory& memory, std::uint64_t address)
 {
-    return readBigEndian<std::uint32_t>(memory, address);
+    return read<std::uint32_t>(memory, address);
 }
 
 void writeWord(RegisterMemory& memory, std::uint64_t address, std::uint32_t value)
 {
-    writeBigEndian(memory, address, value);
+    write(memory, address, value);
 }
 
 void writeLong(RegisterMemory& memory, std::uint64_t address, std::uint64_t value)
 {
-    writeBigEndian(memory, address, value);
+    write(memory, address, value);
 }
 
 float readFloat(const RegisterMemory& memory, std::uint64_t address)
 {
-    return sameBits<float>(readBigEndian<std::uint32_t>(memory, address));
+    return read<float>(memory, address);
 }
 
 void writeFloat(RegisterMemory& memory, std::uint64_t address, float value)
 {
-    writeBigEndian(memory, address, sameBits<std::uint32_t>(value));
+    write(memory, address, value);
 }
 
 double readDouble(const RegisterMemory& memory, std::uint64_t address)
 {
-    return sameBits<double>(readBigEndian<std::uint64_t>(memory, address));
+    return read<double>(memory, address);
 }
 
 void writeDouble(RegisterMemory& memory, std::uint64_t address, double value)
 {
-    writeBigEndian(memory, address, sameBits<std::uint64_t>(value));
+    write(memory, address, value);
 }
 
 void writeText(RegisterMemory& memory, std::uint64_t address, std::string_view text)
