@@ -10,7 +10,7 @@ struct GObjectUnref {
     void operator()(gpointer object) const { g_object_unref(object); }
 };
 
-/// Owns one reference to an object of the library below.
+/// Owns one reference to an object of the libraries below.
 template <typename Object> using GObjectPointer = std::unique_ptr<Object, GObjectUnref>;
 
 } // namespace zqcameralib

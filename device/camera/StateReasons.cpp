@@ -14,18 +14,13 @@ constexpr std::size_t maxNames = 3;
 
 using Nodes = std::vector<std::size_t>;
 
-bool isConditionInput(std::string_view tag)
-{
-    return tag == "pVariable" || tag == "pValue";
-}
-
 /// The features behind a condition, nearest first; TLParamsLocked counts as one.
-Nodes inputsOf(ZQCamera::Impl& camera, const DescriptionNode& node, std::string_view condition)
+Nodes inputsOf(ZQCamera::Impl& camera, const DescriptionNode& node, ReferenceTag condition)
 {
     const Description& description = camera.description();
     Nodes pending;
     for (const Reference& reference : node.references) {
-        if (reference.tag == condition && reference.target != Description::absent) {
+        if (reference.tag == condition && reference.isResolved()) {
             pending.push_back(reference.target);
         }
     }
@@ -37,7 +32,7 @@ Nodes inputsOf(ZQCamera::Impl& camera, const DescriptionNode& node, std::string_
             continue;
         }
         for (const Reference& reference : next.references) {
-            if (isConditionInput(reference.tag) && reference.target != Description::absent
+            if (isValueSource(reference.tag) && reference.isResolved()
                 && std::find(pending.begin(), pending.end(), reference.target) == pending.end()) {
                 pending.push_back(reference.target);
             }
@@ -65,7 +60,7 @@ std::string namesOf(ZQCamera::Impl& camera, const Nodes& nodes)
 }
 
 Nodes allInputs(
-    ZQCamera::Impl& camera, const std::vector<Condition>& conditions, std::string_view condition)
+    ZQCamera::Impl& camera, const std::vector<Condition>& conditions, ReferenceTag condition)
 {
     Nodes all;
     for (const Condition& asked : conditions) {
@@ -86,7 +81,7 @@ std::string lockReason(ZQCamera::Impl& camera, const Feature& feature)
     if (camera.port().backend().isReadOnly()) {
         return "the camera is opened for reading only";
     }
-    Nodes inputs = allInputs(camera, feature.lockedIf, "pIsLocked");
+    Nodes inputs = allInputs(camera, feature.lockedIf, ReferenceTag::IsLocked);
     const std::size_t acquisition = camera.description().find("TLParamsLocked");
     if (std::find(inputs.begin(), inputs.end(), acquisition) != inputs.end()
         && isTrueNow(camera, acquisition)) {
@@ -103,7 +98,7 @@ std::string unavailableReason(ZQCamera::Impl& camera, const Feature& feature)
         return "comes only with images or events";
     }
     const std::string names
-        = namesOf(camera, allInputs(camera, feature.availableIf, "pIsAvailable"));
+        = namesOf(camera, allInputs(camera, feature.availableIf, ReferenceTag::IsAvailable));
     return names.empty() ? "not available now" : "not available now, depends on " + names;
 }
 

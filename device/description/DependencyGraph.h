@@ -2,14 +2,9 @@
 
 #include "description/Description.h"
 
-#include <cstdint>
 #include <vector>
 
 namespace zqcameralib {
-
-/// Where a register is, when the description says so in a plain number. False otherwise, and for
-/// nodes that are no registers.
-bool fixedRegister(const DescriptionNode& node, std::uint64_t& address, std::size_t& size);
 
 /// Which nodes can change when one is written or run: through values, limits, increments,
 /// conditions, addresses, indices, lengths, formulas, selectors and declared invalidations, and
@@ -24,20 +19,23 @@ public:
     /// The same for several nodes that change together.
     std::vector<bool> affectedBy(const std::vector<std::size_t>& nodes) const;
 
-    /// Whether reading the node can touch a register whose place is not fixed: then only running
+    /// Whether reading the node can touch a register with a variable address: then only running
     /// shows what it overlaps with.
     bool readsVariableAddress(std::size_t node) const { return m_readsVariableAddress[node]; }
 
 private:
+    using Nodes = std::vector<std::size_t>;
+
     void addReferences(std::size_t node);
+    void addReference(std::size_t node, const Reference& reference);
     void addOverlaps();
     void findVariableAddresses();
 
     const Description& m_description;
-    std::vector<std::vector<std::size_t>> m_dependents; ///< by node: who changes with it
-    std::vector<std::vector<std::size_t>> m_written; ///< by node: what a write passes on to
+    std::vector<Nodes> m_dependents; ///< by node: who changes with it
+    std::vector<Nodes> m_written; ///< by node: what a write passes on to
     /// By node: who changes in the camera, with the registers behind, as the description declares.
-    std::vector<std::vector<std::size_t>> m_declared;
+    std::vector<Nodes> m_declared;
     std::vector<bool> m_readsVariableAddress;
 };
 

@@ -1,7 +1,8 @@
 #include "description/Description.h"
 
+#include <glib.h>
+
 #include <algorithm>
-#include <array>
 
 namespace zqcameralib {
 
@@ -17,75 +18,88 @@ std::string_view trimmed(std::string_view text)
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-/// Camera tools write a line about the camera before the XML.
-std::string_view fromFirstTag(std::string_view text)
-{
-    const std::size_t start = text.find('<');
-    return start == std::string_view::npos ? std::string_view() : text.substr(start);
-}
-
 bool isUtf16(std::string_view text)
 {
-    return text.size() >= 2
-        && ((text[0] == '\xFF' && text[1] == '\xFE') || (text[0] == '\xFE' && text[1] == '\xFF'));
+    return text.substr(0, 2) == "\xFF\xFE" || text.substr(0, 2) == "\xFE\xFF";
 }
 
-bool isContinuation(char c)
+bool isLatin1(std::string_view text)
 {
-    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+    return text.substr(0, 200).find("8859-1") != std::string_view::npos;
 }
 
-/// Bytes of the valid UTF-8 sequence at `at`, 0 when there is none.
-std::size_t sequenceLength(std::string_view text, std::size_t at)
+/// Camera tools write a line about the camera before the XML.
+void eraseBeforeFirstTag(std::string& text)
 {
-    const auto lead = static_cast<unsigned char>(text[at]);
-    if (lead < 0x80U) {
-        return lead >= 0x20U || lead == '\t' || lead == '\n' || lead == '\r' ? 1 : 0;
-    }
-    const std::size_t length = lead >= 0xF0U ? 4 : lead >= 0xE0U ? 3 : 2;
-    if (lead < 0xC2U || lead > 0xF4U || at + length > text.size()) {
-        return 0;
-    }
-    for (std::size_t i = 1; i < length; ++i) {
-        if (!isContinuation(text[at + i])) {
-            return 0;
-        }
-    }
-    const auto second = static_cast<unsigned char>(text[at + 1]);
-    const bool outside = (lead == 0xE0U && second < 0xA0U) || (lead == 0xEDU && second > 0x9FU)
-        || (lead == 0xF0U && second < 0x90U) || (lead == 0xF4U && second > 0x8FU);
-    return outside ? 0 : length;
+    text.erase(0, text.find('<'));
 }
 
 /// What is not text in XML would stop the parsers below; it becomes question marks.
 void replaceInvalidBytes(std::string& text)
 {
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t length = sequenceLength(text, at);
-        if (length == 0) {
-            text[at] = '?';
-        }
-        at += std::max<std::size_t>(length, 1);
+    const auto isControl = [](char c) {
+        return static_cast<unsigned char>(c) < 0x20U && c != '\t' && c != '\n' && c != '\r';
+    };
+    std::replace_if(text.begin(), text.end(), isControl, '?');
+    const char* invalid = nullptr;
+    const char* rest = text.data();
+    const char* const end = text.data() + text.size();
+    while (g_utf8_validate_len(rest, static_cast<gsize>(end - rest), &invalid) == FALSE) {
+        text[static_cast<std::size_t>(invalid - text.data())] = '?';
+        rest = invalid;
     }
 }
 
-/// Containers: what they hold counts as standing beside them.
-bool isContainer(std::string_view kind)
+bool isReference(std::string_view name)
 {
-    return kind == "Group" || kind == "RegisterDescription" || kind == "StructReg";
+    return name.size() > 1 && name[0] == 'p' && g_ascii_isupper(name[1]) != 0;
 }
 
-bool isReference(std::string_view tag)
+/// Whether an element with a name is a node of the description, and not a part of one.
+bool isNode(std::string_view name)
 {
-    return tag.size() > 1 && tag[0] == 'p' && tag[1] >= 'A' && tag[1] <= 'Z';
+    return name != "EnumEntry" && name[0] != 'p' && name != "Constant" && name != "Expression"
+        && name != "Group";
+}
+
+/// Calls visit(element) for all elements below another, in document order.
+template <typename Visit> void forEachBelow(pugi::xml_node start, Visit visit)
+{
+    struct Walker : pugi::xml_tree_walker {
+        explicit Walker(Visit& called)
+            : m_visit(called)
+        {
+        }
+        bool for_each(pugi::xml_node& element) override
+        {
+            m_visit(element);
+            return true;
+        }
+        Visit& m_visit;
+    };
+    Walker walker(visit);
+    start.traverse(walker);
 }
 
 } // namespace
 
-bool DescriptionNode::isRegister() const
+pugi::xml_node DescriptionNode::registerElement() const
 {
-    return kind == "IntReg" || kind == "MaskedIntReg" || kind == "StructEntry" || kind == "FloatReg"
-        || kind == "StringReg" || kind == "Register";
+    return kind == NodeKind::StructEntry ? element.parent() : element;
+}
+
+std::size_t DescriptionNode::target(ReferenceTag tag) const
+{
+    const auto found
+        = std::find_if(references.begin(), references.end(), [tag](const Reference& reference) {
+              return reference.tag == tag && reference.isResolved();
+          });
+    return found == references.end() ? Description::absent : found->target;
+}
+
+bool DescriptionNode::refersBy(ReferenceTag tag) const
+{
+    return target(tag) != Description::absent;
 }
 
 std::string_view elementText(const pugi::xml_node& element)
@@ -104,32 +118,20 @@ Description::~Description() = default;
 std::unique_ptr<Description> Description::parse(std::string text, std::string& error)
 {
     if (!isUtf16(text)) {
-        const std::string_view xml = fromFirstTag(text);
-        if (xml.empty()) {
+        eraseBeforeFirstTag(text);
+        if (text.empty()) {
             error = "not XML";
             return nullptr;
         }
-        text.erase(0, text.size() - xml.size());
+        if (!isLatin1(text)) {
+            replaceInvalidBytes(text);
+        }
     }
     std::unique_ptr<Description> description(new Description);
-    const bool latin1 = text.substr(0, 200).find("8859-1") != std::string::npos;
-    if (!latin1 && !isUtf16(text)) {
-        replaceInvalidBytes(text);
-    }
-    const pugi::xml_parse_result result
-        = description->m_document.load_buffer(text.data(), text.size(), pugi::parse_default,
-            latin1 ? pugi::encoding_latin1
-                   : (isUtf16(text) ? pugi::encoding_auto : pugi::encoding_utf8));
-    if (!result) {
-        error = "malformed XML at byte " + std::to_string(result.offset) + ": "
-            + result.description();
+    if (!description->load(text, error)) {
         return nullptr;
     }
-    if (description->root().name() != std::string_view("RegisterDescription")) {
-        error = "not a camera description: no RegisterDescription element";
-        return nullptr;
-    }
-    description->collectNodes(description->root());
+    description->collectNodes();
     if (description->find("Root") == absent) {
         error = "not a camera description: no root category";
         return nullptr;
@@ -140,77 +142,76 @@ std::unique_ptr<Description> Description::parse(std::string text, std::string& e
     return description;
 }
 
+bool Description::load(const std::string& text, std::string& error)
+{
+    const pugi::xml_encoding encoding = isLatin1(text) ? pugi::encoding_latin1
+        : isUtf16(text)                                ? pugi::encoding_auto
+                                                       : pugi::encoding_utf8;
+    const pugi::xml_parse_result result
+        = m_document.load_buffer(text.data(), text.size(), pugi::parse_default, encoding);
+    if (!result) {
+        error = "malformed XML at byte " + std::to_string(result.offset) + ": "
+            + result.description();
+        return false;
+    }
+    if (nodeKind(root().name()) != NodeKind::RegisterDescription) {
+        error = "not a camera description: no RegisterDescription element";
+        return false;
+    }
+    return true;
+}
+
 std::size_t Description::find(std::string_view name) const
 {
     const auto found = m_byName.find(name);
     return found == m_byName.end() ? absent : found->second;
 }
 
-void Description::collectNodes(const pugi::xml_node& parent)
+void Description::collectNodes()
 {
-    struct Walker : pugi::xml_tree_walker {
-        Description* description = nullptr;
-        bool for_each(pugi::xml_node& element) override
-        {
-            const std::string_view kind = element.name();
-            const std::string_view name = element.attribute("Name").value();
-            if (name.empty() || kind == "EnumEntry" || kind[0] == 'p' || kind == "Constant"
-                || kind == "Expression" || kind == "Group") {
-                return true;
-            }
-            // A name given twice: the node map below keeps the last one.
-            const auto [place, fresh]
-                = description->m_byName.emplace(name, description->m_nodes.size());
-            if (fresh) {
-                description->m_nodes.push_back({ element, name, kind, {}, {} });
-            } else {
-                description->m_nodes[place->second].element = element;
-                description->m_nodes[place->second].kind = kind;
-            }
-            return true;
-        }
-    };
-    Walker walker;
-    walker.description = this;
-    pugi::xml_node start = parent;
-    start.traverse(walker);
+    forEachBelow(root(), [this](const pugi::xml_node& element) { addNode(element); });
+}
+
+void Description::addNode(const pugi::xml_node& element)
+{
+    const std::string_view name = element.attribute("Name").value();
+    if (name.empty() || !isNode(element.name())) {
+        return;
+    }
+    // A name given twice: the node map below keeps the last one.
+    const auto [place, isFresh] = m_byName.emplace(name, m_nodes.size());
+    if (isFresh) {
+        m_nodes.emplace_back();
+        m_nodes.back().name = name;
+    }
+    DescriptionNode& node = m_nodes[place->second];
+    node.element = element;
+    node.kind = nodeKind(element.name());
 }
 
 void Description::collectReferences(DescriptionNode& node)
 {
-    struct Walker : pugi::xml_tree_walker {
-        Description* description = nullptr;
-        DescriptionNode* node = nullptr;
-        void add(const pugi::xml_node& element, std::string_view tag, const char* target) const
-        {
-            node->references.push_back({ element, tag, description->find(trimmed(target)) });
-        }
-        bool for_each(pugi::xml_node& element) override
-        {
-            if (!isReference(element.name())) {
-                return true;
-            }
-            add(element, element.name(), element.text().get());
-            if (const pugi::xml_attribute offset = element.attribute("pOffset")) {
-                add(element, "pOffset", offset.value());
-            }
-            return true;
-        }
-    };
-    Walker walker;
-    walker.description = this;
-    walker.node = &node;
     if (isContainer(node.kind)) {
         return;
     }
-    node.element.traverse(walker);
-    if (node.kind != "StructEntry") {
+    forEachBelow(node.element,
+        [this, &node](const pugi::xml_node& element) { addReferences(node, element); });
+    if (node.kind == NodeKind::StructEntry) {
+        for (const pugi::xml_node& shared : node.element.parent().children()) {
+            addReferences(node, shared);
+        }
+    }
+}
+
+void Description::addReferences(DescriptionNode& node, const pugi::xml_node& element)
+{
+    if (!isReference(element.name())) {
         return;
     }
-    for (pugi::xml_node shared : node.element.parent().children()) {
-        if (shared.name() != std::string_view("StructEntry") && isReference(shared.name())) {
-            walker.for_each(shared);
-        }
+    node.references.push_back(
+        { element, referenceTag(element.name()), find(elementText(element)) });
+    if (const pugi::xml_attribute offset = element.attribute("pOffset")) {
+        node.references.push_back({ element, ReferenceTag::Offset, find(trimmed(offset.value())) });
     }
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "description/NodeKind.h"
+#include "description/ReferenceTag.h"
+
 #include <pugixml.hpp>
 
 #include <memory>
@@ -13,22 +16,37 @@ namespace zqcameralib {
 /// A reference of one node to another: the element that makes it, and the node it names.
 struct Reference {
     pugi::xml_node element; ///< for example <pValue>
-    std::string_view tag; ///< its name, or "pOffset" for the attribute of a pIndex
-    std::size_t target; ///< index of the node referred to, or Description::absent
+    ReferenceTag tag = ReferenceTag::Other;
+    std::size_t target = 0; ///< index of the node referred to, or Description::absent
+
+    bool isResolved() const;
 };
 
 /// One named node of a description.
 struct DescriptionNode {
     pugi::xml_node element;
     std::string_view name;
-    std::string_view kind; ///< element name: "Integer", "IntReg", "Category" ...
+    NodeKind kind = NodeKind::Other;
     std::vector<Reference> references; ///< in document order
     /// Set when the node cannot be evaluated: why, for the user.
     std::string broken;
 
     bool isBroken() const { return !broken.empty(); }
-    /// Whether its value is kept in the camera, whole or as some bits.
-    bool isRegister() const;
+    /// The element that says where the register is: that of the whole register, for an entry of it.
+    pugi::xml_node registerElement() const;
+    /// The node that the first reference of this tag leads to, or Description::absent.
+    std::size_t target(ReferenceTag tag) const;
+    bool refersBy(ReferenceTag tag) const;
+    /// Calls visit(target) for every reference whose tag isFollowed(tag) and that leads to a node.
+    template <typename Follows, typename Visit>
+    void forEachTarget(Follows isFollowed, Visit visit) const
+    {
+        for (const Reference& reference : references) {
+            if (reference.isResolved() && isFollowed(reference.tag)) {
+                visit(reference.target);
+            }
+        }
+    }
 };
 
 /// The text of an element without surrounding blanks.
@@ -53,6 +71,11 @@ public:
     const std::vector<DescriptionNode>& nodes() const { return m_nodes; }
     std::vector<DescriptionNode>& nodes() { return m_nodes; }
     const DescriptionNode& node(std::size_t index) const { return m_nodes[index]; }
+    /// Index of one of the nodes().
+    std::size_t indexOf(const DescriptionNode& node) const
+    {
+        return static_cast<std::size_t>(&node - m_nodes.data());
+    }
     /// Index of a node, or `absent`.
     std::size_t find(std::string_view name) const;
     pugi::xml_node root() const { return m_document.document_element(); }
@@ -61,12 +84,20 @@ public:
 
 private:
     Description();
-    void collectNodes(const pugi::xml_node& parent);
+    bool load(const std::string& text, std::string& error);
+    void collectNodes();
+    void addNode(const pugi::xml_node& element);
     void collectReferences(DescriptionNode& node);
+    void addReferences(DescriptionNode& node, const pugi::xml_node& element);
 
     pugi::xml_document m_document;
     std::vector<DescriptionNode> m_nodes;
     std::unordered_map<std::string_view, std::size_t> m_byName;
 };
+
+inline bool Reference::isResolved() const
+{
+    return target != Description::absent;
+}
 
 } // namespace zqcameralib

@@ -2,9 +2,6 @@
 
 #include "featurebrowser/FeatureTypes.h"
 
-#include <algorithm>
-#include <array>
-
 namespace zqcameralib {
 
 namespace {
@@ -16,91 +13,88 @@ class Lister {
 public:
     explicit Lister(const Description& description)
         : m_description(description)
-        , m_seen(description.nodes().size(), false)
+        , m_isListed(description.nodes().size(), false)
     {
     }
 
-    std::vector<ListedNode> build()
+    std::vector<ListedNode> list()
     {
         const std::size_t root = m_description.find("Root");
-        m_seen[root] = true;
-        m_entries.push_back({ root, 0, true });
+        m_isListed[root] = true;
+        m_list.push_back({ root, 0, true });
         addFeatures(root, 1);
-        if (m_entries.size() == 1) {
-            m_entries.clear();
+        if (m_list.size() == 1) {
+            m_list.clear();
         }
         addCategories(root, 0);
-        return std::move(m_entries);
+        return std::move(m_list);
     }
 
 private:
-    bool take(const Reference& reference, bool category)
+    template <typename Visit> void forEachMember(std::size_t category, Visit visit)
     {
-        if (reference.tag != "pFeature" || reference.target == Description::absent
-            || m_seen[reference.target]) {
-            return false;
-        }
-        const DescriptionNode& node = m_description.node(reference.target);
-        if ((node.kind == "Category") != category) {
-            return false;
-        }
-        if (!category && (!isFeatureKind(node.kind) || featureLevel(node) == 0)) {
-            return false;
-        }
-        m_seen[reference.target] = true;
-        return true;
+        m_description.node(category).forEachTarget(only(ReferenceTag::Feature), visit);
+    }
+
+    /// Whether the node is a category, or a feature that is shown, and not listed yet.
+    bool takeCategory(std::size_t node)
+    {
+        return m_description.node(node).kind == NodeKind::Category && take(node);
+    }
+    bool takeFeature(std::size_t node)
+    {
+        const DescriptionNode& feature = m_description.node(node);
+        return hasValue(feature.kind) && featureLevel(feature) != 0 && take(node);
+    }
+    bool take(std::size_t node)
+    {
+        const bool isFirst = !m_isListed[node];
+        m_isListed[node] = true;
+        return isFirst;
     }
 
     void addFeatures(std::size_t category, std::uint8_t depth)
     {
-        for (const Reference& reference : m_description.node(category).references) {
-            if (take(reference, false)) {
-                m_entries.push_back({ reference.target, depth, false });
+        forEachMember(category, [&](std::size_t node) {
+            if (takeFeature(node)) {
+                m_list.push_back({ node, depth, false });
             }
-        }
+        });
     }
 
     void addCategories(std::size_t parent, std::uint8_t depth)
     {
-        for (const Reference& reference : m_description.node(parent).references) {
-            if (depth < maxDepth && take(reference, true)) {
-                addCategory(reference.target, depth);
+        forEachMember(parent, [&](std::size_t node) {
+            if (depth < maxDepth && takeCategory(node)) {
+                addCategory(node, depth);
             }
-        }
+        });
     }
 
     /// Members in the order of the description, features and sub-categories mixed.
     void addCategory(std::size_t category, std::uint8_t depth)
     {
         const auto inside = static_cast<std::uint8_t>(depth + 1);
-        m_entries.push_back({ category, depth, true });
-        for (const Reference& reference : m_description.node(category).references) {
-            if (take(reference, false)) {
-                m_entries.push_back({ reference.target, inside, false });
-            } else if (inside < maxDepth && take(reference, true)) {
-                addCategory(reference.target, inside);
+        m_list.push_back({ category, depth, true });
+        forEachMember(category, [&](std::size_t node) {
+            if (takeFeature(node)) {
+                m_list.push_back({ node, inside, false });
+            } else if (inside < maxDepth && takeCategory(node)) {
+                addCategory(node, inside);
             }
-        }
+        });
     }
 
     const Description& m_description;
-    std::vector<bool> m_seen;
-    std::vector<ListedNode> m_entries;
+    std::vector<bool> m_isListed;
+    std::vector<ListedNode> m_list;
 };
 
 } // namespace
 
 std::vector<ListedNode> listFeatures(const Description& description)
 {
-    return Lister(description).build();
-}
-
-bool isFeatureKind(std::string_view kind)
-{
-    static constexpr std::array<std::string_view, 16> kinds { "Integer", "IntReg", "MaskedIntReg",
-        "StructEntry", "IntSwissKnife", "IntConverter", "Float", "FloatReg", "SwissKnife",
-        "Converter", "Boolean", "Enumeration", "String", "StringReg", "Command", "Register" };
-    return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
+    return Lister(description).list();
 }
 
 std::uint8_t featureLevel(const DescriptionNode& node)

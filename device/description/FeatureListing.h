@@ -14,14 +14,11 @@ struct ListedNode {
     bool isCategory;
 };
 
-/// The features below the root category in tree order, each once, at the first place that names it.
-/// The root itself is no row, unless it holds features directly: then it stands first, as a
-/// top-level category with those features. References to nodes that do not exist, and of
-/// categories to themselves, are left out, as are Invisible features.
+/// The features below the root category in the order of the categories, each once, at the first
+/// place that names it. The root itself is not listed, unless it holds features directly: then it
+/// stands first, as a top-level category with those features. References to nodes that do not
+/// exist, and of categories to themselves, are left out, as are Invisible features.
 std::vector<ListedNode> listFeatures(const Description& description);
-
-/// Whether a node of this kind can be a feature.
-bool isFeatureKind(std::string_view kind);
 
 /// TYPE_LEVEL of a node, 0 for an Invisible one.
 std::uint8_t featureLevel(const DescriptionNode& node);

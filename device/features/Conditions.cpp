@@ -6,6 +6,28 @@
 
 namespace zqcameralib {
 
+Condition conditionOf(ArvGcFeatureNode* node, const Reference& reference)
+{
+    const auto check = reference.tag == ReferenceTag::IsImplemented
+        ? arv_gc_feature_node_is_implemented
+        : reference.tag == ReferenceTag::IsAvailable ? arv_gc_feature_node_is_available
+                                                     : arv_gc_feature_node_is_locked;
+    return { node, check, reference.target };
+}
+
+void addOwnCondition(std::vector<Condition>& conditions, const DescriptionNode& node,
+    ArvGcFeatureNode* gc, ReferenceTag tag)
+{
+    const auto own = std::find_if(
+        node.references.begin(), node.references.end(), [&](const Reference& reference) {
+            return reference.tag == tag && reference.isResolved()
+                && reference.element.parent() == node.element;
+        });
+    if (own != node.references.end()) {
+        conditions.push_back(conditionOf(gc, *own));
+    }
+}
+
 Conditions::Truth Conditions::ask(const Condition& condition)
 {
     if (m_snapshot != m_port.snapshotNumber()) {

@@ -1,12 +1,29 @@
 #pragma once
 
-#include "features/Feature.h"
+#include "description/Description.h"
 #include "registers/RegisterPort.h"
+
+#include <arv.h>
 
 #include <unordered_map>
 #include <vector>
 
 namespace zqcameralib {
+
+/// What a node says of itself by pIsImplemented, pIsAvailable or pIsLocked.
+struct Condition {
+    ArvGcFeatureNode* node = nullptr;
+    gboolean (*check)(ArvGcFeatureNode*, GError**) = nullptr;
+    std::size_t target = 0; ///< the description's node that decides: same target, same answer
+};
+
+/// What `node` of the node map says by a reference in the description.
+Condition conditionOf(ArvGcFeatureNode* node, const Reference& reference);
+
+/// Adds what a node itself says by `tag`, if anything: the first such reference that leads to a
+/// node counts, and those that stand in the entries of an enumeration are not its own.
+void addOwnCondition(std::vector<Condition>& conditions, const DescriptionNode& node,
+    ArvGcFeatureNode* gc, ReferenceTag tag);
 
 /// Evaluates conditions. Few nodes decide for many features, so an answer is kept as long as the
 /// registers read for it are.

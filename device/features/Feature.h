@@ -2,6 +2,8 @@
 
 #include "description/Description.h"
 #include "description/FeatureListing.h"
+#include "features/Conditions.h"
+#include "features/EnumEntries.h"
 
 #include <arv.h>
 
@@ -10,20 +12,6 @@
 #include <vector>
 
 namespace zqcameralib {
-
-/// What a node says of itself by pIsImplemented, pIsAvailable or pIsLocked.
-struct Condition {
-    ArvGcFeatureNode* node = nullptr;
-    gboolean (*check)(ArvGcFeatureNode*, GError**) = nullptr;
-    std::size_t target = 0; ///< the description's node that decides: same target, same answer
-};
-
-/// One entry of an enumeration.
-struct EnumEntry {
-    std::string name;
-    std::int64_t value = 0;
-    std::vector<Condition> availableIf; ///< pIsImplemented and pIsAvailable
-};
 
 /// What never changes about a feature (or category), looked up once when the camera is opened.
 /// Points into the description and the node map, which have to outlive it.
@@ -65,22 +53,8 @@ struct Feature {
     bool endsInRegister = false;
 };
 
-/// What fits an integer register; all 64-bit numbers for other nodes.
-struct RegisterRange {
-    std::int64_t minimum = INT64_MIN;
-    std::int64_t maximum = INT64_MAX;
-};
-RegisterRange registerRange(const DescriptionNode& node);
-
-/// The node and those that its value comes from through pValue, nearest first.
-std::vector<const DescriptionNode*> valueChain(
-    const Description& description, const DescriptionNode& start);
-
-/// Whether the node is a register on a port that only images or events fill.
-bool isOnChunkOrEventPort(const Description& description, const DescriptionNode& node);
-
-/// All rows of the feature tree with their facts, in tree order.
+/// Everything that is listed with its facts, in the same order.
 std::vector<Feature> collectFeatures(
-    const Description& description, const std::vector<ListedNode>& tree, ArvGc* nodeMap);
+    const Description& description, const std::vector<ListedNode>& listed, ArvGc* nodeMap);
 
 } // namespace zqcameralib

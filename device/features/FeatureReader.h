@@ -31,21 +31,6 @@ public:
     bool read(const Feature& feature, featurebrowser::FeatureItem& item,
         featurebrowser::FEATURE_STATE& state);
 
-    /// Present limits and increment of a number.
-    struct IntegerLimits {
-        std::int64_t minimum = INT64_MIN;
-        std::int64_t maximum = INT64_MAX;
-        std::int64_t increment = 0; ///< 0 = no grid known
-    };
-    struct FloatLimits {
-        double minimum = 0.0;
-        double maximum = 0.0;
-        double increment = 0.0; ///< 0 = no grid
-    };
-    IntegerLimits integerLimits(const Feature& feature);
-    FloatLimits floatLimits(const Feature& feature);
-    /// Longest text in bytes that fits now, 0 when there is no limit.
-    std::uint32_t maxTextLength(const Feature& feature);
     /// Whether the entry can be chosen now; one that cannot be evaluated cannot.
     bool isAvailable(const EnumEntry& entry);
     /// The entries that can be chosen now.

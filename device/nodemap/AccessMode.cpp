@@ -13,6 +13,12 @@ struct Access {
     bool write = true;
 };
 
+Access operator&(const Access& a, const Access& b)
+{
+    return { a.read && b.read, a.write && b.write };
+}
+
+/// Nodes that a value passes through.
 constexpr int maxChain = 100;
 
 Access parse(std::string_view text, Access whenAbsent)
@@ -27,29 +33,26 @@ Access parse(std::string_view text, Access whenAbsent)
 Access ownAccess(const DescriptionNode& node)
 {
     Access access;
-    if (node.isRegister()) {
+    if (isRegister(node.kind)) {
         std::string_view mode = childText(node.element, "AccessMode");
-        if (mode.empty() && node.kind == "StructEntry") {
-            mode = childText(node.element.parent(), "AccessMode");
+        if (mode.empty()) {
+            mode = childText(node.registerElement(), "AccessMode");
         }
         access = parse(mode, { true, false });
-    } else if (node.kind == "SwissKnife" || node.kind == "IntSwissKnife") {
+    } else if (isFormula(node.kind)) {
         access = { true, false };
     }
-    const Access imposed = parse(childText(node.element, "ImposedAccessMode"), {});
-    return { access.read && imposed.read, access.write && imposed.write };
+    return access & parse(childText(node.element, "ImposedAccessMode"), {});
 }
 
-Access accessOf(const Description& description, std::size_t index, int left)
+/// Of the node and of those that its value passes through.
+Access accessOf(const Description& description, std::size_t index)
 {
-    const DescriptionNode& node = description.node(index);
-    Access access = ownAccess(node);
-    for (const Reference& reference : node.references) {
-        if (reference.tag == "pValue" && reference.target != Description::absent && left > 0) {
-            const Access behind = accessOf(description, reference.target, left - 1);
-            access = { access.read && behind.read, access.write && behind.write };
-            break;
-        }
+    Access access;
+    for (int link = 0; link <= maxChain && index != Description::absent; ++link) {
+        const DescriptionNode& node = description.node(index);
+        access = access & ownAccess(node);
+        index = node.target(ReferenceTag::Value);
     }
     return access;
 }
@@ -58,7 +61,7 @@ Access accessOf(const Description& description, std::size_t index, int left)
 
 std::uint16_t staticAccess(const Description& description, std::size_t node)
 {
-    const Access access = accessOf(description, node, maxChain);
+    const Access access = accessOf(description, node);
     if (access.read && access.write) {
         return ACCESS_READ_WRITE;
     }

@@ -1,8 +1,10 @@
 #include "nodemap/NodeMapXml.h"
 
 #include "description/FeatureListing.h"
+#include "description/ReferenceWalk.h"
+#include "description/RegisterPlace.h"
+#include "nodemap/ElementRule.h"
 #include "nodemap/FormulaGuard.h"
-#include "validation/DescriptionCheck.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -20,55 +22,11 @@ struct StringWriter : pugi::xml_writer {
     }
 };
 
-/// What becomes of an element.
-struct Rule {
-    enum What { Text, Reference, Length, Element };
-    What what = Text;
-    bool isOnce = true; ///< of several, only one has a meaning
-};
-
-/// The rule for an element; null for those that evaluating does not need.
-const Rule* ruleFor(std::string_view tag)
+FormulaKind formulaKind(NodeKind owner)
 {
-    static const std::unordered_map<std::string_view, Rule> rules = [] {
-        std::unordered_map<std::string_view, Rule> all;
-        for (const char* text :
-            { "Value", "Length", "Min", "Max", "Inc", "Representation", "OnValue", "OffValue",
-                "Formula", "FormulaTo", "FormulaFrom", "AccessMode", "ImposedAccessMode",
-                "Cachable", "Endianess", "Sign", "LSB", "MSB", "Bit", "CommandValue", "ChunkID",
-                "EventID", "ValueDefault", "IsLinear", "Slope", "NumericValue" }) {
-            all[text] = { Rule::Text, true };
-        }
-        for (const char* text : { "Address", "Constant", "Expression", "ValueIndexed" }) {
-            all[text] = { Rule::Text, false };
-        }
-        for (const char* reference : { "pValue", "pMin", "pMax", "pInc", "pIsImplemented",
-                 "pIsAvailable", "pIsLocked", "pPort", "pCommandValue", "pValueDefault" }) {
-            all[reference] = { Rule::Reference, true };
-        }
-        for (const char* reference : { "pAddress", "pIndex", "pVariable", "pValueIndexed" }) {
-            all[reference] = { Rule::Reference, false };
-        }
-        for (const char* element : { "EnumEntry", "IntSwissKnife", "SwissKnife" }) {
-            all[element] = { Rule::Element, false };
-        }
-        all["pLength"] = { Rule::Length, true };
-        return all;
-    }();
-    const auto found = rules.find(tag);
-    return found == rules.end() ? nullptr : &found->second;
-}
-
-bool isFormula(std::string_view tag)
-{
-    return tag == "Formula" || tag == "FormulaTo" || tag == "FormulaFrom" || tag == "Expression";
-}
-
-FormulaKind formulaKind(std::string_view owner)
-{
-    return owner == "IntSwissKnife" ? FormulaKind::IntegerNode
-        : owner == "IntConverter"   ? FormulaKind::IntegerConverter
-                                    : FormulaKind::Float;
+    return owner == NodeKind::IntSwissKnife ? FormulaKind::IntegerNode
+        : owner == NodeKind::IntConverter   ? FormulaKind::IntegerConverter
+                                            : FormulaKind::Float;
 }
 
 class Writer {
@@ -106,48 +64,30 @@ private:
     /// The features and all that evaluating them may visit.
     std::vector<bool> neededNodes() const
     {
-        std::vector<bool> needed(m_description.nodes().size(), false);
-        std::vector<std::size_t> pending;
-        const auto add = [&](std::size_t node) {
-            if (canBeEvaluated(node) && !needed[node]) {
-                needed[node] = true;
-                pending.push_back(node);
+        NodeWalk walk(m_description.nodes().size());
+        const auto need = [&](std::size_t node) {
+            if (canBeEvaluated(node)) {
+                walk.reach(node);
             }
         };
-        add(m_description.find("TLParamsLocked"));
-        for (const ListedNode& entry : listFeatures(m_description)) {
-            if (!entry.isCategory) {
-                add(entry.node);
+        need(m_description.find("TLParamsLocked"));
+        for (const ListedNode& listed : listFeatures(m_description)) {
+            if (!listed.isCategory) {
+                need(listed.node);
             }
         }
-        while (!pending.empty()) {
-            const DescriptionNode& node = m_description.node(pending.back());
-            pending.pop_back();
-            for (const Reference& reference : node.references) {
-                const Rule* rule = ruleFor(reference.tag);
-                if (reference.tag == "pOffset"
-                    || (rule != nullptr && rule->what != Rule::Element)) {
-                    add(reference.target);
-                }
-            }
-        }
-        return needed;
+        walk.run(
+            [&](std::size_t node) { m_description.node(node).forEachTarget(isEvaluated, need); });
+        return walk.isReached();
     }
 
     void writeNode(const DescriptionNode& node)
     {
-        if (node.kind == "StructEntry") {
+        if (node.kind == NodeKind::StructEntry) {
             writeStruct(node);
-        } else if (!isInsideAnother(node.element)) {
-            copyElement(node.element, m_root);
+        } else if (isContainer(nodeKind(node.element.parent().name()))) {
+            copyElement(node.element, m_root); // formulas may stand within a register
         }
-    }
-
-    /// Formulas may stand within the register whose address they give.
-    static bool isInsideAnother(const pugi::xml_node& element)
-    {
-        const std::string_view parent = element.parent().name();
-        return parent != "RegisterDescription" && parent != "Group" && parent != "StructReg";
     }
 
     /// A register with several entries is written once, with the entries that are needed.
@@ -167,7 +107,7 @@ private:
         pugi::xml_node target = parent.append_child(source.name());
         target.append_attribute("Name") = source.attribute("Name").value();
         copyChildren(source, target);
-        if (source.name() == std::string_view("MaskedIntReg") && sharesReadableRegister(source)) {
+        if (nodeKind(source.name()) == NodeKind::MaskedIntReg && sharesReadableRegister(source)) {
             target.child("AccessMode").text() = "RW";
         }
     }
@@ -192,39 +132,37 @@ private:
 
     void copyChildren(const pugi::xml_node& source, pugi::xml_node& target)
     {
-        std::vector<const Rule*> written;
+        std::vector<std::string_view> written;
         for (const pugi::xml_node& child : source.children()) {
-            const Rule* rule = ruleFor(child.name());
-            if (rule == nullptr || (rule->isOnce && isAmong(written, rule))) {
+            const std::string_view name = child.name();
+            const ElementRule rule = elementRule(name);
+            if (rule.isOnce && std::find(written.begin(), written.end(), name) != written.end()) {
                 continue; // of several, the first counts here and the last below
             }
-            written.push_back(rule);
-            copyChild(*rule, child, target);
+            written.push_back(name);
+            copyChild(rule.use, child, target);
         }
     }
 
-    static bool isAmong(const std::vector<const Rule*>& rules, const Rule* rule)
+    void copyChild(ElementRule::Use use, const pugi::xml_node& child, pugi::xml_node& target)
     {
-        return std::find(rules.begin(), rules.end(), rule) != rules.end();
-    }
-
-    void copyChild(const Rule& rule, const pugi::xml_node& child, pugi::xml_node& target)
-    {
-        const std::string_view tag = child.name();
-        switch (rule.what) {
-        case Rule::Text:
-            if (tag != "Length" || !child.parent().child("pLength")) {
-                copyText(child, target);
-            }
+        switch (use) {
+        case ElementRule::Use::None:
             break;
-        case Rule::Reference:
+        case ElementRule::Use::Text:
+            copyText(child, target);
+            break;
+        case ElementRule::Use::Formula:
+            copyFormula(child, target);
+            break;
+        case ElementRule::Use::Reference:
             copyReference(child, target);
             break;
-        case Rule::Length:
-            copyLength(child.parent().name(), child, target);
+        case ElementRule::Use::Length:
+            copyLength(nodeKind(child.parent().name()), child, target);
             break;
-        case Rule::Element:
-            if (tag != "EnumEntry" || child.child("Value")) {
+        case ElementRule::Use::Element:
+            if (child.name() != std::string_view("EnumEntry") || child.child("Value")) {
                 copyElement(child, target);
             }
             break;
@@ -242,15 +180,18 @@ private:
         return target;
     }
 
+    /// Where a reference tells the length, a number does not count.
     void copyText(const pugi::xml_node& source, pugi::xml_node& parent)
     {
-        pugi::xml_node target = copyShell(source, parent);
-        const std::string text(elementText(source));
-        if (!isFormula(source.name())) {
-            target.text() = text.c_str();
-            return;
+        if (source.name() != std::string_view("Length") || !source.parent().child("pLength")) {
+            copyShell(source, parent).text() = std::string(elementText(source)).c_str();
         }
-        target.text() = guardDivisions(text, formulaKind(source.parent().name())).c_str();
+    }
+
+    void copyFormula(const pugi::xml_node& source, pugi::xml_node& parent)
+    {
+        const FormulaKind kind = formulaKind(nodeKind(source.parent().name()));
+        copyShell(source, parent).text() = guardDivisions(elementText(source), kind).c_str();
     }
 
     /// A limit or a condition that cannot be evaluated is dropped: the feature is then unlimited,
@@ -268,19 +209,25 @@ private:
         }
     }
 
-    /// The camera tells the length of a text, and the node map would ask for that much memory.
-    void copyLength(std::string_view kind, const pugi::xml_node& source, pugi::xml_node& parent)
+    void copyLength(NodeKind kind, const pugi::xml_node& source, pugi::xml_node& parent)
     {
         const std::string name(elementText(source));
         const std::size_t target = m_description.find(name);
         if (!canBeEvaluated(target)) {
             return;
         }
-        if (kind != "StringReg" && kind != "Register") {
-            const pugi::xml_node fixed = m_description.node(target).element.child("Value");
-            parent.append_child("Length").text() = std::string(elementText(fixed)).c_str();
+        if (isByteRegister(kind)) {
+            parent.append_child("pLength").text() = guardedLength(name).c_str();
             return;
         }
+        const pugi::xml_node fixed = m_description.node(target).element.child("Value");
+        parent.append_child("Length").text() = std::string(elementText(fixed)).c_str();
+    }
+
+    /// The camera tells the length of a text, and the node map would ask for that much memory: the
+    /// name of a node that keeps it within bounds.
+    const std::string& guardedLength(const std::string& name)
+    {
         std::string& guard = m_lengths[name];
         if (guard.empty()) {
             guard = "ZQLength" + std::to_string(m_lengths.size());
@@ -293,7 +240,7 @@ private:
             knife.append_child("Formula").text()
                 = ("(L<0)?0:((L>" + most + ")?" + most + ":L)").c_str();
         }
-        parent.append_child("pLength").text() = guard.c_str();
+        return guard;
     }
 
     const Description& m_description;

@@ -1,6 +1,7 @@
 #include "opening/InitialRegisters.h"
 
 #include "base/GlibError.h"
+#include "description/ReferenceWalk.h"
 
 #include <algorithm>
 #include <set>
@@ -12,7 +13,7 @@ namespace {
 /// Largest register that is taken for one that decides something.
 constexpr std::size_t maxDecidingSize = 8;
 /// Nodes looked at behind one condition.
-constexpr std::size_t maxInputs = 32;
+constexpr std::size_t maxSources = 32;
 
 class Chooser {
 public:
@@ -56,23 +57,14 @@ private:
     }
 
     /// The parts of registers that the value of a node comes from.
-    std::vector<std::size_t> bitsBehind(std::size_t start) const
+    std::vector<std::size_t> bitsBehind(std::size_t node) const
     {
         const Description& description = m_camera.description();
-        std::vector<std::size_t> bits;
-        std::vector<std::size_t> pending { start };
-        for (std::size_t at = 0; at < pending.size() && at < maxInputs; ++at) {
-            const DescriptionNode& node = description.node(pending[at]);
-            if (node.kind == "MaskedIntReg" || node.kind == "StructEntry") {
-                bits.push_back(pending[at]);
-            }
-            for (const Reference& reference : node.references) {
-                if ((reference.tag == "pValue" || reference.tag == "pVariable")
-                    && reference.target != Description::absent) {
-                    pending.push_back(reference.target);
-                }
-            }
-        }
+        std::vector<std::size_t> bits = reachable(description, node, isValueSource, maxSources);
+        const auto isOther = [&description](std::size_t source) {
+            return !isBitField(description.node(source).kind);
+        };
+        bits.erase(std::remove_if(bits.begin(), bits.end(), isOther), bits.end());
         return bits;
     }
 

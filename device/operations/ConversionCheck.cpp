@@ -1,7 +1,10 @@
 #include "operations/ConversionCheck.h"
 
+#include "base/GObjectPointer.h"
 #include "base/GlibError.h"
 #include "base/NumberText.h"
+#include "description/ReferenceWalk.h"
+#include "features/RegisterRange.h"
 #include "nodemap/FormulaGuard.h"
 
 #include <algorithm>
@@ -12,14 +15,9 @@ namespace zqcameralib {
 
 namespace {
 
-using EvaluatorPointer = std::unique_ptr<ArvEvaluator, decltype(&g_object_unref)>;
+using EvaluatorPointer = GObjectPointer<ArvEvaluator>;
 
 constexpr double integerLimit = 9223372036854775808.0; // 2^63
-
-bool isConverter(const DescriptionNode& node)
-{
-    return node.kind == "IntConverter" || node.kind == "Converter";
-}
 
 std::string guarded(const pugi::xml_node& element, FormulaKind kind)
 {
@@ -63,10 +61,10 @@ bool setInput(
 /// cannot be told, `isKnown` is false and nothing is said.
 std::string convert(const DescriptionNode& node, ArvGc* nodeMap, Number& value, bool& isKnown)
 {
-    const bool isFloat = node.kind == "Converter";
+    const bool isFloat = node.kind == NodeKind::Converter;
     const FormulaKind kind = isFloat ? FormulaKind::Float : FormulaKind::IntegerConverter;
     const EvaluatorPointer evaluator(
-        arv_evaluator_new(guarded(node.element.child("FormulaTo"), kind).c_str()), &g_object_unref);
+        arv_evaluator_new(guarded(node.element.child("FormulaTo"), kind).c_str()));
     const auto inputs = node.element.children();
     isKnown = std::all_of(inputs.begin(), inputs.end(), [&](const pugi::xml_node& input) {
         return setInput(evaluator.get(), input, kind, nodeMap);
@@ -96,7 +94,7 @@ std::string convert(const DescriptionNode& node, ArvGc* nodeMap, Number& value, 
 
 std::string fitFault(const DescriptionNode& node, const Number& value)
 {
-    if (node.kind == "FloatReg") {
+    if (node.kind == NodeKind::FloatReg) {
         const bool isSingle = childText(node.element, "Length") == "4";
         return isSingle && value.isFloat && std::fabs(value.real) > double(FLT_MAX)
             ? "it is more than its register holds"
@@ -119,13 +117,14 @@ std::string conversionFault(ZQCamera::Impl& camera, const Feature& feature, Numb
 {
     bool isKnown = true;
     std::string fault;
-    const std::vector<const DescriptionNode*> chain
-        = valueChain(camera.description(), *feature.node);
-    for (auto link = chain.begin(); link != chain.end() && isKnown && fault.empty(); ++link) {
-        if (isConverter(**link)) {
-            fault = convert(**link, camera.nodeMap(), value, isKnown);
-        } else if (link + 1 == chain.end() && feature.endsInRegister) {
-            fault = fitFault(**link, value);
+    const Description& description = camera.description();
+    const auto chain = valueChain(description, description.indexOf(*feature.node));
+    for (auto at = chain.begin(); at != chain.end() && isKnown && fault.empty(); ++at) {
+        const DescriptionNode& link = description.node(*at);
+        if (isConverter(link.kind)) {
+            fault = convert(link, camera.nodeMap(), value, isKnown);
+        } else if (at + 1 == chain.end() && feature.endsInRegister) {
+            fault = fitFault(link, value);
         }
     }
     return fault;

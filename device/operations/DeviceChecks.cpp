@@ -3,9 +3,10 @@
 #include "base/NumberText.h"
 #include "base/StatusCodes.h"
 #include "camera/StateReasons.h"
+#include "features/FeatureLimits.h"
+#include "features/RegisterRange.h"
 
 #include <cmath>
-#include <cstdlib>
 
 namespace zqcameralib {
 
@@ -39,23 +40,6 @@ bool isOnGrid(std::int64_t value, std::int64_t minimum, std::int64_t increment)
     return increment <= 1 || distance % static_cast<std::uint64_t>(increment) == 0;
 }
 
-/// Schema 1.1: integers that take only the values of a list.
-bool isInValueSet(const Feature& feature, std::int64_t value)
-{
-    const std::string list(childText(feature.node->element, "ValidValueSet"));
-    if (list.empty()) {
-        return true;
-    }
-    for (std::size_t at = 0; at != std::string::npos;) {
-        const std::size_t end = list.find(';', at);
-        if (std::strtoll(list.substr(at, end - at).c_str(), nullptr, 0) == value) {
-            return true;
-        }
-        at = end == std::string::npos ? end : end + 1;
-    }
-    return false;
-}
-
 } // namespace
 
 Result<const Feature*> DeviceOperations::lookup(const char* name, std::uint8_t type)
@@ -85,7 +69,7 @@ Status DeviceOperations::checkReadable(const Feature& feature)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
     const FEATURE_STATE state = m_reader.state(feature);
-    if (state == FEATURE_READ_FAILED) {
+    if (failures.hasFailed()) {
         return failures.status();
     }
     if (state == FEATURE_NOT_AVAILABLE) {
@@ -101,7 +85,7 @@ Status DeviceOperations::checkWritable(const Feature& feature)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
     const FEATURE_STATE state = m_reader.state(feature);
-    if (state == FEATURE_READ_FAILED) {
+    if (failures.hasFailed()) {
         return failures.status();
     }
     if (state == FEATURE_NOT_AVAILABLE) {
@@ -123,7 +107,7 @@ Status DeviceOperations::checkWritable(const Feature& feature)
 Status DeviceOperations::checkInteger(const Feature& feature, std::int64_t value)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    const FeatureReader::IntegerLimits limits = m_reader.integerLimits(feature);
+    const IntegerLimits limits = integerLimits(feature);
     if (failures.hasFailed()) {
         return failures.status();
     }
@@ -144,7 +128,7 @@ Status DeviceOperations::checkInteger(const Feature& feature, std::int64_t value
             what + "not a multiple of " + integerText(limits.increment) + " from "
                 + integerText(limits.minimum) };
     }
-    if (!isInValueSet(feature, value)) {
+    if (!isInValueSet(*feature.node, value)) {
         return { notInValueSet,
             what + "not one of " + std::string(childText(feature.node->element, "ValidValueSet")) };
     }
@@ -154,7 +138,7 @@ Status DeviceOperations::checkInteger(const Feature& feature, std::int64_t value
 Status DeviceOperations::checkFloat(const Feature& feature, double value)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    const FeatureReader::FloatLimits limits = m_reader.floatLimits(feature);
+    const FloatLimits limits = floatLimits(feature);
     if (failures.hasFailed()) {
         return failures.status();
     }
@@ -176,7 +160,7 @@ Status DeviceOperations::checkFloat(const Feature& feature, double value)
 Status DeviceOperations::checkText(const Feature& feature, const std::string& text)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    const std::uint64_t length = m_reader.maxTextLength(feature);
+    const std::uint64_t length = maxTextLength(feature);
     if (failures.hasFailed()) {
         return failures.status();
     }

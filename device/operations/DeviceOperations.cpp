@@ -1,6 +1,7 @@
 #include "operations/DeviceOperations.h"
 
 #include "base/StatusCodes.h"
+#include "features/FeatureLimits.h"
 #include "nodemap/FormulaGuard.h"
 
 #include <algorithm>

@@ -13,10 +13,4 @@ namespace zqcameralib {
 /// is beyond bounds.
 bool checkDescription(Description& description, std::string& error);
 
-/// Whether a reference is followed when the value of the node that makes it is evaluated.
-bool isValueReference(std::string_view tag);
-
-/// Largest register that is read or written.
-constexpr long maxRegisterLength = 1L << 20L;
-
 } // namespace zqcameralib

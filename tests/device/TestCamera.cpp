@@ -1,5 +1,6 @@
 #include "TestCamera.h"
 
+#include "description/ReferenceWalk.h"
 #include "opening/SimulatedOpening.h"
 
 #include <algorithm>
@@ -64,20 +65,10 @@ std::string TestCamera::listed() const
 bool TestCamera::changesByItself(const std::string& name)
 {
     const Description& description = camera->impl().description();
-    std::vector<std::size_t> pending { description.find(name) };
-    for (std::size_t at = 0; at < pending.size() && at < 100; ++at) {
-        const DescriptionNode& node = description.node(pending[at]);
-        if (node.element.child("PollingTime")) {
-            return true;
-        }
-        for (const Reference& reference : node.references) {
-            const bool isRead = reference.tag == "pValue" || reference.tag == "pVariable";
-            if (isRead && reference.target != Description::absent) {
-                pending.push_back(reference.target);
-            }
-        }
-    }
-    return false;
+    const auto sources = reachable(description, description.find(name), isValueSource, 100);
+    return std::any_of(sources.begin(), sources.end(), [&description](std::size_t node) {
+        return bool(description.node(node).element.child("PollingTime"));
+    });
 }
 
 std::vector<std::string> realDescriptions()

@@ -1,0 +1,155 @@
+#include "validation/NodeFault.h"
+
+#include "base/NumberText.h"
+#include "description/RegisterPlace.h"
+
+namespace zqcameralib {
+
+namespace {
+
+constexpr std::size_t maxFormulaLength = 20000;
+constexpr std::size_t maxNameLength = 1000;
+
+/// An integer child: `fallback` when absent; -1 when it is no number.
+std::int64_t integerChild(const pugi::xml_node& element, const char* tag, std::int64_t fallback)
+{
+    return element.child(tag) ? wholeInteger(childText(element, tag)).value_or(-1) : fallback;
+}
+
+bool isPossibleLength(NodeKind kind, std::int64_t length)
+{
+    if (kind == NodeKind::FloatReg) {
+        return length == 4 || length == 8;
+    }
+    return length >= 1 && length <= (isIntegerRegister(kind) ? 8 : maxRegisterLength);
+}
+
+/// The length of a register as far as the description fixes it; `told` when the camera tells it.
+constexpr std::int64_t told = -2;
+
+std::int64_t registerLength(const Description& description, const pugi::xml_node& reg)
+{
+    const pugi::xml_node reference = reg.child("pLength");
+    if (!reference) {
+        return integerChild(reg, "Length", 4);
+    }
+    const std::size_t target = description.find(elementText(reference));
+    if (target == Description::absent) {
+        return told;
+    }
+    const DescriptionNode& node = description.node(target);
+    return node.kind == NodeKind::Integer && node.element.child("Value")
+        ? integerChild(node.element, "Value", -1)
+        : told;
+}
+
+bool hasPort(const Description& description, const pugi::xml_node& reg)
+{
+    const std::size_t port = description.find(childText(reg, "pPort"));
+    return port != Description::absent && description.node(port).kind == NodeKind::Port;
+}
+
+bool hasImpossibleBits(const pugi::xml_node& element, std::int64_t length)
+{
+    for (const char* tag : { "LSB", "MSB", "Bit" }) {
+        const std::int64_t bit = integerChild(element, tag, 0);
+        if (bit < 0 || bit >= 8 * length) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::string registerFault(const Description& description, const DescriptionNode& node)
+{
+    const pugi::xml_node reg = node.registerElement();
+    if (node.kind == NodeKind::StructEntry && nodeKind(reg.name()) != NodeKind::StructReg) {
+        return "it stands outside of a register";
+    }
+    if (!hasPort(description, reg)) {
+        return "its register has no port";
+    }
+    const std::int64_t length = registerLength(description, reg);
+    if (!isPossibleLength(node.kind, length) && !(isByteRegister(node.kind) && length == told)) {
+        return "its register has an impossible length";
+    }
+    return isBitField(node.kind) && hasImpossibleBits(node.element, length)
+        ? "its bits lie outside of its register"
+        : "";
+}
+
+/// Whether there is anything that holds the value of a node.
+bool hasSource(const DescriptionNode& node)
+{
+    const pugi::xml_node& element = node.element;
+    const bool canBeIndexed = node.kind == NodeKind::Integer || node.kind == NodeKind::Float;
+    return element.child("pValue") || (!isConverter(node.kind) && element.child("Value"))
+        || (canBeIndexed && (element.child("ValueIndexed") || element.child("pValueIndexed")));
+}
+
+/// What is wrong with a node that is neither a register nor a formula.
+std::string sourceFault(const DescriptionNode& node)
+{
+    if (node.kind == NodeKind::Command && !node.element.child("CommandValue")
+        && !node.element.child("pCommandValue")) {
+        return "it has no value to write";
+    }
+    return isFormula(node.kind) || hasSource(node) ? "" : "it has no value";
+}
+
+bool isVariable(std::string_view tag)
+{
+    return tag == "pVariable" || tag == "Constant" || tag == "Expression";
+}
+
+std::string formulaFault(const DescriptionNode& node)
+{
+    for (const char* tag : { "Formula", "FormulaTo", "FormulaFrom" }) {
+        if (childText(node.element, tag).size() > maxFormulaLength) {
+            return "its formula is too long";
+        }
+    }
+    for (const pugi::xml_node& child : node.element.children()) {
+        if (isVariable(child.name()) && child.attribute("Name").empty()) {
+            return "its formula has a variable without a name";
+        }
+    }
+    return {};
+}
+
+std::string referenceFault(const Description& description, const DescriptionNode& node)
+{
+    for (const Reference& reference : node.references) {
+        if (!isValueReference(reference.tag)) {
+            continue;
+        }
+        if (!reference.isResolved()) {
+            return "it refers to " + std::string(elementText(reference.element))
+                + ", which does not exist";
+        }
+        const DescriptionNode& target = description.node(reference.target);
+        const bool isText = node.kind == NodeKind::String && reference.tag == ReferenceTag::Value;
+        if (isText ? !hasText(target.kind) : !hasNumber(target.kind)) {
+            return "it refers to " + std::string(target.name) + ", which has no such value";
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+std::string nodeFault(const Description& description, const DescriptionNode& node)
+{
+    if (!hasValue(node.kind)) {
+        return {};
+    }
+    if (node.name.size() > maxNameLength) {
+        return "its name is too long";
+    }
+    std::string fault
+        = isRegister(node.kind) ? registerFault(description, node) : sourceFault(node);
+    fault = fault.empty() ? formulaFault(node) : fault;
+    return fault.empty() ? referenceFault(description, node) : fault;
+}
+
+} // namespace zqcameralib
