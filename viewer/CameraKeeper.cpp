@@ -21,10 +21,8 @@ constexpr int longestPauseMs = 32000;
 
 } // namespace
 
-CameraKeeper::CameraKeeper(
-    OpenedCamera& camera, ZQFeatureBrowser& browser, CameraTaskBar& tasks, QObject* parent)
-    : QObject(parent)
-    , m_camera(camera)
+CameraKeeper::CameraKeeper(OpenedCamera& camera, ZQFeatureBrowser& browser, CameraTaskBar& tasks)
+    : m_camera(camera)
     , m_browser(browser)
     , m_tasks(tasks)
     , m_shown(names())

@@ -24,8 +24,8 @@ class CameraKeeper : public QObject {
 public:
     /// The browser shows the loaded repository of `camera`. Nothing is owned, all has to outlive
     /// this.
-    CameraKeeper(OpenedCamera& camera, featurebrowser::ZQFeatureBrowser& browser,
-        CameraTaskBar& tasks, QObject* parent);
+    CameraKeeper(
+        OpenedCamera& camera, featurebrowser::ZQFeatureBrowser& browser, CameraTaskBar& tasks);
 
     /// Reads all features because the user wants it, and says how it went.
     void readAll();

@@ -22,7 +22,7 @@ OpeningWindow::OpeningWindow(QString id, zqcameralib::CameraAccess access)
     , m_reason(new QLabel(this))
     , m_choice(new QWidget(this))
     , m_again(new QPushButton(tr("&Try again"), m_choice))
-    , m_tasks(new CameraTaskBar(this))
+    , m_tasks(std::make_unique<CameraTaskBar>(this))
 {
     setWindowTitle(tr("Camera %1").arg(m_id));
     QFont bold = font();
@@ -40,7 +40,7 @@ OpeningWindow::OpeningWindow(QString id, zqcameralib::CameraAccess access)
     buttons->addWidget(close);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_heading);
-    layout->addWidget(m_tasks);
+    layout->addWidget(m_tasks.get());
     layout->addWidget(m_reason);
     layout->addStretch();
     layout->addWidget(m_choice);
@@ -49,10 +49,7 @@ OpeningWindow::OpeningWindow(QString id, zqcameralib::CameraAccess access)
     connect(close, &QPushButton::clicked, this, &OpeningWindow::reject);
 }
 
-OpeningWindow::~OpeningWindow()
-{
-    delete m_tasks; // the task is one of the camera
-}
+OpeningWindow::~OpeningWindow() = default;
 
 void OpeningWindow::start()
 {

@@ -40,7 +40,7 @@ private:
     QLabel* m_reason;
     QWidget* m_choice; ///< what can be done after a failure
     QPushButton* m_again;
-    CameraTaskBar* m_tasks;
+    std::unique_ptr<CameraTaskBar> m_tasks; ///< runs tasks of the camera and ends before it
 };
 
 } // namespace zqviewer

@@ -25,7 +25,7 @@ ViewerWindow::ViewerWindow(OpenedCamera& camera, TYPE_LEVEL level)
     m_browser.LoadFeatureBrowser();
     m_browser.ShowStandalone(0, 0, {}, level);
     resize(760, 860);
-    m_keeper = new CameraKeeper(m_camera, m_browser, *m_tasks, this);
+    m_keeper = std::make_unique<CameraKeeper>(m_camera, m_browser, *m_tasks);
     connectKeeper();
     showTitle();
     const OpenedCamera::Reading reading = m_camera.reading();
@@ -34,7 +34,7 @@ ViewerWindow::ViewerWindow(OpenedCamera& camera, TYPE_LEVEL level)
 
 ViewerWindow::~ViewerWindow()
 {
-    delete m_keeper;
+    m_keeper.reset();
     // The browser owns its widget: hand it back before the window deletes its children.
     takeCentralWidget();
 }
@@ -60,14 +60,14 @@ void ViewerWindow::arrange()
 
 void ViewerWindow::connectKeeper()
 {
-    connect(m_reconnect, &QPushButton::clicked, m_keeper, &CameraKeeper::reconnect);
-    connect(m_keeper, &CameraKeeper::lostChanged, m_reconnect, &QWidget::setVisible);
-    connect(m_keeper, &CameraKeeper::cameraChanged, this, &ViewerWindow::showTitle);
-    connect(m_keeper, &CameraKeeper::message, this, [this](bool good, const QString& text) {
+    connect(m_reconnect, &QPushButton::clicked, m_keeper.get(), &CameraKeeper::reconnect);
+    connect(m_keeper.get(), &CameraKeeper::lostChanged, m_reconnect, &QWidget::setVisible);
+    connect(m_keeper.get(), &CameraKeeper::cameraChanged, this, &ViewerWindow::showTitle);
+    connect(m_keeper.get(), &CameraKeeper::message, this, [this](bool good, const QString& text) {
         showMessage(good, text);
         m_isKeepersMessage = true;
     });
-    connect(m_keeper, &CameraKeeper::recovered, this, [this](const QString& text) {
+    connect(m_keeper.get(), &CameraKeeper::recovered, this, [this](const QString& text) {
         if (m_isKeepersMessage) {
             showMessage(true, text);
         }

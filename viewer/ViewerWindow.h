@@ -7,6 +7,8 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class QPushButton;
 class QTreeView;
 
@@ -56,7 +58,7 @@ private:
     MessageLabel* m_message;
     CameraTaskBar* m_tasks;
     QPushButton* m_reconnect;
-    CameraKeeper* m_keeper = nullptr;
+    std::unique_ptr<CameraKeeper> m_keeper; ///< ends before the browser and the tasks
     bool m_isKeepersMessage = true; ///< what stands there is of the connection, not of an action
 };
 

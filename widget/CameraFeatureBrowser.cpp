@@ -79,7 +79,7 @@ CameraFeatureBrowser::CameraFeatureBrowser(QWidget* parent)
 
 CameraFeatureBrowser::~CameraFeatureBrowser()
 {
-    delete m_impl->window;
+    const std::unique_ptr<BrowserWindow> ended(m_impl->window.data());
 }
 
 void CameraFeatureBrowser::addCategory(std::string name, TYPE_LEVEL level)

@@ -44,19 +44,18 @@ BrowserWindow::BrowserWindow(QWidget* parent)
     connect(m_writer, &ValueWriter::written, this, &BrowserWindow::written);
 }
 
-// The rows must outlive the view, whose selection still points at them.
 BrowserWindow::~BrowserWindow()
 {
     m_ownChange = true;
     m_events.setReceiver(nullptr);
-    delete m_tree;
+    m_tree.reset();
 }
 
 void BrowserWindow::makeTree()
 {
-    m_tree = new FeatureTreeView(m_model, m_writer, this);
+    m_tree = std::make_unique<FeatureTreeView>(m_model, m_writer, this);
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
-    m_callout = new MessageCallout(m_tree);
+    m_callout = new MessageCallout(m_tree.get());
 }
 
 void BrowserWindow::connectTree()
@@ -65,10 +64,10 @@ void BrowserWindow::connectTree()
     connect(m_model, &QAbstractItemModel::dataChanged, m_callout, &MessageCallout::follow);
     connect(m_model, &QAbstractItemModel::modelReset, m_callout, &MessageCallout::follow);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &BrowserWindow::rowsAdded);
-    connect(
-        m_tree, &FeatureTreeView::dismissed, m_callout, [this] { m_callout->showRow(nullptr); });
-    connect(m_tree, &FeatureTreeView::currentRowChanged, this, &BrowserWindow::rowSelected);
-    connect(m_tree, &QWidget::customContextMenuRequested, this, &BrowserWindow::showMenu);
+    connect(m_tree.get(), &FeatureTreeView::dismissed, m_callout,
+        [this] { m_callout->showRow(nullptr); });
+    connect(m_tree.get(), &FeatureTreeView::currentRowChanged, this, &BrowserWindow::rowSelected);
+    connect(m_tree.get(), &QWidget::customContextMenuRequested, this, &BrowserWindow::showMenu);
     connect(m_tree->header(), &QHeaderView::sectionResized, this,
         [this](int column, int, int width) { columnResized(column, width); });
 }
@@ -78,9 +77,9 @@ void BrowserWindow::connectFilterBar()
     m_filterBar->setLevel(m_tree->filter().level);
     connect(m_filterBar, &FilterBar::textChanged, this, &BrowserWindow::filterTextChanged);
     connect(m_filterBar, &FilterBar::levelChosen, this, &BrowserWindow::levelChosen);
-    connect(m_filterBar, &FilterBar::expandAll, m_tree, &QTreeView::expandAll);
-    connect(m_filterBar, &FilterBar::collapseAll, m_tree, &QTreeView::collapseAll);
-    connect(m_filterBar, &FilterBar::finished, m_tree, [this] { m_tree->focusFirstHit(); });
+    connect(m_filterBar, &FilterBar::expandAll, m_tree.get(), &QTreeView::expandAll);
+    connect(m_filterBar, &FilterBar::collapseAll, m_tree.get(), &QTreeView::collapseAll);
+    connect(m_filterBar, &FilterBar::finished, m_tree.get(), [this] { m_tree->focusFirstHit(); });
 }
 
 void BrowserWindow::makeShortcuts()
@@ -101,7 +100,7 @@ void BrowserWindow::arrange()
     upperLayout->setContentsMargins(0, 0, 0, 0);
     upperLayout->setSpacing(2);
     upperLayout->addWidget(m_pins);
-    upperLayout->addWidget(m_tree, 1);
+    upperLayout->addWidget(m_tree.get(), 1);
     upperLayout->addWidget(m_changes);
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->addWidget(upper);
@@ -250,10 +249,10 @@ void BrowserWindow::showMenu(const QPoint& position)
     connect(menu, &RowMenu::pinWanted, m_pins,
         [this, name](bool pinned) { m_pins->setPinned(name, pinned); });
     connect(menu, &RowMenu::matrixWanted, this, [this, name] { showMatrix(name); });
-    connect(menu, &RowMenu::collapseOthersWanted, m_tree,
+    connect(menu, &RowMenu::collapseOthersWanted, m_tree.get(),
         [this, name] { m_tree->collapseOthers(name); });
-    connect(menu, &RowMenu::expandAllWanted, m_tree, &QTreeView::expandAll);
-    connect(menu, &RowMenu::collapseAllWanted, m_tree, &QTreeView::collapseAll);
+    connect(menu, &RowMenu::expandAllWanted, m_tree.get(), &QTreeView::expandAll);
+    connect(menu, &RowMenu::collapseAllWanted, m_tree.get(), &QTreeView::collapseAll);
     menu->popup(m_tree->viewport()->mapToGlobal(position));
 }
 

@@ -7,6 +7,8 @@
 #include <QByteArrayList>
 #include <QWidget>
 
+#include <memory>
+
 namespace featurebrowser {
 
 class ChangeStrip;
@@ -78,7 +80,7 @@ private:
     ValueWriter* m_writer;
     FilterBar* m_filterBar = nullptr;
     PinStrip* m_pins = nullptr;
-    FeatureTreeView* m_tree = nullptr;
+    std::unique_ptr<FeatureTreeView> m_tree; ///< ends before the model, whose rows it points at
     MessageCallout* m_callout = nullptr;
     ChangeStrip* m_changes = nullptr;
     DescriptionPane* m_description = nullptr;
