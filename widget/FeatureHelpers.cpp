@@ -1,6 +1,9 @@
 // The free functions that the widget shares with its users.
 #include "featurebrowser/CameraFeatureBrowser.h"
 
+#include <QByteArray>
+#include <QtEndian>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -21,16 +24,10 @@ TYPE_SELECTOR getSelectorState(FeatureItem* item)
 
 std::string convertToMACAddress(long address)
 {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    const auto bits = static_cast<unsigned long>(address);
-    std::string text;
-    for (int shift = 44; shift >= 0; shift -= 4) {
-        text += digits[(bits >> static_cast<unsigned>(shift)) & 0xFU];
-        if (shift % 8 == 0 && shift > 0) {
-            text += ':';
-        }
-    }
-    return text;
+    constexpr int bytes = 6;
+    const quint64 ordered = qToBigEndian(static_cast<quint64>(address) << 16U);
+    const QByteArray raw(reinterpret_cast<const char*>(&ordered), bytes);
+    return raw.toHex(':').toUpper().toStdString();
 }
 
 int getNumberOfDecimals(double value)

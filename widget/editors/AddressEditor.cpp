@@ -34,8 +34,8 @@ std::optional<EditValue> AddressEditor::value(QString& problem) const
 {
     // No leading zeros: some readers take them for octal numbers.
     static const QRegularExpression whole(
-        QStringLiteral("\\A(?:(?:25[0-5]|2[0-4][0-9]|1[0-9]{2}|[1-9]?"
-                       "[0-9])(?:\\.(?!\\z)|\\z)){4}\\z"));
+        QStringLiteral("\\A(?:(?:25[0-5]|2[0-4][0-9]|1[0-9]{2}|[1-9]?[0-9])"
+                       "(?:\\.(?!\\z)|\\z)){4}\\z"));
     const QString text = m_field->text();
     if (whole.match(text).hasMatch()) {
         return text.toStdString();

@@ -5,6 +5,8 @@
 #include <QHBoxLayout>
 #include <QWheelEvent>
 
+#include <utility>
+
 namespace featurebrowser {
 
 void ChoiceBox::hidePopup()
@@ -33,15 +35,6 @@ ChoiceEditor::ChoiceEditor(const FeatureRow& row, QWidget* parent)
         touch();
         leave(Leave::Accept);
     });
-    // Opens when the editor stands at its place.
-    connect(
-        this, &ChoiceEditor::shown, m_box,
-        [this] {
-            if (m_box->isVisible()) {
-                m_box->showPopup();
-            }
-        },
-        Qt::QueuedConnection);
     // Hidden before the box tells of the choice, so this waits for it.
     connect(
         m_box, &ChoiceBox::popupHidden, this, [this] { leave(Leave::Revert); },
@@ -51,15 +44,10 @@ ChoiceEditor::ChoiceEditor(const FeatureRow& row, QWidget* parent)
 void ChoiceEditor::showLimits(const FeatureRow& row)
 {
     const QStringList entries = entryTexts(row);
-    QStringList shown;
-    for (int i = 0; i < m_box->count(); ++i) {
-        shown.append(m_box->itemText(i));
+    if (std::exchange(m_entries, entries) != entries) {
+        m_box->clear();
+        m_box->addItems(entries);
     }
-    if (shown == entries) {
-        return;
-    }
-    m_box->clear();
-    m_box->addItems(entries);
 }
 
 void ChoiceEditor::showValue(const FeatureRow& row)
@@ -70,7 +58,12 @@ void ChoiceEditor::showValue(const FeatureRow& row)
 void ChoiceEditor::showEvent(QShowEvent* event)
 {
     RowEditor::showEvent(event);
-    Q_EMIT shown();
+    const auto open = [this] {
+        if (m_box->isVisible()) {
+            m_box->showPopup();
+        }
+    };
+    QMetaObject::invokeMethod(m_box, open, Qt::QueuedConnection); // then it stands at its place
 }
 
 std::optional<EditValue> ChoiceEditor::value(QString&) const

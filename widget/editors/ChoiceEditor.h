@@ -30,9 +30,6 @@ public:
     ChoiceEditor(const FeatureRow& row, QWidget* parent);
     std::optional<EditValue> value(QString& problem) const override;
 
-Q_SIGNALS:
-    void shown();
-
 protected:
     void showLimits(const FeatureRow& row) override;
     void showValue(const FeatureRow& row) override;
@@ -40,6 +37,7 @@ protected:
 
 private:
     ChoiceBox* m_box;
+    QStringList m_entries; ///< in the box
 };
 
 } // namespace featurebrowser

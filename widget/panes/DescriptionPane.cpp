@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QVBoxLayout>
 
 namespace featurebrowser {
@@ -11,18 +12,11 @@ namespace {
 // Descriptions come with line ends of several systems and blanks before them.
 QString tidyLines(QString text)
 {
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    QString tidy;
-    const auto lines = text.split(QLatin1Char('\n'));
-    for (const QString& line : lines) {
-        qsizetype end = line.size();
-        while (end > 0 && line.at(static_cast<int>(end) - 1).isSpace()) {
-            --end;
-        }
-        tidy += line.left(static_cast<int>(end)) + QLatin1Char('\n');
-    }
-    return tidy.trimmed();
+    // Blanks are looked at from their first one only: the time does not grow with their square.
+    static const QRegularExpression lineEnd(
+        QStringLiteral("(?<![^\\S\\r\\n])[^\\S\\r\\n]*+(?:\\r\\n?|\\n)"),
+        QRegularExpression::UseUnicodePropertiesOption);
+    return text.replace(lineEnd, QStringLiteral("\n")).trimmed();
 }
 
 } // namespace

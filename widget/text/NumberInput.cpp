@@ -149,10 +149,9 @@ NumberInput<qint64> readInteger(const QString& text, const QString& unit)
     if (match.captured(1) == QLatin1String("-")) {
         digits.prepend('-');
     }
-    qint64 value = 0;
-    const auto end
-        = std::from_chars(digits.data(), digits.data() + digits.size(), value, isHex ? 16 : 10);
-    if (end.ec != std::errc()) {
+    bool isInRange = false;
+    const qint64 value = digits.toLongLong(&isInRange, isHex ? 16 : 10);
+    if (!isInRange) {
         return { {}, Words::tr("“%1” does not fit into 64 bits").arg(text.trimmed()) };
     }
     return { value, {} };

@@ -20,18 +20,10 @@ template <typename... Format> QString formatted(double value, Format... format)
     return QString::fromLatin1(buffer.data(), static_cast<int>(result.ptr - buffer.data()));
 }
 
+// Of nine digits, without trailing zeros.
 QString scientificText(double value)
 {
-    const QString text = formatted(value, std::chars_format::scientific, 8);
-    const int exponent = text.indexOf(QLatin1Char('e'));
-    QString mantissa = text.left(exponent);
-    while (mantissa.endsWith(QLatin1Char('0'))) {
-        mantissa.chop(1);
-    }
-    if (mantissa.endsWith(QLatin1Char('.'))) {
-        mantissa.chop(1);
-    }
-    return mantissa + text.mid(exponent);
+    return formatted(value, std::chars_format::general, 9);
 }
 
 // Fixed notation has 15 decimals at most, so that below 1e-6 it might drop some of the nine digits.

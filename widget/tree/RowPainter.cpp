@@ -34,11 +34,10 @@ std::optional<Glyph> stateGlyph(const FeatureRow& row)
 // Camera texts are shown in one line, control characters as blanks.
 QString oneLine(QString text)
 {
-    for (QChar& c : text) {
-        if (c.unicode() < 0x20 || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) {
-            c = QLatin1Char(' ');
-        }
-    }
+    const auto isControl = [](QChar c) {
+        return c.unicode() < 0x20 || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    };
+    std::replace_if(text.begin(), text.end(), isControl, QLatin1Char(' '));
     return text;
 }
 
