@@ -14,7 +14,6 @@ public:
 
     /// Plain text.
     void showText(const QString& text);
-    const QString& fullText() const { return m_text; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
