@@ -49,7 +49,7 @@ void FeatureModel::addFeature(const std::string& category, std::unique_ptr<Featu
         known->level = feature->level;
         known->readOnly = feature->readOnly;
         known->hasValue = feature->hasValue;
-        touch(*known);
+        emitChanged(*known);
     }
 }
 
@@ -119,7 +119,7 @@ FeatureModel::Change FeatureModel::setValue(
     row.readOnly = readOnly;
     row.hasValue = hasValue;
     if (isOther || areLimitsOther) {
-        touch(row);
+        emitChanged(row);
     }
     return isOther ? Change::Value : areLimitsOther ? Change::Limits : Change::Nothing;
 }
@@ -134,7 +134,7 @@ void FeatureModel::setDescription(FeatureRow& row, std::string text)
     RowExtras& extras = row.ownExtras();
     extras.unit = unitFromDescription(toText(text));
     extras.description = std::move(text);
-    touch(row);
+    emitChanged(row);
 }
 
 void FeatureModel::setMessage(FeatureRow& row, const QString& message)
@@ -145,7 +145,7 @@ void FeatureModel::setMessage(FeatureRow& row, const QString& message)
     RowExtras& extras = row.ownExtras();
     extras.isUnconfirmed = false;
     if (std::exchange(extras.message, message) != message) {
-        touch(row);
+        emitChanged(row);
     }
 }
 
@@ -155,12 +155,12 @@ void FeatureModel::setStates(const std::map<std::string, FEATURE_STATE>& states)
         const auto found = states.find(row->name);
         const int state = found == states.end() ? FEATURE_AVAILABLE : found->second;
         if (std::exchange(row->state, static_cast<std::uint8_t>(state)) != state) {
-            touch(*row);
+            emitChanged(*row);
         }
     }
 }
 
-void FeatureModel::touch(const FeatureRow& row)
+void FeatureModel::emitChanged(const FeatureRow& row)
 {
     Q_EMIT dataChanged(indexOf(&row, NameColumn), indexOf(&row, ValueColumn));
     if (row.selector != SELECTOR_SELECTOR && row.selector != SELECTOR_BOTH) {

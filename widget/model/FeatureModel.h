@@ -52,8 +52,6 @@ public:
     void setDescription(FeatureRow& row, std::string text);
     void setMessage(FeatureRow& row, const QString& message);
     void setStates(const std::map<std::string, FEATURE_STATE>& states);
-    /// Asks for a new picture of the row.
-    void touch(const FeatureRow& row);
 
     QModelIndex index(int position, int column, const QModelIndex& parent = {}) const override;
     QModelIndex parent(const QModelIndex& index) const override;
@@ -66,6 +64,7 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 private:
+    void emitChanged(const FeatureRow& row);
     FeatureRow* insert(const std::string& category, std::unique_ptr<FeatureRow> row);
 
     FeatureRow m_root;

@@ -6,7 +6,6 @@
 #include <QRegularExpression>
 
 #include <charconv>
-#include <cmath>
 
 namespace featurebrowser {
 

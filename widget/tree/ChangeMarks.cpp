@@ -23,7 +23,7 @@ void ChangeMarks::mark(const FeatureRow* row)
 {
     m_times.insert(row, m_clock.elapsed());
     m_timer.start();
-    Q_EMIT faded(row);
+    Q_EMIT strengthChanged(row);
 }
 
 void ChangeMarks::clear()
@@ -51,7 +51,7 @@ void ChangeMarks::fade()
             m_times.remove(row);
         }
         if (now < 1) {
-            Q_EMIT faded(row);
+            Q_EMIT strengthChanged(row);
         }
     }
     if (m_times.isEmpty()) {

@@ -22,7 +22,7 @@ public:
     double strength(const FeatureRow* row) const;
 
 Q_SIGNALS:
-    void faded(const featurebrowser::FeatureRow* row);
+    void strengthChanged(const featurebrowser::FeatureRow* row);
 
 private:
     void fade();

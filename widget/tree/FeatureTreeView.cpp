@@ -34,7 +34,8 @@ FeatureTreeView::FeatureTreeView(FeatureModel* model, ValueWriter* writer, QWidg
     setAllColumnsShowFocus(true);
     setVerticalScrollMode(ScrollPerPixel);
     connect(m_delegate, &FeatureDelegate::neighbourWanted, this, &FeatureTreeView::editNeighbour);
-    connect(m_marks, &ChangeMarks::faded, this, [this](const FeatureRow* row) { updateRow(*row); });
+    connect(m_marks, &ChangeMarks::strengthChanged, this,
+        [this](const FeatureRow* row) { updateRow(*row); });
     header()->setSectionsMovable(false);
     header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 6);
 }

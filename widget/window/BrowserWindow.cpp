@@ -18,6 +18,9 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <utility>
+
 namespace featurebrowser {
 
 BrowserWindow::BrowserWindow(QWidget* parent)
