@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 namespace featurebrowser {
 
 namespace {
@@ -33,6 +35,15 @@ QString rowAsText(const FeatureRow& row)
     QStringList lines;
     appendRows(row, lines);
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+QString oneLine(QString text)
+{
+    const auto isControl = [](QChar c) {
+        return c.unicode() < 0x20 || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    };
+    std::replace_if(text.begin(), text.end(), isControl, QLatin1Char(' '));
+    return text;
 }
 
 } // namespace featurebrowser

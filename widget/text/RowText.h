@@ -10,4 +10,7 @@ struct FeatureRow;
 /// headed "[Name]".
 QString rowAsText(const FeatureRow& row);
 
+/// The text in one line, control characters as blanks: how texts of the camera are shown.
+QString oneLine(QString text);
+
 } // namespace featurebrowser

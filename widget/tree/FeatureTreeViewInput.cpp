@@ -3,7 +3,7 @@
 
 #include "events/ValueWriter.h"
 #include "tree/FeatureDelegate.h"
-#include "tree/RowPainter.h"
+#include "tree/RowButton.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -82,7 +82,7 @@ bool FeatureTreeView::isOnButton(const QModelIndex& index, const QPoint& positio
     cell.widget = this;
     cell.rect = visualRect(index);
     const FeatureRow& row = *FeatureModel::row(index);
-    QRect area = RowPainter::buttonRect(cell, row);
+    QRect area = buttonRect(cell, row);
     if (row.kind == RowKind::Boolean) { // its text acts too, as beside a check box of a form
         area.setWidth(
             area.width() + 8 + fontMetrics().horizontalAdvance(index.data(ValueRole).toString()));

@@ -2,9 +2,10 @@
 
 #include "look/ThemeColors.h"
 #include "model/RowRoles.h"
+#include "text/RowText.h"
 #include "text/ValueText.h"
+#include "tree/RowButton.h"
 
-#include <QApplication>
 #include <QPainter>
 #include <QStyle>
 
@@ -14,8 +15,6 @@
 namespace featurebrowser {
 
 namespace {
-
-constexpr int margin = 4;
 
 std::optional<Glyph> stateGlyph(const FeatureRow& row)
 {
@@ -29,16 +28,6 @@ std::optional<Glyph> stateGlyph(const FeatureRow& row)
     default:
         return std::nullopt;
     }
-}
-
-// Camera texts are shown in one line, control characters as blanks.
-QString oneLine(QString text)
-{
-    const auto isControl = [](QChar c) {
-        return c.unicode() < 0x20 || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-    };
-    std::replace_if(text.begin(), text.end(), isControl, QLatin1Char(' '));
-    return text;
 }
 
 bool opensList(const FeatureRow& row)
@@ -55,7 +44,7 @@ RowPainter::RowPainter(QPainter& painter, const QStyleOptionViewItem& option, co
     , m_view(*option.widget)
     , m_row(row)
     , m_around(around)
-    , m_rest(option.rect.adjusted(margin, 0, -margin, 0))
+    , m_rest(option.rect.adjusted(cellMargin, 0, -cellMargin, 0))
 {
     if (row.isCategory()) {
         m_option.font.setBold(true);
@@ -161,7 +150,7 @@ void RowPainter::paintName()
             ? m_option.palette.color(QPalette::HighlightedText)
             : m_option.palette.color(QPalette::Text));
     if (!m_around.context.isEmpty()) {
-        m_rest.setLeft(m_rest.left() + 2 * margin);
+        m_rest.setLeft(m_rest.left() + 2 * cellMargin);
         paintText(m_around.context, dimColor());
     }
 }
@@ -170,18 +159,19 @@ void RowPainter::paintValue()
 {
     paintSigns();
     if (m_row.kind == RowKind::Command) {
-        paintButton();
+        drawButton(m_painter, m_option, m_row, m_rest);
         return;
     }
     if (m_row.kind == RowKind::Boolean && m_row.hasValue) {
-        paintCheckBox();
+        const QRect box = drawCheckBox(m_painter, m_option, m_row, dimColor());
+        m_rest.setLeft(box.right() + cellMargin + 2);
     }
     const QString text = valueText(m_row);
     paintMatches(text);
     paintText(text, textColor());
     const QString unit = rowUnit(m_row);
     if (m_row.hasValue && !unit.isEmpty()) {
-        m_rest.setLeft(m_rest.left() + margin);
+        m_rest.setLeft(m_rest.left() + cellMargin);
         paintText(unit, dimColor());
     }
 }
@@ -194,7 +184,7 @@ void RowPainter::paintSigns()
         const QRect area(m_rest.right() - side, m_rest.center().y() - side / 2, side, side);
         drawGlyph(m_painter, glyph, QStyle::visualRect(m_option.direction, m_option.rect, area),
             m_option.state.testFlag(QStyle::State_Selected) ? dimColor() : color);
-        m_rest.setRight(area.left() - margin);
+        m_rest.setRight(area.left() - cellMargin);
     };
     if (opensList(m_row)) {
         sign(Glyph::Chevron, dimColor());
@@ -205,55 +195,6 @@ void RowPainter::paintSigns()
     if (m_row.hasMessage()) {
         sign(Glyph::Warning, colors::alarm(m_option.palette));
     }
-}
-
-QRect RowPainter::buttonRect(const QStyleOptionViewItem& cell, const FeatureRow& row)
-{
-    const QRect inside = cell.rect.adjusted(margin, 1, -margin, -1);
-    if (row.kind == RowKind::Command) {
-        const int wanted
-            = cell.fontMetrics.horizontalAdvance(valueText(row)) + 2 * cell.fontMetrics.height();
-        const int width = std::min(inside.width(), std::max(wanted, 5 * cell.fontMetrics.height()));
-        return { inside.topLeft(), QSize(width, inside.height()) };
-    }
-    const QStyle* style = cell.widget != nullptr ? cell.widget->style() : QApplication::style();
-    const int side = style->pixelMetric(QStyle::PM_IndicatorWidth, &cell, cell.widget);
-    return { inside.left(), inside.center().y() - side / 2, side, side };
-}
-
-void RowPainter::paintButton()
-{
-    QStyleOptionButton button;
-    button.initFrom(&m_view);
-    button.rect = QStyle::visualRect(
-        m_option.direction, m_option.rect, buttonRect(m_option, m_row).intersected(m_rest));
-    button.text = oneLine(valueText(m_row)).replace(QLatin1Char('&'), QLatin1String("&&"));
-    button.state
-        = m_row.isEditable() ? QStyle::State_Enabled | QStyle::State_Raised : QStyle::State_None;
-    button.state.setFlag(QStyle::State_HasFocus, m_option.state.testFlag(QStyle::State_HasFocus));
-    button.palette.setCurrentColorGroup(m_row.isEditable() ? QPalette::Active : QPalette::Disabled);
-    m_painter.setFont(m_view.font());
-    m_view.style()->drawControl(QStyle::CE_PushButton, &button, &m_painter, &m_view);
-}
-
-void RowPainter::paintCheckBox()
-{
-    const auto& choice = std::get<ChoiceValue>(m_row.value);
-    QStyleOptionButton box;
-    box.initFrom(&m_view);
-    const QRect area = buttonRect(m_option, m_row);
-    box.rect = QStyle::visualRect(m_option.direction, m_option.rect, area);
-    box.state = choice.index == 0 ? QStyle::State_Off
-        : choice.index == 1       ? QStyle::State_On
-                                  : QStyle::State_NoChange;
-    box.state.setFlag(QStyle::State_Enabled, m_row.isEditable());
-    box.palette.setCurrentColorGroup(m_row.isEditable() ? QPalette::Active : QPalette::Disabled);
-    m_view.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &m_painter, &m_view);
-    // Some styles leave the frame nearly invisible on dark palettes.
-    m_painter.setPen(dimColor());
-    m_painter.setBrush(Qt::NoBrush);
-    m_painter.drawRect(box.rect.adjusted(0, 0, -1, -1));
-    m_rest.setLeft(area.right() + margin + 2);
 }
 
 } // namespace featurebrowser

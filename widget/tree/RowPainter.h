@@ -23,9 +23,6 @@ public:
 
     void paint(int column);
 
-    /// The button of a command, the box of a boolean: where a click acts. `cell` is the value cell.
-    static QRect buttonRect(const QStyleOptionViewItem& cell, const FeatureRow& row);
-
     /// What stands behind the whole row; no brush = what the view has there.
     static QBrush rowBackground(
         const QPalette& palette, const FeatureRow& row, double changeStrength);
@@ -34,8 +31,6 @@ private:
     void paintBackground();
     void paintName();
     void paintValue();
-    void paintButton();
-    void paintCheckBox();
     void paintSigns();
     void paintText(const QString& text, const QColor& color);
     void paintMatches(const QString& text);

@@ -14,110 +14,16 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QScopedValueRollback>
-#include <QShortcut>
-#include <QSplitter>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <utility>
 
 namespace featurebrowser {
 
-BrowserWindow::BrowserWindow(QWidget* parent)
-    : QWidget(parent)
-    , m_model(new FeatureModel(this))
-    , m_writer(new ValueWriter(*m_model, m_events, this))
-{
-    if (parent != nullptr) {
-        setWindowFlags(Qt::Dialog); // a window of its own until an application embeds it
-    }
-    setWindowTitle(tr("Camera features"));
-    // In the order in which Tab goes through them.
-    m_filterBar = new FilterBar(this);
-    m_pins = new PinStrip(m_model, this);
-    makeTree();
-    m_changes = new ChangeStrip(m_model, this);
-    m_description = new DescriptionPane(this);
-    arrange();
-    connectTree();
-    connectFilterBar();
-    makeShortcuts();
-    connect(m_pins, &PinStrip::pinsChanged, this, &BrowserWindow::pinnedFeaturesChanged);
-    connect(m_changes, &ChangeStrip::rowWanted, this, &BrowserWindow::showRow);
-    connect(m_writer, &ValueWriter::written, this, &BrowserWindow::written);
-}
-
 BrowserWindow::~BrowserWindow()
 {
     m_ownChange = true;
     m_events.setReceiver(nullptr);
-    m_tree.reset();
-}
-
-void BrowserWindow::makeTree()
-{
-    m_tree = std::make_unique<FeatureTreeView>(m_model, m_writer, this);
-    m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
-    m_callout = new MessageCallout(m_tree.get());
-}
-
-void BrowserWindow::connectTree()
-{
-    connect(m_writer, &ValueWriter::messageShown, m_callout, &MessageCallout::showRow);
-    connect(m_model, &QAbstractItemModel::dataChanged, m_callout, &MessageCallout::follow);
-    connect(m_model, &QAbstractItemModel::modelReset, m_callout, &MessageCallout::follow);
-    connect(m_model, &QAbstractItemModel::rowsInserted, this, &BrowserWindow::rowsAdded);
-    connect(m_tree.get(), &FeatureTreeView::dismissed, m_callout,
-        [this] { m_callout->showRow(nullptr); });
-    connect(m_tree.get(), &FeatureTreeView::currentRowChanged, this, &BrowserWindow::rowSelected);
-    connect(m_tree.get(), &QWidget::customContextMenuRequested, this, &BrowserWindow::showMenu);
-    connect(m_tree->header(), &QHeaderView::sectionResized, this,
-        [this](int column, int, int width) { columnResized(column, width); });
-}
-
-void BrowserWindow::connectFilterBar()
-{
-    m_filterBar->setLevel(m_tree->filter().level);
-    connect(m_filterBar, &FilterBar::textChanged, this, &BrowserWindow::filterTextChanged);
-    connect(m_filterBar, &FilterBar::levelChosen, this, &BrowserWindow::levelChosen);
-    connect(m_filterBar, &FilterBar::expandAll, m_tree.get(), &QTreeView::expandAll);
-    connect(m_filterBar, &FilterBar::collapseAll, m_tree.get(), &QTreeView::collapseAll);
-    connect(m_filterBar, &FilterBar::finished, m_tree.get(), [this] { m_tree->focusFirstHit(); });
-}
-
-void BrowserWindow::makeShortcuts()
-{
-    const auto add = [this](const QKeySequence& keys, auto action) {
-        auto* shortcut = new QShortcut(keys, this);
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        connect(shortcut, &QShortcut::activated, this, action);
-    };
-    add(QKeySequence::Find, [this] { m_filterBar->focusField(); });
-    add(Qt::Key_F4, [this] { m_changes->goToNext(); });
-}
-
-void BrowserWindow::arrange()
-{
-    auto* upper = new QWidget(this);
-    auto* upperLayout = new QVBoxLayout(upper);
-    upperLayout->setContentsMargins(0, 0, 0, 0);
-    upperLayout->setSpacing(2);
-    upperLayout->addWidget(m_pins);
-    upperLayout->addWidget(m_tree.get(), 1);
-    upperLayout->addWidget(m_changes);
-    auto* splitter = new QSplitter(Qt::Vertical, this);
-    splitter->addWidget(upper);
-    splitter->addWidget(m_description);
-    splitter->setStretchFactor(0, 4);
-    splitter->setStretchFactor(1, 1);
-    splitter->setCollapsible(0, false);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(6, 6, 6, 6);
-    layout->addWidget(m_filterBar);
-    layout->addWidget(splitter, 1);
-    const int unit = fontMetrics().height();
-    resize(unit * 36, unit * 46);
-    m_tree->header()->resizeSection(NameColumn, unit * 19);
 }
 
 QByteArrayList BrowserWindow::pinnedFeatures() const

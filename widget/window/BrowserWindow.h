@@ -80,12 +80,12 @@ private:
     ValueWriter* m_writer;
     FilterBar* m_filterBar = nullptr;
     PinStrip* m_pins = nullptr;
-    std::unique_ptr<FeatureTreeView> m_tree; ///< ends before the model, whose rows it points at
     MessageCallout* m_callout = nullptr;
     ChangeStrip* m_changes = nullptr;
     DescriptionPane* m_description = nullptr;
     TreeMemory m_memory;
     bool m_ownChange = false; ///< selection and columns change by program, not by the user
+    std::unique_ptr<FeatureTreeView> m_tree; ///< ends before the model, whose rows it points at
 };
 
 } // namespace featurebrowser
