@@ -2,7 +2,6 @@
 
 #include "text/ValueText.h"
 
-#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
 
@@ -10,23 +9,18 @@ namespace featurebrowser {
 
 AddressEditor::AddressEditor(const FeatureRow& row, QWidget* parent)
     : RowEditor(row, parent)
-    , m_field(new QLineEdit(this))
+    , m_field(makeTextField())
 {
-    m_field->setFrame(false);
     static const QRegularExpression typing(QStringLiteral("[0-9.]{0,15}"));
     m_field->setValidator(new QRegularExpressionValidator(typing, m_field));
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_field);
-    useField(m_field);
-    connect(m_field, &QLineEdit::textEdited, this, [this] { touch(); });
+    addField(m_field);
 }
 
 void AddressEditor::showLimits(const FeatureRow&) { }
 
 void AddressEditor::showValue(const FeatureRow& row)
 {
-    m_field->setText(row.hasValue ? valueText(row) : QString());
+    m_field->setText(editText(row));
     m_field->selectAll();
 }
 

@@ -2,7 +2,6 @@
 
 #include "text/ValueText.h"
 
-#include <QHBoxLayout>
 #include <QWheelEvent>
 
 #include <utility>
@@ -27,10 +26,7 @@ ChoiceEditor::ChoiceEditor(const FeatureRow& row, QWidget* parent)
     m_box->setFrame(false);
     m_box->setMaxVisibleItems(20);
     m_box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_box);
-    useField(m_box);
+    addField(m_box);
     connect(m_box, QOverload<int>::of(&QComboBox::activated), this, [this] {
         touch();
         leave(Leave::Accept);

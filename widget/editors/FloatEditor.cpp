@@ -32,23 +32,18 @@ protected:
 
 FloatEditor::FloatEditor(const FeatureRow& row, int sliderSteps, QWidget* parent)
     : RowEditor(row, parent)
-    , m_field(new QLineEdit(this))
+    , m_field(makeTextField())
     , m_unitLabel(makeUnitLabel())
     , m_slider(new QuietSlider(Qt::Horizontal, this))
     , m_sliderSteps(sliderSteps)
 {
-    m_field->setFrame(false);
     m_slider->setAccessibleName(tr("Slider of %1").arg(toText(row.name)));
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    auto* layout = addField(m_field);
     layout->setSpacing(4);
-    layout->addWidget(m_field, 1);
     layout->addWidget(m_unitLabel);
     layout->addWidget(m_slider, 1);
-    useField(m_field);
     m_slider->installEventFilter(this);
     m_pause.setSingleShot(true);
-    connect(m_field, &QLineEdit::textEdited, this, [this] { touch(); });
     connect(m_slider, &QSlider::valueChanged, this, &FloatEditor::sliderMoved);
     connect(&m_pause, &QTimer::timeout, this, [this] {
         // By the timer only: its write may delete this editor, which a slider in the middle of a
@@ -77,7 +72,7 @@ void FloatEditor::showValue(const FeatureRow& row)
         return;
     }
     const double value = std::get<FloatValue>(row.value).value;
-    m_field->setText(row.hasValue ? exactFloatText(value) : QString());
+    m_field->setText(editText(row));
     m_field->selectAll();
     const QSignalBlocker quiet(m_slider);
     m_slider->setValue(m_scale.positionOf(value));

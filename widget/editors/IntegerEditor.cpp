@@ -69,11 +69,7 @@ IntegerEditor::IntegerEditor(const FeatureRow& row, QWidget* parent)
     , m_box(new IntegerSpinBox(this))
     , m_unitLabel(makeUnitLabel())
 {
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_box, 1);
-    layout->addWidget(m_unitLabel);
-    useField(m_box);
+    addField(m_box)->addWidget(m_unitLabel);
     connect(m_box, &IntegerSpinBox::edited, this, [this] { touch(); });
 }
 
@@ -86,7 +82,7 @@ void IntegerEditor::showLimits(const FeatureRow& row)
 
 void IntegerEditor::showValue(const FeatureRow& row)
 {
-    m_box->setText(row.hasValue ? valueText(row) : QString());
+    m_box->setText(editText(row));
     m_box->selectAll();
 }
 

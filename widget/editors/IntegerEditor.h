@@ -31,6 +31,7 @@ private:
     QString m_unit;
 };
 
+/// Integer field that steps along the feature's grid.
 class IntegerEditor : public RowEditor {
     Q_OBJECT
 

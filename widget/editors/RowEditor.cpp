@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 
 namespace featurebrowser {
 
@@ -17,13 +19,23 @@ RowEditor::RowEditor(const FeatureRow& row, QWidget* parent)
     setAutoFillBackground(true);
 }
 
-void RowEditor::useField(QWidget* field)
+QLineEdit* RowEditor::makeTextField()
+{
+    auto* field = new QLineEdit(this);
+    field->setFrame(false);
+    connect(field, &QLineEdit::textEdited, this, [this] { touch(); });
+    return field;
+}
+
+QHBoxLayout* RowEditor::addField(QWidget* field)
 {
     field->setAccessibleName(toText(m_rowName));
     field->installEventFilter(this);
-    if (focusProxy() == nullptr) {
-        setFocusProxy(field);
-    }
+    setFocusProxy(field);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(field, 1);
+    return layout;
 }
 
 void RowEditor::update(const FeatureRow& row)

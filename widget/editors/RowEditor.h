@@ -6,7 +6,9 @@
 
 #include <optional>
 
+class QHBoxLayout;
 class QLabel;
+class QLineEdit;
 
 namespace featurebrowser {
 
@@ -52,8 +54,11 @@ protected:
     /// A label for the feature's unit, hidden while there is none.
     QLabel* makeUnitLabel();
     void showUnit(QLabel* label, const FeatureRow& row);
-    /// `field` takes the focus and its keys.
-    void useField(QWidget* field);
+    /// A text field without a frame; what the user types into it touches the value.
+    QLineEdit* makeTextField();
+    /// `field` takes the focus and its keys, and the room that what else comes into the editor's
+    /// layout leaves. Returns that layout.
+    QHBoxLayout* addField(QWidget* field);
     void touch() { m_touched = true; }
     void leave(Leave how);
     virtual void showLimits(const FeatureRow& row) = 0;

@@ -11,18 +11,14 @@ namespace featurebrowser {
 
 TextEditor::TextEditor(const FeatureRow& row, QWidget* parent)
     : RowEditor(row, parent)
-    , m_field(new QLineEdit(this))
+    , m_field(makeTextField())
     , m_counter(new QLabel(this))
 {
-    m_field->setFrame(false);
     m_counter->setObjectName(QStringLiteral("byteCounter"));
     m_counter->setToolTip(tr("Bytes of the text and the most that the camera takes"));
-    auto* layout = new QHBoxLayout(this);
+    auto* layout = addField(m_field);
     layout->setContentsMargins(0, 0, 4, 0);
-    layout->addWidget(m_field, 1);
     layout->addWidget(m_counter);
-    useField(m_field);
-    connect(m_field, &QLineEdit::textEdited, this, [this] { touch(); });
     connect(m_field, &QLineEdit::textChanged, this, &TextEditor::count);
 }
 
@@ -35,7 +31,7 @@ void TextEditor::showLimits(const FeatureRow& row)
 
 void TextEditor::showValue(const FeatureRow& row)
 {
-    m_field->setText(row.hasValue ? valueText(row) : QString());
+    m_field->setText(editText(row));
     m_field->selectAll();
 }
 

@@ -13,19 +13,7 @@ struct Words {
     Q_DECLARE_TR_FUNCTIONS(featurebrowser::RowRoles)
 };
 
-QVariant integerRole(const IntegerValue& integer, int role)
-{
-    switch (role) {
-    case MinimumRole:
-        return integer.minimum;
-    case MaximumRole:
-        return integer.maximum;
-    default:
-        return integer.increment;
-    }
-}
-
-QVariant floatRole(const FloatValue& number, int role)
+template <typename Number> QVariant limitOf(const Number& number, int role)
 {
     switch (role) {
     case MinimumRole:
@@ -40,10 +28,10 @@ QVariant floatRole(const FloatValue& number, int role)
 QVariant limitRole(const FeatureRow& row, int role)
 {
     if (const auto* integer = std::get_if<IntegerValue>(&row.value)) {
-        return integerRole(*integer, role);
+        return limitOf(*integer, role);
     }
     if (const auto* number = std::get_if<FloatValue>(&row.value)) {
-        return floatRole(*number, role);
+        return limitOf(*number, role);
     }
     return {};
 }

@@ -7,7 +7,9 @@
 
 namespace featurebrowser {
 
+/// Columns of FeatureModel.
 enum RowColumn { NameColumn, ValueColumn, ColumnCount };
+/// Roles of FeatureModel, and what they hold.
 enum RowRole {
     NameRole = Qt::UserRole + 1, ///< QByteArray
     KindRole, ///< QString

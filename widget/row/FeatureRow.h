@@ -13,6 +13,7 @@
 
 namespace featurebrowser {
 
+/// How a row is shown and edited.
 enum class RowKind : std::uint8_t {
     Category,
     Integer,

@@ -8,6 +8,7 @@
 
 namespace featurebrowser {
 
+/// In the feature's unit, as its limits.
 struct IntegerValue {
     qint64 value = 0;
     qint64 minimum = 0;
@@ -15,6 +16,7 @@ struct IntegerValue {
     quint32 increment = 0; ///< 0 = no grid
 };
 
+/// In the feature's unit, as its limits. Any of them may be infinite or NaN.
 struct FloatValue {
     double value = 0;
     double minimum = 0;

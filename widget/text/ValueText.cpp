@@ -99,6 +99,15 @@ QString valueText(const FeatureRow& row)
     return {};
 }
 
+QString editText(const FeatureRow& row)
+{
+    if (!row.hasValue) {
+        return {};
+    }
+    const auto* number = std::get_if<FloatValue>(&row.value);
+    return number != nullptr ? exactFloatText(number->value) : valueText(row);
+}
+
 QString valueWithUnit(const FeatureRow& row)
 {
     const QString unit = rowUnit(row);

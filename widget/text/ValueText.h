@@ -17,6 +17,9 @@ QString exactFloatText(double value);
 /// What the Value column shows, without the unit; empty for categories.
 QString valueText(const FeatureRow& row);
 
+/// What an editor starts with: the value with every digit, empty where there is none to show.
+QString editText(const FeatureRow& row);
+
 /// As valueText, with the unit behind it where there is one.
 QString valueWithUnit(const FeatureRow& row);
 
