@@ -18,17 +18,19 @@ namespace featurebrowser {
 /// The tree of features with its editors and description pane. It knows nothing of cameras: it
 /// shows what it is told and reports every user action to the receiver given when it was shown.
 ///
-/// Needs a QApplication; all calls on its thread. Names are byte-exact keys; texts are UTF-8 and
-/// shown as plain text. Unknown categories and names are tolerated: a feature of an unknown
-/// category stands at the top level, changes of unknown features do nothing.
+/// Needs a QApplication; all calls on the user-interface thread. Names are byte-exact keys; texts
+/// are UTF-8 and shown as plain text. Unknown categories and names are tolerated: a feature of an
+/// unknown category stands at the top level, changes of unknown features do nothing.
 ///
 /// A change made through these operations never comes back as an event.
 ///
 /// For automation, GetWidget() contains a QTreeView with the object name "featureTree". Its model
 /// names its roles (QAbstractItemModel::roleNames): "name" (QByteArray), "kind" (category, integer,
 /// float, string, enumeration, command, boolean, ipv4, mac, readonly-string), "value" (the shown
-/// text), "minimum", "maximum", "increment", "entries" (QStringList), "readOnly" (bool), "level"
-/// (int), "state" (int, FEATURE_STATE), "description" (last text of setItemDescription).
+/// text), "minimum", "maximum" (qlonglong or double, invalid for other kinds), "increment" (uint or
+/// double, likewise), "entries" (QStringList), "readOnly" (bool), "level" (int), "state" (int,
+/// FEATURE_STATE), "description" (last text of setItemDescription), "selectors" (names of the
+/// features that select this one, comma separated).
 ///
 /// The features that the user has pinned are the property "pinnedFeatures" of GetWidget()
 /// (QByteArrayList of names, in order, notified by pinnedFeaturesChanged): an application may store
@@ -42,40 +44,54 @@ public:
     /// Deletes the window, also when an application has embedded it.
     ~CameraFeatureBrowser();
 
+    /// Adds a category at the top level. One of that name is left as it is.
     void addCategory(std::string name, TYPE_LEVEL level);
+    /// Adds a category within `parent`, or at the top level where that is not known.
     void addSubCategory(std::string parent, std::string name, TYPE_LEVEL level);
-    /// In all add operations: `readOnly` blocks editing; `flag` says that there is a value to show;
-    /// `selectorText` names the features that select this one, comma separated.
+    /// Adds an integer. In all add operations: the feature is shown from `level` on; `readOnly`
+    /// blocks editing; `flag` is true when there is a value to show, otherwise the row shows an em
+    /// dash; `selector` is its role among selectors, and `selectorText` names the features that
+    /// select it, comma separated. The values that can be entered are `min` + k * `inc` up to
+    /// `max`; `inc` 0: all of them.
     void addIntFeature(std::string category, std::string name, long value, long min, long max,
         unsigned int inc, TYPE_LEVEL level, bool readOnly, bool flag, TYPE_SELECTOR selector,
         std::string selectorText);
+    /// Adds a floating-point number; `inc` 0: no grid. `slider` is the scale of its slider, which
+    /// both limits have to be finite for.
     void addDoubleFeature(std::string category, std::string name, double value, double min,
         double max, double inc, TYPE_LEVEL level, TYPE_SLIDER slider, bool readOnly, bool flag,
         TYPE_SELECTOR selector, std::string selectorText);
-    /// `maxLength` in bytes of UTF-8, 0 = no limit known.
+    /// Adds a text. `maxLength` in bytes of UTF-8, 0 = no limit known; `address` says what the text
+    /// stands for, and so how it is edited.
     void addStringFeature(std::string category, std::string name, std::string value,
         TYPE_LEVEL level, unsigned int maxLength, bool readOnly, bool flag, TYPE_ADDRESS address,
         TYPE_SELECTOR selector, std::string selectorText);
-    /// `index` counts from 0 in `entries`; one outside of it shows no entry.
+    /// Adds an enumeration, or with `isBoolean` a check box, whose `entries` are then the words for
+    /// false and true. `index` counts from 0 in `entries`; one outside of it shows no entry.
     void addEnumFeature(std::string category, std::string name, int index,
         std::list<std::string> entries, TYPE_LEVEL level, bool readOnly, bool isBoolean, bool flag,
         TYPE_SELECTOR selector, std::string selectorText);
-    /// `text` is the caption of the button.
+    /// Adds a command; `text` is the caption of its button.
     void addCommandFeature(std::string category, std::string name, std::string text,
         TYPE_LEVEL level, bool readOnly, bool flag, TYPE_SELECTOR selector,
         std::string selectorText);
 
+    /// Shows another value, limits and access of an integer; `flag` as in the add operations.
     void modifyFeature(std::string name, long value, long min, long max, unsigned int inc,
         bool readOnly, bool flag);
+    /// The same for a floating-point number.
     void modifyFeature(std::string name, double value, double min, double max, double inc,
         bool readOnly, bool flag);
-    /// Enumerations and booleans: `value` is the decimal index of the entry in `entries`.
+    /// The same for all other kinds; `kind` says what `value` is. Enumerations and booleans: the
+    /// decimal index of the entry in `entries`, which replace those shown. Texts and addresses: the
+    /// text. Commands: the caption. `entries` is empty for these.
     void modifyFeature(std::string name, std::string value, CAM_TYPE_VALUE kind,
         std::list<std::string> entries, bool readOnly, bool flag);
 
-    /// Sets the shown value back after the camera refused or moved an edit and shows `message` at
+    /// Sets the shown integer back after the camera refused or moved an edit and shows `message` at
     /// the row, without blocking.
     void setDefaultValue(std::string name, long value, std::string message);
+    /// The same for a floating-point number.
     void setDefaultValue(std::string name, double value, std::string message);
 
     /// Shows `text` in the description pane.
@@ -86,7 +102,7 @@ public:
 
     /// Number of steps of the sliders over their whole range.
     void setNumberOfSteps(int steps);
-    /// Shows features of this level and below.
+    /// Shows features of this level and below. The receiver does not hear of it.
     void setVisibility(TYPE_LEVEL level);
 
     /// Shows the browser as a non-modal dialog. `receiver` hears all user actions until another one
@@ -99,9 +115,11 @@ public:
         std::vector<int> columns, std::map<std::string, FEATURE_STATE> states);
     /// Shows the browser again and brings it to the front.
     void showDialog();
+    /// Hides the window; the receiver does not hear of it.
     void hideDialog();
     /// Closes the window; the receiver hears FeatureCloseDialog.
     void closeDialog();
+    /// Whether the window is shown, be it behind others.
     bool isVisible();
     /// The browser's window, for embedding; owned by this object. Embed it first and call
     /// showStandalone or showDialog then: they show it where it is and set the receiver. When the

@@ -49,7 +49,7 @@ enum FEATURE_STATE : int {
     FEATURE_AVAILABLE = 0,
     FEATURE_LOCKED = 1, ///< may not be written now, for example while the camera acquires
     FEATURE_NOT_AVAILABLE = 2, ///< exists, but not in the camera's present configuration
-    FEATURE_READ_FAILED = 3 ///< the last attempt to read it from the camera failed
+    FEATURE_READ_FAILED = 3 ///< could not be read from the camera when it was last tried
 };
 
 /// Status codes of the device's own checks, as the write operations of ICameraDevice return them.

@@ -21,8 +21,9 @@ public:
     ICameraDevice& operator=(const ICameraDevice&) = delete;
     virtual ~ICameraDevice() = default;
 
-    /// Writes an integer. `flag` is 1: check the value against the feature's present range and
-    /// increment first (ERROR_VALUE_OUT_OF_RANGE, ERROR_VALUE_NOT_ON_INCREMENT).
+    /// Writes an integer. `flag` 1: check the value against the feature's present range and
+    /// increment first (ERROR_VALUE_OUT_OF_RANGE, ERROR_VALUE_NOT_ON_INCREMENT). Any other `flag`:
+    /// leave that to the camera.
     virtual int SetIntegerValue(const char* name, long value, int flag) = 0;
     /// Reads an integer from the camera into `*value`.
     virtual int GetIntegerValue(const char* name, long* value) = 0;
@@ -35,11 +36,12 @@ public:
     /// Chooses an entry of an enumeration by its name; `index` is its place in
     /// FeatureItem::enumEntries.
     virtual int SetEnumValue(const char* name, const char* entry, int index) = 0;
-    /// Writes a boolean: `value` is 0 or 1.
+    /// Writes a boolean: 0 is false, any other `value` true.
     virtual int SetBooleanValue(const char* name, int value) = 0;
     /// Reads a boolean from the camera into `*value`.
     virtual int GetBooleanValue(const char* name, bool* value) = 0;
-    /// Runs a command. `flag` is 1: wait, for a bounded time, until the camera says it is done.
+    /// Runs a command. `flag` 1: wait, for a bounded time, until the camera says it is done. Any
+    /// other `flag`: return when the camera has taken it.
     virtual int ExecuteCommand(const char* name, int flag) = 0;
     /// Describes an error code. Both buffers hold errorTextSize bytes and are filled with
     /// NUL-terminated text: `errorName` with the code's short name, `errorText` with a sentence for

@@ -17,7 +17,8 @@ enum class CameraAccess {
     ReadOnly ///< read only; leaves the control to other applications
 };
 
-/// One open camera. Closed by its destructor. One thread at a time.
+/// One open camera. Closed by its destructor, which waits for a camera that still answers at most
+/// a second. One thread at a time.
 class ZQ_EXPORT ZQCamera {
 public:
     class Impl;
@@ -67,7 +68,7 @@ public:
     /// a second when nothing is.
     bool isLost() const;
     /// Tries once to find a lost camera again: takes its control back, else opens it anew. Waits at
-    /// most 1.2 s; an attempt that lasts longer goes on behind, and the next call tells how it
+    /// most 1.2 s; a search that lasts longer goes on behind, and the next call tells how it
     /// ended. True when the camera is there; what the repository holds is then to be loaded again.
     /// An acquisition that was running is ended.
     ///
@@ -83,7 +84,7 @@ public:
     /// Whether this session cannot write.
     bool isReadOnly() const;
 
-    /// The library's own side of the camera.
+    /// The library's own side of the camera; valid as long as this.
     Impl& impl();
 
 private:
@@ -114,7 +115,7 @@ public:
     /// Searches the given interfaces, all when none is given, for about a second: sends a broadcast
     /// on every network for "GigEVision". Unknown names are ignored. Any thread, one at a time.
     std::vector<CameraInfo> discover(const std::vector<std::string>& interfaces = {});
-    /// What the last discover() has found.
+    /// What the last discover() has found. The list is valid until the next discover().
     const std::vector<CameraInfo>& cameras() const;
 
 private:

@@ -39,11 +39,12 @@ public:
     /// loaded, and its states say FEATURE_READ_FAILED for every feature. A feature that alone
     /// cannot be read keeps the value that was known before, and its state says so too.
     virtual int Load();
-    /// Forgets all records and states.
+    /// Forgets all records and states. What was known is compared with, and marked where it cannot
+    /// be read, at the next Load.
     virtual void Clear();
     /// Recomputes the states of all features; returns 0 or a device error code.
     virtual int UpdateFeatureStates();
-    /// The record of that name, null when there is none. Constant time.
+    /// The record of that name, null when there is none or nothing is loaded. Constant time.
     virtual std::shared_ptr<FeatureItem> GetFeature(std::string name);
     /// Brings a record up to date from the camera: value, limits, access, entries, state. On false
     /// some access failed; the record keeps its value and its state becomes FEATURE_READ_FAILED.
@@ -57,7 +58,9 @@ public:
     /// tree order.
     virtual std::list<std::shared_ptr<FeatureItem>> GetSelectedFeatures(std::string name);
     /// All records in tree order: a category stands before its members and sub-categories; each
-    /// name once. Valid until the next Load or Clear.
+    /// name once. The list is valid as long as the repository; Load and Clear, and another camera
+    /// after a reconnection, replace its content. Records that are kept stay valid, but are not
+    /// brought up to date any more.
     virtual std::list<std::shared_ptr<FeatureItem>>& GetFeatureList();
     /// Reads beside the caller: when it is done, the next Load() takes what was read and does not
     /// wait; what was loaded stays until then. `onlyOutstanding`: reads, and has the next Load()

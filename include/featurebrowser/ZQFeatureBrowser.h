@@ -41,17 +41,22 @@ public:
     ZQFeatureBrowser(ICameraDevice* device, IEventFeatureReceiver* receiver);
     ZQFeatureBrowser(const ZQFeatureBrowser&) = delete;
     ZQFeatureBrowser& operator=(const ZQFeatureBrowser&) = delete;
+    /// Closes the window without a word to the receiver, and the device where it is its own.
     ~ZQFeatureBrowser();
 
-    /// Shows the browser as a dialog of that size (device-independent pixels), with those column
-    /// widths, at that visibility level. 0 or an empty list leave the size to the widget. When it
-    /// is visible already it is only brought to the front.
+    /// Shows the browser as a dialog at that visibility level. `a` and `b` are the window's width
+    /// and height, `columns` the widths of its columns from the left, all in device-independent
+    /// pixels: 0, negative or empty leave the choice to the widget. What
+    /// IEventFeatureReceiver::FeatureCloseDialog and ItemColumnResized tell fits in here. When the
+    /// browser is visible already it is only brought to the front.
     void ShowDialog(int a, int b, std::vector<int> columns, TYPE_LEVEL level);
     /// As ShowDialog, as a window of its own; does nothing when the browser is visible already.
     void ShowStandalone(int a, int b, std::vector<int> columns, TYPE_LEVEL level);
     /// Shows the dialog as it was last.
     void Show();
+    /// Hides the window. Nothing is forgotten, and the receiver does not hear of it.
     void Hide();
+    /// Closes the window where it is visible; the receiver hears FeatureCloseDialog.
     void CloseDialog();
 
     /// Empties the widget and the repository. Only LoadFeatureBrowser brings the tree back.
@@ -67,9 +72,10 @@ public:
     /// LoadFeatureBrowser.
     int ReloadFeatureBrowser();
 
-    /// The browser's window, for embedding in an application's own; owned by the browser.
+    /// The browser's window, for embedding in an application's own; owned by the browser, which
+    /// takes notice when the application's window has deleted it.
     QWidget* GetWidget();
-    /// The camera's features; owned by the device.
+    /// The camera's features; owned by the device, and valid as long as that.
     ZQCameraRepository* GetCameraRepository();
 
 private:
