@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Installs into a staging prefix and builds a small consumer against it with CMake and with
-# pkg-config. Arguments: build directory, source directory of this folder, C++ compiler, flags of
-# that build.
+# Installs into a staging prefix and builds consumers against it with CMake and with pkg-config: the
+# examples of README as they stand, and a program that shows that it works. Arguments: build
+# directory, source directory of this folder, C++ compiler, flags of that build.
 set -euo pipefail
 build=$1 source=$2 compiler=$3 flags=$4
 stage=$(mktemp -d)
@@ -13,11 +13,28 @@ mv "$stage/first" "$stage/prefix"
 export QT_QPA_PLATFORM=offscreen
 export ASAN_OPTIONS=detect_leaks=0 # Qt's off-screen platform leaks its screen
 
+example() { # language, number: that block of README
+  awk -v fence="\`\`\`$1" -v wanted="$2" '
+    $0 == fence { inside = ++count == wanted; next }
+    $0 == "```" { inside = 0 }
+    inside' "$source/../../README.md"
+}
+mkdir "$stage/readme"
+example cmake 1 >"$stage/readme/application.cmake"
+example cpp 1 >"$stage/readme/application.cpp"
+{
+  echo '#include <featurebrowser/ZQCamera.h>'
+  echo 'void open();'
+  echo 'void open() {'
+  example cpp 2
+  echo '}'
+} >"$stage/readme/opening.cpp"
+
 cmake -G Ninja -S "$source/consumer" -B "$stage/consumer" -DCMAKE_PREFIX_PATH="$stage/prefix" \
-  -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" >/dev/null
+  -DREADME="$stage/readme" -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" >/dev/null
 cmake --build "$stage/consumer" >/dev/null
 "$stage/consumer/consumer"
-echo "find_package(ZQFeatureBrowser): built and ran"
+echo "find_package(ZQFeatureBrowser): built and ran; README's examples: built"
 
 libdir=$(dirname "$(find "$stage/prefix" -name libZQFeatureBrowser.so)")
 export PKG_CONFIG_PATH=$libdir/pkgconfig
