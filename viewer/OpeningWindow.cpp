@@ -56,29 +56,26 @@ void OpeningWindow::start()
     m_heading->setText(tr("Opening camera %1").arg(m_id));
     m_reason->hide();
     m_choice->hide();
-    m_tasks->run(ZQCamera::OpenBeside(m_id.toStdString(), m_access),
-        CameraTaskBar::Appearance::AtOnce, [this](Task& task, Task::State state) {
-            if (state == Task::State::Cancelled) {
-                reject();
-            } else if (state == Task::State::Failed) {
-                fail(QString::fromStdString(task.error()));
-            } else {
-                read(static_cast<ZQCameraOpening&>(task).takeCamera());
-            }
-        });
+    run(ZQCamera::OpenBeside(m_id.toStdString(), m_access),
+        [this](Task& task) { read(static_cast<ZQCameraOpening&>(task).takeCamera()); });
 }
 
 void OpeningWindow::read(std::unique_ptr<ZQCamera> camera)
 {
     m_camera = std::make_unique<OpenedCamera>(std::move(camera));
-    m_tasks->run(m_camera->repository().ReadAhead(), CameraTaskBar::Appearance::AtOnce,
-        [this](Task& task, Task::State state) {
+    run(m_camera->repository().ReadAhead(), [this](Task&) { load(); });
+}
+
+void OpeningWindow::run(std::unique_ptr<Task> task, const std::function<void(Task&)>& done)
+{
+    m_tasks->run(std::move(task), CameraTaskBar::Appearance::AtOnce,
+        [this, done](Task& ended, Task::State state) {
             if (state == Task::State::Cancelled) {
                 reject();
             } else if (state == Task::State::Failed) {
-                fail(QString::fromStdString(task.error()));
+                fail(QString::fromStdString(ended.error()));
             } else {
-                load();
+                done(ended);
             }
         });
 }

@@ -2,8 +2,11 @@
 
 #include "OpenedCamera.h"
 
+#include "featurebrowser/ZQCameraTask.h"
+
 #include <QDialog>
 
+#include <functional>
 #include <memory>
 
 class QLabel;
@@ -30,6 +33,9 @@ public:
 
 private:
     void read(std::unique_ptr<zqcameralib::ZQCamera> camera);
+    /// Runs a task and what follows when it is done; else the user is told or has given up.
+    void run(std::unique_ptr<zqcameralib::ZQCameraTask> task,
+        const std::function<void(zqcameralib::ZQCameraTask&)>& done);
     void load();
     void fail(const QString& reason);
 

@@ -31,6 +31,15 @@ ChoiceEditor::ChoiceEditor(const FeatureRow& row, QWidget* parent)
         touch();
         leave(Leave::Accept);
     });
+    // Opens when the editor stands at its place.
+    connect(
+        this, &ChoiceEditor::shown, m_box,
+        [this] {
+            if (m_box->isVisible()) {
+                m_box->showPopup();
+            }
+        },
+        Qt::QueuedConnection);
     // Hidden before the box tells of the choice, so this waits for it.
     connect(
         m_box, &ChoiceBox::popupHidden, this, [this] { leave(Leave::Revert); },
@@ -54,12 +63,7 @@ void ChoiceEditor::showValue(const FeatureRow& row)
 void ChoiceEditor::showEvent(QShowEvent* event)
 {
     RowEditor::showEvent(event);
-    const auto open = [this] {
-        if (m_box->isVisible()) {
-            m_box->showPopup();
-        }
-    };
-    QMetaObject::invokeMethod(m_box, open, Qt::QueuedConnection); // then it stands at its place
+    Q_EMIT shown();
 }
 
 std::optional<EditValue> ChoiceEditor::value(QString&) const

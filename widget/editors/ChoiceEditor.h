@@ -30,6 +30,9 @@ public:
     ChoiceEditor(const FeatureRow& row, QWidget* parent);
     std::optional<EditValue> value(QString& problem) const override;
 
+Q_SIGNALS:
+    void shown();
+
 protected:
     void showLimits(const FeatureRow& row) override;
     void showValue(const FeatureRow& row) override;

@@ -20,6 +20,7 @@ class ValueWriter : public QObject {
     Q_OBJECT
 
 public:
+    /// `model` and `events` are not owned and have to outlive the writer.
     ValueWriter(FeatureModel& model, EventPort& events, QObject* parent);
 
     /// Shows the value as entered and raises its event.

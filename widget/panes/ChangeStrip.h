@@ -14,6 +14,7 @@ class ChangeStrip : public QWidget {
     Q_OBJECT
 
 public:
+    /// `model` is not owned and has to outlive the strip.
     ChangeStrip(FeatureModel* model, QWidget* parent);
 
     void showResult(const WriteResult& result);

@@ -19,7 +19,7 @@ class PinStrip : public QWidget {
     Q_OBJECT
 
 public:
-    /// `model` is not owned.
+    /// `model` is not owned and has to outlive the strip.
     PinStrip(FeatureModel* model, QWidget* parent);
 
     bool isPinned(const std::string& name) const { return find(name) != m_pins.end(); }

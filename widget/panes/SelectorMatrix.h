@@ -16,6 +16,8 @@ class SelectorMatrix : public QDialog {
     Q_OBJECT
 
 public:
+    /// `model` and `writer` are not owned and have to outlive the dialog, which deletes itself when
+    /// it is closed.
     SelectorMatrix(
         FeatureModel* model, ValueWriter* writer, const std::string& selector, QWidget* parent);
 

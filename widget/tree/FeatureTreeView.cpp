@@ -36,6 +36,13 @@ FeatureTreeView::FeatureTreeView(FeatureModel* model, ValueWriter* writer, QWidg
     connect(m_delegate, &FeatureDelegate::neighbourWanted, this, &FeatureTreeView::editNeighbour);
     connect(m_marks, &ChangeMarks::strengthChanged, this,
         [this](const FeatureRow* row) { updateRow(*row); });
+    connect(
+        this, &FeatureTreeView::scrollWanted, this,
+        [this](int place) {
+            doItemsLayout();
+            verticalScrollBar()->setValue(place);
+        },
+        Qt::QueuedConnection);
     header()->setSectionsMovable(false);
     header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 6);
 }
@@ -111,13 +118,7 @@ void FeatureTreeView::collapseOthers(const std::string& name)
 
 void FeatureTreeView::scrollLater(int place)
 {
-    QMetaObject::invokeMethod(
-        this,
-        [this, place] {
-            doItemsLayout();
-            verticalScrollBar()->setValue(place);
-        },
-        Qt::QueuedConnection);
+    Q_EMIT scrollWanted(place);
 }
 
 void FeatureTreeView::focusFirstHit()

@@ -21,6 +21,7 @@ class FeatureTreeView : public QTreeView {
     Q_OBJECT
 
 public:
+    /// `model` and `writer` are not owned and have to outlive the view.
     FeatureTreeView(FeatureModel* model, ValueWriter* writer, QWidget* parent);
 
     FeatureModel& features() const { return *m_features; }
@@ -54,6 +55,7 @@ public:
         const QVector<int>& roles = {}) override;
 
 Q_SIGNALS:
+    void scrollWanted(int place);
     /// Another row became current through the user; null = none.
     void currentRowChanged(featurebrowser::FeatureRow* row);
     /// Escape, where it has nothing else to end.

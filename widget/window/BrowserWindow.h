@@ -20,7 +20,9 @@ class PinStrip;
 class ValueWriter;
 struct WriteResult;
 
-/// The browser's window, or a part of an application's window once that has embedded it.
+/// The browser's window, or a part of an application's window once that has embedded it. It joins
+/// the rooms: the panes and the tree know the model and the way out, but not each other. Like all
+/// of the widget it lives on the application's thread; it owns everything that it is made of.
 class BrowserWindow : public QWidget {
     Q_OBJECT
     /// Names of the pinned features, in order: an application may store them and set them again.

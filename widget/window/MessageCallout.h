@@ -16,6 +16,7 @@ class MessageCallout : public QFrame {
     Q_OBJECT
 
 public:
+    /// A child of the tree's viewport.
     explicit MessageCallout(FeatureTreeView* tree);
 
     /// Shows the row's message; a row without one hides the callout.

@@ -23,7 +23,7 @@ private:
     std::string m_current;
     std::string m_description; ///< of the current row
     int m_currentColumn = 0;
-    int m_scroll = 0;
+    int m_scroll = 0; ///< pixels
 };
 
 } // namespace featurebrowser
