@@ -9,7 +9,9 @@
 #include <netinet/in.h>
 
 #include <algorithm>
+#include <memory>
 #include <mutex>
+#include <optional>
 
 namespace zqcameralib {
 
@@ -26,10 +28,22 @@ std::vector<CameraInfo>& lastFound()
     return found;
 }
 
-bool isIpv4(const std::string& text)
+struct FreeInterfaces {
+    void operator()(ifaddrs* all) const { freeifaddrs(all); }
+};
+
+std::unique_ptr<ifaddrs, FreeInterfaces> networkInterfaces()
+{
+    ifaddrs* all = nullptr;
+    return std::unique_ptr<ifaddrs, FreeInterfaces>(getifaddrs(&all) == 0 ? all : nullptr);
+}
+
+/// In network byte order; nothing when the text is no IPv4 address.
+std::optional<in_addr_t> parseIpv4(const std::string& text)
 {
     in_addr address {};
-    return inet_pton(AF_INET, text.c_str(), &address) == 1;
+    return inet_pton(AF_INET, text.c_str(), &address) == 1 ? std::optional(address.s_addr)
+                                                           : std::nullopt;
 }
 
 in_addr_t addressOf(const sockaddr* address)
@@ -37,25 +51,26 @@ in_addr_t addressOf(const sockaddr* address)
     return reinterpret_cast<const sockaddr_in*>(address)->sin_addr.s_addr;
 }
 
+bool leadsTo(const ifaddrs& interface, in_addr_t address)
+{
+    if (interface.ifa_addr == nullptr || interface.ifa_netmask == nullptr
+        || interface.ifa_addr->sa_family != AF_INET || (interface.ifa_flags & IFF_UP) == 0) {
+        return false;
+    }
+    const in_addr_t mask = addressOf(interface.ifa_netmask);
+    return (addressOf(interface.ifa_addr) & mask) == (address & mask);
+}
+
 /// Whether an interface of this computer is part of the network of `address`.
 bool isReachable(const std::string& address)
 {
-    in_addr device {};
-    ifaddrs* all = nullptr;
-    if (inet_pton(AF_INET, address.c_str(), &device) != 1 || getifaddrs(&all) != 0) {
-        return false;
+    const std::optional<in_addr_t> camera = parseIpv4(address);
+    const auto all = networkInterfaces();
+    bool leads = false;
+    for (const ifaddrs* at = all.get(); at != nullptr && camera && !leads; at = at->ifa_next) {
+        leads = leadsTo(*at, *camera);
     }
-    bool reachable = false;
-    for (const ifaddrs* at = all; at != nullptr && !reachable; at = at->ifa_next) {
-        if (at->ifa_addr == nullptr || at->ifa_netmask == nullptr
-            || at->ifa_addr->sa_family != AF_INET || (at->ifa_flags & IFF_UP) == 0) {
-            continue;
-        }
-        const in_addr_t mask = addressOf(at->ifa_netmask);
-        reachable = (addressOf(at->ifa_addr) & mask) == (device.s_addr & mask);
-    }
-    freeifaddrs(all);
-    return reachable;
+    return leads;
 }
 
 std::string textOf(const char* text)
@@ -121,7 +136,7 @@ std::vector<CameraInfo> discoverCameras(const std::vector<std::string>& interfac
 
 bool findCamera(const std::string& id, CameraPlace& place, std::string& error)
 {
-    if (isIpv4(id)) {
+    if (parseIpv4(id)) {
         place = { "GigEVision", id };
         return true;
     }
