@@ -47,7 +47,7 @@ DependencyGraph::DependencyGraph(const Description& description)
 void DependencyGraph::addReferences(std::size_t node)
 {
     for (const Reference& reference : m_description.node(node).references) {
-        if (reference.isResolved() && isDependency(reference.tag)) {
+        if (reference.isResolved() && !isOnlyNaming(reference.tag)) {
             addReference(node, reference);
         }
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "description/TermSet.h"
+
 #include <cstdint>
 #include <string_view>
 
@@ -34,24 +36,31 @@ enum class NodeKind : std::uint8_t {
 /// The kind of an element of that name.
 NodeKind nodeKind(std::string_view name);
 
-/// Whether it can stand where a number is needed.
-bool hasNumber(NodeKind kind);
-bool hasText(NodeKind kind);
-/// Whether it has a value of any type, or is a command: it can be a feature then.
-bool hasValue(NodeKind kind);
-/// Whether its value is kept in the camera, whole or as some bits.
-bool isRegister(NodeKind kind);
-/// Whether it is an integer in a register, or in some bits of one.
-bool isIntegerRegister(NodeKind kind);
+using NodeKinds = TermSet<NodeKind>;
+
 /// Whether its value is some bits of a register.
-bool isBitField(NodeKind kind);
+inline constexpr NodeKinds isBitField { NodeKind::MaskedIntReg, NodeKind::StructEntry };
+/// Whether it is an integer in a register, or in some bits of one.
+inline constexpr NodeKinds isIntegerRegister = isBitField | NodeKinds { NodeKind::IntReg };
 /// Whether it is a register of many bytes, whose length the camera may tell.
-bool isByteRegister(NodeKind kind);
+inline constexpr NodeKinds isByteRegister { NodeKind::StringReg, NodeKind::Register };
+/// Whether its value is kept in the camera, whole or as some bits.
+inline constexpr NodeKinds isRegister
+    = isIntegerRegister | isByteRegister | NodeKinds { NodeKind::FloatReg };
 /// Whether its value is only calculated.
-bool isFormula(NodeKind kind);
+inline constexpr NodeKinds isFormula { NodeKind::IntSwissKnife, NodeKind::SwissKnife };
 /// Whether values are calculated on their way through it.
-bool isConverter(NodeKind kind);
+inline constexpr NodeKinds isConverter { NodeKind::IntConverter, NodeKind::Converter };
+/// Whether it can stand where a number is needed.
+inline constexpr NodeKinds hasNumber = isIntegerRegister | isFormula | isConverter
+    | NodeKinds { NodeKind::Integer, NodeKind::Float, NodeKind::FloatReg, NodeKind::Boolean,
+          NodeKind::Enumeration };
+inline constexpr NodeKinds hasText { NodeKind::String, NodeKind::StringReg };
+/// Whether it has a value of any type, or is a command: it can be a feature then.
+inline constexpr NodeKinds hasValue
+    = hasNumber | hasText | NodeKinds { NodeKind::Register, NodeKind::Command };
 /// Whether what it holds counts as standing beside it.
-bool isContainer(NodeKind kind);
+inline constexpr NodeKinds isContainer { NodeKind::StructReg, NodeKind::Group,
+    NodeKind::RegisterDescription };
 
 } // namespace zqcameralib

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "description/TermSet.h"
+
 #include <cstdint>
 #include <string_view>
 
@@ -35,31 +37,42 @@ enum class ReferenceTag : std::uint8_t {
 };
 
 /// The tag of an element of that name: Value for "pValue".
-ReferenceTag referenceTag(std::string_view name);
+ReferenceTag referenceTag(std::string_view element);
 
-/// Whether it is followed when the value of the node that makes it is evaluated.
-bool isValueReference(ReferenceTag tag);
-/// Whether it is followed whenever the value is read: of indexed values only one is, and none of a
-/// command.
-bool isAlwaysRead(ReferenceTag tag);
+using ReferenceTags = TermSet<ReferenceTag>;
+
 /// Whether the value comes from there, directly or through a formula.
-bool isValueSource(ReferenceTag tag);
+inline constexpr ReferenceTags isValueSource { ReferenceTag::Value, ReferenceTag::Variable };
+/// Whether it is followed whenever the value is read.
+inline constexpr ReferenceTags isAlwaysRead = isValueSource
+    | ReferenceTags { ReferenceTag::Address, ReferenceTag::Index, ReferenceTag::Offset,
+          ReferenceTag::Length };
+/// Whether it is followed when the value is evaluated: beside what is always read one of the
+/// indexed values, and what a command writes.
+inline constexpr ReferenceTags isValueReference = isAlwaysRead
+    | ReferenceTags { ReferenceTag::ValueIndexed, ReferenceTag::ValueDefault,
+          ReferenceTag::CommandValue };
 /// Whether a value written to the node goes there.
-bool passesWriteOn(ReferenceTag tag);
-bool isLimit(ReferenceTag tag);
+inline constexpr ReferenceTags passesWriteOn { ReferenceTag::Value, ReferenceTag::ValueCopy,
+    ReferenceTag::ValueIndexed, ReferenceTag::ValueDefault };
+inline constexpr ReferenceTags isLimit { ReferenceTag::Min, ReferenceTag::Max, ReferenceTag::Inc };
 /// Whether it decides if the node is implemented, available or locked.
-bool isCondition(ReferenceTag tag);
-/// Whether the node map follows it: values, limits, conditions and ports.
-bool isEvaluated(ReferenceTag tag);
+inline constexpr ReferenceTags isCondition { ReferenceTag::IsImplemented, ReferenceTag::IsAvailable,
+    ReferenceTag::IsLocked };
+/// Whether the node map follows it.
+inline constexpr ReferenceTags isEvaluated
+    = isValueReference | isLimit | isCondition | ReferenceTags { ReferenceTag::Port };
 /// Whether several of them in one node have a meaning.
-bool isRepeatable(ReferenceTag tag);
-/// Whether the node can change, as a value or in its limits and conditions, when the other does.
-bool isDependency(ReferenceTag tag);
+inline constexpr ReferenceTags isRepeatable { ReferenceTag::ValueIndexed, ReferenceTag::Address,
+    ReferenceTag::Index, ReferenceTag::Variable };
+/// Whether it says nothing about values: the node does not change when the other does.
+inline constexpr ReferenceTags isOnlyNaming { ReferenceTag::Port, ReferenceTag::Feature,
+    ReferenceTag::Alias, ReferenceTag::CastAlias, ReferenceTag::Error, ReferenceTag::Terminal };
 
 /// For walks that follow the references of one tag.
-inline auto only(ReferenceTag followed)
+constexpr ReferenceTags only(ReferenceTag tag)
 {
-    return [followed](ReferenceTag tag) { return tag == followed; };
+    return { tag };
 }
 
 } // namespace zqcameralib

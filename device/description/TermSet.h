@@ -2,42 +2,53 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <initializer_list>
 #include <string_view>
 
 namespace zqcameralib {
 
-/// The words of an enumeration as descriptions write them, and what is true of each, as bits. In
-/// the enumeration's order; its last value stands for any other word.
-template <typename Term, std::size_t count> struct TermTable {
-    struct Row {
-        Term term;
-        std::string_view word;
-        unsigned traits;
-    };
-    std::array<Row, count> rows;
-
-    constexpr bool isInOrder(Term last) const
+/// A set of terms, values of an enumeration below 64; asked like a function whether one is in it.
+template <typename Term> class TermSet {
+public:
+    constexpr TermSet(std::initializer_list<Term> terms)
     {
-        for (std::size_t i = 0; i < count; ++i) {
-            if (static_cast<std::size_t>(rows[i].term) != i) {
-                return false;
-            }
+        for (const Term term : terms) {
+            m_bits |= bit(term);
         }
-        return static_cast<std::size_t>(last) + 1 == count;
     }
 
-    Term find(std::string_view word) const
+    constexpr bool operator()(Term term) const { return (m_bits & bit(term)) != 0; }
+
+    /// All that is in the one, in the other, or in both.
+    constexpr TermSet operator|(TermSet other) const
     {
-        const auto* const found = std::find_if(
-            rows.begin(), rows.end(), [word](const Row& row) { return row.word == word; });
-        return found == rows.end() ? rows.back().term : found->term;
+        other.m_bits |= m_bits;
+        return other;
     }
 
-    /// Whether one of the traits is true of the term.
-    bool hasAny(Term term, unsigned traits) const
+private:
+    static constexpr std::uint64_t bit(Term term)
     {
-        return (rows[static_cast<std::size_t>(term)].traits & traits) != 0;
+        return std::uint64_t(1) << static_cast<unsigned>(term);
     }
+
+    std::uint64_t m_bits = 0;
 };
+
+/// A term and how descriptions write it.
+template <typename Term> struct Word {
+    Term term;
+    std::string_view text;
+};
+
+/// The term of a text, or `other` when it is none of the words.
+template <typename Term, std::size_t count>
+Term termOf(const std::array<Word<Term>, count>& words, std::string_view text, Term other)
+{
+    const auto* const found = std::find_if(
+        words.begin(), words.end(), [text](const Word<Term>& word) { return word.text == text; });
+    return found == words.end() ? other : found->term;
+}
 
 } // namespace zqcameralib
