@@ -51,6 +51,13 @@ def check_folder(folder):
                 complaints.append(f"{place}: {folder} may not include {target}")
 
 
+def check_declarations(file):
+    text = file.read_text()
+    for name in re.findall(r"^(?:class|struct) (\w+);$", text, re.MULTILINE):
+        if len(re.findall(rf"\b{name}\b", text)) == 1:
+            complaints.append(f"{file.relative_to(root)}: declares {name}, which it does not use")
+
+
 def room_of(folder, file):
     parts = file.relative_to(root / folder).parts
     return parts[0] if len(parts) > 1 else None
@@ -87,6 +94,8 @@ def circle(file, folder, above, done):
 
 for folder in FORBIDDEN:
     check_folder(folder)
+    for file in sources(folder):
+        check_declarations(file)
 for folder, rooms in ROOMS.items():
     for file in sources(folder):
         check_room(folder, rooms, file)
