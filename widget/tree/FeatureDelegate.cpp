@@ -26,7 +26,7 @@ void FeatureDelegate::paint(
     const FeatureRow& row = *FeatureModel::row(index);
     const QString context
         = index.column() == NameColumn ? selectorContext(m_model, row) : QString();
-    const RowSurroundings around { context, m_wanted, m_marks.strength(&row) };
+    const RowSurroundings around { context, m_filterText, m_marks.strength(&row) };
     RowPainter(*painter, cell, row, around).paint(index.column());
 }
 

@@ -21,7 +21,7 @@ public:
         FeatureModel& model, ValueWriter& writer, const ChangeMarks& marks, QObject* parent);
 
     /// The text whose matches are marked in the rows.
-    void setWanted(const QString& text) { m_wanted = text; }
+    void setFilterText(const QString& text) { m_filterText = text; }
     void setSliderSteps(int steps) { m_sliderSteps = steps; }
     /// The open editor; null when there is none.
     RowEditor* editor() const { return m_editor.data(); }
@@ -58,7 +58,7 @@ private:
     FeatureModel& m_model;
     ValueWriter& m_writer;
     const ChangeMarks& m_marks;
-    QString m_wanted;
+    QString m_filterText;
     mutable QPointer<RowEditor> m_editor;
     int m_sliderSteps = 1000;
 };

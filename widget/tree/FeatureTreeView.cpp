@@ -50,7 +50,7 @@ FeatureTreeView::FeatureTreeView(FeatureModel* model, ValueWriter* writer, QWidg
 void FeatureTreeView::setFilter(const RowFilter& filter)
 {
     m_filter = filter;
-    m_delegate->setWanted(filter.text());
+    m_delegate->setFilterText(filter.text());
     applyFilter();
     viewport()->update(); // the same rows may show longer hits
     if (filter.text().isEmpty()) {
@@ -253,7 +253,7 @@ void FeatureTreeView::resizeEvent(QResizeEvent* event)
 void FeatureTreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTreeView::currentChanged(current, previous);
-    if (!m_quiet && current.internalPointer() != previous.internalPointer()) {
+    if (!m_isQuiet && current.internalPointer() != previous.internalPointer()) {
         Q_EMIT currentRowChanged(current.isValid() ? FeatureModel::row(current) : nullptr);
     }
 }

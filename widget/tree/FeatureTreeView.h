@@ -91,7 +91,7 @@ private:
     ChangeMarks* m_marks;
     FeatureDelegate* m_delegate;
     QPersistentModelIndex m_pressed; ///< where the mouse button went down
-    bool m_quiet = false; ///< a row becomes current without the user
+    bool m_isQuiet = false; ///< a row becomes current without the user
     RowFilter m_filter;
     FilterHits m_hits;
     std::unordered_set<std::string> m_openedForHits; ///< categories that were closed before

@@ -72,7 +72,7 @@ void FeatureTreeView::keyPressEvent(QKeyEvent* event)
 // With the focus the first row becomes current: nobody has selected it.
 void FeatureTreeView::focusInEvent(QFocusEvent* event)
 {
-    const QScopedValueRollback<bool> quiet(m_quiet, true);
+    const QScopedValueRollback<bool> quiet(m_isQuiet, true);
     QTreeView::focusInEvent(event);
 }
 

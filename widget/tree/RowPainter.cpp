@@ -124,7 +124,7 @@ void RowPainter::paintText(const QString& text, const QColor& color)
 
 void RowPainter::paintMatches(const QString& text)
 {
-    const QString& wanted = m_around.wanted;
+    const QString& wanted = m_around.filterText;
     if (wanted.isEmpty() || m_option.state.testFlag(QStyle::State_Selected)) {
         return;
     }

@@ -22,7 +22,7 @@ namespace featurebrowser {
 
 BrowserWindow::~BrowserWindow()
 {
-    m_ownChange = true;
+    m_isOwnChange = true;
     m_events.setReceiver(nullptr);
 }
 
@@ -108,7 +108,7 @@ void BrowserWindow::rowSelected(FeatureRow* row)
     if (row != nullptr && row->hasMessage()) {
         m_callout->showRow(row); // else one that stands at another row stays to be read
     }
-    if (row == nullptr || m_ownChange) {
+    if (row == nullptr || m_isOwnChange) {
         return;
     }
     const std::string name = row->name;
@@ -119,7 +119,7 @@ void BrowserWindow::columnResized(int column, int width)
 {
     const QHeaderView* header = m_tree->header();
     const bool follows = header->stretchLastSection() && column == header->count() - 1;
-    if (m_ownChange || follows) {
+    if (m_isOwnChange || follows) {
         return;
     }
     m_events.raise(
@@ -128,13 +128,13 @@ void BrowserWindow::columnResized(int column, int width)
 
 void BrowserWindow::rowsAdded(const QModelIndex& parent, int first, int)
 {
-    const QScopedValueRollback<bool> own(m_ownChange, true);
+    const QScopedValueRollback<bool> own(m_isOwnChange, true);
     m_memory.restore(*m_tree, *FeatureModel::row(m_model->index(first, 0, parent)));
 }
 
 void BrowserWindow::clear()
 {
-    const QScopedValueRollback<bool> own(m_ownChange, true);
+    const QScopedValueRollback<bool> own(m_isOwnChange, true);
     m_memory.store(*m_tree);
     m_model->clear();
     m_description->showRow(nullptr);
@@ -193,7 +193,7 @@ void BrowserWindow::present(Qt::WindowType type)
 
 void BrowserWindow::applySizes(int width, int height, const std::vector<int>& columns)
 {
-    const QScopedValueRollback<bool> own(m_ownChange, true);
+    const QScopedValueRollback<bool> own(m_isOwnChange, true);
     resize(width > 0 ? width : size().width(), height > 0 ? height : size().height());
     QHeaderView* header = m_tree->header();
     const int count = std::min(header->count(), static_cast<int>(columns.size()));

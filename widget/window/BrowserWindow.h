@@ -86,7 +86,7 @@ private:
     ChangeStrip* m_changes = nullptr;
     DescriptionPane* m_description = nullptr;
     TreeMemory m_memory;
-    bool m_ownChange = false; ///< selection and columns change by program, not by the user
+    bool m_isOwnChange = false; ///< selection and columns change by program, not by the user
     std::unique_ptr<FeatureTreeView> m_tree; ///< ends before the model, whose rows it points at
 };
 
