@@ -3,8 +3,8 @@
 #include "base/LibraryLock.h"
 #include "base/StatusCodes.h"
 #include "session/DeviceErrors.h"
-#include "session/GigeProbe.h"
-#include "session/SourceFilter.h"
+#include "network/GigeProbe.h"
+#include "network/SourceFilter.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>

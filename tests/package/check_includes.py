@@ -20,7 +20,7 @@ FORBIDDEN = {
 # From the ground up: a room may include those before it. docs/architecture.md draws them.
 ROOMS = {
     "device": [
-        "base", "frames", "registers", "description", "validation", "nodemap", "features",
+        "base", "network", "frames", "registers", "description", "validation", "nodemap", "features",
         "memory", "simulation", "session", "stream", "link", "camera", "operations",
         "acquisition", "opening",
     ],

@@ -1,4 +1,4 @@
-#include "session/SourceFilter.h"
+#include "network/SourceFilter.h"
 
 #include <arpa/inet.h>
 #include <linux/filter.h>

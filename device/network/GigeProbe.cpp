@@ -1,4 +1,4 @@
-#include "session/GigeProbe.h"
+#include "network/GigeProbe.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
