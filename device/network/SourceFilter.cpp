@@ -1,13 +1,13 @@
 #include "network/SourceFilter.h"
 
+#include "network/OwnSockets.h"
+
 #include <arpa/inet.h>
 #include <linux/filter.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 
 #include <array>
-#include <cstdlib>
-#include <filesystem>
 
 namespace zqcameralib {
 
@@ -23,10 +23,8 @@ bool isLooseOn(int handle, const in_addr& local)
     if (getsockopt(handle, SOL_SOCKET, SO_TYPE, &type, &size) != 0 || type != SOCK_DGRAM) {
         return false;
     }
-    sockaddr_in own {};
-    size = sizeof own;
-    if (getsockname(handle, reinterpret_cast<sockaddr*>(&own), &size) != 0
-        || own.sin_family != AF_INET || own.sin_addr.s_addr != local.s_addr || own.sin_port == 0) {
+    const std::optional<sockaddr_in> own = boundTo(handle);
+    if (!own || own->sin_addr.s_addr != local.s_addr || own->sin_port == 0) {
         return false;
     }
     sockaddr_in peer {};
@@ -38,19 +36,11 @@ bool isLooseOn(int handle, const in_addr& local)
 
 std::vector<int> looseSockets(const std::string& local)
 {
-    std::vector<int> handles;
     in_addr address {};
     if (inet_pton(AF_INET, local.c_str(), &address) != 1) {
-        return handles;
+        return {};
     }
-    std::error_code failure;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", failure)) {
-        const int handle = std::atoi(entry.path().filename().c_str());
-        if (isLooseOn(handle, address)) {
-            handles.push_back(handle);
-        }
-    }
-    return handles;
+    return ownSockets([&address](int handle) { return isLooseOn(handle, address); });
 }
 
 bool hearOnly(int socket, const std::string& address)
