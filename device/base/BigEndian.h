@@ -9,12 +9,17 @@
 
 namespace zqcameralib {
 
-// Numbers of 4 or 8 bytes, integer or floating-point, as bytes in big-endian order: that of the
+// Numbers of 2, 4 or 8 bytes, integer or floating-point, as bytes in big-endian order: that of the
 // protocols and of most registers.
 
 template <typename Number>
-using BitsOf = std::conditional_t<sizeof(Number) == 4, std::uint32_t, std::uint64_t>;
+using BitsOf = std::conditional_t<sizeof(Number) == 2, std::uint16_t,
+    std::conditional_t<sizeof(Number) == 4, std::uint32_t, std::uint64_t>>;
 
+inline std::uint16_t swappedToBigEndian(std::uint16_t bits)
+{
+    return GUINT16_TO_BE(bits);
+}
 inline std::uint32_t swappedToBigEndian(std::uint32_t bits)
 {
     return GUINT32_TO_BE(bits);
@@ -26,7 +31,7 @@ inline std::uint64_t swappedToBigEndian(std::uint64_t bits)
 
 template <typename Number> std::array<std::uint8_t, sizeof(Number)> toBigEndian(Number value)
 {
-    static_assert(std::is_arithmetic_v<Number> && (sizeof(Number) == 4 || sizeof(Number) == 8));
+    static_assert(std::is_arithmetic_v<Number> && sizeof(Number) == sizeof(BitsOf<Number>));
     BitsOf<Number> bits = 0;
     std::memcpy(&bits, &value, sizeof bits);
     bits = swappedToBigEndian(bits);
@@ -38,7 +43,7 @@ template <typename Number> std::array<std::uint8_t, sizeof(Number)> toBigEndian(
 template <typename Number>
 Number fromBigEndian(const std::array<std::uint8_t, sizeof(Number)>& bytes)
 {
-    static_assert(std::is_arithmetic_v<Number> && (sizeof(Number) == 4 || sizeof(Number) == 8));
+    static_assert(std::is_arithmetic_v<Number> && sizeof(Number) == sizeof(BitsOf<Number>));
     BitsOf<Number> bits = 0;
     std::memcpy(&bits, bytes.data(), sizeof bits);
     bits = swappedToBigEndian(bits); // swapped again, it is the computer's order

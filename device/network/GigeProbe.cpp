@@ -1,13 +1,16 @@
 #include "network/GigeProbe.h"
 
+#include "base/BigEndian.h"
+#include "network/FileDescriptor.h"
+
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <thread>
 #include <vector>
 
 namespace zqcameralib {
@@ -36,14 +39,13 @@ constexpr std::chrono::milliseconds pendingLimit(2500);
 
 std::uint16_t shortAt(const Bytes& packet, std::size_t at)
 {
-    return static_cast<std::uint16_t>(packet[at] << 8U | packet[at + 1]);
+    return fromBigEndian<std::uint16_t>({ packet[at], packet[at + 1] });
 }
 
-void append(Bytes& packet, std::uint32_t value, int bytes)
+template <typename Number> void append(Bytes& packet, Number value)
 {
-    for (int i = bytes - 1; i >= 0; --i) {
-        packet.push_back(static_cast<std::uint8_t>(value >> (8U * static_cast<unsigned>(i))));
-    }
+    const auto bytes = toBigEndian(value);
+    packet.insert(packet.end(), bytes.begin(), bytes.end());
 }
 
 /// A socket that hears the camera alone: the system drops what comes from elsewhere.
@@ -55,40 +57,33 @@ public:
         sockaddr_in camera {};
         camera.sin_family = AF_INET;
         camera.sin_port = htons(controlPort);
-        m_isOpen = m_handle >= 0 && inet_pton(AF_INET, address.c_str(), &camera.sin_addr) == 1
-            && connect(m_handle, reinterpret_cast<const sockaddr*>(&camera), sizeof camera) == 0;
-    }
-    Channel(const Channel&) = delete;
-    Channel& operator=(const Channel&) = delete;
-    ~Channel()
-    {
-        if (m_handle >= 0) {
-            close(m_handle);
-        }
+        m_isOpen = inet_pton(AF_INET, address.c_str(), &camera.sin_addr) == 1
+            && connect(m_handle.get(), reinterpret_cast<const sockaddr*>(&camera), sizeof camera)
+                == 0;
     }
 
     /// The next packet; empty when none comes in time.
     Bytes receive(std::chrono::milliseconds limit) const
     {
-        pollfd ready { m_handle, POLLIN, 0 };
+        pollfd ready { m_handle.get(), POLLIN, 0 };
         Bytes packet;
         if (poll(&ready, 1, static_cast<int>(limit.count())) > 0) {
             packet.resize(2048);
-            const ssize_t count = recv(m_handle, packet.data(), packet.size(), 0);
+            const ssize_t count = recv(m_handle.get(), packet.data(), packet.size(), 0);
             packet.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
         }
         return packet;
     }
     void send(const Bytes& packet) const
     {
-        if (::send(m_handle, packet.data(), packet.size(), 0) < 0) {
-            usleep(10000); // nobody listens there now
+        if (::send(m_handle.get(), packet.data(), packet.size(), 0) < 0) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10)); // nobody listens now
         }
     }
     bool isOpen() const { return m_isOpen; }
 
 private:
-    int m_handle = -1;
+    FileDescriptor m_handle;
     bool m_isOpen = false;
 };
 
@@ -101,11 +96,11 @@ Reply ask(const Channel& channel, std::uint32_t address, std::uint16_t size, std
     const std::atomic<bool>& isCancelled)
 {
     Bytes request { commandKey, acknowledgeRequired };
-    append(request, readMemory, 2);
-    append(request, 8, 2);
-    append(request, number, 2);
-    append(request, address, 4);
-    append(request, size, 4);
+    append(request, readMemory);
+    append(request, std::uint16_t { 8 }); // bytes that follow the header
+    append(request, number);
+    append(request, address);
+    append(request, std::uint32_t { size });
 
     Reply reply;
     const Clock::time_point start = Clock::now();

@@ -3,7 +3,7 @@
 #include "base/LibraryLock.h"
 #include "base/StatusCodes.h"
 
-#include <string>
+#include <cstring>
 
 namespace zqcameralib {
 
@@ -11,7 +11,7 @@ struct PortDevice {
     ArvDevice parent;
     RegisterPort* port;
     ArvGc* genicam;
-    std::string* xml;
+    gchar* xml; ///< owned, NUL-terminated
 };
 
 namespace {
@@ -62,8 +62,8 @@ gboolean writeRegister(ArvDevice* device, guint64 address, guint32 value, GError
 
 const char* genicamXml(ArvDevice* device, std::size_t* size)
 {
-    *size = self(device).xml->size();
-    return self(device).xml->c_str();
+    *size = std::strlen(self(device).xml);
+    return self(device).xml;
 }
 
 ArvGc* genicam(ArvDevice* device)
@@ -82,7 +82,7 @@ void finalize(GObject* object)
 {
     auto& device = *reinterpret_cast<PortDevice*>(object);
     g_clear_object(&device.genicam);
-    delete device.xml;
+    g_clear_pointer(&device.xml, g_free);
     reinterpret_cast<GObjectClass*>(parentClass)->finalize(object);
 }
 
@@ -109,11 +109,6 @@ GType portDeviceType()
 
 } // namespace
 
-void PortDeviceDeleter::operator()(PortDevice* device) const
-{
-    g_object_unref(device);
-}
-
 Result<PortDevicePointer> makePortDevice(
     RegisterPort& port, std::string_view xml, std::chrono::milliseconds limit)
 {
@@ -123,8 +118,8 @@ Result<PortDevicePointer> makePortDevice(
     }
     PortDevicePointer device(static_cast<PortDevice*>(g_object_new(portDeviceType(), nullptr)));
     device->port = &port;
-    device->xml = new std::string(xml);
-    device->genicam = arv_gc_new(&device->parent, device->xml->c_str(), device->xml->size());
+    device->xml = g_strndup(xml.data(), xml.size());
+    device->genicam = arv_gc_new(&device->parent, device->xml, xml.size());
     if (device->genicam == nullptr) {
         return Status(notLoaded, "the description cannot be evaluated");
     }

@@ -1,21 +1,18 @@
 #pragma once
 
+#include "base/GObjectPointer.h"
 #include "registers/RegisterPort.h"
 
 #include <arv.h>
 
 #include <chrono>
-#include <memory>
 #include <string_view>
 
 namespace zqcameralib {
 
 struct PortDevice;
 
-struct PortDeviceDeleter {
-    void operator()(PortDevice* device) const;
-};
-using PortDevicePointer = std::unique_ptr<PortDevice, PortDeviceDeleter>;
+using PortDevicePointer = GObjectPointer<PortDevice>;
 
 /// Makes a device for the node map whose every register access goes through `port`, which has to
 /// outlive it, and evaluates `xml` over it. `xml` is a checked description. Any thread; waits at

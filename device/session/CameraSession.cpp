@@ -52,7 +52,7 @@ void onControlLost(ArvDevice*, gpointer data)
 void deleteHealth(gpointer data, GClosure*)
 {
     const std::lock_guard<std::mutex> lock(healthMutex());
-    delete static_cast<HealthPointer*>(data);
+    const std::unique_ptr<HealthPointer> last(static_cast<HealthPointer*>(data));
 }
 
 } // namespace
@@ -85,12 +85,13 @@ Result<std::shared_ptr<CameraSession>> CameraSession::open(
 CameraSession::CameraSession(GObjectPointer<ArvDevice> device)
     : m_device(std::move(device))
 {
-    auto* shared = new HealthPointer(m_health);
+    auto shared = std::make_unique<HealthPointer>(m_health);
     {
         const std::lock_guard<std::mutex> lock(healthMutex());
     }
     m_handler = g_signal_connect_data(m_device.get(), "control-lost",
-        reinterpret_cast<GCallback>(onControlLost), shared, deleteHealth, GConnectFlags(0));
+        reinterpret_cast<GCallback>(onControlLost), shared.release(), deleteHealth,
+        GConnectFlags(0));
     m_hasControl = isController();
 }
 

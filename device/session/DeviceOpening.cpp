@@ -2,14 +2,15 @@
 
 #include "base/LibraryLock.h"
 #include "base/StatusCodes.h"
-#include "session/DeviceErrors.h"
+#include "network/FileDescriptor.h"
 #include "network/GigeProbe.h"
+#include "network/OwnSockets.h"
 #include "network/SourceFilter.h"
+#include "session/DeviceErrors.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -27,21 +28,17 @@ constexpr int openTries = 2;
 /// sent.
 std::string localAddressFor(const in_addr& device)
 {
-    const int handle = socket(AF_INET, SOCK_DGRAM, 0);
-    if (handle < 0) {
-        return {};
-    }
+    const FileDescriptor channel(socket(AF_INET, SOCK_DGRAM, 0));
     sockaddr_in peer {};
     peer.sin_family = AF_INET;
     peer.sin_addr = device;
     peer.sin_port = htons(controlPort);
-    sockaddr_in own {};
-    socklen_t size = sizeof own;
-    const bool found = connect(handle, reinterpret_cast<const sockaddr*>(&peer), sizeof peer) == 0
-        && getsockname(handle, reinterpret_cast<sockaddr*>(&own), &size) == 0;
-    close(handle);
+    if (connect(channel.get(), reinterpret_cast<const sockaddr*>(&peer), sizeof peer) != 0) {
+        return {};
+    }
+    const std::optional<sockaddr_in> own = boundTo(channel.get());
     std::array<char, INET_ADDRSTRLEN> text {};
-    return found && inet_ntop(AF_INET, &own.sin_addr, text.data(), text.size()) != nullptr
+    return own && inet_ntop(AF_INET, &own->sin_addr, text.data(), text.size()) != nullptr
         ? text.data()
         : std::string();
 }

@@ -1,14 +1,14 @@
 #include "stream/ReceiveBuffer.h"
 
+#include "network/FileDescriptor.h"
+#include "network/OwnSockets.h"
+
 #include <arpa/inet.h>
 #include <linux/if_ether.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
 
 namespace zqcameralib {
 
@@ -24,23 +24,10 @@ bool readsFromRing(ArvGvDevice* device)
     if ((options & ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED) != 0) {
         return false;
     }
-    const int handle = socket(PF_PACKET, SOCK_RAW, htons(ETH_P_ALL));
-    if (handle >= 0) {
-        close(handle);
-    }
-    return handle >= 0;
+    return FileDescriptor(socket(PF_PACKET, SOCK_RAW, htons(ETH_P_ALL))).isOpen();
 }
 
-bool isAt(int handle, const in_addr& address, std::uint16_t port)
-{
-    sockaddr_in own {};
-    socklen_t size = sizeof own;
-    return getsockname(handle, reinterpret_cast<sockaddr*>(&own), &size) == 0
-        && own.sin_family == AF_INET && own.sin_port == htons(port)
-        && own.sin_addr.s_addr == address.s_addr;
-}
-
-/// The stream's own socket, which the library below does not hand out; -1 when it is not found.
+/// The stream's own socket; -1 when it is not found.
 int socketOf(ArvGvDevice* device, ArvStream* stream)
 {
     in_addr address {};
@@ -48,15 +35,12 @@ int socketOf(ArvGvDevice* device, ArvStream* stream)
     std::memcpy(&address,
         g_inet_address_to_bytes(g_inet_socket_address_get_address(G_INET_SOCKET_ADDRESS(own))),
         sizeof address);
-    const std::uint16_t port = arv_gv_stream_get_port(ARV_GV_STREAM(stream));
-    std::error_code none;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", none)) {
-        const int handle = std::atoi(entry.path().filename().c_str());
-        if (isAt(handle, address, port)) {
-            return handle;
-        }
-    }
-    return -1;
+    const in_port_t port = htons(arv_gv_stream_get_port(ARV_GV_STREAM(stream)));
+    const std::vector<int> found = ownSockets([&address, port](int handle) {
+        const std::optional<sockaddr_in> place = boundTo(handle);
+        return place && place->sin_port == port && place->sin_addr.s_addr == address.s_addr;
+    });
+    return found.empty() ? -1 : found.front();
 }
 
 /// Asks for so many bytes; those granted, or 0 when that cannot be known.
