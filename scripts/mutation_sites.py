@@ -28,6 +28,10 @@ COMPARISONS = ("<", "<=", ">", ">=", "==", "!=")
 EXTREMES = {"min": "max", "max": "min", "qMin": "qMax", "qMax": "qMin", "fmin": "fmax",
     "fmax": "fmin"}
 LIMITED = {"clamp": 0, "qBound": 1}  # which argument is the value
+# Sizes and colours: a pixel more or less is a matter of taste and no fault.
+LOOKS = {"setContentsMargins", "setSpacing", "setVerticalSpacing", "setColumnStretch",
+    "setStretchFactor", "addWidget", "adjusted", "QPointF", "QRectF", "QPen", "fromHsl", "drawArc",
+    "drawRoundedRect", "drawEllipse", "lineTo", "setMinimumSectionSize", "setMinimumHeight"}
 FUNCTIONS = (K.FUNCTION_DECL, K.CXX_METHOD, K.CONSTRUCTOR, K.DESTRUCTOR, K.CONVERSION_FUNCTION,
     K.FUNCTION_TEMPLATE)
 CLASSES = (K.CLASS_DECL, K.STRUCT_DECL, K.CLASS_TEMPLATE)
@@ -67,6 +71,7 @@ class Finder:
     def __init__(self, text, macros):
         self.text, self.macros = text, macros
         self.function, self.result, self.last, self.in_lambda = "", None, -1, False
+        self.in_looks = False
 
     def of(self, node):
         at, to = span(node)
@@ -226,12 +231,14 @@ class Finder:
                 return self.site(node, "expression", [text[:-2] + now], inner)
         if text.startswith("!"):
             return self.site(node, "condition", [text[1:]], inner)
-        if text.startswith("-") and is_number(node.type):
+        if text.startswith("-") and is_number(node.type) and not self.in_looks:
             return self.site(node, "expression", [text[1:]], inner)
         return inner
 
     def call(self, node, children):
-        inner, name, text = self.all(children), node.spelling, self.of(node)
+        name, text, around = node.spelling, self.of(node), self.in_looks
+        self.in_looks = name in LOOKS
+        inner, self.in_looks = self.all(children), around
         arguments = [self.of(argument) for argument in node.get_arguments()]
         if name in EXTREMES and "(" in text:
             head, rest = text.split("(", 1)
@@ -252,7 +259,7 @@ class Finder:
         text = self.of(node)
         zero = re.fullmatch(r"0[xX]?0*[uUlL]*|0*\.?0*[fF]?", text)
         faults = [f"{text} + 1"] + ([] if zero else [f"{text} * 0"])
-        return self.site(node, "expression", faults, [])
+        return self.site(node, "expression", [] if self.in_looks else faults, [])
 
     def truth(self, node, children):
         return self.site(node, "expression", ["false" if self.of(node) == "true" else "true"], [])

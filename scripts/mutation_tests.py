@@ -100,7 +100,7 @@ def meet(test, runner, place, size):
     """Runs a test without a fault; notes its time and the faults that it meets."""
     place.write_bytes(bytes(size))
     place.chmod(0o666)  # some tests give up their rights
-    status, seconds, output = runner.run(test, 600, ZQ_MUTANTS_REACHED=str(place))
+    status, seconds, output = runner.run(test, 180, ZQ_MUTANTS_REACHED=str(place))
     meets = [number for number, byte in enumerate(place.read_bytes()) if byte]
     place.unlink()
     trouble = f"fails ({status})" if status not in (0, 77) else ""
