@@ -1,7 +1,9 @@
 #include "WidgetTest.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QClipboard>
+#include <QDialogButtonBox>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -53,16 +55,17 @@ protected:
 
 TEST_F(ComfortTest, FilterFindsNamesValuesEntriesAndDescriptions)
 {
-    browser->setItemDescription("Width", "Pixels of a line");
+    browser->setItemDescription("Width", "Pixels of a line, Zeilenl\u00E4nge");
     browser->setVisibility(LEVEL_BEGINNER);
     tree()->collapseAll();
     struct Case {
         const char* text;
         const char* found;
     };
-    for (const Case& search : { Case { "xposuret", "ExposureTime" },
-             Case { "mono12", "PixelFormat" }, Case { "LINE", "Width" },
-             Case { "5000", "ExposureTime" }, Case { "green", "GainSelector" } }) {
+    for (const Case& search :
+        { Case { "xposuret", "ExposureTime" }, Case { "mono12", "PixelFormat" },
+            Case { "LINE", "Width" }, Case { "5000", "ExposureTime" },
+            Case { "green", "GainSelector" }, Case { " ZEILENL\u00C4NGE ", "Width" } }) {
         find(search.text);
         EXPECT_TRUE(isShown(search.found) && isShown("Camera")) << search.text;
         EXPECT_FALSE(isShown("ReverseX")) << search.text;
@@ -70,6 +73,7 @@ TEST_F(ComfortTest, FilterFindsNamesValuesEntriesAndDescriptions)
     find("left"); // the value of an expert feature
     auto* reveal = child<QPushButton>("revealButton");
     ASSERT_TRUE(reveal->isVisible());
+    EXPECT_EQ(reveal->text(), "Show 1 more");
     EXPECT_FALSE(isShown("DeviceUserID"));
     QTest::mouseClick(reveal, Qt::LeftButton);
     EXPECT_TRUE(isShown("DeviceUserID"));
@@ -80,6 +84,22 @@ TEST_F(ComfortTest, FilterFindsNamesValuesEntriesAndDescriptions)
     press(Qt::Key_Escape);
     EXPECT_TRUE(isShown("Width")) << "the found row's category stays open";
     EXPECT_FALSE(isShown("Gain")) << "what was closed before is closed again";
+}
+
+TEST_F(ComfortTest, AFilterThatFindsNothingSaysSo)
+{
+    const auto ink = [this] {
+        const QImage shown = tree()->viewport()->grab().toImage();
+        QImage blank = shown;
+        blank.fill(shown.pixel(0, shown.height() - 1));
+        return shown != blank;
+    };
+    find("nowhere");
+    EXPECT_FALSE(isShown("Width") || isShown("Camera"));
+    EXPECT_TRUE(ink());
+    browser->clearFeatureItems();
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(ink()) << "an empty tree has lost nothing";
 }
 
 TEST_F(ComfortTest, WhatFollowedAWriteIsListed)
@@ -101,6 +121,10 @@ TEST_F(ComfortTest, WhatFollowedAWriteIsListed)
     journal.answer = nullptr;
     edit("Width", "16");
     EXPECT_EQ(strip->text(), "Width was not accepted as entered");
+    select("AcquisitionStart");
+    press(Qt::Key_Return);
+    EXPECT_EQ(strip->text(), "AcquisitionStart");
+    EXPECT_FALSE(child<QWidget>("nextChangeButton")->isVisible());
 }
 
 TEST_F(ComfortTest, MenuCopiesAndCollapses)
@@ -119,6 +143,16 @@ TEST_F(ComfortTest, MenuCopiesAndCollapses)
     tree()->expandAll();
     choose("Gain", "Collapse others");
     EXPECT_TRUE(isShown("Gain") && !isShown("X"));
+    choose("Gain", "Collapse all");
+    EXPECT_FALSE(isShown("Width"));
+    choose("Camera", "Expand all");
+    EXPECT_TRUE(isShown("Gain") && isShown("X"));
+    choose("Other", "Copy category as text");
+    EXPECT_EQ(clipboard(), "[Other]\nX=1\n");
+    QTest::mouseClick(child<QWidget>("collapseButton"), Qt::LeftButton);
+    EXPECT_FALSE(isShown("X"));
+    QTest::mouseClick(child<QWidget>("expandButton"), Qt::LeftButton);
+    EXPECT_TRUE(isShown("X"));
 }
 
 TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
@@ -129,6 +163,7 @@ TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
     auto* strip = child<QWidget>("pinStrip");
     EXPECT_TRUE(strip->isVisible());
     const auto texts = [strip] {
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         std::string all;
         for (const QLabel* label : strip->findChildren<QLabel*>()) {
             all += label->text().toStdString() + " ";
@@ -141,6 +176,15 @@ TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
     browser->clearFeatureItems();
     browser->addIntFeature("", "Width", 7, 0, 9, 0, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
     EXPECT_EQ(texts(), "Gain 2.5 Width 7 ");
+    browser->setItemDescription("Width", "Width (in pixels)");
+    EXPECT_EQ(texts(), "Gain 2.5 Width 7 px ");
+    choose("Width", "Unpin");
+    EXPECT_EQ(texts(), "Gain 2.5 ");
+    window->setProperty(
+        "pinnedFeatures", QVariant::fromValue(QByteArrayList { "Width", "Gain", "Width" }));
+    EXPECT_EQ(texts(), "Gain 2.5 Width 7 px ");
+    QTest::mouseClick(strip->findChild<QAbstractButton*>(), Qt::LeftButton);
+    EXPECT_EQ(window->property("favourites").value<QByteArrayList>().size(), 1);
     window->setProperty("pinnedFeatures", QVariant::fromValue(QByteArrayList()));
     EXPECT_FALSE(strip->isVisible());
 }
@@ -162,6 +206,23 @@ TEST_F(ComfortTest, AMatrixReadsEveryEntryAndSetsTheSelectorBack)
         (Lines {
             "Enum GainSelector Red 0", "Enum GainSelector Green 1", "Enum GainSelector Green 1" }));
     EXPECT_EQ(text("GainSelector"), "Green");
+
+    // An entry that the camera refuses, and a feature that could not be read, have no value.
+    browser->addCommandFeature(
+        "Analog", "Once", "Once", LEVEL_BEGINNER, false, true, SELECTOR_SELECTED, "GainSelector");
+    journal.answer = [this](const std::string&) {
+        browser->modifyFeature(
+            "GainSelector", "1", CAM_TYPE_ENUMERATION, { "Red", "Green" }, false, true);
+    };
+    auto* again = table->window()->findChild<QDialogButtonBox*>()->buttons().last();
+    QTest::mouseClick(again, Qt::LeftButton);
+    EXPECT_EQ(table->rowCount(), 1) << "commands have no value";
+    EXPECT_EQ(table->item(0, 0)->text(), QString(QChar(0x2014)));
+    EXPECT_EQ(table->item(0, 1)->text(), "2.5");
+    std::map<std::string, FEATURE_STATE> states { { "Gain", FEATURE_READ_FAILED } };
+    browser->modifyFeatureStates(states);
+    QTest::mouseClick(again, Qt::LeftButton);
+    EXPECT_EQ(table->item(0, 1)->text(), QString(QChar(0x2014)));
 }
 
 TEST_F(ComfortTest, TheTreeLooksTheSameWhenItIsBuiltAnew)
@@ -207,6 +268,11 @@ TEST_F(ComfortTest, StatesAndContextsAreSaidInWords)
         EXPECT_TRUE(row(name).data(Qt::AccessibleDescriptionRole).toString().contains(words));
     }
     EXPECT_EQ(row("Width").data(Qt::AccessibleTextRole), QVariant("Width, 640"));
+    EXPECT_EQ(row("Camera").data(Qt::AccessibleTextRole), QVariant("Camera"));
+    EXPECT_EQ(row("Gain").data(Qt::AccessibleDescriptionRole),
+        QVariant("Gain\nNot available in the camera's present configuration\n"
+                 "Selected by GainSelector"));
+    EXPECT_EQ(row("Width").data(Qt::DecorationRole), QVariant());
     browser->addStringFeature("Camera", "<img src='x'>", "", LEVEL_BEGINNER, 0, false, true,
         ADDRESS_NONE, SELECTOR_NONE, "");
     EXPECT_FALSE(row("<img src='x'>").data(Qt::ToolTipRole).toString().contains("<img"));

@@ -10,6 +10,15 @@ namespace featurebrowser {
 
 namespace {
 
+struct IntegerLimits {
+    long minimum, maximum;
+    unsigned int increment;
+};
+
+struct FloatLimits {
+    double minimum, maximum, increment;
+};
+
 class EditingTest : public WidgetTest {
 protected:
     EditingTest() { show(); }
@@ -78,6 +87,7 @@ TEST_F(EditingTest, ListsOpenAtOnceAndWriteTheChosenEntry)
     QTest::qWait(0);
     EXPECT_TRUE(journal.take().empty());
     EXPECT_EQ(text("PixelFormat"), "RGB8");
+    EXPECT_FALSE(isEditing());
 }
 
 TEST_F(EditingTest, BooleansAndCommandsActOnTheirBoxAndButton)
@@ -104,22 +114,111 @@ TEST_F(EditingTest, BooleansAndCommandsActOnTheirBoxAndButton)
 
 TEST_F(EditingTest, StepsFollowTheGrid)
 {
-    browser->modifyFeature("Width", 20L, 1L, 4096L, 16U, false, true);
+    constexpr long most = std::numeric_limits<long>::max();
+    struct Case {
+        IntegerLimits limits;
+        const char* typed;
+        Qt::Key key;
+        const char* written;
+    };
+    const IntegerLimits odd { 1, 4096, 16 };
+    const IntegerLimits widest { -most - 1, most, 0xFFFFFFFFU };
+    const std::vector<Case> cases { { odd, "17", Qt::Key_Up, "33" },
+        { odd, "17", Qt::Key_Down, "1" }, { odd, "20", Qt::Key_Up, "33" },
+        { odd, "20", Qt::Key_Down, "17" }, { odd, "20", Qt::Key_PageUp, "177" },
+        { odd, "200", Qt::Key_PageDown, "49" }, { odd, "20", Qt::Key_PageDown, "1" },
+        { odd, "4000", Qt::Key_PageUp, "4081" }, { odd, "4090", Qt::Key_Up, "4081" },
+        { odd, "4096", Qt::Key_Down, "4081" }, { odd, "1", Qt::Key_Down, "1" },
+        { odd, "9999", Qt::Key_PageDown, "4081" }, { odd, "-9", Qt::Key_PageUp, "1" },
+        { odd, "abc", Qt::Key_Up, "17" }, { { 0, 9, 0 }, "4", Qt::Key_Up, "5" },
+        { { 7, 7, 1 }, "5", Qt::Key_Up, "5" },
+        { widest, "9223372036854775807", Qt::Key_Down, "9223372032559808512" },
+        { widest, "9223372036854775807", Qt::Key_Up, "9223372036854775807" },
+        { widest, "-9223372036854775808", Qt::Key_Up, "-9223372032559808513" } };
+    for (const auto& [limits, typed, key, written] : cases) {
+        browser->modifyFeature(
+            "Width", 640L, limits.minimum, limits.maximum, limits.increment, false, true);
+        edit("Width", typed, key);
+        press(Qt::Key_Return);
+        EXPECT_EQ(journal.take(), Lines { std::string("Int Width ") + written }) << typed;
+    }
+}
+
+TEST_F(EditingTest, ArrowsStepAFloatAsItsSliderAndWriteNothingBeforeItIsAccepted)
+{
+    browser->addDoubleFeature("Camera", "Gain", 1, 0, 1, 0, LEVEL_BEGINNER, SLIDER_LINEAR, false,
+        true, SELECTOR_NONE, "");
+    browser->setNumberOfSteps(100);
+    struct Case {
+        const char* name;
+        FloatLimits limits;
+        const char* typed;
+        int steps;
+        const char* written;
+    };
+    const FloatLimits fifty { 0, 50, 0 };
+    const std::vector<Case> cases { { "Gain", fifty, "10", 1, "10.5" },
+        { "Gain", fifty, "10", -2, "9" }, { "Gain", fifty, "10.3", 1, "11" },
+        { "Gain", fifty, "49.5", 2, "50" }, { "Gain", fifty, "0.5", -2, "0" },
+        { "Gain", fifty, "99", -1, "49.5" }, { "Gain", fifty, "-9", 1, "0.5" },
+        { "Gain", fifty, "abc", 1, "0.5" }, { "Gain", { -50, 50, 0 }, "-50", 1, "-49" },
+        { "Gain", { 3.3, 7.7, 0 }, "3.3", 1, "3.34" }, { "Gain", { 1, 51, 0.2 }, "1", 1, "1.6" },
+        { "Gain", { 0, 12345678, 0 }, "0", 1, "120000" },
+        { "Gain", { 0, 1e-4, 0 }, "0", 1, "0.000001" }, { "Gain", { 5, 5, 0 }, "6", 1, "6" },
+        { "ExposureTime", { 1, 100, 0 }, "1", 50, "10" },
+        { "ExposureTime", { 1, 100, 0 }, "10", -50, "1" },
+        { "ExposureTime", { 1, 100, 0 }, "50", 1, "52" },
+        { "ExposureTime", { 0, 200, 0 }, "1", 1, "4" } };
+    for (const auto& [name, limits, typed, steps, written] : cases) {
+        browser->modifyFeature(
+            name, 7.0, limits.minimum, limits.maximum, limits.increment, false, true);
+        edit(name, typed, Qt::Key_Shift);
+        for (int i = 0; i < std::abs(steps); ++i) {
+            press(steps > 0 ? Qt::Key_Up : Qt::Key_Down);
+        }
+        EXPECT_TRUE(journal.take().empty());
+        press(Qt::Key_Return);
+        EXPECT_EQ(journal.take().size(), 1U);
+        EXPECT_EQ(text(name), written)
+            << limits.minimum << " to " << limits.maximum << " from " << typed;
+    }
+}
+
+TEST_F(EditingTest, ARowWithoutAValueIsEditedFromNothing)
+{
+    browser->modifyFeature("Width", 1L, 0L, 9L, 1U, false, false);
+    browser->modifyFeature("ExposureTime", 1.0, 0.0, 9.0, 0.0, false, false);
+    for (const char* name : { "DeviceUserID", "GevCurrentIPAddress" }) {
+        browser->modifyFeature(name, "1.2.3.4", CAM_TYPE_STRING, {}, false, false);
+    }
+    for (const char* name : { "Width", "ExposureTime", "DeviceUserID", "GevCurrentIPAddress" }) {
+        select(name);
+        press(Qt::Key_F2);
+        EXPECT_EQ(QApplication::focusWidget()->property("text"), QVariant("")) << name;
+        EXPECT_GT(
+            2 * QApplication::focusWidget()->width(), tree()->visualRect(row(name, 1)).width())
+            << "the field has the room";
+        press(Qt::Key_Escape);
+    }
+    browser->modifyFeature("PixelFormat", "1", CAM_TYPE_ENUMERATION, { "A", "B" }, false, false);
+    click("PixelFormat");
+    ASSERT_NE(popup(), nullptr);
+    EXPECT_EQ(tree()->findChild<QComboBox*>()->currentIndex(), -1);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(journal.take().empty());
+}
+
+TEST_F(EditingTest, ClosingTheWindowTakesAnOpenEditBack)
+{
     select("Width");
     press(Qt::Key_F2);
-    press(Qt::Key_Up);
-    press(Qt::Key_Up);
-    press(Qt::Key_Return);
-    EXPECT_EQ(journal.take(), Lines { "Int Width 49" });
-    edit("Width", "50", Qt::Key_Down);
-    press(Qt::Key_Return);
-    EXPECT_EQ(journal.take(), Lines { "Int Width 49" }) << "from between two points to the lower";
-    const long least = std::numeric_limits<long>::min();
-    browser->modifyFeature("Width", -1L, least, -(least + 1), 0xFFFFFFFFU, false, true);
-    edit("Width", "9223372036854775807", Qt::Key_Up);
-    press(Qt::Key_Return);
-    EXPECT_EQ(journal.take().size(), 1U);
-    EXPECT_LE(text("Width"), "9223372036854775807");
+    type("7");
+    browser->closeDialog();
+    EXPECT_EQ(journal.take(), Lines { "Close 600 700 3" });
+    EXPECT_EQ(text("Width"), "640");
+    browser->showDialog();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(browser->GetWidget()));
+    EXPECT_FALSE(isEditing());
 }
 
 TEST_F(EditingTest, TheWheelChangesNothing)
@@ -195,19 +294,6 @@ TEST_F(EditingTest, ASliderWritesSparselyAndItsLastValueAlways)
     EXPECT_TRUE(isEditing());
     press(Qt::Key_Return);
     EXPECT_TRUE(journal.take().empty()) << "written already";
-}
-
-TEST_F(EditingTest, ArrowsStepAFloatWithoutWriting)
-{
-    browser->setNumberOfSteps(600);
-    select("ExposureTime");
-    press(Qt::Key_F2);
-    for (int i = 0; i < 30; ++i) {
-        press(Qt::Key_Up);
-    }
-    EXPECT_TRUE(journal.take().empty());
-    press(Qt::Key_Return);
-    EXPECT_EQ(journal.take(), Lines { "Double ExposureTime 10000" });
 }
 
 TEST_F(EditingTest, AListThatShrinksWhileOpenOffersOnlyWhatIsLeft)

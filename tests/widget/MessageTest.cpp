@@ -1,6 +1,7 @@
 #include "WidgetTest.h"
 
 #include <QAbstractButton>
+#include <QFrame>
 
 #include <stdexcept>
 
@@ -95,6 +96,51 @@ TEST_F(MessageTest, ATextThatComesBackDifferentIsTold)
     acceptAs("right");
     edit("DeviceUserID", "right");
     EXPECT_EQ(message(), "");
+}
+
+TEST_F(MessageTest, ARefusedNumberIsSetBackWithinItsLimits)
+{
+    journal.answer = [this](const std::string&) {
+        browser->setDefaultValue("ExposureTime", 5000.0, "Error writing value");
+    };
+    edit("ExposureTime", "7000");
+    EXPECT_EQ(text("ExposureTime"), "5000");
+    EXPECT_EQ(role("ExposureTime", "minimum"), QVariant(1.0));
+    EXPECT_EQ(role("ExposureTime", "maximum"), QVariant(1e6));
+    EXPECT_EQ(message(), "Error writing value");
+    browser->setDefaultValue("Width", 32L, "odd\n");
+    EXPECT_EQ(text("Width"), "32");
+    EXPECT_EQ(role("Width", "maximum"), QVariant(qlonglong(4096)));
+    EXPECT_EQ(message(), "odd");
+    browser->setDefaultValue("Width", 7.5, "of another kind");
+    EXPECT_EQ(text("Width"), "32");
+    EXPECT_EQ(message(), "of another kind");
+}
+
+TEST_F(MessageTest, ACalloutStandsBesideItsRowAndLeavesWithIt)
+{
+    const auto* callout = child<QFrame>("messageCallout");
+    const auto area = [this](const char* name) { return tree()->visualRect(row(name)); };
+    browser->setDefaultValue("Width", 640L, "no");
+    EXPECT_NE(message(), "");
+    EXPECT_GT(callout->y(), area("Width").bottom());
+    EXPECT_LT(callout->y(), area("Width").bottom() + area("Width").height());
+    EXPECT_LT(callout->geometry().right(), tree()->viewport()->width());
+
+    browser->GetWidget()->resize(600, 330);
+    QApplication::processEvents();
+    tree()->scrollToBottom();
+    browser->setDefaultValue("GevMACAddress", 0L, "one\ntwo");
+    EXPECT_EQ(message(), "one\ntwo");
+    EXPECT_LT(callout->geometry().bottom(), area("GevMACAddress").top()) << "no room below";
+    EXPECT_GT(callout->geometry().bottom(), area("GevMACAddress").top() - 8);
+    tree()->scrollToTop();
+    EXPECT_EQ(message(), "") << "its row is out of sight";
+    tree()->scrollToBottom();
+    EXPECT_NE(message(), "");
+    QTest::keySequence(browser->GetWidget(), QKeySequence::Find);
+    type("Width");
+    EXPECT_EQ(message(), "") << "its row is filtered away";
 }
 
 } // namespace featurebrowser

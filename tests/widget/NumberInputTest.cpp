@@ -23,7 +23,8 @@ TEST_F(NumberInputTest, PointCommaAndUnitsAreUnderstood)
         { "1,234.5", "1234.5" }, { "1.234,5", "1234.5" }, { "1,234,567", "1234567" },
         { "1.234.567", "1234567" }, { "2,5e3", "2500" }, { "+7", "7" }, { ".5", "0.5" },
         { "20 ms", "20000" }, { "0.1ms", "100" }, { "1,5 s", "1500000" }, { "3 us", "3" },
-        { "3 \u00B5s", "3" } };
+        { "3 \u00B5s", "3" }, { "12.345.678,5", "12345678.5" }, { "-1,5", "-1.5" },
+        { "2 SECONDS", "2000000" }, { "1E3", "1000" }, { "5e-1 ms", "500" } };
     for (const auto& [typed, value] : cases) {
         browser->modifyFeature("ExposureTime", 9.0, 1.0, 1e6, 0.0, false, true);
         edit("ExposureTime", typed);
@@ -60,6 +61,11 @@ TEST_F(NumberInputTest, WhatCanBeReadInTwoWaysOrNotAtAllIsNotLetOut)
         { "ExposureTime", "abc", "“abc” is not a number" },
         { "ExposureTime", "", "“” is not a number" },
         { "ExposureTime", "1.2.3", "“1.2.3” is not a number" },
+        { "ExposureTime", "12,34.5", "“12,34.5” is not a number" },
+        { "ExposureTime", "1.2,3.4", "“1.2,3.4” is not a number" },
+        { "ExposureTime", "1,234,56", "“1,234,56” is not a number" },
+        { "ExposureTime", "0x1F", "“0x1F” is not a number" },
+        { "ExposureTime", "20 parsecs", "“parsecs” does not fit a feature in us" },
         { "ExposureTime", "20 dB", "“dB” does not fit a feature in us" },
         { "ExposureTime", "1e999", "“1e999” is beyond the range of numbers" },
         { "Width", "1.5", "“1.5” is not a whole number" },

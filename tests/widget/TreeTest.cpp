@@ -2,7 +2,9 @@
 
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPlainTextEdit>
+#include <QSignalSpy>
 
 #include <limits>
 
@@ -69,6 +71,54 @@ TEST_F(TreeTest, ARowWithoutAValueShowsADash)
     EXPECT_EQ(text("Width"), noValue);
 }
 
+TEST_F(TreeTest, AnUpdateIsToldOnceAndOnlyWhenItChangesSomething)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const auto integer = [this](long value, long min, long max, unsigned int inc, bool readOnly) {
+        return [=] { browser->modifyFeature("Width", value, min, max, inc, readOnly, true); };
+    };
+    const auto number = [this](double value, double min, double max, double inc) {
+        return [=] { browser->modifyFeature("ExposureTime", value, min, max, inc, false, true); };
+    };
+    const auto words = [this](const char* name, const char* value, const char* entry, bool flag) {
+        return [=] {
+            browser->modifyFeature(name, value, CAM_TYPE_STRING, { "A", entry }, false, flag);
+        };
+    };
+    const std::vector<std::function<void()>> updates { integer(1, 16, 4096, 16, false),
+        integer(1, 0, 4096, 16, false), integer(1, 0, 9, 16, false), integer(1, 0, 9, 3, false),
+        integer(1, 0, 9, 3, true), number(2, 1, 1e6, 0), number(2, 0, 1e6, 0), number(2, 0, 9, 0),
+        number(2, 0, 9, 1), number(nan, 0, 9, 1), number(2, 0, 9, nan),
+        words("DeviceUserID", "new", "", true), words("DeviceUserID", "new", "", false),
+        words("GevCurrentIPAddress", "10.0.0.2", "", true), words("PixelFormat", "0", "B", true),
+        words("PixelFormat", "1", "B", true), words("PixelFormat", "1", "C", true),
+        words("ReverseX", "1", "True", true), [this] {
+            std::map<std::string, FEATURE_STATE> states { { "Width", FEATURE_LOCKED } };
+            browser->modifyFeatureStates(states);
+        } };
+    QSignalSpy told(tree()->model(), &QAbstractItemModel::dataChanged);
+    for (std::size_t i = 0; i < updates.size(); ++i) {
+        told.clear();
+        updates[i]();
+        EXPECT_EQ(told.count(), 1) << i;
+        updates[i]();
+        EXPECT_EQ(told.count(), 1) << i << ", the same again";
+    }
+}
+
+TEST_F(TreeTest, WhatIsAddedAgainStaysInItsPlace)
+{
+    browser->addCategory("Camera", LEVEL_BEGINNER);
+    browser->addIntFeature("", "Width", 5, 0, 9, 1, LEVEL_GURU, true, true, SELECTOR_NONE, "");
+    browser->addIntFeature("", "Camera", 5, 0, 9, 1, LEVEL_GURU, true, true, SELECTOR_NONE, "");
+    EXPECT_EQ(tree()->model()->rowCount(), 1);
+    EXPECT_EQ(row("Width").parent(), row("Camera"));
+    EXPECT_EQ(text("Width"), "5");
+    EXPECT_EQ(role("Width", "level"), QVariant(3));
+    EXPECT_EQ(role("Width", "readOnly"), QVariant(true));
+    EXPECT_EQ(role("Camera", "kind"), QVariant("category"));
+}
+
 TEST_F(TreeTest, UnknownAndOddNamesAreTolerated)
 {
     const std::string odd = "\xFF%1<b>\xC3";
@@ -120,7 +170,19 @@ TEST_F(TreeTest, UserSelectionIsToldAndItsDescriptionShown)
     EXPECT_EQ(journal.take(), (Lines { "Selection Width", "Selection ExposureTime" }));
     browser->setItemDescription("Width", "about Width");
     browser->setItemDescription("ExposureTime", "<b>plain</b> \r\ntext \r\n");
-    EXPECT_EQ(child<QPlainTextEdit>("descriptionText")->toPlainText(), "<b>plain</b>\ntext");
+    const auto* description = child<QPlainTextEdit>("descriptionText");
+    const auto* title = child<QWidget>("descriptionPane")->findChild<QLabel*>();
+    EXPECT_EQ(description->toPlainText(), "<b>plain</b>\ntext");
+    EXPECT_EQ(title->text(), "ExposureTime");
+    for (const auto& [name, words] : std::map<const char*, const char*> {
+             { "Camera", "" }, { "PixelFormat", "The camera does not describe this feature" } }) {
+        select(name);
+        EXPECT_EQ(description->toPlainText(), "");
+        EXPECT_EQ(description->placeholderText(), words);
+    }
+    browser->clearFeatureItems();
+    EXPECT_EQ(description->placeholderText(), "Select a feature to read about it here");
+    EXPECT_FALSE(title->isVisible());
 }
 
 TEST_F(TreeTest, SizesAndColumnsAreTheApplications)
@@ -139,6 +201,7 @@ TEST_F(TreeTest, SizesAndColumnsAreTheApplications)
     EXPECT_EQ(browser->GetWidget()->size(), QSize(500, 400));
     EXPECT_TRUE(browser->GetWidget()->windowType() == Qt::Window && browser->isVisible());
     browser->hideDialog();
+    EXPECT_FALSE(browser->isVisible());
     browser->showDialog();
     EXPECT_TRUE(browser->isVisible());
     EXPECT_TRUE(journal.take().empty());
