@@ -28,7 +28,7 @@ class BrowserWindow : public QWidget {
     /// Names of the pinned features, in order: an application may store them and set them again.
     Q_PROPERTY(QByteArrayList pinnedFeatures READ pinnedFeatures WRITE setPinnedFeatures NOTIFY
             pinnedFeaturesChanged)
-    /// Its name up to 1.3, which applications may have stored it under.
+    /// An older name of the same, for applications that use it.
     Q_PROPERTY(QByteArrayList favourites READ pinnedFeatures WRITE setPinnedFeatures NOTIFY
             pinnedFeaturesChanged)
 
