@@ -65,31 +65,35 @@ Result<const Feature*> DeviceOperations::lookup(const char* name, std::uint8_t t
     return feature;
 }
 
-Status DeviceOperations::checkReadable(const Feature& feature)
+Status DeviceOperations::checkAvailable(const Feature& feature, FEATURE_STATE& state)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    const FEATURE_STATE state = m_reader.state(feature);
+    state = m_reader.state(feature);
     if (failures.hasFailed()) {
         return failures.status();
     }
     if (state == FEATURE_NOT_AVAILABLE) {
         return { notAvailable, feature.name + ": " + unavailableReason(m_camera, feature) };
-    }
-    if (feature.access != ACCESS_READ_ONLY && feature.access != ACCESS_READ_WRITE) {
-        return { notReadable, feature.name + ": can only be written" };
     }
     return {};
 }
 
+Status DeviceOperations::checkReadable(const Feature& feature)
+{
+    FEATURE_STATE state = FEATURE_AVAILABLE;
+    Status status = checkAvailable(feature, state);
+    if (status.isOk() && feature.access != ACCESS_READ_ONLY
+        && feature.access != ACCESS_READ_WRITE) {
+        return { notReadable, feature.name + ": can only be written" };
+    }
+    return status;
+}
+
 Status DeviceOperations::checkWritable(const Feature& feature)
 {
-    const RegisterPort::FailureScope failures(m_camera.port());
-    const FEATURE_STATE state = m_reader.state(feature);
-    if (failures.hasFailed()) {
-        return failures.status();
-    }
-    if (state == FEATURE_NOT_AVAILABLE) {
-        return { notAvailable, feature.name + ": " + unavailableReason(m_camera, feature) };
+    FEATURE_STATE state = FEATURE_AVAILABLE;
+    if (Status status = checkAvailable(feature, state); !status.isOk()) {
+        return status;
     }
     if (feature.access != ACCESS_WRITE_ONLY && feature.access != ACCESS_READ_WRITE) {
         return { notWritable, feature.name + ": is read-only" };

@@ -36,6 +36,7 @@ private:
 
     /// The feature of that name and type.
     Result<const Feature*> lookup(const char* name, std::uint8_t type);
+    Status checkAvailable(const Feature& feature, featurebrowser::FEATURE_STATE& state);
     Status checkReadable(const Feature& feature);
     Status checkWritable(const Feature& feature);
     Status checkInteger(const Feature& feature, std::int64_t value);
