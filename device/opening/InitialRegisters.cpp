@@ -2,6 +2,7 @@
 
 #include "base/GlibError.h"
 #include "description/ReferenceWalk.h"
+#include "features/Conditions.h"
 
 #include <algorithm>
 #include <set>
@@ -20,6 +21,7 @@ public:
     Chooser(ZQCamera::Impl& camera, RegisterMemory& memory)
         : m_camera(camera)
         , m_port(camera.port())
+        , m_conditions(camera.port())
         , m_memory(memory)
     {
     }
@@ -27,7 +29,7 @@ public:
     void satisfy(const Condition& condition)
     {
         // The registers of a condition that holds are not touched again.
-        if (m_satisfied.count(condition.target) == 0 && make(condition)) {
+        if (m_satisfied.count(condition.target) == 0 && makeMet(condition)) {
             m_satisfied.insert(condition.target);
         }
     }
@@ -35,7 +37,7 @@ public:
     /// Clears the bits that lock, which may share a register with those that make available.
     void release(const Condition& lock)
     {
-        if (!m_released.insert(lock.target).second || !holds(lock)) {
+        if (!m_released.insert(lock.target).second || ask(lock) != Conditions::Truth::Yes) {
             return;
         }
         for (const std::size_t node : bitsBehind(lock.target)) {
@@ -49,12 +51,13 @@ public:
     }
 
 private:
-    bool holds(const Condition& condition)
+    Conditions::Truth ask(const Condition& condition)
     {
-        GlibError error;
         m_port.invalidate();
-        return condition.check(condition.node, error.out()) != FALSE && !error;
+        return m_conditions.ask(condition);
     }
+    /// Nothing can be done about one that cannot be evaluated: it counts as met.
+    bool isMet(const Condition& condition) { return ask(condition) != Conditions::Truth::No; }
 
     /// The parts of registers that the value of a node comes from.
     std::vector<std::size_t> bitsBehind(std::size_t node) const
@@ -68,12 +71,12 @@ private:
         return bits;
     }
 
-    bool make(const Condition& condition)
+    bool makeMet(const Condition& condition)
     {
         Registers deciding;
         {
             RegisterPort::Recorder recorder(m_port);
-            if (check(condition)) {
+            if (isMet(condition)) {
                 settle(recorder.read);
                 return true;
             }
@@ -94,13 +97,6 @@ private:
         return tryValues(deciding, condition);
     }
 
-    bool check(const Condition& condition)
-    {
-        GlibError error;
-        m_port.invalidate();
-        return condition.check(condition.node, error.out()) != FALSE || error;
-    }
-
     void settle(const Registers& registers)
     {
         m_settled.insert(registers.begin(), registers.end());
@@ -112,7 +108,7 @@ private:
             for (const Register& reg : registers) {
                 fill(reg, filler);
             }
-            if (check(condition)) {
+            if (isMet(condition)) {
                 settle(registers);
                 return true;
             }
@@ -131,6 +127,7 @@ private:
 
     ZQCamera::Impl& m_camera;
     RegisterPort& m_port;
+    Conditions m_conditions;
     RegisterMemory& m_memory;
     std::set<Register> m_settled;
     std::set<std::size_t> m_satisfied; ///< the nodes that decide
