@@ -1,8 +1,8 @@
 #include "description/DescriptionFile.h"
 
+#include <glib.h>
 #include <minizip/unzip.h>
 
-#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -18,11 +18,9 @@ constexpr std::uintmax_t maxFileSize = 32U << 20U;
 
 using Archive = std::unique_ptr<std::remove_pointer_t<unzFile>, int (*)(unzFile)>;
 
-bool endsWithXml(std::string name)
+bool endsWithXml(const std::string& name)
 {
-    std::transform(name.begin(), name.end(), name.begin(),
-        [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
-    return name.size() >= 4 && name.compare(name.size() - 4, 4, ".xml") == 0;
+    return name.size() >= 4 && g_ascii_strcasecmp(name.c_str() + name.size() - 4, ".xml") == 0;
 }
 
 bool findXml(unzFile archive)

@@ -1,6 +1,7 @@
 #include "nodemap/FormulaGuard.h"
 
-#include <cctype>
+#include <glib.h>
+
 #include <vector>
 
 namespace zqcameralib {
@@ -15,7 +16,7 @@ bool isBlank(char c)
 }
 bool isWord(char c)
 {
-    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' || c == '.';
+    return g_ascii_isalnum(c) || c == '_' || c == '.';
 }
 
 std::size_t skipBlanks(std::string_view text, std::size_t at)
@@ -61,7 +62,7 @@ std::size_t operandEnd(std::string_view text, std::size_t at)
 bool isPlainNumber(std::string_view operand)
 {
     const std::size_t at = skipBlanks(operand, 0);
-    if (at == operand.size() || std::isdigit(static_cast<unsigned char>(operand[at])) == 0) {
+    if (at == operand.size() || !g_ascii_isdigit(operand[at])) {
         return false;
     }
     bool isZero = true;
