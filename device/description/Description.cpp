@@ -52,7 +52,7 @@ void replaceInvalidBytes(std::string& text)
 
 bool isReference(std::string_view name)
 {
-    return name.size() > 1 && name[0] == 'p' && g_ascii_isupper(name[1]) != 0;
+    return name.size() > 1 && name[0] == 'p' && g_ascii_isupper(name[1]);
 }
 
 /// Whether an element with a name is a node of the description, and not a part of one.
@@ -137,7 +137,7 @@ std::unique_ptr<Description> Description::parse(std::string text, std::string& e
         return nullptr;
     }
     for (DescriptionNode& node : description->m_nodes) {
-        description->collectReferences(node);
+        node.references = description->referencesOf(node);
     }
     return description;
 }
@@ -189,29 +189,29 @@ void Description::addNode(const pugi::xml_node& element)
     node.kind = nodeKind(element.name());
 }
 
-void Description::collectReferences(DescriptionNode& node)
+std::vector<Reference> Description::referencesOf(const DescriptionNode& node) const
 {
-    if (isContainer(node.kind)) {
-        return;
+    std::vector<Reference> references;
+    const auto add = [&](const pugi::xml_node& element) { addReferences(references, element); };
+    if (!isContainer(node.kind)) {
+        forEachBelow(node.element, add);
     }
-    forEachBelow(node.element,
-        [this, &node](const pugi::xml_node& element) { addReferences(node, element); });
     if (node.kind == NodeKind::StructEntry) {
-        for (const pugi::xml_node& shared : node.element.parent().children()) {
-            addReferences(node, shared);
-        }
+        const auto shared = node.element.parent().children();
+        std::for_each(shared.begin(), shared.end(), add);
     }
+    return references;
 }
 
-void Description::addReferences(DescriptionNode& node, const pugi::xml_node& element)
+void Description::addReferences(
+    std::vector<Reference>& references, const pugi::xml_node& element) const
 {
     if (!isReference(element.name())) {
         return;
     }
-    node.references.push_back(
-        { element, referenceTag(element.name()), find(elementText(element)) });
+    references.push_back({ element, referenceTag(element.name()), find(elementText(element)) });
     if (const pugi::xml_attribute offset = element.attribute("pOffset")) {
-        node.references.push_back({ element, ReferenceTag::Offset, find(trimmed(offset.value())) });
+        references.push_back({ element, ReferenceTag::Offset, find(trimmed(offset.value())) });
     }
 }
 

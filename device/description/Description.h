@@ -87,8 +87,8 @@ private:
     bool load(const std::string& text, std::string& error);
     void collectNodes();
     void addNode(const pugi::xml_node& element);
-    void collectReferences(DescriptionNode& node);
-    void addReferences(DescriptionNode& node, const pugi::xml_node& element);
+    std::vector<Reference> referencesOf(const DescriptionNode& node) const;
+    void addReferences(std::vector<Reference>& references, const pugi::xml_node& element) const;
 
     pugi::xml_document m_document;
     std::vector<DescriptionNode> m_nodes;

@@ -3,6 +3,9 @@
 #include "base/NumberText.h"
 #include "description/RegisterPlace.h"
 
+#include <algorithm>
+#include <array>
+
 namespace zqcameralib {
 
 namespace {
@@ -51,13 +54,11 @@ bool hasPort(const Description& description, const pugi::xml_node& reg)
 
 bool hasImpossibleBits(const pugi::xml_node& element, std::int64_t length)
 {
-    for (const char* tag : { "LSB", "MSB", "Bit" }) {
+    constexpr std::array<const char*, 3> tags { "LSB", "MSB", "Bit" };
+    return std::any_of(tags.begin(), tags.end(), [&](const char* tag) {
         const std::int64_t bit = integerChild(element, tag, 0);
-        if (bit < 0 || bit >= 8 * length) {
-            return true;
-        }
-    }
-    return false;
+        return bit < 0 || bit >= 8 * length;
+    });
 }
 
 std::string registerFault(const Description& description, const DescriptionNode& node)

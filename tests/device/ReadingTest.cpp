@@ -6,7 +6,7 @@ using namespace featurebrowser;
 
 namespace {
 
-TEST(FeatureTree, EachNameOnceInTreeOrderInsideACategory)
+TEST(FeatureListing, EachNameOnceInTreeOrderInsideACategory)
 {
     const std::string xml = TestCamera::description("A Missing Main Sub A Hidden",
         intReg("A", 0) + intReg("B", 4) + intReg("Direct", 8)
@@ -22,7 +22,7 @@ TEST(FeatureTree, EachNameOnceInTreeOrderInsideACategory)
         TestCamera(TestCamera::openText(direct)).listed(), "Root:0 Direct:1 Main:0 A:1 Sub:1 B:2");
 }
 
-TEST(FeatureTree, NotImplementedIsLeftOutAndNotAvailableIsListedAsSuch)
+TEST(FeatureListing, NotImplementedIsLeftOutAndNotAvailableIsListedAsSuch)
 {
     TestCamera camera("A B C",
         intReg("A", 0, element("pIsImplemented", "Never"))
