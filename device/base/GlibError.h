@@ -2,8 +2,6 @@
 
 #include <glib.h>
 
-#include <memory>
-
 namespace zqcameralib {
 
 /// Receives an error of the library below: pass out(), then test it.

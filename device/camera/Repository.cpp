@@ -73,7 +73,7 @@ bool ZQCameraRepository::Impl::readRecord(Record& record)
 {
     FEATURE_STATE state = FEATURE_AVAILABLE;
     // Registers that move may be others by now.
-    if (m_camera.port().backend().prefersBatches() && !touchesMoving(*record.feature)) {
+    if (m_camera.port().backend().prefersBatches() && !touchesVariableAddress(*record.feature)) {
         m_camera.port().prefetch(record.touched);
     }
     const RegisterPort::FailureScope failures(m_camera.port());

@@ -69,7 +69,7 @@ private:
     void dropEmptyCategories();
     bool readRecord(Record& record);
     bool isStillFresh(Record& record);
-    bool touchesMoving(const zqcameralib::Feature& feature) const;
+    bool touchesVariableAddress(const zqcameralib::Feature& feature) const;
     bool touchesWritten(const Record& record, const zqcameralib::Feature& written) const;
     void explain(Record& record, FEATURE_STATE state);
     ItemList affectedBy(const zqcameralib::Feature& feature) const;

@@ -60,18 +60,18 @@ ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::affectedBy(
     return list;
 }
 
-bool ZQCameraRepository::Impl::touchesMoving(const Feature& feature) const
+bool ZQCameraRepository::Impl::touchesVariableAddress(const Feature& feature) const
 {
-    const auto node
-        = static_cast<std::size_t>(feature.node - m_camera.description().nodes().data());
-    return m_camera.dependencies().readsVariableAddress(node);
+    return m_camera.dependencies().readsVariableAddress(
+        m_camera.description().indexOf(*feature.node));
 }
 
 /// Registers at fixed places are compared, bit by bit, in the description already.
 bool ZQCameraRepository::Impl::touchesWritten(const Record& record, const Feature& written) const
 {
     const auto& registers = m_camera.written(written);
-    if (registers.empty() || (!touchesMoving(*record.feature) && !touchesMoving(written))) {
+    if (registers.empty()
+        || (!touchesVariableAddress(*record.feature) && !touchesVariableAddress(written))) {
         return false;
     }
     return std::any_of(record.touched.begin(), record.touched.end(), [&](const auto& touched) {

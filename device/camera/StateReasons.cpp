@@ -1,6 +1,7 @@
 #include "camera/StateReasons.h"
 
 #include "base/GlibError.h"
+#include "description/ReferenceWalk.h"
 
 #include <algorithm>
 
@@ -18,26 +19,18 @@ using Nodes = std::vector<std::size_t>;
 Nodes inputsOf(ZQCamera::Impl& camera, const DescriptionNode& node, ReferenceTag condition)
 {
     const Description& description = camera.description();
-    Nodes pending;
-    for (const Reference& reference : node.references) {
-        if (reference.tag == condition && reference.isResolved()) {
-            pending.push_back(reference.target);
-        }
-    }
+    NodeWalk walk(description.nodes().size(), maxWalked);
+    const auto reach = [&walk](std::size_t target) { walk.reach(target); };
+    node.forEachTarget(only(condition), reach);
     Nodes inputs;
-    for (std::size_t at = 0; at < pending.size() && at < maxWalked; ++at) {
-        const DescriptionNode& next = description.node(pending[at]);
+    walk.run([&](std::size_t reached) {
+        const DescriptionNode& next = description.node(reached);
         if (next.name == "TLParamsLocked" || camera.feature(next.name) != nullptr) {
-            inputs.push_back(pending[at]);
-            continue;
+            inputs.push_back(reached);
+        } else {
+            next.forEachTarget(isValueSource, reach);
         }
-        for (const Reference& reference : next.references) {
-            if (isValueSource(reference.tag) && reference.isResolved()
-                && std::find(pending.begin(), pending.end(), reference.target) == pending.end()) {
-                pending.push_back(reference.target);
-            }
-        }
-    }
+    });
     return inputs;
 }
 

@@ -1,6 +1,7 @@
 #include "network/GigeProbe.h"
 
 #include "base/BigEndian.h"
+#include "base/NumberText.h"
 #include "network/FileDescriptor.h"
 
 #include <arpa/inet.h>
@@ -9,7 +10,6 @@
 #include <sys/socket.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <thread>
 #include <vector>
 
@@ -135,7 +135,7 @@ std::uint64_t sizeInUrl(const Bytes& data)
     std::string url(data.begin(), data.end());
     url.resize(std::min(url.size(), url.find('\0')));
     const std::size_t last = url.rfind(';');
-    return last == std::string::npos ? 0 : std::strtoull(url.c_str() + last + 1, nullptr, 16);
+    return last == std::string::npos ? 0 : leadingUnsigned(url.substr(last + 1), 16);
 }
 
 } // namespace

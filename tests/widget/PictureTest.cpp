@@ -170,7 +170,7 @@ TEST_F(PictureTest, ALineOfValuesRisesAndFallsWithThem)
     browser->GetWidget()->setProperty(
         "pinnedFeatures", QVariant::fromValue(QByteArrayList { "Width" }));
     QWidget* line = nullptr;
-    for (QWidget* part : child<QWidget>("watchStrip")->findChildren<QWidget*>()) {
+    for (QWidget* part : child<QWidget>("pinStrip")->findChildren<QWidget*>()) {
         line = part->accessibleName() == "Recent values of Width" ? part : line;
     }
     ASSERT_NE(line, nullptr);
