@@ -43,29 +43,25 @@ struct FacadeCase {
     const char* expected;
 };
 
+void showDialog(ZQFeatureBrowser& browser)
+{
+    browser.ShowDialog(640, 480, { 10, 20 }, LEVEL_EXPERT);
+}
+
+void showStandalone(ZQFeatureBrowser& browser)
+{
+    browser.ShowStandalone(640, 480, { 10, 20 }, LEVEL_EXPERT);
+}
+
 const std::vector<FacadeCase> facadeCases = {
-    { "ShowDialog", false,
-        [](ZQFeatureBrowser& b) {
-            b.ShowDialog(640, 480, { 10, 20 }, LEVEL_EXPERT);
-        },
+    { "ShowDialog", false, showDialog,
         "widget.isVisible()\nwidget.setNumberOfSteps(1000)\nwidget.setVisibility(2)\n"
         "repository.GetFeatureStates()\nwidget.showDialog(640, 480, [10 20], [\"Gain\":1])\n" },
-    { "ShowDialogAgain", true,
-        [](ZQFeatureBrowser& b) {
-            b.ShowDialog(640, 480, { 10, 20 }, LEVEL_EXPERT);
-        },
-        "widget.isVisible()\nwidget.showDialog()\n" },
-    { "ShowStandalone", false,
-        [](ZQFeatureBrowser& b) {
-            b.ShowStandalone(640, 480, { 10, 20 }, LEVEL_EXPERT);
-        },
+    { "ShowDialogAgain", true, showDialog, "widget.isVisible()\nwidget.showDialog()\n" },
+    { "ShowStandalone", false, showStandalone,
         "widget.isVisible()\nwidget.setNumberOfSteps(1000)\nwidget.setVisibility(2)\n"
         "repository.GetFeatureStates()\nwidget.showStandalone(640, 480, [10 20], [\"Gain\":1])\n" },
-    { "ShowStandaloneAgain", true,
-        [](ZQFeatureBrowser& b) {
-            b.ShowStandalone(640, 480, { 10, 20 }, LEVEL_EXPERT);
-        },
-        "widget.isVisible()\n" },
+    { "ShowStandaloneAgain", true, showStandalone, "widget.isVisible()\n" },
     { "Show", true, [](ZQFeatureBrowser& b) { b.Show(); }, "widget.showDialog()\n" },
     { "Hide", false, [](ZQFeatureBrowser& b) { b.Hide(); }, "widget.hideDialog()\n" },
     { "CloseHidden", false, [](ZQFeatureBrowser& b) { b.CloseDialog(); }, "widget.isVisible()\n" },

@@ -14,9 +14,8 @@ protected:
     MessageTest() { show(); }
     void acceptAs(const std::string& text)
     {
-        journal.answer = [this, text](const std::string&) {
-            browser->modifyFeature("DeviceUserID", text, CAM_TYPE_STRING, {}, false, true);
-        };
+        journal.answer
+            = [this, text](const std::string&) { setText("DeviceUserID", text.c_str()); };
     }
 };
 
@@ -31,6 +30,9 @@ TEST_F(MessageTest, ARejectionStaysAtItsRowUntilTheNextGoodValue)
     EXPECT_EQ(text("Width"), "640");
     EXPECT_EQ(message(), "Error writing value\nValue must be <b>16</b>");
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(row("Width").data(Qt::AccessibleDescriptionRole).toString(),
+        "Width\n" + QString::fromStdString(message()));
+    EXPECT_FALSE(child<QAbstractButton>("dismissButton")->icon().isNull());
 
     QTest::mouseClick(child<QAbstractButton>("dismissButton"), Qt::LeftButton);
     EXPECT_EQ(message(), "");
@@ -121,10 +123,12 @@ TEST_F(MessageTest, ACalloutStandsBesideItsRowAndLeavesWithIt)
 {
     const auto* callout = child<QFrame>("messageCallout");
     const auto area = [this](const char* name) { return tree()->visualRect(row(name)); };
-    browser->setDefaultValue("Width", 640L, "no");
-    EXPECT_NE(message(), "");
-    EXPECT_GT(callout->y(), area("Width").bottom());
-    EXPECT_LT(callout->y(), area("Width").bottom() + area("Width").height());
+    for (const char* name : { "Width", "ReverseX" }) {
+        browser->setDefaultValue(name, 640L, "no");
+        EXPECT_NE(message(), "");
+        EXPECT_GT(callout->y(), area(name).bottom());
+        EXPECT_LT(callout->y(), area(name).bottom() + area(name).height());
+    }
     EXPECT_LT(callout->geometry().right(), tree()->viewport()->width());
 
     browser->GetWidget()->resize(600, 330);

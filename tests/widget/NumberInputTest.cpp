@@ -1,5 +1,7 @@
 #include "WidgetTest.h"
 
+#include <QLabel>
+
 namespace featurebrowser {
 
 namespace {
@@ -41,11 +43,16 @@ TEST_F(NumberInputTest, TheUnitStandsInTheDescription)
         { "Device temperature in degrees Celsius (C).", " \u00B0C" },
         { "Rate in frames per second", " fps" }, { "Sets the time (in practice, short)", "" },
         { "The mode in which it runs", "" }, { "", "" } };
+    select("ExposureTime");
+    press(Qt::Key_F2);
     for (const auto& [description, unit] : cases) {
         browser->setItemDescription("ExposureTime", description);
         EXPECT_EQ(row("ExposureTime", 1).data(Qt::AccessibleTextRole).toString(),
             QString("5000") + QString::fromUtf8(unit))
             << description;
+    }
+    for (const QLabel* label : browser->GetWidget()->findChildren<QLabel*>()) {
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << "what cameras say is no markup";
     }
 }
 

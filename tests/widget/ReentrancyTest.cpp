@@ -19,8 +19,7 @@ TEST_F(ReentrancyTest, AHandlerMayEmptyAndRefillTheTree)
 {
     journal.answer = [this](const std::string&) {
         browser->clearFeatureItems();
-        browser->addIntFeature(
-            "", "Width", 1, 0, 9, 1, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
+        addInteger("", "Width");
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     };
     edit("Width", "32", Qt::Key_Tab);
@@ -58,6 +57,19 @@ TEST_F(ReentrancyTest, ARowCanBeEditedWhileItsEventIsHandled)
     EXPECT_EQ(text("Width"), "48");
 }
 
+TEST_F(ReentrancyTest, AHandlerMayEmptyTheTreeWhenARowIsSelected)
+{
+    journal.hearsSelection = true;
+    journal.answer = [this](const std::string& line) {
+        if (line == "Selection ExposureTime") {
+            browser->clearFeatureItems();
+        }
+    };
+    edit("Width", "32", Qt::Key_Tab);
+    EXPECT_EQ(journal.take().back(), "Selection ExposureTime");
+    EXPECT_FALSE(isEditing());
+}
+
 TEST_F(ReentrancyTest, TwoBrowsersDoNotKnowOfEachOther)
 {
     Journal others;
@@ -91,6 +103,7 @@ TEST_F(ReentrancyTest, DeletingTheBrowserWhileEmbeddedIsClean)
     layout->addWidget(browser->GetWidget());
     dock.reset();
     browser->addCategory("Camera", LEVEL_BEGINNER);
+    browser->modifyFeature("Width", 1L, 0L, 9L, 1U, false, true);
     browser->setVisibility(LEVEL_GURU);
     browser->showDialog();
     EXPECT_EQ(browser->GetWidget(), nullptr);

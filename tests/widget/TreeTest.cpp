@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
+#include <QSplitter>
 
 #include <limits>
 
@@ -45,22 +46,24 @@ TEST_F(TreeTest, RolesTellAutomationWhatARowHolds)
     EXPECT_EQ(role("DeviceUserID", "level"), QVariant(2));
     EXPECT_EQ(role("GevMACAddress", "kind"), QVariant("mac"));
     EXPECT_EQ(role("Camera", "kind"), QVariant("category"));
+    EXPECT_TRUE(row("PixelFormat", 1).flags().testFlag(Qt::ItemIsEditable));
+    EXPECT_FALSE(row("PixelFormat", 0).flags().testFlag(Qt::ItemIsEditable));
+    EXPECT_FALSE(row("Width", 1).flags().testFlag(Qt::ItemIsEditable));
     browser->setItemDescription("Width", "Image width\r\nMin: 16");
     EXPECT_EQ(role("Width", "description"), QVariant("Image width\r\nMin: 16"));
 }
 
 TEST_F(TreeTest, TextUpdatesKeepAddressesAndFollowTheReadOnlyKind)
 {
-    browser->modifyFeature("GevCurrentIPAddress", "10.0.0.9", CAM_TYPE_STRING, {}, false, true);
+    setText("GevCurrentIPAddress", "10.0.0.9");
     EXPECT_EQ(role("GevCurrentIPAddress", "kind"), QVariant("ipv4"));
     EXPECT_EQ(text("GevCurrentIPAddress"), "10.0.0.9");
     browser->modifyFeature("DeviceUserID", "x", CAM_TYPE_READ_ONLY_STRING, {}, true, true);
     EXPECT_EQ(role("DeviceUserID", "kind"), QVariant("readonly-string"));
-    browser->modifyFeature("PixelFormat", "1", CAM_TYPE_ENUMERATION, { "A", "B" }, false, true);
+    setChoice("PixelFormat", "1", { "A", "B" });
     EXPECT_EQ(text("PixelFormat"), "B");
     for (const char* index : { "2", "-1", "", "abc", "99999999999" }) {
-        browser->modifyFeature(
-            "PixelFormat", index, CAM_TYPE_ENUMERATION, { "A", "B" }, false, true);
+        setChoice("PixelFormat", index, { "A", "B" });
         EXPECT_EQ(text("PixelFormat"), noValue) << index;
     }
 }
@@ -93,9 +96,9 @@ TEST_F(TreeTest, AnUpdateIsToldOnceAndOnlyWhenItChangesSomething)
         words("GevCurrentIPAddress", "10.0.0.2", "", true), words("PixelFormat", "0", "B", true),
         words("PixelFormat", "1", "B", true), words("PixelFormat", "1", "C", true),
         words("ReverseX", "1", "True", true), [this] {
-            std::map<std::string, FEATURE_STATE> states { { "Width", FEATURE_LOCKED } };
-            browser->modifyFeatureStates(states);
+            setStates({ { "Width", FEATURE_LOCKED } });
         } };
+    show();
     QSignalSpy told(tree()->model(), &QAbstractItemModel::dataChanged);
     for (std::size_t i = 0; i < updates.size(); ++i) {
         told.clear();
@@ -104,6 +107,8 @@ TEST_F(TreeTest, AnUpdateIsToldOnceAndOnlyWhenItChangesSomething)
         updates[i]();
         EXPECT_EQ(told.count(), 1) << i << ", the same again";
     }
+    EXPECT_EQ(role("Width", "state"), QVariant(1));
+    EXPECT_TRUE(journal.take().empty()) << "what the program does is no edit";
 }
 
 TEST_F(TreeTest, WhatIsAddedAgainStaysInItsPlace)
@@ -123,12 +128,9 @@ TEST_F(TreeTest, UnknownAndOddNamesAreTolerated)
 {
     const std::string odd = "\xFF%1<b>\xC3";
     browser->addSubCategory("Nowhere", odd, LEVEL_BEGINNER);
-    browser->addIntFeature(
-        odd, "Deep%2", 1, 0, 1, 0, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
-    browser->addIntFeature(
-        "NoSuch", "Loose", 7, 0, 9, 1, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
-    browser->addIntFeature(
-        "Camera", "Loose", 8, 0, 9, 1, LEVEL_BEGINNER, false, true, SELECTOR_NONE, "");
+    addInteger(odd, "Deep%2");
+    addInteger("NoSuch", "Loose", 7);
+    addInteger("Camera", "Loose", 8);
     browser->modifyFeature("NoSuch", 1L, 0L, 1L, 1U, false, true);
     browser->modifyFeature("Width", 2.5, 0.0, 1.0, 1.0, false, true);
     browser->setDefaultValue("NoSuch", 1L, "message");
@@ -142,16 +144,14 @@ TEST_F(TreeTest, UnknownAndOddNamesAreTolerated)
 TEST_F(TreeTest, LevelHidesFeaturesAndCategoriesLeftEmpty)
 {
     browser->addCategory("Expert only", LEVEL_BEGINNER);
-    browser->addIntFeature(
-        "Expert only", "Hidden", 1, 0, 1, 0, LEVEL_EXPERT, false, true, SELECTOR_NONE, "");
+    addInteger("Expert only", "Hidden", 1, LEVEL_EXPERT);
     show();
     auto* levels = child<QComboBox>("levelBox");
     browser->setVisibility(LEVEL_BEGINNER);
     EXPECT_TRUE(journal.take().empty());
     EXPECT_TRUE(isShown("Width") && !isShown("DeviceUserID") && !isShown("Expert only"));
     // Rows that come later are hidden too.
-    browser->addIntFeature(
-        "Camera", "Late", 1, 0, 1, 0, LEVEL_GURU, false, true, SELECTOR_NONE, "");
+    addInteger("Camera", "Late", 1, LEVEL_GURU);
     EXPECT_FALSE(isShown("Late"));
     levels->setFocus();
     press(Qt::Key_Down);
@@ -191,13 +191,16 @@ TEST_F(TreeTest, SizesAndColumnsAreTheApplications)
     EXPECT_EQ(browser->GetWidget()->size(), QSize(500, 400));
     EXPECT_EQ(tree()->columnWidth(0), 210);
     EXPECT_EQ(tree()->columnWidth(1), 120);
+    EXPECT_TRUE(browser->GetWidget()->windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+    EXPECT_FALSE(child<QSplitter>()->isCollapsible(0));
     EXPECT_TRUE(journal.take().empty());
     tree()->header()->resizeSection(0, 180);
     browser->setVisibility(LEVEL_EXPERT);
     browser->closeDialog();
     EXPECT_EQ(journal.take(), (Lines { "Column 0 180", "Close 500 400 2" }));
     EXPECT_FALSE(browser->isVisible());
-    browser->showStandalone(nullptr, 0, -1, {}, {});
+    browser->showStandalone(nullptr, 0, -1, { 0, -5 }, {});
+    EXPECT_EQ(tree()->columnWidth(0), 180);
     EXPECT_EQ(browser->GetWidget()->size(), QSize(500, 400));
     EXPECT_TRUE(browser->GetWidget()->windowType() == Qt::Window && browser->isVisible());
     browser->hideDialog();

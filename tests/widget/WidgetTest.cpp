@@ -4,8 +4,6 @@
 #include <QApplication>
 #include <QLabel>
 
-#include <sstream>
-
 namespace featurebrowser {
 
 namespace {
@@ -26,80 +24,7 @@ QModelIndex find(const QAbstractItemModel& model, const QByteArray& name, const 
     return {};
 }
 
-template <typename... T> std::string line(const T&... parts)
-{
-    std::ostringstream stream;
-    stream.precision(17);
-    ((stream << parts << ' '), ...);
-    std::string text = stream.str();
-    text.pop_back();
-    return text;
-}
-
 } // namespace
-
-void Journal::add(const std::string& text)
-{
-    lines.push_back(text);
-    if (answer) {
-        answer(text);
-    }
-}
-
-void Journal::FeatureIntModified(std::string name, long value)
-{
-    add(line("Int", name, value));
-}
-void Journal::FeatureEnumModified(std::string name, std::string entry, int index)
-{
-    add(line("Enum", name, entry, index));
-}
-void Journal::FeatureBoolModified(std::string name, int value)
-{
-    add(line("Bool", name, value));
-}
-void Journal::FeatureStringModified(std::string name, std::string value)
-{
-    add(line("String", name, value));
-}
-void Journal::FeatureIPModified(std::string name, const std::string& text)
-{
-    add(line("IP", name, text));
-}
-void Journal::FeatureDoubleModified(std::string name, double value)
-{
-    add(line("Double", name, value));
-}
-void Journal::FeatureExecCommand(std::string name)
-{
-    add(line("Command", name));
-}
-void Journal::ItemSelectionChanged(std::string name)
-{
-    if (hearsSelection) {
-        add(line("Selection", name));
-    }
-}
-void Journal::ItemColumnResized(int column, int width)
-{
-    add(line("Column", column, width));
-}
-void Journal::FeatureCloseDialog(int width, int height, TYPE_LEVEL level)
-{
-    add(line("Close", width, height, level));
-}
-void Journal::SendError(int code, std::string text)
-{
-    add(line("Error", code, text));
-}
-void Journal::FeatureLevelChanged(TYPE_LEVEL level)
-{
-    add(line("Level", level));
-}
-void Journal::AllConfigChanged()
-{
-    add("AllConfigChanged");
-}
 
 WidgetTest::WidgetTest()
     : browser(std::make_unique<CameraFeatureBrowser>(nullptr))
@@ -135,6 +60,29 @@ void WidgetTest::show()
     tree()->setFocus();
     QApplication::processEvents();
     journal.take();
+}
+
+void WidgetTest::addInteger(const std::string& category, const std::string& name, long value,
+    TYPE_LEVEL level, const std::string& selectors) const
+{
+    browser->addIntFeature(category, name, value, 0, 9, 1, level, false, true,
+        selectors.empty() ? SELECTOR_NONE : SELECTOR_SELECTED, selectors);
+}
+
+void WidgetTest::setText(const std::string& name, const char* value, bool readOnly) const
+{
+    browser->modifyFeature(name, value, CAM_TYPE_STRING, {}, readOnly, true);
+}
+
+void WidgetTest::setChoice(
+    const std::string& name, const char* index, std::list<std::string> entries, bool readOnly) const
+{
+    browser->modifyFeature(name, index, CAM_TYPE_ENUMERATION, std::move(entries), readOnly, true);
+}
+
+void WidgetTest::setStates(std::map<std::string, FEATURE_STATE> states) const
+{
+    browser->modifyFeatureStates(states);
 }
 
 QTreeView* WidgetTest::tree() const

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <sstream>
 
 namespace featurebrowser {
 
@@ -21,24 +22,53 @@ public:
     /// The lines since the last call.
     std::vector<std::string> take() { return std::exchange(lines, {}); }
 
-    void FeatureIntModified(std::string name, long value) override;
-    void FeatureEnumModified(std::string name, std::string entry, int index) override;
-    void FeatureBoolModified(std::string name, int value) override;
-    void FeatureStringModified(std::string name, std::string value) override;
-    void FeatureIPModified(std::string name, const std::string& text) override;
-    void FeatureDoubleModified(std::string name, double value) override;
-    void FeatureExecCommand(std::string name) override;
-    void ItemSelectionChanged(std::string name) override;
-    void ItemColumnResized(int column, int width) override;
-    void FeatureCloseDialog(int width, int height, TYPE_LEVEL level) override;
-    void SendError(int code, std::string text) override;
-    void FeatureLevelChanged(TYPE_LEVEL level) override;
-    void AllConfigChanged() override;
+    void FeatureIntModified(std::string name, long value) override { add("Int", name, value); }
+    void FeatureEnumModified(std::string name, std::string entry, int index) override
+    {
+        add("Enum", name, entry, index);
+    }
+    void FeatureBoolModified(std::string name, int value) override { add("Bool", name, value); }
+    void FeatureStringModified(std::string name, std::string value) override
+    {
+        add("String", name, value);
+    }
+    void FeatureIPModified(std::string name, const std::string& text) override
+    {
+        add("IP", name, text);
+    }
+    void FeatureDoubleModified(std::string name, double value) override
+    {
+        add("Double", name, value);
+    }
+    void FeatureExecCommand(std::string name) override { add("Command", name); }
+    void ItemSelectionChanged(std::string name) override
+    {
+        if (hearsSelection) {
+            add("Selection", name);
+        }
+    }
+    void ItemColumnResized(int column, int width) override { add("Column", column, width); }
+    void FeatureCloseDialog(int width, int height, TYPE_LEVEL level) override
+    {
+        add("Close", width, height, level);
+    }
+    void SendError(int code, std::string text) override { add("Error", code, text); }
+    void FeatureLevelChanged(TYPE_LEVEL level) override { add("Level", level); }
+    void AllConfigChanged() override { add("AllConfigChanged"); }
 
     bool hearsSelection = false;
 
 private:
-    void add(const std::string& text);
+    template <typename... T> void add(const T&... parts)
+    {
+        std::ostringstream text;
+        text.precision(17);
+        ((text << (text.tellp() > 0 ? " " : "") << parts), ...);
+        lines.push_back(text.str());
+        if (answer) {
+            answer(text.str());
+        }
+    }
 };
 
 using Lines = std::vector<std::string>;
@@ -50,6 +80,12 @@ protected:
     WidgetTest();
 
     void show();
+    void addInteger(const std::string& category, const std::string& name, long value = 1,
+        TYPE_LEVEL level = LEVEL_BEGINNER, const std::string& selectors = "") const;
+    void setText(const std::string& name, const char* value, bool readOnly = false) const;
+    void setChoice(const std::string& name, const char* index, std::list<std::string> entries,
+        bool readOnly = false) const;
+    void setStates(std::map<std::string, FEATURE_STATE> states) const;
     QTreeView* tree() const;
     template <typename T> T* child(const char* name = nullptr) const
     {
