@@ -221,9 +221,10 @@ RegisterPort::Recorder::~Recorder()
 RegisterPort::Pass::Pass(RegisterPort& port)
     : m_port(port)
 {
-    if (m_port.m_passes++ == 0 && m_port.snapshotExpired()) {
+    if (m_port.snapshotExpired()) { // not within another pass
         m_port.clearSnapshot();
     }
+    ++m_port.m_passes;
 }
 
 RegisterPort::Pass::~Pass()
