@@ -1,0 +1,71 @@
+#include "base/Status.h"
+#include "base/GlibError.h"
+#include "base/NumberText.h"
+#include "base/StatusCodes.h"
+
+#include <arv.h>
+#include <gtest/gtest.h>
+
+#include <cfloat>
+#include <cmath>
+
+using namespace zqcameralib;
+
+namespace {
+
+TEST(Status, OfALibraryErrorKeepsItsCodeAndIsNeverASuccess)
+{
+    const GQuark other = g_quark_from_static_string("another library");
+    for (const auto& [domain, code, expected] :
+        { std::tuple(arv_device_error_quark(), 0, deviceErrorBase),
+            { arv_device_error_quark(), 7, deviceErrorBase + 7 },
+            { arv_gc_error_quark(), 0, nodeMapErrorBase },
+            { arv_gc_error_quark(), 3, nodeMapErrorBase + 3 }, { other, 0, otherErrorBase },
+            { other, 5, otherErrorBase + 5 }, { other, -otherErrorBase, otherErrorBase } }) {
+        GlibError error;
+        g_set_error_literal(error.out(), domain, code, "the words");
+        EXPECT_EQ(Status::fromLibrary(*error.get()).code(), expected);
+        EXPECT_EQ(Status::fromLibrary(*error.get()).text(), "the words");
+    }
+}
+
+TEST(Status, ComesBackFromTheLibraryAsItWas)
+{
+    GError* error = nullptr;
+    EXPECT_TRUE(Status().toLibrary(&error));
+    ASSERT_EQ(error, nullptr);
+    EXPECT_FALSE(Status(cameraLost, "first").toLibrary(&error));
+    EXPECT_FALSE(Status(notSent, "second").toLibrary(&error)); // the first cause stays
+    EXPECT_EQ(Status::fromLibrary(*error).code(), cameraLost);
+    EXPECT_EQ(Status::fromLibrary(*error).text(), "first");
+    g_error_free(error);
+    EXPECT_FALSE(Status(cameraLost, "nobody asks").toLibrary(nullptr));
+}
+
+TEST(Status, OfAFailureStaysOneWhateverItsCodeAndWords)
+{
+    EXPECT_EQ(Status(0, "words").code(), otherErrorBase);
+    EXPECT_EQ(Status(featureLocked, "").text(), "The feature is locked now.");
+    EXPECT_EQ(Status(notSent, "a").withText("b").code(), notSent);
+    EXPECT_EQ(Status(notSent, "a").withText("b").text(), "b");
+    EXPECT_TRUE(Status().withText("b").isOk());
+    EXPECT_EQ(Result<int>(7).value(), 7);
+    EXPECT_EQ(Result<int>(Status()).status().code(), otherErrorBase);
+    EXPECT_EQ(Result<int>(Status(notSent, "a")).status().text(), "a");
+}
+
+TEST(NumberText, TakesWholeNumbersAndShowsOnlyThoseThereAre)
+{
+    const std::vector<std::uint8_t> bytes(65, 0xA5);
+    EXPECT_EQ(wholeInteger("0x1F"), 31);
+    EXPECT_EQ(wholeInteger("8 "), std::nullopt);
+    EXPECT_EQ(wholeInteger(""), std::nullopt);
+    EXPECT_EQ(hexText(bytes.data(), 64).size(), 64U * 3 - 1);
+    EXPECT_EQ(hexText(bytes.data(), 65), hexText(bytes.data(), 64) + " ... (65 bytes)");
+    EXPECT_EQ(finiteMinimum(NAN), -DBL_MAX);
+    EXPECT_EQ(finiteMinimum(INFINITY), DBL_MAX);
+    EXPECT_EQ(finiteMaximum(NAN), DBL_MAX);
+    EXPECT_EQ(finiteMaximum(-INFINITY), -DBL_MAX);
+}
+
+} // namespace
