@@ -71,9 +71,10 @@ FrameSource::Outcome SimulatedFrames::next(featurebrowser::ZQFrame& frame)
     frame.pixelFormat = m_format.pixelFormat;
     frame.frameId = m_number + 1;
     frame.systemTimestampNs = systemNanoseconds();
-    frame.timestampNs = static_cast<std::uint64_t>(
-        std::chrono::duration_cast<std::chrono::nanoseconds>(due.time_since_epoch()).count());
     ++m_number;
+    const Clock::time_point taken = m_start + m_period * static_cast<std::int64_t>(m_number);
+    frame.timestampNs = static_cast<std::uint64_t>(
+        std::chrono::duration_cast<std::chrono::nanoseconds>(taken.time_since_epoch()).count());
     return Outcome::Complete;
 }
 

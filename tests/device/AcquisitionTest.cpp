@@ -78,19 +78,23 @@ TEST(Acquisition, DeliversImagesOfTheCamerasSizeOnAThreadOfItsOwn)
 TEST(Acquisition, EndsByItselfAfterTheFramesAskedFor)
 {
     TestCamera camera(TestCamera::simulated());
-    ASSERT_EQ(camera.device.SetEnumValue("AcquisitionMode", "SingleFrame", 0), STATUS_OK);
+    camera.device.SetEnumValue("AcquisitionMode", "MultiFrame", 0);
+    ASSERT_EQ(camera.device.SetIntegerValue("AcquisitionFrameCount", 3, 1), STATUS_OK);
     ZQAcquisition acquisition(camera.camera.get(), &camera.device);
-    Frames frames;
-    ASSERT_EQ(acquisition.start(frames.handler()), STATUS_OK);
-    frames.waitFor(1);
-    std::this_thread::sleep_for(std::chrono::milliseconds(150));
-    EXPECT_EQ(frames.m_count, 1);
-    EXPECT_FALSE(acquisition.isRunning());
-    EXPECT_NE(camera.device.IsGrabbing(), 0);
-    ASSERT_EQ(acquisition.start(frames.handler()), STATUS_OK);
-    EXPECT_EQ(frames.waitFor(2), 2);
-    EXPECT_EQ(acquisition.stop(), STATUS_OK);
-    EXPECT_EQ(camera.device.IsGrabbing(), 0);
+    for (const auto& [mode, count] : { std::pair("SingleFrame", 1), { "MultiFrame", 3 } }) {
+        ASSERT_EQ(camera.device.SetEnumValue("AcquisitionMode", mode, 0), STATUS_OK);
+        Frames frames;
+        for (int total = count; total <= 2 * count; total += count) {
+            ASSERT_EQ(acquisition.start(frames.handler()), STATUS_OK);
+            while (acquisition.isRunning()) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            }
+            EXPECT_EQ(frames.waitFor(total), total) << mode;
+            EXPECT_NE(camera.device.IsGrabbing(), 0);
+        }
+        EXPECT_EQ(acquisition.stop(), STATUS_OK);
+        EXPECT_EQ(camera.device.IsGrabbing(), 0);
+    }
 }
 
 TEST(Acquisition, IsRunningFromEveryStartToEveryStop)
@@ -155,16 +159,6 @@ TEST(Acquisition, IsNotDisturbedByOtherCamerasThatComeAndGo)
     EXPECT_GE(frames.m_count, before + 2);
 }
 
-TEST(Acquisition, WithoutAnImageSizeIsRefused)
-{
-    TestCamera camera("A", intReg("A", 0));
-    ZQAcquisition acquisition(camera.camera.get(), &camera.device);
-    EXPECT_EQ(acquisition.start(nullptr), zqcameralib::noImage);
-    EXPECT_NE(acquisition.lastError().find("Width"), std::string::npos) << acquisition.lastError();
-    EXPECT_FALSE(acquisition.isRunning());
-    EXPECT_EQ(acquisition.stop(), STATUS_OK);
-}
-
 struct OddFormat {
     const char* name;
     zqcameralib::ImageFormat format;
@@ -201,18 +195,62 @@ INSTANTIATE_TEST_SUITE_P(Odd, MadeUpFrame,
         OddFormat { "RateHuge", { 4, 4, 0, 16, 1e300, 0 }, 4 }),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST(Acquisition, WithAPayloadBelowOneRowIsRefused)
+TEST(MadeUpFrames, CountAndMoveByOneStepAFrame)
 {
-    TestCamera camera("Width Height PayloadSize",
-        intReg("Width", 0) + intReg("Height", 4) + intReg("PayloadSize", 8));
-    for (const auto& [name, value] :
-        { std::pair("Width", 8), { "Height", 8 }, { "PayloadSize", 7 } }) {
-        ASSERT_EQ(camera.device.SetIntegerValue(name, value, 0), STATUS_OK);
+    zqcameralib::SimulatedFrames frames({ 4, 3, 0x01080001, 12, 1000.0, 0 });
+    ZQFrame first;
+    while (frames.next(first) != zqcameralib::FrameSource::Outcome::Complete) { }
+    EXPECT_EQ(first.frameId, frames.lost() + 1);
+    for (int i = 0; i < 3; ++i) {
+        ZQFrame frame;
+        while (frames.next(frame) != zqcameralib::FrameSource::Outcome::Complete) { }
+        EXPECT_EQ(frame.frameId, i + 2U + frames.lost());
+        EXPECT_EQ(frame.timestampNs - first.timestampNs, (frame.frameId - first.frameId) * 1000000);
+        EXPECT_GE(frame.systemTimestampNs, first.systemTimestampNs);
+        EXPECT_EQ(frame.pixelFormat, 0x01080001U);
+        EXPECT_EQ(frame.width * 10 + frame.height, 43);
+        for (std::size_t at = 0; at < frame.size; ++at) {
+            EXPECT_EQ(frame.data[at], (at % 4 + at / 4 + frame.frameId - 1) % 256);
+        }
     }
-    ZQAcquisition acquisition(camera.camera.get(), &camera.device);
-    EXPECT_EQ(acquisition.start(nullptr), zqcameralib::noImage);
-    EXPECT_NE(acquisition.lastError().find("7 bytes"), std::string::npos)
-        << acquisition.lastError();
+}
+
+TEST(Acquisition, IsRefusedWithWhatIsWrongWithTheImage)
+{
+    const auto wide = [](const char* name, unsigned address) {
+        return intReg(name, address, element("Length", "8"));
+    };
+    const std::string none = "no image can be acquired: ";
+    const std::string accepted = "AcquisitionStart: the camera has no such feature";
+    struct Case {
+        const char* members;
+        std::int64_t width, height, payload;
+        std::string text;
+    };
+    for (const Case& test : { Case { "Height", 8, 8, 0, none + "the camera tells no Width" },
+             { "Width", 8, 8, 0, none + "the camera tells no Height" },
+             { "Width Height", 0, 8, 0, none + "Width is 0" },
+             { "Width Height", 8, -1, 0, none + "Height is -1" },
+             { "Width Height", 100001, 8, 0, none + "Width is 100001" },
+             { "Width Height", 100000, 1, 0, accepted },
+             { "Width Height", 100000, 100000, 0, none + "one image would take 10000000000 bytes" },
+             { "Width Height PayloadSize", 8, 8, (1LL << 31) + 1,
+                 none + "one image would take 2147483649 bytes" },
+             { "Width Height PayloadSize", 8, 8, 7,
+                 none + "PayloadSize is 7 bytes, less than one row of the image" },
+             { "Width Height PayloadSize", 8, 8, 8, accepted },
+             { "Width Height PayloadSize", 8, 8, 0, accepted } }) {
+        TestCamera camera(
+            test.members, wide("Width", 0) + wide("Height", 8) + wide("PayloadSize", 16));
+        camera.device.SetIntegerValue("Width", test.width, 0);
+        camera.device.SetIntegerValue("Height", test.height, 0);
+        camera.device.SetIntegerValue("PayloadSize", test.payload, 0);
+        ZQAcquisition acquisition(camera.camera.get(), &camera.device);
+        EXPECT_NE(acquisition.start(nullptr), STATUS_OK);
+        EXPECT_EQ(acquisition.lastError(), test.text);
+        EXPECT_FALSE(acquisition.isRunning());
+        EXPECT_EQ(acquisition.stop(), STATUS_OK);
+    }
 }
 
 } // namespace
