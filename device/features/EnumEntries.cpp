@@ -1,5 +1,7 @@
 #include "features/EnumEntries.h"
 
+#include "base/NumberText.h"
+
 #include <algorithm>
 #include <unordered_map>
 
@@ -22,6 +24,14 @@ pugi::xml_node firstUsable(pugi::xml_node entry)
     return entry;
 }
 
+/// Entries may share a name.
+bool isSame(ArvGcFeatureNode* node, pugi::xml_node entry)
+{
+    return nameOf(node) == entry.attribute("Name").value()
+        && arv_gc_enum_entry_get_value(ARV_GC_ENUM_ENTRY(node), nullptr)
+        == leadingInteger(childText(entry, "Value"));
+}
+
 /// The node map's entries, in the order of the description.
 std::vector<ArvGcFeatureNode*> entryNodes(ArvGcEnumeration* enumeration, pugi::xml_node first)
 {
@@ -33,7 +43,7 @@ std::vector<ArvGcFeatureNode*> entryNodes(ArvGcEnumeration* enumeration, pugi::x
         }
     }
     // The node map collects them by prepending.
-    if (!nodes.empty() && first.attribute("Name").value() != nameOf(nodes.front())) {
+    if (!nodes.empty() && isSame(nodes.back(), first)) {
         std::reverse(nodes.begin(), nodes.end());
     }
     return nodes;

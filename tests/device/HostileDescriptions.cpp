@@ -21,11 +21,6 @@ const std::vector<std::string> values { "", "abc", "-1", "0", "1e999", "NaN", "0
     "9223372036854775807", "-9223372036854775808", "18446744073709551616", "1.5", "%s%n",
     "\xFF\xFE" };
 
-std::string node(const std::string& kind, const std::string& name, const std::string& content)
-{
-    return "<" + kind + " Name=\"" + name + "\">" + content + "</" + kind + ">";
-}
-
 /// What a node of that kind needs to be evaluated at all.
 std::string body(const std::string& kind)
 {

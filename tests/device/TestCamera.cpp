@@ -16,6 +16,11 @@ std::string element(const std::string& tag, const std::string& text)
     return "<" + tag + ">" + text + "</" + tag + ">";
 }
 
+std::string node(const std::string& kind, const std::string& name, const std::string& content)
+{
+    return "<" + kind + " Name=\"" + name + "\">" + content + "</" + kind + ">";
+}
+
 std::string intReg(const std::string& name, unsigned address, const std::string& more)
 {
     return "<IntReg Name=\"" + name + "\">" + element("Address", std::to_string(address))
@@ -51,6 +56,13 @@ TestCamera TestCamera::simulated()
 {
     std::string error;
     return TestCamera(ZQCamera::OpenSimulated(error));
+}
+
+int TestCamera::registerAt(std::uint64_t address)
+{
+    std::array<std::uint8_t, 4> bytes {};
+    const auto read = port.read({ address, 4 }, bytes.data(), AccessKind::Memory);
+    return read.isOk() ? bytes[3] : -1;
 }
 
 std::string TestCamera::listed() const

@@ -60,6 +60,8 @@ public:
         device.GetErrorText(code, name.data(), text.data());
         return text.data();
     }
+    /// The last byte of a 4-byte register; -1 when it cannot be read.
+    int registerAt(std::uint64_t address);
     std::string listed() const;
     /// Whether the description says that the feature, or what it is read from, has to be polled.
     bool changesByItself(const std::string& name);
@@ -76,5 +78,7 @@ std::vector<std::string> realDescriptions();
 
 /// "<tag>text</tag>"
 std::string element(const std::string& tag, const std::string& text);
+/// "<kind Name="name">content</kind>"
+std::string node(const std::string& kind, const std::string& name, const std::string& content);
 /// A 4-byte register, read-write, big endian unless `more` says otherwise.
 std::string intReg(const std::string& name, unsigned address, const std::string& more = {});
