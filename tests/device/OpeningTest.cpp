@@ -24,7 +24,25 @@ protected:
         return path;
     }
 
+    /// The archive of some files.
+    std::string zip(const std::string& files)
+    {
+        const std::string path
+            = (m_folder / ("z" + std::to_string(++m_archives) + ".zip")).string();
+        EXPECT_EQ(
+            std::system(("cd " + m_folder.string() + " && zip -qj " + path + " " + files).c_str()),
+            0);
+        return path;
+    }
+    /// The file with another size.
+    static std::string resized(const std::string& path, std::uintmax_t size)
+    {
+        std::filesystem::resize_file(path, size);
+        return path;
+    }
+
     std::filesystem::path m_folder;
+    int m_archives = 0;
 };
 
 const std::string good = TestCamera::description("A", intReg("A", 0));
@@ -36,16 +54,12 @@ TEST_F(Opening, TakesEveryFormThatCamerasDeliver)
     std::string latin1 = good;
     latin1.replace(latin1.find("utf-8"), 5, "iso-8859-1");
     latin1.replace(latin1.find("\"V\""), 3, "\"V\xE9\"");
-    const std::string zip = (m_folder / "camera.zip").string();
-    ASSERT_EQ(std::system(("cd " + m_folder.string() + " && printf '%s' '" + good
-                  + "' > a.xml && zip -q camera.zip a.xml")
-                              .c_str()),
-        0);
+    write("note.txt", "no XML");
 
     for (const std::string& path :
         { write("plain.xml", good), write("bom.xml", "\xEF\xBB\xBF" + good),
             write("line.xml", "Camera 1 (10.0.0.1)\n" + good), write("legacy.xml", legacy),
-            write("latin1.xml", latin1), zip }) {
+            write("latin1.xml", latin1), zip(write("A.XML", good) + " note.txt") }) {
         std::string error;
         std::unique_ptr<ZQCamera> camera = ZQCamera::OpenDescription(path, error);
         ASSERT_TRUE(camera) << path << ": " << error;
@@ -55,29 +69,65 @@ TEST_F(Opening, TakesEveryFormThatCamerasDeliver)
     }
 }
 
+/// A description with so many elements, or so many within each other, below its root.
+std::string repeated(const std::string& one, std::size_t count)
+{
+    std::string text = "<RegisterDescription><Category Name=\"Root\"/>";
+    for (std::size_t i = 1; i < count; ++i) {
+        text += one;
+    }
+    return text + "</RegisterDescription>";
+}
+
+std::string nested(std::size_t depth)
+{
+    std::string text = "<a/>";
+    for (std::size_t i = 1; i < depth; ++i) {
+        text = "<a>" + text + "</a>";
+    }
+    return repeated(text, 2);
+}
+
 TEST_F(Opening, RefusesWhatIsNoDescriptionInOneClearLine)
 {
     struct Case {
         std::string path;
         const char* says;
     };
+    const std::string damaged = zip(write("a.xml", good));
+    std::fstream(damaged).seekp(100) << '!';
     const std::vector<Case> cases {
         { (m_folder / "none.xml").string(), "no such file" },
         { m_folder.string(), "not a file" },
-        { write("empty.xml", ""), "empty" },
+        { write("empty.xml", ""), "the file is empty" },
         { write("text.xml", "hello"), "not XML" },
+        { resized(write("largest.xml", ""), 32U << 20U), "not XML" },
+        { resized(write("larger.xml", ""), (32U << 20U) + 1),
+            "too large for a camera description" },
         { write("cut.xml", good.substr(0, good.size() - 30)), "malformed XML" },
         { write("nested.xml", "<a><b></a>"), "malformed XML" },
-        { write("other.xml", "<html/>"), "not a camera description" },
-        { write("rootless.xml", "<RegisterDescription/>"), "no root category" },
-        { write("broken.zip", "PK\x03\x04 and then nothing of use"), "archive" },
+        { write("other.xml", "<html/>"),
+            "not a camera description: no RegisterDescription element" },
+        { write("rootless.xml", "<RegisterDescription/>"),
+            "not a camera description: no root category" },
+        { write("deep.xml", nested(34)), "not a camera description: elements nested too deeply" },
+        { write("many.xml", repeated("<a/>", 400001)),
+            "the description is too large: more than 400000 elements" },
+        { write("broken.zip", "PK\x03\x04 and then nothing of use"),
+            "the archive holds no XML file" },
+        { zip(write("note.txt", "no XML")), "the archive holds no XML file" },
+        { damaged, "the archive is damaged or too large" },
+        { zip(resized(write("larger.xml", ""), (32U << 20U) + 1)),
+            "the archive is damaged or too large" },
     };
     for (const Case& test : cases) {
         std::string error;
         EXPECT_FALSE(ZQCamera::OpenDescription(test.path, error)) << test.path;
-        EXPECT_NE(error.find(test.says), std::string::npos) << error;
+        EXPECT_EQ(error.find(test.path + ": " + test.says), 0U) << error;
         EXPECT_EQ(error.find('\n'), std::string::npos) << error;
     }
+    EXPECT_TRUE(TestCamera::openText(nested(33)));
+    EXPECT_TRUE(TestCamera::openText(repeated("<a/>", 400000)));
 }
 
 TEST_F(Opening, RegistersThatDecideStartFavourably)

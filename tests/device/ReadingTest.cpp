@@ -65,7 +65,7 @@ std::string summary(const FeatureItem& item)
 
 std::string named(const std::string& tag, const std::string& content)
 {
-    return "<" + tag + " Name=\"F\">" + content + "</" + tag + ">";
+    return node(tag, "F", content);
 }
 
 std::string reg(const std::string& tag, int length, const std::string& content)
@@ -179,6 +179,43 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ReadValue,
                 "R</pVariable><Formula>(X=0) ? 2.5 : (1/X)</Formula>")
                 + intReg("R", 0),
             { 0, 0, 0, 0 }, "2.5 1 RO" },
+        ValueCase { "limits half told", named("Integer", over + "<Min>-5</Min>") + intReg("R", 0),
+            { 0, 0, 0, 7 }, "7 1 RW -5..4294967295/1" },
+        ValueCase { "increments that are none",
+            named("Integer", over + "<Max>9</Max><Inc>-3</Inc>") + intReg("R", 0), {},
+            "0 1 RW 0..9/0" },
+        ValueCase { "limit without a value",
+            named("Integer", over + "<pMax>Q</pMax><Inc>9000000000</Inc>") + intReg("R", 0)
+                + node("IntSwissKnife", "Q",
+                    "<pVariable Name=\"X\">R</pVariable><Formula>1/X</Formula>"),
+            { 0, 0, 0, 0 }, "0 1 RW 0..4294967295/4294967295" },
+        ValueCase { "signed bits",
+            reg("MaskedIntReg", 4, "<LSB>24</LSB><MSB>27</MSB><Sign>Signed</Sign>"),
+            { 0, 0, 0, 0x0F }, "-1 1 RW -8..7/1" },
+        ValueCase {
+            "one bit", reg("MaskedIntReg", 4, "<Bit>31</Bit>"), { 0, 0, 0, 3 }, "1 1 RW 0..1/1" },
+        ValueCase { "little endian",
+            node("IntReg", "F", "<Address>0</Address><Length>2</Length><pPort>Device</pPort>"),
+            { 1, 2 }, "513 1 RO 0..65535/1" },
+        ValueCase { "boolean off",
+            named("Boolean", over + "<OnValue>7</OnValue><OffValue>3</OffValue>") + intReg("R", 0),
+            { 0, 0, 0, 3 }, "0 1 RW False True" },
+        ValueCase { "no text", reg("StringReg", 4, ""), { 0, 'b' }, " 1 RW" },
+        ValueCase { "text of no length", reg("StringReg", 4, "<pLength>Zero</pLength>") + zeroNode,
+            {}, " 1 RW" },
+        ValueCase { "raw register of no length",
+            reg("Register", 4, "<pLength>Zero</pLength>") + zeroNode, {}, " 0 RW" },
+        ValueCase { "raw register beyond a row", reg("Register", 65537, ""), {}, " 0 RW" },
+        ValueCase { "imposed access",
+            named("Integer", over + "<ImposedAccessMode>RO</ImposedAccessMode>") + intReg("R", 0),
+            { 0, 0, 0, 1 }, "1 1 RO 0..4294967295/1" },
+        ValueCase { "no access at all",
+            named("Integer", over) + intReg("R", 0, "<AccessMode>NA</AccessMode>"), {},
+            " 0 NA 0..0/0" },
+        ValueCase { "accesses that exclude each other",
+            named("Integer", over + "<ImposedAccessMode>WO</ImposedAccessMode>")
+                + intReg("R", 0, "<AccessMode>RO</AccessMode>"),
+            {}, " 0 NA 0..0/0" },
         ValueCase { "chunk",
             reg("IntReg", 4, "").replace(reg("IntReg", 4, "").find("Device"), 6, "Chunk")
                 + "<Port Name=\"Chunk\"><ChunkID>12</ChunkID></Port>",
@@ -200,14 +237,26 @@ TEST(Record, AddressesAreTranslatedByWhatTheDescriptionSays)
 
 TEST(Record, CarriesWhatAUserReads)
 {
-    TestCamera camera("Sel Other Gain Set",
+    TestCamera camera("Sel Other Gain Set Step NoStep Text",
         intReg("Sel", 0, element("pSelected", "Gain"))
             + intReg("Other", 4, element("pSelected", "Gain"))
             + "<Float Name=\"Gain\"><ToolTip>Tip</ToolTip><Description>Text</Description>"
               "<Visibility>Guru</Visibility><Value>1.5</Value><Unit>dB</Unit></Float>"
               "<Integer Name=\"Set\"><Value>1</Value><ValidValueSet>1;2;4</ValidValueSet>"
-              "</Integer>");
+              "</Integer>"
+              "<Float Name=\"Step\"><ToolTip>Tip</ToolTip><Visibility>Expert</Visibility><Value>1"
+              "</Value><Min>-2.5</Min><Max>4</Max><Inc>0.5</Inc></Float>"
+              "<Float Name=\"NoStep\"><Value>1</Value><pInc>Gain</pInc><Max>INF</Max></Float>"
+              "<StringReg Name=\"Text\"><Address>8</Address><Length>9</Length><pPort>Device</pPort>"
+              "</StringReg>");
 
+    const FeatureItem& step = camera.item("Step");
+    EXPECT_EQ(step.description, "Tip");
+    EXPECT_EQ(step.level, LEVEL_EXPERT);
+    EXPECT_EQ(step.floatMin + step.floatMax + step.floatInc, -2.5 + 4 + 0.5);
+    EXPECT_EQ(camera.item("NoStep").floatInc, 1.5);
+    EXPECT_EQ(camera.item("Text").maxLength, 9U);
+    EXPECT_EQ(camera.item("Set").level, LEVEL_BEGINNER);
     const FeatureItem& gain = camera.item("Gain");
     EXPECT_EQ(gain.description, "Text\nUnit: dB");
     EXPECT_EQ(gain.selectorParent, "Sel,Other");

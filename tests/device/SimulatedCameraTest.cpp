@@ -113,6 +113,38 @@ TEST_F(SimulatedCameraTest, ValuesFollowWhatLimitsThem)
         { "automatic exposure", { { exposureAuto, 1 } },
             { { exposureTime, 20000 }, { exposureAuto, 0 } } },
         { "automatic gain", { { gainAuto, 3 } }, { { gainAll, 60 }, { gainAuto, 1 } } },
+        { "exposure outside", { { exposureTime, 5 } }, { { exposureTime, 10 } } },
+        { "exposure beyond", { { exposureTime, 10000001 } }, { { exposureTime, 10000000 } } },
+        { "half the readout",
+            { { exposureTime, 10 }, { doubleRateEnable, 1 }, { framePeriod, 10 } },
+            { { framePeriod, 2660 } } },
+        { "continuous exposure within the frame period",
+            { { frameRateEnable, 1 }, { framePeriod, 15000 }, { exposureAuto, 2 } },
+            { { exposureTime, 15000 }, { exposureAuto, 2 } } },
+        { "continuous gain", { { gainAuto, 2 } }, { { gainAll, 60 }, { gainAuto, 2 } } },
+        { "gain by hand", { { gainAll, 5 } }, { { gainAll, 5 } } },
+        { "automatic white", { { balanceWhiteAuto, 1 } },
+            { { balanceRatio, 0x3fe00000 }, { balanceRatio + 4, 0x3f800000 },
+                { balanceRatio + 8, 0x40000000 }, { balanceWhiteAuto, 0 } } },
+        { "continuous white", { { balanceWhiteAuto, 2 } }, { { balanceWhiteAuto, 2 } } },
+        { "white by hand", { { balanceRatio, 0x3f000000 } }, { { balanceRatio, 0x3f000000 } } },
+        { "other binning mixes it too", { { pixelFormat, bayerRg8 }, { binningHorizontal, 2 } },
+            { { pixelFormat, mono8 } } },
+        { "double rate keeps the mosaic", { { pixelFormat, bayerRg8 }, { doubleRateEnable, 1 } },
+            { { pixelFormat, bayerRg8 } } },
+        { "binning keeps the depth", { { pixelFormat, mono16 }, { binningVertical, 2 } },
+            { { pixelFormat, mono16 } } },
+        { "last region", { { mroiH + 12, 3 }, { mroiY + 12, 5000 } },
+            { { mroiH + 12, 2 }, { mroiY + 12, 2046 } } },
+        { "smallest image", { { width, 0 }, { height, 0 }, { offsetX, 5000 }, { offsetY, 5001 } },
+            { { width, 8 }, { height, 2 }, { offsetX, 2040 }, { offsetY, 2046 } } },
+        { "second output line", { { userOutput + 4, 1 } }, { { lineStatusAll, 0b1000 } } },
+        { "line without an output", { { lineSource + 8, 3 }, { userOutput, 1 } },
+            { { lineStatusAll, 0 } } },
+        { "input line", { { lineMode + 8, 0 }, { userOutput, 1 } }, { { lineStatusAll, 0 } } },
+        { "other trigger source", { { triggerMode, 1 }, { triggerSoftware, 1 } },
+            { { triggerCount, 0 } } },
+        { "command that is none", { { timestampLatch, 2 } }, { { timestampLatch, 0 } } },
         { "output lines", { { userOutput, 1 }, { lineInverter + 4, 1 } },
             { { lineStatusAll, 0b0110 } } },
         { "trigger not armed", { { triggerSoftware, 1 } },
@@ -170,11 +202,13 @@ TEST_F(SimulatedCameraTest, UserSetsBringSettingsBackAndSurviveAReset)
 
 TEST_F(SimulatedCameraTest, RunningTimeIsLatchedAndTemperatureRises)
 {
-    const float cold = readTemperature();
+    EXPECT_EQ(readTemperature(), 38.0F);
+    EXPECT_EQ(readFloat(m_memory, temperature + 4), 34.0F);
+    EXPECT_EQ(readFloat(m_memory, temperature + 8), 41.0F);
     m_now += seconds(100);
     write(timestampLatch, 1);
-    m_now += seconds(100);
-    EXPECT_GT(readTemperature(), cold + 1.0F);
+    m_now += seconds(200);
+    EXPECT_EQ(readTemperature(), 42.9375F);
     EXPECT_EQ((std::uint64_t { read(timestampLatchValue) } << 32U) + read(timestampLatchValue + 4),
         100000000000U);
     write(timestampReset, 1);
@@ -188,6 +222,12 @@ TEST_F(SimulatedCameraTest, SelfTestIsPolledUntilItIsDone)
     EXPECT_EQ(read(selfTestRun), 1U);
     EXPECT_EQ(read(selfTestRun), 0U);
     EXPECT_EQ(read(selfTestResult), 1U);
+    write(selfTestRun, 1);
+    EXPECT_EQ(read(selfTestRun), 1U);
+    write(selfTestRun, 1); // from the start
+    EXPECT_EQ(read(selfTestRun), 1U);
+    EXPECT_EQ(read(selfTestResult), 1U);
+    EXPECT_EQ(readWord(m_memory, selfTestRun), 0U);
 }
 
 } // namespace

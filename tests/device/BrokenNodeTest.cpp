@@ -1,0 +1,108 @@
+#include "TestCamera.h"
+
+using namespace featurebrowser;
+
+namespace {
+
+struct Case {
+    std::string node; ///< defines F, and what it needs
+    const char* why; ///< it cannot be read; empty where it can
+};
+
+std::string named(const std::string& kind, const std::string& content)
+{
+    return node(kind, "F", content);
+}
+
+std::string placed(const std::string& kind, const std::string& more)
+{
+    return named(kind, "<Address>0</Address><pPort>Device</pPort>" + more);
+}
+
+std::string length(const std::string& text)
+{
+    return element("Length", text);
+}
+
+/// "F" over so many nodes that each hand on the value of the next one.
+std::string chain(int nodes)
+{
+    std::string text = named("Integer", "<pValue>N1</pValue>");
+    for (int i = 1; i < nodes; ++i) {
+        text += node(
+            "Integer", "N" + std::to_string(i), element("pValue", "N" + std::to_string(i + 1)));
+    }
+    return text + node("Integer", "N" + std::to_string(nodes), "<Value>1</Value>");
+}
+
+const char* const badLength = "its register has an impossible length";
+const char* const badBits = "its bits lie outside of its register";
+const char* const noPort = "its register has no port";
+const char* const noValue = "it has no value";
+const char* const tooLong = "its formula is too long";
+const char* const noName = "its formula has a variable without a name";
+const std::string text = "<StringReg Name=\"T\"><Address>8</Address><Length>4</Length>"
+                         "<pPort>Device</pPort></StringReg>";
+const std::string blanks(19998, '\n');
+
+TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
+{
+    const std::vector<Case> cases {
+        { placed("IntReg", length("0")), badLength },
+        { placed("IntReg", length("1")), "" },
+        { placed("IntReg", length("8")), "" },
+        { placed("IntReg", length("9")), badLength },
+        { placed("IntReg", length("four")), badLength },
+        { placed("IntReg", "<pLength>L</pLength>")
+                + "<Integer Name=\"L\"><Value>8</Value></Integer>",
+            "" },
+        { placed("IntReg", "<pLength>L</pLength>") + intReg("L", 8), badLength },
+        { placed("StringReg", "<pLength>L</pLength>") + intReg("L", 8), "" },
+        { placed("FloatReg", length("4")), "" },
+        { placed("FloatReg", length("8")), "" },
+        { placed("FloatReg", length("6")), badLength },
+        { placed("StringReg", length("1048576")), "" },
+        { placed("StringReg", length("1048577")), badLength },
+        { placed("MaskedIntReg", "<LSB>31</LSB><MSB>0</MSB>"), "" },
+        { placed("MaskedIntReg", "<LSB>0</LSB><MSB>32</MSB>"), badBits },
+        { placed("MaskedIntReg", "<LSB>-1</LSB><MSB>3</MSB>"), badBits },
+        { placed("MaskedIntReg", "<Bit>32</Bit>"), badBits },
+        { "<StructEntry Name=\"F\"><Bit>1</Bit></StructEntry>", "it stands outside of a register" },
+        { named("IntReg", "<Address>0</Address>"), noPort },
+        { named("IntReg", "<Address>0</Address><pPort>Main</pPort>"), noPort },
+        { named("Integer", ""), noValue },
+        { named("Converter", "<Value>1</Value>"), noValue },
+        { named("Boolean", "<ValueIndexed Index=\"1\">1</ValueIndexed>"), noValue },
+        { named("Integer",
+              "<pIndex>L</pIndex><ValueIndexed Index=\"0\">1</ValueIndexed><ValueDefault>2"
+              "</ValueDefault>")
+                + intReg("L", 8),
+            "" },
+        { named("Command", "<Value>1</Value>"), "it has no value to write" },
+        { named("IntSwissKnife", element("Formula", "1+" + blanks.substr(3) + "11")), "" },
+        { named("IntSwissKnife", element("Formula", "1+" + blanks + "1")), tooLong },
+        { named("SwissKnife", "<pVariable>L</pVariable><Formula>1</Formula>") + intReg("L", 8),
+            noName },
+        { named("SwissKnife", "<Constant>1</Constant><Formula>1</Formula>"), noName },
+        { named("SwissKnife", "<Expression>1</Expression><Formula>1</Formula>"), noName },
+        { named("Integer", "<pValue>No</pValue>"), "it refers to No, which does not exist" },
+        { named("Integer", "<pValue>T</pValue>") + text,
+            "it refers to T, which has no such value" },
+        { named("String", "<pValue>T</pValue>") + text, "" },
+        { named("String", "<pValue>L</pValue>") + intReg("L", 8),
+            "it refers to L, which has no such value" },
+        { named("Integer", "<pValue>L</pValue>") + intReg("L", 8, length("9")),
+            "it needs L, which cannot be read" },
+        { named("Integer", "<pValue>F</pValue>"), "its value depends on itself" },
+        { chain(399), "" },
+        { chain(400), "it takes too long to evaluate" },
+    };
+    for (const Case& test : cases) {
+        TestCamera camera("F", test.node);
+        const std::string reason = std::string("Cannot be read: ") + test.why + ".";
+        EXPECT_EQ(camera.item("F").description, *test.why == '\0' ? "" : reason) << test.node;
+        EXPECT_EQ(camera.state("F") == FEATURE_READ_FAILED, *test.why != '\0') << test.node;
+    }
+}
+
+} // namespace
