@@ -1,0 +1,235 @@
+#include "TestCamera.h"
+#include "base/StatusCodes.h"
+#include "memory/MemoryBackend.h"
+#include "memory/RegisterValues.h"
+
+#include "featurebrowser/ZQAcquisition.h"
+
+#include <optional>
+
+using namespace featurebrowser;
+using namespace zqcameralib;
+using State = ZQCameraTask::State;
+
+namespace {
+
+/// A camera that answers one register at a time, and not at once, when it is read beside the
+/// caller.
+class Tardy : public MemoryBackend {
+public:
+    using MemoryBackend::MemoryBackend;
+
+    class OneByOne : public Reading {
+    public:
+        OneByOne(Tardy& camera, Requests requests)
+            : m_camera(camera)
+            , m_requests(std::move(requests))
+        {
+        }
+        Requests takeFinished() override
+        {
+            Requests finished;
+            if (m_next > 0 && m_next <= m_requests.size()) {
+                Request& request = m_requests[m_next - 1];
+                request.status = m_camera.read(request.place, request.bytes.data(), request.kind);
+                finished.push_back(request);
+            }
+            ++m_next;
+            return finished;
+        }
+
+    private:
+        Tardy& m_camera;
+        Requests m_requests;
+        std::size_t m_next = 0;
+    };
+
+    bool prefersBatches() const override { return true; }
+    bool isLimited() const override { return hasNoTime; }
+    bool isTimeOver() const override { return hasNoTime; }
+    bool isLost() override { return lost; }
+    bool isGivenUp() override { return lost; }
+    bool isReconnecting() override { return tries > 0; }
+    Status loss() const override { return { cameraLost, "gone" }; }
+    Status reconnect(bool) override
+    {
+        lost = lost && tries-- != 1;
+        return lost ? loss() : Status();
+    }
+    std::uint64_t cameraNumber() const override { return number; }
+    std::string description() const override { return text; }
+    Status read(const Register& place, std::uint8_t* buffer, AccessKind kind) override
+    {
+        ++reads;
+        return slow == place.address ? Status(cameraSlow, "slow")
+                                     : MemoryBackend::read(place, buffer, kind);
+    }
+    std::unique_ptr<Reading> readBeside(Requests requests) override
+    {
+        return std::make_unique<OneByOne>(*this, std::move(requests));
+    }
+
+    bool hasNoTime = false;
+    bool lost = false;
+    int tries = 0; ///< until it is found
+    std::uint64_t number = 0;
+    std::string text;
+    std::optional<std::uint64_t> slow;
+    int reads = 0;
+};
+
+/// A decides about Maybe, B where Moved is.
+class Beside : public testing::Test {
+protected:
+    static std::unique_ptr<ZQCamera> open(std::unique_ptr<Tardy> backend)
+    {
+        writeWord(backend->memory(), 0, 1);
+        writeWord(backend->memory(), 4, 16);
+        writeWord(backend->memory(), 8, 3);
+        writeWord(backend->memory(), 116, 7);
+        auto opened = openOver(
+            TestCamera::description("A B Maybe Moved",
+                intReg("A", 0) + intReg("B", 4) + intReg("Maybe", 8, element("pIsAvailable", "A"))
+                    + intReg("Moved", 100, element("pAddress", "B"))),
+            std::move(backend));
+        return std::make_unique<ZQCamera>(std::move(opened.value()));
+    }
+    std::string values()
+    {
+        std::string text;
+        for (const auto& item : m_repository.GetFeatureList()) {
+            text += item->valueText + " ";
+        }
+        return text;
+    }
+
+    std::unique_ptr<ZQCamera> m_camera = open(std::make_unique<Tardy>(nullptr));
+    ZQCameraDevice m_device { m_camera.get(), nullptr };
+    ZQCameraRepository& m_repository = *m_device.GetRepository();
+    Tardy& m_tardy = static_cast<Tardy&>(m_camera->impl().port().backend());
+};
+
+std::string polled(ZQCameraTask& task)
+{
+    std::string text;
+    for (State state = State::Running; state == State::Running;) {
+        state = task.poll();
+        const ZQCameraTask::Progress progress = task.progress();
+        text += std::to_string(progress.done) + "/" + std::to_string(progress.total) + " ";
+    }
+    return text;
+}
+
+TEST_F(Beside, ReadsEachRegisterOnceAndTheLoadTakesThem)
+{
+    const auto first = m_repository.ReadAhead();
+    const auto task = m_repository.ReadAhead();
+    EXPECT_EQ(first->poll(), State::Done); // another has begun
+    EXPECT_EQ(polled(*task), "0/2 1/2 2/3 3/4 4/4 ");
+    EXPECT_EQ(task->poll(), State::Done);
+    EXPECT_EQ(task->progress().step, "Reading the features");
+    EXPECT_EQ(m_repository.Load(), STATUS_OK);
+    EXPECT_EQ(values(), " 1 16 3 7 ");
+    EXPECT_EQ(m_tardy.reads, 4);
+    EXPECT_EQ(m_repository.Load(), STATUS_OK); // for itself
+    EXPECT_EQ(m_tardy.reads, 8);
+}
+
+TEST_F(Beside, AWriteHasEverythingReadAgainAndACancelTheLoad)
+{
+    const auto task = m_repository.ReadAhead();
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(task->poll(), State::Running);
+    }
+    m_device.SetIntegerValue("B", 20, 0);
+    EXPECT_EQ(m_tardy.reads, 2);
+    EXPECT_EQ(task->wait(std::chrono::seconds(10)), State::Done);
+    const int reads = m_tardy.reads;
+    EXPECT_EQ(m_repository.Load(), STATUS_OK);
+    EXPECT_EQ(m_tardy.reads, reads);
+    EXPECT_EQ(values(), " 1 20 3 0 ");
+
+    const auto other = m_repository.ReadAhead();
+    other->poll();
+    other->cancel();
+    EXPECT_EQ(other->poll(), State::Cancelled);
+    EXPECT_EQ(m_repository.Load(), STATUS_OK);
+    EXPECT_EQ(m_tardy.reads, reads + 4);
+}
+
+TEST_F(Beside, ALoadWithoutTimeGoesOnWithTheNext)
+{
+    m_tardy.hasNoTime = true;
+    for (const char* done : { "0 of 2", "1 of 2", "2 of 3", "3 of 4" }) {
+        EXPECT_EQ(m_repository.Load(), stillWorking);
+        EXPECT_EQ(m_camera->impl().lastError().text(),
+            std::string("the camera is slow: ") + done + " registers read, the rest follows");
+        EXPECT_FALSE(m_repository.isLoaded());
+        EXPECT_EQ(m_repository.GetFeatureStates()["A"], FEATURE_READ_FAILED);
+    }
+    EXPECT_EQ(m_repository.Load(), STATUS_OK);
+    EXPECT_EQ(values(), " 1 16 3 7 ");
+}
+
+TEST_F(Beside, WhatThereWasNoTimeForIsReadAlone)
+{
+    ASSERT_EQ(m_repository.Load(), STATUS_OK);
+    EXPECT_FALSE(m_repository.HasOutstanding());
+    m_tardy.slow = 4;
+    EXPECT_EQ(m_repository.Load(), STATUS_OK);
+    EXPECT_EQ(m_device.GetLastError(), cameraSlow);
+    EXPECT_TRUE(m_repository.HasOutstanding());
+    EXPECT_EQ(m_repository.GetFeatureStates()["Moved"], FEATURE_READ_FAILED);
+    EXPECT_EQ(values(), " 1 16 3 7 "); // as last known
+    m_tardy.slow.reset();
+    writeWord(m_tardy.memory(), 0, 2);
+    writeWord(m_tardy.memory(), 116, 8);
+    EXPECT_EQ(m_repository.ReadAhead(true)->wait(std::chrono::seconds(10)), State::Done);
+    m_tardy.reads = 0;
+    EXPECT_EQ(m_repository.Load(), STATUS_OK);
+    EXPECT_EQ(m_tardy.reads, 0);
+    EXPECT_EQ(values(), " 1 16 3 8 ");
+    EXPECT_FALSE(m_repository.HasOutstanding());
+    EXPECT_EQ(m_repository.GetFeatureStates()["Moved"], FEATURE_AVAILABLE);
+}
+
+TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
+{
+    ASSERT_EQ(m_repository.Load(), STATUS_OK);
+    m_tardy.lost = true;
+    EXPECT_EQ(m_repository.Load(), cameraLost);
+    EXPECT_FALSE(m_repository.isLoaded());
+    EXPECT_EQ(m_repository.GetFeatureStates()["A"], FEATURE_READ_FAILED);
+    EXPECT_EQ(m_device.SetIntegerValue("A", 1, 1), cameraLost);
+    const auto reading = m_repository.ReadAhead();
+    EXPECT_EQ(reading->poll(), State::Failed);
+    EXPECT_EQ(reading->error(), "gone");
+    const auto vain = m_device.ReconnectBeside();
+    EXPECT_EQ(vain->poll(), State::Failed);
+    EXPECT_EQ(vain->error(), "gone");
+
+    m_tardy.tries = 2;
+    m_tardy.number = 1;
+    m_tardy.text = TestCamera::description("Z", intReg("Z", 8));
+    const auto task = m_device.ReconnectBeside();
+    EXPECT_EQ(task->poll(), State::Running);
+    EXPECT_EQ(task->progress().step, "Connecting");
+    EXPECT_EQ(task->wait(std::chrono::seconds(10)), State::Done);
+    EXPECT_EQ(task->progress().step, "Reading the features");
+    EXPECT_EQ(m_repository.Load(), STATUS_OK);
+    EXPECT_EQ(values(), " 3 ");
+}
+
+TEST_F(Beside, ImagesThatCannotStartTellWhy)
+{
+    ZQAcquisition acquisition(m_camera.get(), &m_device);
+    const auto task = acquisition.StartBeside(nullptr);
+    EXPECT_EQ(task->progress().step, "Starting the images");
+    EXPECT_EQ(task->wait(std::chrono::seconds(10)), State::Failed);
+    EXPECT_EQ(task->error(), "no image can be acquired: the camera tells no Width");
+    const auto other = acquisition.StartBeside(nullptr);
+    other->cancel();
+    EXPECT_EQ(other->poll(), State::Cancelled);
+}
+
+} // namespace
