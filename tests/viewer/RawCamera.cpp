@@ -1,34 +1,23 @@
 #include "RawCamera.h"
 
+#include "Datagram.h"
 #include "FakeCamera.h"
 
-#include <arpa/inet.h>
 #include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
-#include <array>
-#include <stdexcept>
 
 std::uint32_t readRegister(std::uint32_t address)
 {
-    sockaddr_in camera {};
-    camera.sin_family = AF_INET;
-    camera.sin_port = htons(3956);
-    inet_pton(AF_INET, FakeCamera::usualAddress, &camera.sin_addr);
-    const int handle = socket(AF_INET, SOCK_DGRAM, 0);
+    const Socket socket;
+    const auto byte = [address](unsigned at) { return static_cast<std::uint8_t>(address >> at); };
     // GigE Vision: a command that wants an answer, READREG, 4 bytes of payload, number 1.
-    const std::array<std::uint32_t, 3> request { htonl(0x42010080), htonl(0x00040001),
-        htonl(address) };
-    std::array<std::uint32_t, 3> reply {};
-    sendto(handle, request.data(), sizeof request, 0, reinterpret_cast<const sockaddr*>(&camera),
-        sizeof camera);
-    pollfd wait { handle, POLLIN, 0 };
-    const bool done
-        = poll(&wait, 1, 2000) == 1 && recv(handle, reply.data(), sizeof reply, 0) == sizeof reply;
-    close(handle);
-    if (!done) {
+    socket.send({ 0x42, 1, 0, 0x80, 0, 4, 0, 1, byte(24), byte(16), byte(8), byte(0) },
+        endpoint(FakeCamera::usualAddress));
+    pollfd wait { socket.handle(), POLLIN, 0 };
+    sockaddr_in from {};
+    const Datagram reply = poll(&wait, 1, 2000) == 1 ? socket.receive(from) : Datagram();
+    if (reply.size() != 12) {
         throw std::runtime_error("the camera does not answer a packet of the test's own");
     }
-    return ntohl(reply[2]);
+    return static_cast<std::uint32_t>(reply[8]) << 24U | reply[9] << 16U | reply[10] << 8U
+        | reply[11];
 }

@@ -1,59 +1,19 @@
 #include "FaultProxy.h"
 
-#include <arpa/inet.h>
 #include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 namespace {
 
-using Packet = std::vector<std::uint8_t>;
+using Packet = Datagram;
 
-constexpr std::uint16_t controlPort = 3956;
 constexpr std::size_t headerSize = 8;
 constexpr std::uint8_t readRegisterAck = 0x81;
 constexpr std::uint8_t readMemoryAck = 0x85;
 constexpr std::uint8_t pendingAck = 0x89;
 constexpr int writeProtected = 0x8004;
-
-sockaddr_in endpoint(const char* address)
-{
-    sockaddr_in result {};
-    result.sin_family = AF_INET;
-    result.sin_port = htons(controlPort);
-    inet_pton(AF_INET, address, &result.sin_addr);
-    return result;
-}
-
-int openSocket()
-{
-    return socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-}
-
-int listenAt(const char* address)
-{
-    const int handle = openSocket();
-    const sockaddr_in place = endpoint(address);
-    if (bind(handle, reinterpret_cast<const sockaddr*>(&place), sizeof place) != 0) {
-        throw std::runtime_error(std::string("the proxy cannot have the address ") + address);
-    }
-    return handle;
-}
-
-/// The packet that waits there, or nothing.
-Packet receive(int handle, sockaddr_in& from)
-{
-    Packet packet(2048);
-    socklen_t size = sizeof from;
-    const ssize_t count = recvfrom(handle, packet.data(), packet.size(), MSG_DONTWAIT,
-        reinterpret_cast<sockaddr*>(&from), &size);
-    packet.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
-    return packet;
-}
 
 void putShort(Packet& packet, std::size_t at, int value)
 {
@@ -96,8 +56,6 @@ Packet wait(const Packet& request)
 FaultProxy::FaultProxy(std::uint32_t seed)
     : m_random(seed)
     , m_camera(endpoint("127.0.0.1"))
-    , m_front(listenAt(address))
-    , m_forger(listenAt(forger))
     , m_thread([this] { run(); })
 {
 }
@@ -106,11 +64,6 @@ FaultProxy::~FaultProxy()
 {
     m_stop = true;
     m_thread.join();
-    close(m_front);
-    close(m_forger);
-    for (const Client& client : m_clients) {
-        close(client.back);
-    }
 }
 
 void FaultProxy::set(const Faults& faults)
@@ -159,9 +112,9 @@ void FaultProxy::run()
 /// Waits a moment for packets and takes in what came.
 void FaultProxy::awaitPackets() const
 {
-    std::vector<pollfd> handles { { m_front, POLLIN, 0 } };
+    std::vector<pollfd> handles { { m_front.handle(), POLLIN, 0 } };
     for (const Client& client : m_clients) {
-        handles.push_back({ client.back, POLLIN, 0 });
+        handles.push_back({ client.back.handle(), POLLIN, 0 });
     }
     const timespec time { 0, timeUntilDeparture() };
     ppoll(handles.data(), handles.size(), &time, nullptr);
@@ -171,12 +124,12 @@ void FaultProxy::pass(const Faults& faults)
 {
     sockaddr_in from {};
     for (Client& client : m_clients) {
-        Packet packet = receive(client.back, from);
+        Packet packet = client.back.receive(from);
         if (packet.size() >= headerSize) {
             onReply(client, std::move(packet), faults);
         }
     }
-    Packet packet = receive(m_front, from);
+    Packet packet = m_front.receive(from);
     if (packet.size() >= headerSize) {
         onRequest(clientAt(from), std::move(packet), faults);
     }
@@ -197,8 +150,7 @@ void FaultProxy::sendDue()
 {
     while (!m_departures.empty() && m_departures.begin()->first <= Clock::now()) {
         const Departure& first = m_departures.begin()->second;
-        sendto(first.handle, first.packet.data(), first.packet.size(), 0,
-            reinterpret_cast<const sockaddr*>(&first.to), sizeof first.to);
+        first.socket->send(first.packet, first.to);
         m_departures.erase(m_departures.begin());
     }
 }
@@ -212,7 +164,7 @@ FaultProxy::Client& FaultProxy::clientAt(const sockaddr_in& place)
     if (known != m_clients.end()) {
         return *known;
     }
-    m_clients.push_back({ place, openSocket(), {}, {} });
+    m_clients.push_back({ place, {}, {}, {} });
     return m_clients.back();
 }
 
@@ -226,9 +178,10 @@ void FaultProxy::onRequest(Client& client, Packet packet, const Faults& faults)
         client.pending = std::move(packet);
         return;
     }
-    const bool isRefused = faults.refusedWrite != 0 && isWriteTo(packet, faults.refusedWrite);
-    if (faults.status != 0 || isRefused) {
-        const int status = isRefused ? writeProtected : faults.status;
+    const bool isRefused
+        = faults.refusedWrite == 0 ? faults.status != 0 : isWriteTo(packet, faults.refusedWrite);
+    if (isRefused) {
+        const int status = faults.status == 0 ? writeProtected : faults.status;
         reply(client, refusal(packet, status), after(faults.delay, faults.jitter));
         return;
     }
@@ -282,13 +235,13 @@ void FaultProxy::harm(Packet& reply, const Faults& faults)
 
 void FaultProxy::reply(const Client& client, const Packet& packet, Clock::time_point due)
 {
-    m_departures.insert({ due, { m_front, client.address, packet } });
+    m_departures.insert({ due, { &m_front, client.address, packet } });
 }
 
 void FaultProxy::request(const Client& client, const Packet& packet, Clock::time_point due)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_departures.insert({ due, { client.back, m_camera, packet } });
+    m_departures.insert({ due, { &client.back, m_camera, packet } });
 }
 
 /// All bits of what was read, turned round.
@@ -301,5 +254,5 @@ void FaultProxy::forge(const Client& client, Packet packet, Clock::time_point du
     for (std::size_t i = start; i < packet.size(); ++i) {
         packet[i] = static_cast<std::uint8_t>(~packet[i]);
     }
-    m_departures.insert({ due, { m_forger, client.address, packet } });
+    m_departures.insert({ due, { &m_forger, client.address, packet } });
 }

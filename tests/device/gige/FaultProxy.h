@@ -1,6 +1,6 @@
 #pragma once
 
-#include <netinet/in.h>
+#include "Datagram.h"
 
 #include <atomic>
 #include <chrono>
@@ -29,7 +29,7 @@ struct Faults {
     std::chrono::microseconds delay { 0 }; ///< of each reply by itself
     std::chrono::microseconds jitter { 0 }; ///< and up to so much more
     int status = 0; ///< replies refuse with this status code
-    std::uint32_t refusedWrite = 0; ///< writes to this register are refused
+    std::uint32_t refusedWrite = 0; ///< only writes to this register are refused
     bool pendingForever = false; ///< every request is answered with "wait", again and again
     int pendingMs = 0; ///< every request is answered with one "wait" and, so much later, for good
 };
@@ -54,17 +54,17 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
-    using Packet = std::vector<std::uint8_t>;
+    using Packet = Datagram;
     /// Each client has a socket of its own towards the camera: so the camera tells them apart, and
     /// a reply finds back.
     struct Client {
         sockaddr_in address;
-        int back;
+        Socket back;
         Packet held; ///< reply that waits for the next one
         Packet pending; ///< request that is answered with "wait"
     };
     struct Departure {
-        int handle;
+        const Socket* socket;
         sockaddr_in to;
         Packet packet;
     };
@@ -88,8 +88,8 @@ private:
     std::mutex m_mutex; ///< of the next two
     Faults m_faults;
     sockaddr_in m_camera;
-    int m_front = -1; ///< towards the clients
-    int m_forger = -1;
+    const Socket m_front { endpoint(address) }; ///< towards the clients
+    const Socket m_forger { endpoint(forger) };
     std::list<Client> m_clients;
     std::multimap<Clock::time_point, Departure> m_departures;
     std::atomic<std::uint64_t> m_requests { 0 };
