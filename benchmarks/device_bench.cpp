@@ -323,7 +323,7 @@ int main(int argc, char** argv)
     }
     std::unique_ptr<FakeCamera> fake;
     std::unique_ptr<FaultProxy> proxy;
-    if (FakeCamera::isInstalled() && enterPrivateNetwork()) {
+    if (enterPrivateNetwork() == nullptr) {
         fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML);
         proxy = std::make_unique<FaultProxy>(1);
         Faults distance;

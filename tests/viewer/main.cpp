@@ -4,14 +4,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    if (!enterPrivateNetwork()) {
-        std::printf("skipped: this system allows no network of one's own\n");
-        return 77;
+    if (const char* reason = enterPrivateNetwork()) {
+        return endWithoutTests(reason);
     }
     // The tests expect English, whatever the host's language is.
     qputenv("LC_ALL", "C.UTF-8");

@@ -21,14 +21,6 @@ class GigeFixture : public testing::Test {
 protected:
     static constexpr const char* directly = FakeCamera::usualAddress;
 
-    void SetUp() override
-    {
-        if (!FakeCamera::isInstalled()) {
-            GTEST_SKIP() << "arv-fake-gv-camera-0.8 is not installed";
-        }
-        m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML);
-    }
-
     /// Opens and loads. Throws what is wrong: no test goes on without its camera.
     void open(const char* address = FaultProxy::address,
         zqcameralib::CameraAccess access = zqcameralib::CameraAccess::Control)
@@ -79,7 +71,7 @@ protected:
         return words.data();
     }
 
-    std::unique_ptr<FakeCamera> m_fake;
+    std::unique_ptr<FakeCamera> m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML);
     FaultProxy m_proxy { 7 };
     std::unique_ptr<zqcameralib::ZQCamera> m_camera;
     std::unique_ptr<featurebrowser::ZQCameraDevice> m_device;

@@ -120,13 +120,6 @@ const std::vector<Fault>& faults()
 
 class Matrix : public testing::TestWithParam<std::size_t> {
 protected:
-    void SetUp() override
-    {
-        if (!FakeCamera::isInstalled()) {
-            GTEST_SKIP() << "arv-fake-gv-camera-0.8 is not installed";
-        }
-    }
-
     void run(const Fault& fault, Phase phase);
     void beginOpening(const Fault& fault);
     void beginLater(const Fault& fault, Phase phase);

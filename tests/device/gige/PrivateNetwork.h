@@ -2,9 +2,12 @@
 
 #include <string>
 
-/// Puts this process into a network of its own with nothing but loopback; false when the system
-/// does not allow it. Before any thread starts.
-bool enterPrivateNetwork();
+/// Puts this process into a network of its own with nothing but loopback, where camera processes
+/// can run. Before any thread starts. Returns why that cannot be done, or null.
+const char* enterPrivateNetwork();
+/// Says so, and returns the exit status: skipped (77), which is not a success, or failed where the
+/// environment variable ZQ_MUST_RUN asks for the tests.
+int endWithoutTests(const char* reason);
 
 /// Makes this process one of an ordinary user, as far as networks are concerned: from now on it can
 /// neither read raw packets nor enlarge a socket's buffer beyond the limit. Returns whether that
