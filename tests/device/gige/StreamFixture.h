@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Datagram.h"
 #include "GigeFixture.h"
 #include "base/StatusCodes.h"
 
@@ -9,6 +10,16 @@
 #include "featurebrowser/ZQAcquisition.h"
 
 #include <atomic>
+
+/// How many bytes of images the system lets a receive buffer hold, of those that are wanted.
+inline std::uint64_t grantedBuffer(int wanted)
+{
+    const Socket socket;
+    socklen_t size = sizeof wanted;
+    setsockopt(socket.handle(), SOL_SOCKET, SO_RCVBUF, &wanted, size);
+    getsockopt(socket.handle(), SOL_SOCKET, SO_RCVBUF, &wanted, &size);
+    return static_cast<std::uint64_t>(wanted) / 2;
+}
 
 /// The acquisition of a camera's images.
 class Streams : public GigeFixture {

@@ -1,8 +1,5 @@
 #include "StreamFixture.h"
 
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
 
@@ -112,16 +109,6 @@ TEST_F(Streams, ReachAnOrdinaryUserWhole)
         const ZQFrameCounters counters = m_acquisition->counters();
         EXPECT_GT(counters.delivered, 2 * counters.incomplete);
     }
-}
-
-std::uint64_t grantedBuffer(int wanted)
-{
-    const int handle = socket(AF_INET, SOCK_DGRAM, 0);
-    socklen_t size = sizeof wanted;
-    setsockopt(handle, SOL_SOCKET, SO_RCVBUF, &wanted, size);
-    getsockopt(handle, SOL_SOCKET, SO_RCVBUF, &wanted, &size);
-    ::close(handle);
-    return static_cast<std::uint64_t>(wanted) / 2;
 }
 
 TEST_F(Streams, SayWhenTheReceiveBufferIsTooSmallForAnImage)

@@ -1,0 +1,239 @@
+#include "FakeCamera.h"
+#include "FaultProxy.h"
+#include "base/StatusCodes.h"
+#include "link/CameraLink.h"
+#include "link/RegisterBatch.h"
+#include "session/DeviceOpening.h"
+
+#include <gtest/gtest.h>
+
+#include <condition_variable>
+#include <thread>
+
+using namespace zqcameralib;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr Register width { 0x100, 4 };
+constexpr Register height { 0x104, 4 };
+constexpr std::uint32_t privilege = 0xA00;
+const CameraPlace place { "GigEVision", FaultProxy::address };
+
+Faults silent()
+{
+    Faults faults;
+    faults.loseReplies = 1; // what is asked for is done all the same
+    return faults;
+}
+
+Faults refusing(int status, std::uint32_t write = 0)
+{
+    Faults faults;
+    faults.status = status;
+    faults.refusedWrite = write;
+    return faults;
+}
+
+class Links : public testing::Test {
+protected:
+    void open(CameraAccess access = CameraAccess::Control)
+    {
+        m_link = nullptr; // leaves its control first
+        Result<std::unique_ptr<CameraLink>> opened = CameraLink::open(place, access);
+        ASSERT_TRUE(opened.isOk()) << opened.status().text();
+        m_link = std::move(opened.value());
+    }
+    Status write(std::uint8_t value)
+    {
+        const std::array<std::uint8_t, 4> bytes { 0, 0, 0, value };
+        return m_link->write(width, bytes.data(), AccessKind::Register);
+    }
+    int read()
+    {
+        std::array<std::uint8_t, 4> bytes {};
+        m_status = m_link->read(width, bytes.data(), AccessKind::Register);
+        return m_status.isOk() ? bytes[2] << 8 | bytes[3] : -1;
+    }
+    static void expect(const Status& status, int code, const std::string& words)
+    {
+        EXPECT_EQ(status.code(), code);
+        EXPECT_EQ(status.text(), FaultProxy::address + (": " + words));
+    }
+    /// Once it was given up.
+    Status reconnect(const Faults& faults)
+    {
+        m_link->giveUp("lost");
+        m_proxy.set(faults);
+        Status status = m_link->reconnect(true);
+        for (int i = 0; i < 20 && m_link->isReconnecting(); ++i) {
+            status = m_link->reconnect(true);
+        }
+        m_proxy.set({});
+        return status;
+    }
+
+    FakeCamera m_fake { ZQ_SIMULATED_CAMERA_XML };
+    FaultProxy m_proxy { 3 };
+    std::unique_ptr<CameraLink> m_link;
+    Status m_status;
+};
+
+TEST_F(Links, SayWhatBecameOfWhatThereWasNoTimeFor)
+{
+    open();
+    ASSERT_TRUE(write(64).isOk());
+    // The thread is busy: nothing begins.
+    std::mutex busy;
+    busy.lock();
+    m_link->post([&busy] { const std::lock_guard<std::mutex> lock(busy); });
+    m_link->limitWaiting(20ms);
+    expect(write(72), notSent, "the camera answers too slowly; nothing was sent");
+    EXPECT_EQ(read(), -1);
+    expect(m_status, cameraSlow, "the camera answers too slowly");
+    EXPECT_TRUE(m_link->isTimeOver());
+    busy.unlock();
+    expect(write(72), notSent, "the camera answers too slowly; nothing was sent"); // not even tried
+    m_link->limitWaiting(0ms);
+    EXPECT_FALSE(m_link->isLimited());
+    EXPECT_EQ(read(), 64);
+
+    m_proxy.set(silent());
+    m_link->limitWaiting(600ms);
+    expect(write(80), cameraSlow,
+        "the camera answers too slowly; it has not confirmed what was sent, and may still take it");
+    m_proxy.set({});
+    m_link->limitWaiting(0ms);
+    EXPECT_EQ(read(), 80);
+}
+
+TEST_F(Links, LimitOperationsThatNestOnlyTillTheLastOfThemEnds)
+{
+    open();
+    m_link->beginCall();
+    m_link->beginCall();
+    m_link->endCall();
+    std::this_thread::sleep_for(CameraLink::callLimit);
+    expect(write(72), notSent, "the camera answers too slowly; nothing was sent");
+    m_link->endCall();
+    EXPECT_FALSE(m_link->isLimited());
+    EXPECT_TRUE(write(72).isOk());
+}
+
+TEST_F(Links, ForReadingOnlyWriteNothing)
+{
+    open(CameraAccess::ReadOnly);
+    EXPECT_TRUE(m_link->isReadOnly());
+    const int before = read();
+    expect(write(72), accessDenied, "opened for reading only");
+    EXPECT_EQ(read(), before);
+    // Nor does anybody else's control concern it.
+    open(CameraAccess::Control);
+    EXPECT_TRUE(write(72).isOk());
+}
+
+TEST_F(Links, TakeARefusedWriteForLostControl)
+{
+    open();
+    m_proxy.set(refusing(0x8006));
+    expect(write(72), cameraLost, "control of the camera was lost; reconnect to take it back");
+    EXPECT_TRUE(m_link->isGivenUp());
+    EXPECT_EQ(read(), -1);
+    expect(m_status, cameraLost, "control of the camera was lost; reconnect to take it back");
+    m_proxy.set({});
+    const std::uint64_t connection = m_link->connectionNumber();
+    EXPECT_TRUE(m_link->reconnect(true).isOk());
+    EXPECT_EQ(m_link->connectionNumber(), connection + 1);
+    EXPECT_TRUE(write(72).isOk());
+    m_proxy.set(refusing(0x8004));
+    EXPECT_EQ(write(80).code(), deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR_WRITE_PROTECT);
+    EXPECT_FALSE(m_link->isLost());
+}
+
+TEST_F(Links, SayWhyTheCameraCannotBeHadBack)
+{
+    open(CameraAccess::ControlOrReadOnly);
+    const std::uint64_t camera = m_link->cameraNumber();
+    expect(reconnect(refusing(0x8004, privilege)),
+        deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR_WRITE_PROTECT,
+        "the camera does not let the register be written");
+    EXPECT_TRUE(m_link->isLost());
+    expect(m_link->loss(), cameraLost, "lost");
+    EXPECT_TRUE(reconnect(refusing(0x8006, privilege)).isOk());
+    EXPECT_TRUE(m_link->isReadOnly());
+    expect(write(72), accessDenied, "opened for reading only");
+    EXPECT_TRUE(reconnect({}).isOk());
+    EXPECT_FALSE(m_link->isReadOnly());
+    EXPECT_EQ(m_link->cameraNumber(), camera);
+
+    open(CameraAccess::Control);
+    expect(reconnect(refusing(0x8006, privilege)), accessDenied,
+        "another application controls the camera");
+    EXPECT_TRUE(m_link->isLost());
+    EXPECT_TRUE(m_link->reconnect(true).isOk());
+
+    open(CameraAccess::ReadOnly);
+    expect(reconnect(refusing(0x8007)), notReadable, "the camera does not let itself be read");
+}
+
+RegisterBackend::Requests requests()
+{
+    return { { width, AccessKind::Register }, { height, AccessKind::Memory },
+        { width, AccessKind::Memory } };
+}
+
+/// For each: r it was read, f it failed, - it was not tried.
+std::string outcome(const RegisterBackend::Requests& all)
+{
+    std::string text;
+    for (const RegisterBackend::Request& one : all) {
+        text += one.isDone ? 'r' : one.status.isOk() ? '-' : 'f';
+    }
+    return text;
+}
+
+class Batches : public Links {
+protected:
+    OpeningProgress m_progress;
+    std::shared_ptr<CameraSession> m_session = CameraSession::open(place, m_progress).value();
+};
+
+TEST_F(Batches, EndWithTheFirstFailureUnlessOneIsAskedForByOne)
+{
+    RegisterBatch batch(requests());
+    EXPECT_TRUE(batch.readNext(*m_session));
+    EXPECT_EQ(outcome(batch.takeFinished()), "r");
+    m_proxy.set(refusing(0x8007));
+    EXPECT_TRUE(batch.readNext(*m_session));
+    m_proxy.set({});
+    batch.readAll(*m_session);
+    EXPECT_EQ(outcome(batch.takeFinished()), "f");
+    EXPECT_FALSE(batch.readNext(*m_session)); // was the last
+    EXPECT_FALSE(batch.readNext(*m_session));
+    EXPECT_EQ(outcome(batch.takeFinished()), "r");
+    RegisterBatch all(requests());
+    all.readAll(*m_session);
+    const RegisterBackend::Requests read = all.end();
+    EXPECT_EQ(outcome(read), "rrr");
+    EXPECT_EQ(read[0].bytes, read[2].bytes);
+    EXPECT_NE(read[0].bytes, std::vector<std::uint8_t>(4));
+}
+
+TEST_F(Batches, ThatAreEndedGiveWhatIsThereAndTakeNothingMore)
+{
+    RegisterBatch batch(requests());
+    EXPECT_TRUE(batch.readNext(*m_session));
+    m_proxy.set(silent());
+    const std::uint64_t before = m_proxy.requests();
+    std::thread reading([&] { EXPECT_FALSE(batch.readNext(*m_session)); });
+    while (m_proxy.requests() == before) {
+        std::this_thread::sleep_for(1ms);
+    }
+    EXPECT_EQ(outcome(batch.end()), "r--");
+    m_proxy.set({});
+    reading.join();
+    EXPECT_FALSE(batch.readNext(*m_session));
+    EXPECT_TRUE(batch.end().empty());
+}
+
+} // namespace
