@@ -85,12 +85,14 @@ protected:
     }
 };
 
-TEST_F(Trouble, ManyThreadsOpenCamerasAtOnce)
+// What the library keeps in globals: its parser, and the lists of what was found.
+TEST_F(Trouble, ManyThreadsOpenAndSearchCamerasAtOnce)
 {
     std::vector<std::thread> threads;
     std::atomic<int> opened { 0 };
+    std::atomic<std::size_t> found { 0 };
     for (const std::string place : { "127.0.0.1", "127.0.0.2", "", "127.0.0.1" }) {
-        threads.emplace_back([place, &opened] {
+        threads.emplace_back([place, &opened, &found] {
             for (int i = 0; i < 8; ++i) {
                 std::string error;
                 const auto camera = place.empty()
@@ -100,12 +102,14 @@ TEST_F(Trouble, ManyThreadsOpenCamerasAtOnce)
                 ZQCameraDevice device(camera.get(), nullptr);
                 opened += device.GetRepository()->Load() == STATUS_OK ? 1 : 0;
             }
+            found += ZQDiscovery().discover({ "GigEVision" }).size();
         });
     }
     for (std::thread& thread : threads) {
         thread.join();
     }
     EXPECT_EQ(opened, 32);
+    EXPECT_EQ(found, threads.size());
 }
 
 TEST_F(Trouble, AnOpeningThatWasGivenUpDoesNotMeetTheNext)
