@@ -7,7 +7,8 @@
 
 #include <gtest/gtest.h>
 
-#include <condition_variable>
+#include <future>
+#include <mutex>
 #include <thread>
 
 using namespace zqcameralib;
@@ -127,9 +128,10 @@ TEST_F(Links, ForReadingOnlyWriteNothing)
     const int before = read();
     expect(write(72), accessDenied, "opened for reading only");
     EXPECT_EQ(read(), before);
-    // Nor does anybody else's control concern it.
-    open(CameraAccess::Control);
+    const std::unique_ptr<CameraLink> watching = std::move(m_link);
+    open(CameraAccess::Control); // which it has left to others
     EXPECT_TRUE(write(72).isOk());
+    EXPECT_FALSE(watching->isLost());
 }
 
 TEST_F(Links, TakeARefusedWriteForLostControl)
@@ -174,6 +176,40 @@ TEST_F(Links, SayWhyTheCameraCannotBeHadBack)
 
     open(CameraAccess::ReadOnly);
     expect(reconnect(refusing(0x8007)), notReadable, "the camera does not let itself be read");
+}
+
+TEST_F(Links, TellACameraThatIsSilentFromOneThatWasGivenUp)
+{
+    open();
+    m_proxy.set(silent());
+    m_link->limitWaiting(50ms);
+    EXPECT_EQ(read(), -1);
+    while (!m_link->isLost()) {
+        std::this_thread::sleep_for(10ms);
+    }
+    EXPECT_FALSE(m_link->isGivenUp());
+    expect(m_link->loss(), cameraLost, "the camera does not answer");
+    expect(m_link->reconnect(false), cameraLost, "the camera does not answer yet");
+    EXPECT_TRUE(m_link->isReconnecting());
+    EXPECT_TRUE(m_link->isGivenUp());
+    expect(m_link->loss(), cameraLost, "the camera does not answer any more; reconnect to it");
+    m_proxy.set({});
+    m_link->limitWaiting(0ms);
+    for (int i = 0; i < 20 && m_link->isLost(); ++i) {
+        static_cast<void>(m_link->reconnect(true));
+    }
+    EXPECT_GE(read(), 0);
+}
+
+TEST(Health, IsOverForEachReason)
+{
+    using Health = CameraSession::Health;
+    EXPECT_FALSE(Health().isOver());
+    for (const auto reason : { &Health::controlLost, &Health::unanswered, &Health::exchanged }) {
+        Health health;
+        health.*reason = true;
+        EXPECT_TRUE(health.isOver());
+    }
 }
 
 RegisterBackend::Requests requests()
@@ -234,6 +270,30 @@ TEST_F(Batches, ThatAreEndedGiveWhatIsThereAndTakeNothingMore)
     reading.join();
     EXPECT_FALSE(batch.readNext(*m_session));
     EXPECT_TRUE(batch.end().empty());
+}
+
+TEST_F(Batches, ThatNobodyWaitsForAreNotReadBesideTheRest)
+{
+    m_session->leaveControl(); // what keeps it would be counted, too
+    AccessThread thread;
+    const std::uint64_t before = m_proxy.requests();
+    for (const bool isWanted : { true, false }) {
+        std::promise<void> isFree;
+        std::promise<void> isOver;
+        thread.post([&isFree] { isFree.get_future().wait(); });
+        auto reading = std::make_unique<ReadingBeside>(thread, m_session, requests());
+        thread.repeatBehind([&isOver] {
+            isOver.set_value();
+            return false;
+        });
+        if (!isWanted) {
+            reading = nullptr;
+        }
+        isFree.set_value();
+        isOver.get_future().wait();
+        EXPECT_EQ(reading ? outcome(reading->takeFinished()) : "", isWanted ? "rrr" : "");
+        EXPECT_EQ(m_proxy.requests() - before, requests().size());
+    }
 }
 
 } // namespace

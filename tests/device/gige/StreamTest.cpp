@@ -62,10 +62,12 @@ TEST_F(Streams, StartAnewOnTheSameConnectionAfterControlIsRetaken)
     open(FaultProxy::address);
     beOrdinaryUser(); // the ring takes packets from the camera's address only
     std::atomic<bool> isHeld { true }; // so that the loss itself passes unseen
-    ASSERT_EQ(m_acquisition->start([&](const ZQFrame&) {
-        ++m_frames;
-        eventually([&] { return !isHeld; });
-    }),
+    ASSERT_EQ(m_acquisition->start(
+                  [&](const ZQFrame&) {
+                      ++m_frames;
+                      eventually([&] { return !isHeld; });
+                  },
+                  2),
         STATUS_OK);
     EXPECT_TRUE(framesCome(1));
     Faults silent;
@@ -77,6 +79,7 @@ TEST_F(Streams, StartAnewOnTheSameConnectionAfterControlIsRetaken)
     EXPECT_TRUE(recovers());
     isHeld = false;
     EXPECT_TRUE(eventually([this] { return !m_acquisition->isRunning(); }));
+    EXPECT_GT(m_acquisition->counters().lost, 0U); // no buffer was free
     ASSERT_EQ(start(), STATUS_OK) << m_acquisition->lastError();
     EXPECT_TRUE(framesCome(2));
 }
