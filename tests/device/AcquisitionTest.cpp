@@ -201,10 +201,10 @@ TEST(MadeUpFrames, CountAndMoveByOneStepAFrame)
     ZQFrame first;
     while (frames.next(first) != zqcameralib::FrameSource::Outcome::Complete) { }
     EXPECT_EQ(first.frameId, frames.lost() + 1);
-    for (int i = 0; i < 3; ++i) {
+    for (unsigned i = 0; i < 3; ++i) {
         ZQFrame frame;
         while (frames.next(frame) != zqcameralib::FrameSource::Outcome::Complete) { }
-        EXPECT_EQ(frame.frameId, i + 2U + frames.lost());
+        EXPECT_EQ(frame.frameId, i + 2 + frames.lost());
         EXPECT_EQ(frame.timestampNs - first.timestampNs, (frame.frameId - first.frameId) * 1000000);
         EXPECT_GE(frame.systemTimestampNs, first.systemTimestampNs);
         EXPECT_EQ(frame.pixelFormat, 0x01080001U);

@@ -2,8 +2,8 @@
 #include "base/StatusCodes.h"
 #include "session/DeviceErrors.h"
 #include "session/Discovery.h"
-#include "session/GigeProbe.h"
-#include "session/SourceFilter.h"
+#include "network/GigeProbe.h"
+#include "network/SourceFilter.h"
 
 #include <arv.h>
 #include <gtest/gtest.h>
