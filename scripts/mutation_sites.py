@@ -30,8 +30,9 @@ EXTREMES = {"min": "max", "max": "min", "qMin": "qMax", "qMax": "qMin", "fmin": 
 LIMITED = {"clamp": 0, "qBound": 1}  # which argument is the value
 # Sizes and colours: a pixel more or less is a matter of taste and no fault.
 LOOKS = {"setContentsMargins", "setSpacing", "setVerticalSpacing", "setColumnStretch",
-    "setStretchFactor", "addWidget", "adjusted", "QPointF", "QRectF", "QPen", "fromHsl", "drawArc",
-    "drawRoundedRect", "drawEllipse", "lineTo", "setMinimumSectionSize", "setMinimumHeight"}
+    "setStretchFactor", "setMinimumSectionSize", "setMinimumHeight", "addWidget", "adjusted",
+    "QPointF", "QRect", "QRectF", "QPen", "fromHsl", "drawArc", "drawRoundedRect", "drawEllipse",
+    "lineTo"}
 FUNCTIONS = (K.FUNCTION_DECL, K.CXX_METHOD, K.CONSTRUCTOR, K.DESTRUCTOR, K.CONVERSION_FUNCTION,
     K.FUNCTION_TEMPLATE)
 CLASSES = (K.CLASS_DECL, K.STRUCT_DECL, K.CLASS_TEMPLATE)
@@ -116,7 +117,9 @@ class Finder:
         if handler is None and len(children) == 1 and span(node) == span(children[0]):
             return self.find(children[0], statement)
         sites = handler(self, node, children) if handler else self.all(children)
-        if statement and node.kind.is_expression() and node.kind != K.CXX_THROW_EXPR:
+        is_looks = node.spelling.startswith("set") and node.spelling in LOOKS
+        if (statement and node.kind.is_expression() and node.kind != K.CXX_THROW_EXPR
+                and not is_looks):
             return self.site(node, "drop", [""], sites)
         return sites
 
@@ -217,7 +220,8 @@ class Finder:
         if operator in ("&&", "||"):
             other = "||" if operator == "&&" else "&&"
             return self.site(node, "condition", [f"({left}) {other} ({right})", left, right], inner)
-        if operator in COMPARISONS or operator in SWAPS and is_number(node.type):
+        is_size = self.in_looks and any(bare(child).kind in LITERALS for child in children)
+        if operator in COMPARISONS or operator in SWAPS and is_number(node.type) and not is_size:
             faults = [f"{left} {swap} {right}" for swap in SWAPS[operator]]
             return self.site(node, "expression", faults, inner)
         return inner

@@ -76,8 +76,9 @@ def split(test):
                 "command": program + ["--gtest_filter=" + single]}
 
 
-def discover(build, wanted, unwanted):
-    """The tests whose programs the build made, by regular expressions for `program name`."""
+def discover(build, names, wanted, unwanted):
+    """The tests whose programs the build made: those of `names` or all, by regular expressions
+    for `program name`."""
     listed = json.loads(subprocess.run(["ctest", "--show-only=json-v1"], cwd=build, check=True,
         capture_output=True, text=True).stdout)["tests"]
     tests = []
@@ -88,6 +89,8 @@ def discover(build, wanted, unwanted):
         if not programs or properties.get("DISABLED"):
             continue  # a script, or a test of the build itself
         command = command[programs[0]:]
+        if names and os.path.basename(command[0]) not in names:
+            continue
         test = {"command": command, "environment": environment_of(properties),
             "folder": properties.get("WORKING_DIRECTORY", str(build)), "windows": programs[0] > 0,
             "name": os.path.basename(command[0]) + " " + entry["name"]}
