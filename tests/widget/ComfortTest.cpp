@@ -11,9 +11,12 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTableWidget>
 #include <QTranslator>
 #include <QVBoxLayout>
+
+#include <stdexcept>
 
 namespace featurebrowser {
 
@@ -95,10 +98,16 @@ TEST_F(ComfortTest, AFilterThatFindsNothingSaysSo)
         blank.fill(shown.pixel(0, shown.height() - 1));
         return shown != blank;
     };
+    select("Width");
+    find("xposuret");
+    press(Qt::Key_Return);
+    EXPECT_EQ(tree()->currentIndex(), row("ExposureTime", 1)) << "no hidden row is current";
     find("nowhere");
+    press(Qt::Key_Return);
     EXPECT_FALSE(isShown("Width") || isShown("Camera"));
     EXPECT_TRUE(ink());
     browser->clearFeatureItems();
+    QTest::keySequence(browser->GetWidget(), QKeySequence::Find);
     press(Qt::Key_Escape);
     EXPECT_FALSE(ink()) << "an empty tree has lost nothing";
 }
@@ -158,8 +167,10 @@ TEST_F(ComfortTest, MenuCopiesAndCollapses)
 TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
 {
     QWidget* window = browser->GetWidget();
+    QSignalSpy changed(window, SIGNAL(pinnedFeaturesChanged()));
     choose("Gain", "Pin to the top");
     choose("Width", "Pin to the top");
+    EXPECT_EQ(changed.count(), 2);
     auto* strip = child<QWidget>("pinStrip");
     EXPECT_TRUE(strip->isVisible());
     const auto texts = [strip] {
@@ -196,7 +207,10 @@ TEST_F(ComfortTest, AMatrixReadsEveryEntryAndSetsTheSelectorBack)
         setChoice("GainSelector", isRed ? "0" : "1", { "Red", "Green" });
         browser->modifyFeature("Gain", isRed ? 1.5 : 2.5, 0.0, 48.0, 0.0, false, true);
     };
-    choose("GainSelector", QString::fromUtf8("Show all entries of this selector\u2026"));
+    for (const char* name : { "PixelFormat", "GainSelector" }) {
+        EXPECT_EQ(child<QTableWidget>(), nullptr) << "selects nothing";
+        choose(name, QString::fromUtf8("Show all entries of this selector\u2026"));
+    }
     auto* table = child<QTableWidget>();
     ASSERT_TRUE(table != nullptr && table->rowCount() == 1 && table->columnCount() == 2);
     EXPECT_EQ(table->item(0, 0)->text(), "1.5");
@@ -209,7 +223,10 @@ TEST_F(ComfortTest, AMatrixReadsEveryEntryAndSetsTheSelectorBack)
     // An entry that the camera refuses, and a feature that could not be read, have no value.
     browser->addCommandFeature("Analog", "Once", "Once", LEVEL_BEGINNER, false, true,
         SELECTOR_SELECTED, ", GainSelector ,");
-    journal.answer = [this](const std::string&) {
+    journal.answer = [this](const std::string& line) {
+        if (line == "Enum GainSelector Red 0") {
+            throw std::runtime_error("refused");
+        }
         setChoice("GainSelector", "1", { "Red", "Green" });
     };
     auto* again = table->window()->findChild<QDialogButtonBox*>()->buttons().last();

@@ -202,6 +202,8 @@ TEST_F(EditingTest, ARowWithoutAValueIsEditedFromNothing)
     EXPECT_EQ(tree()->findChild<QComboBox*>()->currentIndex(), -1);
     press(Qt::Key_Escape);
     EXPECT_TRUE(journal.take().empty());
+    edit("Width", "1");
+    EXPECT_EQ(journal.take(), Lines { "Int Width 1" }) << "nobody has seen that it is 1";
 }
 
 TEST_F(EditingTest, ClosingTheWindowTakesAnOpenEditBack)

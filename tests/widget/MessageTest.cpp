@@ -98,6 +98,10 @@ TEST_F(MessageTest, ATextThatComesBackDifferentIsTold)
     acceptAs("right");
     edit("DeviceUserID", "right");
     EXPECT_EQ(message(), "");
+    journal.answer = [this](const std::string&) { setChoice("ReverseX", "0", { "No", "Yes" }); };
+    select("ReverseX");
+    press(Qt::Key_Space);
+    EXPECT_EQ(message(), "The camera has not taken “Yes”; the row shows what it holds");
 }
 
 TEST_F(MessageTest, ARefusedNumberIsSetBackWithinItsLimits)
@@ -131,8 +135,10 @@ TEST_F(MessageTest, ACalloutStandsBesideItsRowAndLeavesWithIt)
     }
     EXPECT_LT(callout->geometry().right(), tree()->viewport()->width());
 
+    select("GevMACAddress");
     browser->GetWidget()->resize(600, 330);
     QApplication::processEvents();
+    EXPECT_LE(area("GevMACAddress").bottom(), tree()->viewport()->height()) << "stays in sight";
     tree()->scrollToBottom();
     browser->setDefaultValue("GevMACAddress", 0L, "one\ntwo");
     EXPECT_EQ(message(), "one\ntwo");

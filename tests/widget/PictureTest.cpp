@@ -7,6 +7,16 @@ namespace featurebrowser {
 
 namespace {
 
+class PaintCounter : public QObject {
+public:
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
 // What is painted, compared with what else could have been.
 class PictureTest : public WidgetTest {
 protected:
@@ -85,6 +95,11 @@ TEST_F(PictureTest, EveryStateOfARowLooksDifferent)
             { find(""), [this] { setText("AcquisitionStart", "A&B"); },
                 [this] { setText("AcquisitionStart", "A&B", true); } } },
     };
+    const QImage end
+        = picture("Width", 1).copy(tree()->visualRect(row("Width", 1)).width() - 24, 3, 20, 12);
+    QImage blank = end;
+    blank.fill(end.pixel(0, 0));
+    EXPECT_EQ(end, blank) << "no sign without a reason";
     for (const Case& seen : cases) {
         QImage before;
         for (std::size_t i = 0; i < seen.looks.size(); ++i) {
@@ -106,7 +121,16 @@ TEST_F(PictureTest, AWrittenValueIsMarkedForAWhile)
     edit("Width", "512");
     select("ExposureTime");
     EXPECT_NE(picture("Width", 0), plain);
+    PaintCounter counter;
+    tree()->viewport()->installEventFilter(&counter);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return counter.count > 3; }, 20000)) << "it fades";
+    tree()->viewport()->removeEventFilter(&counter);
     EXPECT_TRUE(QTest::qWaitFor([&] { return picture("Width", 0) == plain; }, 20000));
+    QTest::qWait(200);
+    tree()->viewport()->installEventFilter(&counter);
+    counter.count = 0;
+    QTest::qWait(200);
+    EXPECT_EQ(counter.count, 0) << "and rests";
 }
 
 TEST_F(PictureTest, SignsOnButtonsAreSymmetrical)

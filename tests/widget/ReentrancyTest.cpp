@@ -57,17 +57,21 @@ TEST_F(ReentrancyTest, ARowCanBeEditedWhileItsEventIsHandled)
     EXPECT_EQ(text("Width"), "48");
 }
 
-TEST_F(ReentrancyTest, AHandlerMayEmptyTheTreeWhenARowIsSelected)
+TEST_F(ReentrancyTest, AHandlerMayEmptyTheTreeBeforeTheNextRowIsEdited)
 {
     journal.hearsSelection = true;
-    journal.answer = [this](const std::string& line) {
-        if (line == "Selection ExposureTime") {
-            browser->clearFeatureItems();
-        }
-    };
-    edit("Width", "32", Qt::Key_Tab);
-    EXPECT_EQ(journal.take().back(), "Selection ExposureTime");
-    EXPECT_FALSE(isEditing());
+    for (const std::string last : { "Selection ExposureTime", "Int Width 32" }) {
+        addInteger("", "Width");
+        addInteger("", "ExposureTime");
+        journal.answer = [this, last](const std::string& line) {
+            if (line == last) {
+                browser->clearFeatureItems();
+            }
+        };
+        edit("Width", "32", Qt::Key_Tab);
+        EXPECT_EQ(journal.take().back(), last);
+        EXPECT_FALSE(isEditing());
+    }
 }
 
 TEST_F(ReentrancyTest, TwoBrowsersDoNotKnowOfEachOther)

@@ -107,6 +107,12 @@ TEST_F(TreeTest, AnUpdateIsToldOnceAndOnlyWhenItChangesSomething)
         updates[i]();
         EXPECT_EQ(told.count(), 1) << i << ", the same again";
     }
+    browser->addEnumFeature("Camera", "Selector", 0, { "A", "B" }, LEVEL_BEGINNER, false, false,
+        true, SELECTOR_SELECTOR, "");
+    addInteger("Camera", "Selected", 1, LEVEL_BEGINNER, "Selector");
+    told.clear();
+    setChoice("Selector", "1", { "A", "B" });
+    EXPECT_EQ(told.count(), 2) << "what is selected shows its selector";
     EXPECT_EQ(role("Width", "state"), QVariant(1));
     EXPECT_TRUE(journal.take().empty()) << "what the program does is no edit";
 }
@@ -174,6 +180,7 @@ TEST_F(TreeTest, UserSelectionIsToldAndItsDescriptionShown)
     const auto* title = child<QWidget>("descriptionPane")->findChild<QLabel*>();
     EXPECT_EQ(description->toPlainText(), "<b>plain</b>\ntext");
     EXPECT_EQ(title->text(), "ExposureTime");
+    EXPECT_TRUE(title->font().bold());
     for (const auto& [name, words] : std::map<const char*, const char*> {
              { "Camera", "" }, { "PixelFormat", "The camera does not describe this feature" } }) {
         select(name);
