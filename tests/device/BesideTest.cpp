@@ -2,6 +2,7 @@
 #include "base/StatusCodes.h"
 #include "memory/MemoryBackend.h"
 #include "memory/RegisterValues.h"
+#include "simulation/SimulatedCamera.h"
 
 #include "featurebrowser/ZQAcquisition.h"
 
@@ -50,6 +51,8 @@ public:
     bool isLost() override { return lost; }
     bool isGivenUp() override { return lost; }
     bool isReconnecting() override { return tries > 0; }
+    void beginCall() override { ++calls; }
+    void endCall() override { --calls; }
     Status loss() const override { return { cameraLost, "gone" }; }
     Status reconnect(bool) override
     {
@@ -76,6 +79,7 @@ public:
     std::string text;
     std::optional<std::uint64_t> slow;
     int reads = 0;
+    int calls = 0; ///< that are not over
 };
 
 /// A decides about Maybe, B where Moved is.
@@ -143,6 +147,7 @@ TEST_F(Beside, AWriteHasEverythingReadAgainAndACancelTheLoad)
     }
     m_device.SetIntegerValue("B", 20, 0);
     EXPECT_EQ(m_tardy.reads, 2);
+    m_device.SetIntegerValue("B", 20, 1);
     EXPECT_EQ(task->wait(std::chrono::seconds(10)), State::Done);
     const int reads = m_tardy.reads;
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
@@ -169,12 +174,18 @@ TEST_F(Beside, ALoadWithoutTimeGoesOnWithTheNext)
     }
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
     EXPECT_EQ(values(), " 1 16 3 7 ");
+    writeWord(m_tardy.memory(), 0, 2);
+    while (m_repository.Load() == stillWorking) { }
+    EXPECT_EQ(values(), " 2 16 3 7 "); // all of it again
+    EXPECT_EQ(m_tardy.calls, 0);
 }
 
 TEST_F(Beside, WhatThereWasNoTimeForIsReadAlone)
 {
     ASSERT_EQ(m_repository.Load(), STATUS_OK);
     EXPECT_FALSE(m_repository.HasOutstanding());
+    m_repository.Clear();
+    m_repository.Clear(); // what was known is kept
     m_tardy.slow = 4;
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
     EXPECT_EQ(m_device.GetLastError(), cameraSlow);
@@ -184,11 +195,13 @@ TEST_F(Beside, WhatThereWasNoTimeForIsReadAlone)
     m_tardy.slow.reset();
     writeWord(m_tardy.memory(), 0, 2);
     writeWord(m_tardy.memory(), 116, 8);
-    EXPECT_EQ(m_repository.ReadAhead(true)->wait(std::chrono::seconds(10)), State::Done);
     m_tardy.reads = 0;
+    EXPECT_EQ(m_repository.ReadAhead(true)->wait(std::chrono::seconds(10)), State::Done);
+    EXPECT_EQ(m_tardy.reads, 2);
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
-    EXPECT_EQ(m_tardy.reads, 0);
+    EXPECT_EQ(m_tardy.reads, 2);
     EXPECT_EQ(values(), " 1 16 3 8 ");
+    EXPECT_EQ(m_repository.GetFeatureStates()["A"], FEATURE_AVAILABLE);
     EXPECT_FALSE(m_repository.HasOutstanding());
     EXPECT_EQ(m_repository.GetFeatureStates()["Moved"], FEATURE_AVAILABLE);
 }
@@ -218,6 +231,11 @@ TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
     EXPECT_EQ(task->progress().step, "Reading the features");
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
     EXPECT_EQ(values(), " 3 ");
+    const auto again = m_device.ReconnectBeside();
+    EXPECT_EQ(again->poll(), State::Running);
+    m_tardy.lost = true;
+    EXPECT_EQ(again->poll(), State::Failed);
+    EXPECT_EQ(again->error(), "gone");
 }
 
 TEST_F(Beside, ImagesThatCannotStartTellWhy)
@@ -230,6 +248,24 @@ TEST_F(Beside, ImagesThatCannotStartTellWhy)
     const auto other = acquisition.StartBeside(nullptr);
     other->cancel();
     EXPECT_EQ(other->poll(), State::Cancelled);
+}
+
+TEST_F(Beside, ImagesStartWithoutWaitingForWhatWasReadAhead)
+{
+    auto opened = openOver(std::string(simulatedCameraDescription()),
+        std::make_unique<Tardy>(makeSimulatedCameraBehaviour()));
+    TestCamera camera(std::make_unique<ZQCamera>(std::move(opened.value())));
+    auto& tardy = static_cast<Tardy&>(camera.port.backend());
+    ZQAcquisition acquisition(camera.camera.get(), &camera.device);
+    tardy.reads = 0;
+    const auto task = acquisition.StartBeside(nullptr);
+    EXPECT_EQ(task->poll(), State::Running);
+    EXPECT_EQ(tardy.reads, 0);
+    EXPECT_EQ(task->wait(std::chrono::seconds(10)), State::Done);
+    EXPECT_LT(tardy.reads, 60); // the image's features only
+    EXPECT_TRUE(acquisition.isRunning());
+    task->cancel(); // too late
+    EXPECT_EQ(task->poll(), State::Done);
 }
 
 } // namespace

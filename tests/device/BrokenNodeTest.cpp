@@ -58,6 +58,7 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
             "" },
         { placed("IntReg", "<pLength>L</pLength>") + intReg("L", 8), badLength },
         { placed("StringReg", "<pLength>L</pLength>") + intReg("L", 8), "" },
+        { placed("StringReg", length("four")), badLength },
         { placed("FloatReg", length("4")), "" },
         { placed("FloatReg", length("8")), "" },
         { placed("FloatReg", length("6")), badLength },

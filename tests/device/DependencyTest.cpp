@@ -87,16 +87,19 @@ TEST(Dependents, AmongBitsOfARegisterAreThoseThatOverlap)
 {
     const auto bits = [](const char* name, const std::string& which, const char* address) {
         return std::string("<MaskedIntReg Name=\"") + name + "\">" + element("Address", address)
-            + element("Length", "4") + element("pPort", "Device") + which + "</MaskedIntReg>";
+            + element("Length", "4") + element("AccessMode", "RW") + element("pPort", "Device")
+            + which + "</MaskedIntReg>";
     };
     for (const auto& [one, other, address, expected] :
         { std::tuple("<LSB>7</LSB><MSB>0</MSB>", "<LSB>8</LSB><MSB>15</MSB>", "0", ""),
             { "<LSB>0</LSB><MSB>8</MSB>", "<LSB>8</LSB><MSB>15</MSB>", "0", "B" },
             { "<Bit>3</Bit>", "<LSB>4</LSB><MSB>31</MSB>", "0", "" },
             { "<Bit>3</Bit>", "<LSB>3</LSB><MSB>3</MSB>", "0", "B" },
+            { "<Bit>3</Bit>", "<LSB>0</LSB><MSB>2</MSB>", "0", "" },
             { "<Bit>3</Bit>", "<Bit>4</Bit>", "3", "B" }, // another register, some bytes shared
             { "<Bit>3</Bit>", "<Bit>3</Bit>", "4", "" } }) {
         TestCamera camera("A B", bits("A", one, "0") + bits("B", other, address));
+        EXPECT_EQ(camera.device.SetIntegerValue("A", 1, 1), STATUS_OK);
         EXPECT_EQ(names(camera.repository.GetInvalidatedFeatures("A")), expected) << one << other;
     }
 }

@@ -60,15 +60,23 @@ const std::string nodes = intReg("Reg", 0)
 <pVariable Name="B">Set</pVariable><pVariable Name="C">Wide</pVariable>
 <pVariable Name="D">Int</pVariable><Formula>A*B</Formula></IntSwissKnife>
 <IntSwissKnife Name="NoInputs"><pVariable Name="I">Inputs</pVariable><Formula>I=0</Formula>
-</IntSwissKnife><IntSwissKnife Name="Always"><Formula>1</Formula></IntSwissKnife>)"
+</IntSwissKnife><IntSwissKnife Name="Always"><Formula>1</Formula></IntSwissKnife>
+<IntSwissKnife Name="One"><pVariable Name="S">Step</pVariable>
+<pVariable Name="T">TLParamsLocked</pVariable><Formula>S+T</Formula></IntSwissKnife>
+<Enumeration Name="Mode"><EnumEntry Name="M"><Value>1</Value></EnumEntry><pValue>ReadOnly</pValue>
+</Enumeration><Float Name="Level"><pValue>ReadOnly</pValue></Float><Boolean Name="Flag">
+<pValue>ReadOnly</pValue></Boolean><Command Name="Stuck"><pValue>ReadOnly</pValue>
+<CommandValue>1</CommandValue></Command>)"
     + intReg("TwinReg", 68) + intReg("Unset", 72, element("pIsAvailable", "NoInputs"))
     + intReg("Held", 76, element("pIsLocked", "Inputs"))
-    + intReg("Sealed", 80, element("pIsLocked", "Always"));
+    + intReg("Sealed", 80, element("pIsLocked", "Always"))
+    + intReg("Either", 84, element("pIsLocked", "One"));
 
 const char* const members
     = "Int Set Wide Float Text Bool Enum Run AcquisitionStart "
       "AcquisitionStop ReadOnly WriteOnly Streaming Absent Rate Tenfold Step Whole Big Over Broken "
-      "Fixed Nil Bytes Chunk Odd Twins Quotient Unset Held Sealed";
+      "Fixed Nil Bytes Chunk Odd Twins Quotient Unset Held Sealed Mode Level Flag Stuck Either "
+      "TLParamsLocked";
 
 struct Refusal {
     std::function<int(ZQCameraDevice&)> call;
@@ -150,6 +158,14 @@ TEST(Writes, AreRefusedWithCodeAndSentenceBeforeAnythingIsSent)
         reading("Absent", notAvailable, "Absent: not available now"),
         reading("WriteOnly", notReadable, "WriteOnly: can only be written"),
         reading("Quotient", notReadable, "Quotient: its formula divides by zero now"),
+        string("Int", "a", wrongKind, "Int: holds another kind of value"),
+        integer("Fixed", 1, wrongKind, "Fixed: holds another kind of value"),
+        entry("Mode", "M", notWritable, "Mode: is read-only"),
+        real("Level", 1.0, notWritable, "Level: is read-only"),
+        { [](auto& d) { return d.SetBooleanValue("Flag", 1); }, notWritable, "Flag: is read-only" },
+        { [](auto& d) { return d.ExecuteCommand("Stuck", 1); }, notWritable,
+            "Stuck: is read-only" },
+        integer("Either", 1, featureLocked, "Either: locked by Step"),
         real("Rate", 0.0, notConvertible,
             "Rate: 0 cannot be written, the camera's formula cannot convert it into a number"),
         real("Rate", 0.0001, notConvertible,
@@ -235,15 +251,17 @@ private:
 
 TEST(Commands, AreWaitedForUntilTheirRegisterSaysDone)
 {
-    const std::string run = "<Command Name=\"AcquisitionStart\"><pValue>R</pValue><CommandValue>1"
-                            "</CommandValue></Command>"
+    const std::string run
+        = node("Command", "AcquisitionStart", "<pValue>R</pValue><CommandValue>1</CommandValue>")
+        + node("Command", "Zero", "<pValue>R</pValue><CommandValue>0</CommandValue>")
         + intReg("R", 0);
     for (const int looks : { 3, 0 }) {
         auto opened = openSimulated(
-            TestCamera::description("AcquisitionStart", run), std::make_unique<Busy>(looks));
+            TestCamera::description("AcquisitionStart Zero", run), std::make_unique<Busy>(looks));
         ASSERT_TRUE(opened.isOk());
         TestCamera camera(std::make_unique<ZQCamera>(std::move(opened.value())));
         EXPECT_EQ(camera.device.ExecuteCommand("AcquisitionStart", 0), STATUS_OK);
+        EXPECT_EQ(camera.device.ExecuteCommand("Zero", 1), STATUS_OK); // a zero cannot go
         EXPECT_EQ(camera.port.reads(), 0U);
         EXPECT_EQ(camera.device.ExecuteCommand("AcquisitionStart", 1),
             looks == 0 ? commandTimeout : STATUS_OK);
@@ -286,6 +304,7 @@ TEST(Acquisition, LocksWhatTheDescriptionLocksUntilItStops)
     EXPECT_EQ(camera.repository.UpdateFeatureStates(), STATUS_OK);
     EXPECT_EQ(camera.state("Streaming"), FEATURE_LOCKED);
     camera.read("Streaming");
+    EXPECT_EQ(camera.read("TLParamsLocked"), "1");
     EXPECT_EQ(camera.item("Streaming").lockedFlag, 1);
     EXPECT_NE(camera.item("Streaming").description.find("locked by TLParamsLocked: stop the "),
         std::string::npos);

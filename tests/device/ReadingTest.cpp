@@ -190,7 +190,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ReadValue,
                     "<pVariable Name=\"X\">R</pVariable><Formula>1/X</Formula>"),
             { 0, 0, 0, 0 }, "0 1 RW 0..4294967295/4294967295" },
         ValueCase { "signed bits",
-            reg("MaskedIntReg", 4, "<LSB>24</LSB><MSB>27</MSB><Sign>Signed</Sign>"),
+            reg("MaskedIntReg", 4, "<LSB>31</LSB><MSB>28</MSB><Sign>Signed</Sign>"),
             { 0, 0, 0, 0x0F }, "-1 1 RW -8..7/1" },
         ValueCase {
             "one bit", reg("MaskedIntReg", 4, "<Bit>31</Bit>"), { 0, 0, 0, 3 }, "1 1 RW 0..1/1" },
@@ -201,6 +201,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ReadValue,
             named("Boolean", over + "<OnValue>7</OnValue><OffValue>3</OffValue>") + intReg("R", 0),
             { 0, 0, 0, 3 }, "0 1 RW False True" },
         ValueCase { "no text", reg("StringReg", 4, ""), { 0, 'b' }, " 1 RW" },
+        ValueCase { "shortest text", reg("StringReg", 1, ""), { 'x' }, "x 1 RW" },
         ValueCase { "text of no length", reg("StringReg", 4, "<pLength>Zero</pLength>") + zeroNode,
             {}, " 1 RW" },
         ValueCase { "raw register of no length",
@@ -237,7 +238,7 @@ TEST(Record, AddressesAreTranslatedByWhatTheDescriptionSays)
 
 TEST(Record, CarriesWhatAUserReads)
 {
-    TestCamera camera("Sel Other Gain Set Step NoStep Text",
+    TestCamera camera("Sel Other Gain Set Step NoStep Endless Text",
         intReg("Sel", 0, element("pSelected", "Gain"))
             + intReg("Other", 4, element("pSelected", "Gain"))
             + "<Float Name=\"Gain\"><ToolTip>Tip</ToolTip><Description>Text</Description>"
@@ -247,6 +248,7 @@ TEST(Record, CarriesWhatAUserReads)
               "<Float Name=\"Step\"><ToolTip>Tip</ToolTip><Visibility>Expert</Visibility><Value>1"
               "</Value><Min>-2.5</Min><Max>4</Max><Inc>0.5</Inc></Float>"
               "<Float Name=\"NoStep\"><Value>1</Value><pInc>Gain</pInc><Max>INF</Max></Float>"
+              "<Float Name=\"Endless\"><Value>1</Value><Inc>INF</Inc></Float>"
               "<StringReg Name=\"Text\"><Address>8</Address><Length>9</Length><pPort>Device</pPort>"
               "</StringReg>");
 
@@ -255,6 +257,8 @@ TEST(Record, CarriesWhatAUserReads)
     EXPECT_EQ(step.level, LEVEL_EXPERT);
     EXPECT_EQ(step.floatMin + step.floatMax + step.floatInc, -2.5 + 4 + 0.5);
     EXPECT_EQ(camera.item("NoStep").floatInc, 1.5);
+    EXPECT_EQ(camera.item("NoStep").floatMax, DBL_MAX);
+    EXPECT_EQ(camera.item("Endless").floatInc, 0.0);
     EXPECT_EQ(camera.item("Text").maxLength, 9U);
     EXPECT_EQ(camera.item("Set").level, LEVEL_BEGINNER);
     const FeatureItem& gain = camera.item("Gain");

@@ -213,6 +213,13 @@ TEST_F(SimulatedCameraTest, RunningTimeIsLatchedAndTemperatureRises)
         100000000000U);
     write(timestampReset, 1);
     EXPECT_EQ(read(timestampLatchValue + 4), 0U);
+    m_now += seconds(1);
+    writeWord(m_memory, timestampLatch, 1);
+    m_behaviour->afterWrite(m_memory, timestampLatch - 4, 8); // written with its neighbour
+    EXPECT_EQ(read(timestampLatchValue + 4), 1000000000U);
+    writeWord(m_memory, timestampLatch, 1);
+    m_behaviour->afterWrite(m_memory, timestampLatch - 4, 4);
+    EXPECT_EQ(read(timestampLatch), 1U);
 }
 
 TEST_F(SimulatedCameraTest, SelfTestIsPolledUntilItIsDone)
