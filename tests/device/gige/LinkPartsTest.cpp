@@ -175,6 +175,8 @@ TEST_F(Links, SayWhyTheCameraCannotBeHadBack)
     EXPECT_TRUE(m_link->reconnect(true).isOk());
 
     open(CameraAccess::ReadOnly);
+    EXPECT_TRUE(reconnect({}).isOk());
+    expect(write(72), accessDenied, "opened for reading only");
     expect(reconnect(refusing(0x8007)), notReadable, "the camera does not let itself be read");
 }
 
@@ -199,17 +201,34 @@ TEST_F(Links, TellACameraThatIsSilentFromOneThatWasGivenUp)
         static_cast<void>(m_link->reconnect(true));
     }
     EXPECT_GE(read(), 0);
+    EXPECT_FALSE(m_link->isReconnecting());
 }
 
-TEST(Health, IsOverForEachReason)
+TEST_F(Links, SayWhatTheirSessionHasLearnt)
 {
     using Health = CameraSession::Health;
-    EXPECT_FALSE(Health().isOver());
-    for (const auto reason : { &Health::controlLost, &Health::unanswered, &Health::exchanged }) {
-        Health health;
-        health.*reason = true;
-        EXPECT_TRUE(health.isOver());
+    const std::vector<std::pair<std::atomic<bool> Health::*, const char*>> reasons {
+        { &Health::controlLost, "control of the camera was lost; reconnect to take it back" },
+        { &Health::exchanged, "another camera is there now; reconnect to it" },
+        { &Health::unanswered, "the camera does not answer any more; reconnect to it" },
+    };
+    open();
+    for (const auto& [reason, words] : reasons) {
+        EXPECT_FALSE(m_link->sessionHealth()->isOver());
+        (*m_link->sessionHealth()).*reason = true;
+        EXPECT_TRUE(m_link->sessionHealth()->isOver());
+        EXPECT_TRUE(m_link->isGivenUp());
+        EXPECT_TRUE(m_link->health()->lost);
+        expect(m_link->loss(), cameraLost, words);
+        m_link->giveUp("left");
+        EXPECT_TRUE(m_link->isGivenUp());
+        expect(m_link->loss(), cameraLost, "left");
+        EXPECT_TRUE(m_link->reconnect(true).isOk());
+        EXPECT_FALSE(m_link->health()->lost);
     }
+    open(CameraAccess::ReadOnly);
+    m_link->sessionHealth()->controlLost = true;
+    EXPECT_FALSE(m_link->isLost()); // has none
 }
 
 RegisterBackend::Requests requests()
@@ -226,6 +245,24 @@ std::string outcome(const RegisterBackend::Requests& all)
         text += one.isDone ? 'r' : one.status.isOk() ? '-' : 'f';
     }
     return text;
+}
+
+TEST_F(Links, ReadTogetherWhatThereIsTimeFor)
+{
+    open();
+    const auto readTogether = [this] {
+        RegisterBackend::Requests all = requests();
+        m_link->readTogether(all);
+        return outcome(all);
+    };
+    m_proxy.set(refusing(0x8007));
+    EXPECT_EQ(readTogether(), "f--");
+    Faults slow;
+    slow.delay = 60ms; // more than a look at whether it makes sense
+    m_proxy.set(slow);
+    EXPECT_EQ(readTogether(), "rrr");
+    m_link->giveUp("left");
+    EXPECT_EQ(readTogether(), "---");
 }
 
 class Batches : public Links {
@@ -272,12 +309,12 @@ TEST_F(Batches, ThatAreEndedGiveWhatIsThereAndTakeNothingMore)
     EXPECT_TRUE(batch.end().empty());
 }
 
-TEST_F(Batches, ThatNobodyWaitsForAreNotReadBesideTheRest)
+TEST_F(Batches, AreReadBesideTheRestWhileTheyAreWantedAndThereIsASession)
 {
     m_session->leaveControl(); // what keeps it would be counted, too
     AccessThread thread;
     const std::uint64_t before = m_proxy.requests();
-    for (const bool isWanted : { true, false }) {
+    for (const std::string expected : { "rrr", "unwanted", "" }) {
         std::promise<void> isFree;
         std::promise<void> isOver;
         thread.post([&isFree] { isFree.get_future().wait(); });
@@ -286,13 +323,15 @@ TEST_F(Batches, ThatNobodyWaitsForAreNotReadBesideTheRest)
             isOver.set_value();
             return false;
         });
-        if (!isWanted) {
+        if (expected == "unwanted") {
             reading = nullptr;
+        } else if (expected.empty()) {
+            m_session = nullptr;
         }
         isFree.set_value();
         isOver.get_future().wait();
-        EXPECT_EQ(reading ? outcome(reading->takeFinished()) : "", isWanted ? "rrr" : "");
-        EXPECT_EQ(m_proxy.requests() - before, requests().size());
+        EXPECT_EQ(reading ? outcome(reading->takeFinished()) : "unwanted", expected);
+        EXPECT_TRUE(expected.empty() || m_proxy.requests() - before == requests().size());
     }
 }
 

@@ -1,5 +1,6 @@
 #include "Datagram.h"
 #include "base/StatusCodes.h"
+#include "link/CameraLink.h"
 #include "session/DeviceErrors.h"
 #include "session/Discovery.h"
 #include "network/GigeProbe.h"
@@ -181,6 +182,17 @@ TEST(GigeProbes, TellWhatAnswersAtAnAddress)
     EXPECT_EQ(probeGige("127.0.0.8", true).answer, Answer::None);
     EXPECT_EQ(probeGige("10.1.2.3", goesOn).answer, Answer::NoWay);
     EXPECT_EQ(probeGige("camera", goesOn).answer, Answer::NoWay);
+}
+
+TEST(GigeProbes, DoNotMakeACameraOfWhatOnlyAnswersThem)
+{
+    const Answering camera("127.0.0.8", { { 1, { acknowledge(readAck, 1, 12 + 32) } } });
+    const auto opened
+        = CameraLink::open({ "GigEVision", "127.0.0.8" }, CameraAccess::ControlOrReadOnly);
+    EXPECT_EQ(opened.status().text(),
+        "127.0.0.8: the camera stopped answering while it was opened; packets to or from it get "
+        "lost");
+    EXPECT_FALSE(opened.value());
 }
 
 TEST(SourceFilters, FindTheSocketsThatHearEverybody)
