@@ -64,7 +64,8 @@ TEST_F(GigE, DiscoveryListsTheCameraAndItsIdOpensIt)
     ASSERT_EQ(found.size(), 1U);
     EXPECT_EQ(found[0].address, "127.0.0.1");
     EXPECT_EQ(found[0].protocol, "GigEVision");
-    EXPECT_FALSE(found[0].serial.empty());
+    EXPECT_EQ(found[0].vendor + "-" + found[0].model + "-" + found[0].serial, found[0].id);
+    EXPECT_EQ(found[0].serial, "GV01");
     EXPECT_TRUE(found[0].reachable);
 
     std::string error;

@@ -2,6 +2,7 @@
 #include "base/StatusCodes.h"
 #include "link/CameraLink.h"
 #include "session/DeviceErrors.h"
+#include "session/DeviceOpening.h"
 #include "session/Discovery.h"
 #include "network/GigeProbe.h"
 #include "network/SourceFilter.h"
@@ -140,16 +141,38 @@ struct ProbeCase {
     int lost = 0;
 };
 
-TEST(GigeProbes, TellWhatAnswersAtAnAddress)
+void PrintTo(const ProbeCase& test, std::ostream* stream)
+{
+    *stream << test.name;
+}
+
+class GigeProbes : public testing::TestWithParam<ProbeCase> { };
+
+TEST_P(GigeProbes, TellWhatAnswersAtAnAddress)
+{
+    const ProbeCase& test = GetParam();
+    const bool isGiven = test.answer == GigeProbe::Answer::Given;
+    Answering camera("127.0.0.8", { { 1, test.onModel }, { 2, test.onUrl } }, test.lost);
+    const GigeProbe probe = probeGige("127.0.0.8", false);
+    EXPECT_EQ(probe.answer, test.answer);
+    EXPECT_EQ(probe.descriptionSize, test.size);
+    const Datagram model { 0x42, 1, 0, 0x84, 0, 8, 0, 1, 0, 0, 0, 0x68, 0, 0, 0, 32 };
+    const Datagram url { 0x42, 1, 0, 0x84, 0, 8, 0, 2, 0, 0, 2, 0, 0, 0, 2, 0 };
+    auto requests = camera.end();
+    EXPECT_EQ(requests[1], model);
+    EXPECT_EQ(requests[2], isGiven ? url : Datagram());
+}
+
+std::vector<ProbeCase> probeCases()
 {
     using Answer = GigeProbe::Answer;
     const auto url = [](const char* text) { return acknowledge(readAck, 2, 12 + 512, text); };
     const Datagram model = acknowledge(readAck, 1, 12 + 32);
     const Datagram wait = acknowledge(pendingAck, 1, 12);
     const Datagram sized = url("Local:name.zip;8000;1D8F2");
-    const std::vector<ProbeCase> cases {
+    return {
         { "Sized", { model }, { sized }, Answer::Given, 0x1D8F2 },
-        { "NoSize", { model }, { url("http://camera/name.xml") }, Answer::Given, 0 },
+        { "NoSize", { model }, { url("FACADE.xml") }, Answer::Given, 0 },
         { "NoUrl", { model }, { acknowledge(readAck, 2, 8, {}, 0x80) }, Answer::Given, 0 },
         { "Refused", { acknowledge(readAck, 1, 8, {}, 0x80) }, {}, Answer::Refused, 0 },
         { "WaitThenAnswer", { wait, model }, { sized }, Answer::Given, 0x1D8F2 },
@@ -160,31 +183,23 @@ TEST(GigeProbes, TellWhatAnswersAtAnAddress)
                 acknowledge(readAck, 1, 7, {}, 0x80), {}, model },
             { model, url("a;1") }, Answer::Given, 1 },
         { "OnlyWaits", { wait }, {}, Answer::Waits, 0 },
-        { "NoAnswer", {}, {}, Answer::None, 0 },
         { "NotItsAnswer", { acknowledge(readAck, 2, 44) }, {}, Answer::None, 0 },
     };
-    const std::atomic<bool> goesOn { false };
-    for (const ProbeCase& test : cases) {
-        SCOPED_TRACE(test.name);
-        Answering camera("127.0.0.8", { { 1, test.onModel }, { 2, test.onUrl } }, test.lost);
-        const GigeProbe probe = probeGige("127.0.0.8", goesOn);
-        EXPECT_EQ(probe.answer, test.answer);
-        EXPECT_EQ(probe.descriptionSize, test.size);
-        auto requests = camera.end();
-        EXPECT_EQ(
-            requests[1], Datagram({ 0x42, 1, 0, 0x84, 0, 8, 0, 1, 0, 0, 0, 0x68, 0, 0, 0, 32 }));
-        EXPECT_EQ(requests.count(2), test.answer == Answer::Given ? 1U : 0U);
-        if (test.answer == Answer::Given) {
-            EXPECT_EQ(
-                requests[2], Datagram({ 0x42, 1, 0, 0x84, 0, 8, 0, 2, 0, 0, 2, 0, 0, 0, 2, 0 }));
-        }
-    }
-    EXPECT_EQ(probeGige("127.0.0.8", true).answer, Answer::None);
-    EXPECT_EQ(probeGige("10.1.2.3", goesOn).answer, Answer::NoWay);
-    EXPECT_EQ(probeGige("camera", goesOn).answer, Answer::NoWay);
 }
 
-TEST(GigeProbes, DoNotMakeACameraOfWhatOnlyAnswersThem)
+INSTANTIATE_TEST_SUITE_P(With, GigeProbes, testing::ValuesIn(probeCases()),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST(Places, ThatCannotBeProbed)
+{
+    EXPECT_EQ(probeGige("127.0.0.8", true).answer, GigeProbe::Answer::None);
+    EXPECT_EQ(probeGige("10.1.2.3", false).answer, GigeProbe::Answer::NoWay);
+    EXPECT_EQ(probeGige("camera", false).answer, GigeProbe::Answer::NoWay);
+    OpeningProgress progress;
+    EXPECT_TRUE(askForAnswer({ "USB3Vision", "camera" }, progress).isOk()); // has no address
+}
+
+TEST(Places, ThatOnlyAnswerAProbeAreNoCameras)
 {
     const Answering camera("127.0.0.8", { { 1, { acknowledge(readAck, 1, 12 + 32) } } });
     const auto opened
