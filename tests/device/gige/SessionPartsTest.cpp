@@ -197,17 +197,23 @@ TEST(Places, ThatCannotBeProbed)
     EXPECT_EQ(probeGige("camera", false).answer, GigeProbe::Answer::NoWay);
     OpeningProgress progress;
     EXPECT_TRUE(askForAnswer({ "USB3Vision", "camera" }, progress).isOk()); // has no address
+    EXPECT_EQ(askForAnswer({ "GigEVision", "10.1.2.3" }, progress).text(),
+        "10.1.2.3: no network of this computer leads to this address");
+    EXPECT_EQ(progress.step, OpeningProgress::Step::Asking);
 }
 
 TEST(Places, ThatOnlyAnswerAProbeAreNoCameras)
 {
-    const Answering camera("127.0.0.8", { { 1, { acknowledge(readAck, 1, 12 + 32) } } });
-    const auto opened
-        = CameraLink::open({ "GigEVision", "127.0.0.8" }, CameraAccess::ControlOrReadOnly);
+    const Answering camera("127.0.0.8", { { 1, { acknowledge(readAck, 1, 12 + 32) } } }, 1);
+    const auto progress = std::make_shared<OpeningProgress>();
+    const auto opened = CameraLink::open(
+        { "GigEVision", "127.0.0.8" }, CameraAccess::ControlOrReadOnly, progress);
     EXPECT_EQ(opened.status().text(),
         "127.0.0.8: the camera stopped answering while it was opened; packets to or from it get "
         "lost");
     EXPECT_FALSE(opened.value());
+    EXPECT_GT(progress->expectedMs, 0); // as the first packet was lost
+    EXPECT_EQ(progress->step, OpeningProgress::Step::Reading);
 }
 
 TEST(SourceFilters, FindTheSocketsThatHearEverybody)
