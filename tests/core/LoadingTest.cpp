@@ -26,22 +26,28 @@ TEST_F(CoreTest, LoadRefusesARepositoryThatIsNotLoaded)
 
 TEST_F(CoreTest, CategoriesNestByDepthAndFeaturesStandInTheInnermostOne)
 {
-    m_script.features = { makeCategory("A", 0), makeCategory("B", 1), makeCategory("C", 2),
-        makeCommand("InC", 3), makeCommand("InB", 2), makeCategory("D", 1), makeCommand("InD", 2),
-        makeCategory("E", 0), makeCommand("InE", 1), makeCategory("Deep", 3) };
-    const std::string text
-        = journalOf([](auto& browser, auto&) { EXPECT_EQ(browser.LoadFeatureBrowser(), 0); });
-    EXPECT_EQ(linesWith("widget.add", text),
-        "widget.addCategory(\"A\", 1)\n"
-        "widget.addSubCategory(\"A\", \"B\", 1)\n"
-        "widget.addSubCategory(\"B\", \"C\", 1)\n"
-        "widget.addCommandFeature(\"C\", \"InC\", \"Go\", 1, false, true, 0, \"\")\n"
-        "widget.addCommandFeature(\"B\", \"InB\", \"Go\", 1, false, true, 0, \"\")\n"
-        "widget.addSubCategory(\"A\", \"D\", 1)\n"
-        "widget.addCommandFeature(\"D\", \"InD\", \"Go\", 1, false, true, 0, \"\")\n"
-        "widget.addCategory(\"E\", 1)\n"
-        "widget.addCommandFeature(\"E\", \"InE\", \"Go\", 1, false, true, 0, \"\")\n"
-        "widget.addSubCategory(\"\", \"Deep\", 1)\n");
+    m_script.features = { makeCommand("Top", 0), makeCommand("Loose", 1), makeCategory("A", 0),
+        makeCategory("B", 1), makeCategory("C", 2), makeCommand("InC", 3), makeCommand("InB", 2),
+        makeCategory("D", 1), makeCommand("InD", 2), makeCategory("E", 0), makeCommand("InE", 1),
+        makeCategory("Deep", 3) };
+    const std::string tree
+        = "widget.addCommandFeature(\"\", \"Top\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addCommandFeature(\"\", \"Loose\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addCategory(\"A\", 1)\n"
+          "widget.addSubCategory(\"A\", \"B\", 1)\n"
+          "widget.addSubCategory(\"B\", \"C\", 1)\n"
+          "widget.addCommandFeature(\"C\", \"InC\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addCommandFeature(\"B\", \"InB\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addSubCategory(\"A\", \"D\", 1)\n"
+          "widget.addCommandFeature(\"D\", \"InD\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addCategory(\"E\", 1)\n"
+          "widget.addCommandFeature(\"E\", \"InE\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addSubCategory(\"\", \"Deep\", 1)\n";
+    const std::string text = journalOf([](auto& browser, auto&) {
+        EXPECT_EQ(browser.LoadFeatureBrowser(), 0);
+        EXPECT_EQ(browser.LoadFeatureBrowser(), 0);
+    });
+    EXPECT_EQ(linesWith("widget.add", text), tree + tree);
 }
 
 TEST_F(CoreTest, LoadRebuildsTheTreeAndReloadOnlyPushesValues)
