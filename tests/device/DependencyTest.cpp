@@ -16,7 +16,8 @@ std::string names(const std::list<std::shared_ptr<FeatureItem>>& items)
 /// "Last" is listed first, so that tree order differs from the order of discovery.
 TestCamera makeCamera()
 {
-    return { "Last Width Offset Sel Gain Lone UserSetLoad Low High AcquisitionStart Locked",
+    return { "Last Width Offset Sel Gain Lone UserSetLoad Low High AcquisitionStart "
+             "AcquisitionStop Locked",
         intReg("WidthReg", 0) + intReg("GainReg", 4, element("pAddress", "SelOffset"))
             + intReg("SelReg", 8) + intReg("Lone", 16)
             + R"(<Integer Name="Width"><pValue>WidthReg</pValue><pMax>OffsetFree</pMax></Integer>
@@ -33,7 +34,8 @@ TestCamera makeCamera()
 <IntReg Name="High"><Address>30</Address><Address>4</Address><Length>2</Length>
 <AccessMode>RW</AccessMode><pPort>Device</pPort></IntReg>
 <Integer Name="TLParamsLocked"><Value>0</Value></Integer><Command Name="AcquisitionStart">
-<pValue>StartReg</pValue><CommandValue>1</CommandValue></Command>)"
+<pValue>StartReg</pValue><CommandValue>1</CommandValue></Command><Command Name="AcquisitionStop">
+<pValue>StartReg</pValue><CommandValue>2</CommandValue></Command>)"
             + intReg("StartReg", 48)
             + intReg("Locked", 52, element("pIsLocked", "TLParamsLocked")) };
 }
@@ -52,7 +54,8 @@ TEST(Dependents, AreCompleteInTreeOrderAndOnce)
     EXPECT_EQ(names(camera.repository.GetSelectedFeatures("Width")), "");
     EXPECT_EQ(invalidated("Lone"), "UserSetLoad");
     EXPECT_EQ(invalidated("Low"), "High");
-    EXPECT_EQ(invalidated("AcquisitionStart"), "Locked");
+    EXPECT_EQ(invalidated("AcquisitionStart"), "AcquisitionStop Locked");
+    EXPECT_EQ(invalidated("AcquisitionStop"), "AcquisitionStart Locked");
     EXPECT_EQ(invalidated("UserSetLoad"), "Device");
     EXPECT_EQ(invalidated("Unknown"), "");
     // A register at another place than the description tells.

@@ -228,6 +228,19 @@ TEST(Writes, ReachTheCameraAndReadBack)
     }
 }
 
+TEST(Writes, OfBitsThatCannotBeReadKeepTheOthers)
+{
+    TestCamera camera("Whole Low",
+        intReg("Whole", 0)
+            + node("MaskedIntReg", "Low",
+                "<Address>0</Address><Length>4</Length><LSB>31</LSB><MSB>28</MSB><AccessMode>WO"
+                "</AccessMode><pPort>Device</pPort><Endianess>BigEndian</Endianess>"));
+    EXPECT_EQ(camera.device.SetIntegerValue("Whole", 1234 * 16, 1), STATUS_OK);
+    EXPECT_EQ(camera.device.SetIntegerValue("Low", 5, 1), STATUS_OK);
+    EXPECT_EQ(camera.read("Whole"), std::to_string(1234 * 16 + 5));
+    EXPECT_EQ(camera.read("Low"), "");
+}
+
 /// A command that is done when it has been looked at so often; 0: never.
 class Busy : public CameraBehaviour {
 public:

@@ -194,6 +194,12 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ReadValue,
             { 0, 0, 0, 0x0F }, "-1 1 RW -8..7/1" },
         ValueCase {
             "one bit", reg("MaskedIntReg", 4, "<Bit>31</Bit>"), { 0, 0, 0, 3 }, "1 1 RW 0..1/1" },
+        ValueCase { "bit of a structure",
+            node("StructReg", "S",
+                "<Address>0</Address><Length>4</Length><AccessMode>RW</AccessMode><pPort>Device"
+                "</pPort><Endianess>BigEndian</Endianess>"
+                    + named("StructEntry", "<Bit>30</Bit>")),
+            { 0, 0, 0, 2 }, "1 1 RW 0..1/1" },
         ValueCase { "little endian",
             node("IntReg", "F", "<Address>0</Address><Length>2</Length><pPort>Device</pPort>"),
             { 1, 2 }, "513 1 RO 0..65535/1" },
@@ -260,6 +266,8 @@ TEST(Record, CarriesWhatAUserReads)
     EXPECT_EQ(camera.item("NoStep").floatMax, DBL_MAX);
     EXPECT_EQ(camera.item("Endless").floatInc, 0.0);
     EXPECT_EQ(camera.item("Text").maxLength, 9U);
+    EXPECT_EQ(camera.item("Text").intWritable, 0);
+    EXPECT_EQ(camera.item("Set").intWritable, 1);
     EXPECT_EQ(camera.item("Set").level, LEVEL_BEGINNER);
     const FeatureItem& gain = camera.item("Gain");
     EXPECT_EQ(gain.description, "Text\nUnit: dB");
