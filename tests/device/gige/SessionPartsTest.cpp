@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <filesystem>
 #include <map>
 #include <thread>
 
@@ -181,7 +182,7 @@ std::vector<ProbeCase> probeCases()
             { acknowledge(readAck, 9, 8, {}, 0x80), acknowledge(writeAck, 1, 8, {}, 0x80),
                 acknowledge(writeAck, 1, 44), acknowledge(readAck, 1, 43),
                 acknowledge(readAck, 1, 7, {}, 0x80), {}, model },
-            { model, url("a;1") }, Answer::Given, 1 },
+            { model, acknowledge(readAck, 2, 12 + 511, "a;7"), url("a;1") }, Answer::Given, 1 },
         { "OnlyWaits", { wait }, {}, Answer::Waits, 0 },
         { "NotItsAnswer", { acknowledge(readAck, 2, 44) }, {}, Answer::None, 0 },
     };
@@ -192,9 +193,13 @@ INSTANTIATE_TEST_SUITE_P(With, GigeProbes, testing::ValuesIn(probeCases()),
 
 TEST(Places, ThatCannotBeProbed)
 {
+    const auto files
+        = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
+    const std::ptrdiff_t before = files();
     EXPECT_EQ(probeGige("127.0.0.8", true).answer, GigeProbe::Answer::None);
     EXPECT_EQ(probeGige("10.1.2.3", false).answer, GigeProbe::Answer::NoWay);
     EXPECT_EQ(probeGige("camera", false).answer, GigeProbe::Answer::NoWay);
+    EXPECT_EQ(files(), before);
     OpeningProgress progress;
     EXPECT_TRUE(askForAnswer({ "USB3Vision", "camera" }, progress).isOk()); // has no address
     EXPECT_EQ(askForAnswer({ "GigEVision", "10.1.2.3" }, progress).text(),

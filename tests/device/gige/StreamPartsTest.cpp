@@ -166,6 +166,11 @@ TEST_F(StreamParts, AskForAReceiveBufferOfSeveralImages)
 {
     const std::array<std::array<std::uint64_t, 3>, 3> cases { { { 1000, 1, mega },
         { mega, 3, 3 * mega }, { 50 * mega, 2, 64 * mega } } };
+    StreamFacts none { mega, 0, 0, 0, "", false };
+    makeReceiveBuffer(device(), m_stream.get(), 3, none);
+    const int ring = socket(PF_PACKET, SOCK_RAW, 0); // which needs none, if that is allowed
+    EXPECT_EQ(none.wantedBuffer, ring < 0 ? 3 * mega : 0);
+    ::close(ring);
     arv_gv_device_set_stream_options(device(), ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
     for (const auto& [image, images, wanted] : cases) {
         StreamFacts facts { image, 0, 0, 0, "", false };
