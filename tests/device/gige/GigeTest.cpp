@@ -2,6 +2,8 @@
 #include "PrivateNetwork.h"
 #include "base/StatusCodes.h"
 
+#include <glib.h>
+
 using namespace featurebrowser;
 using namespace zqcameralib;
 using namespace std::chrono_literals;
@@ -84,6 +86,8 @@ int main(int argc, char** argv)
     if (const char* reason = testing::GTEST_FLAG(list_tests) ? nullptr : enterPrivateNetwork()) {
         return endWithoutTests(reason);
     }
+    // What the library complains about is not done, and a test might pass over it.
+    g_log_set_always_fatal(static_cast<GLogLevelFlags>(G_LOG_LEVEL_ERROR | G_LOG_LEVEL_CRITICAL));
     const bool asOrdinaryUser = argc > 1 && argv[1] == std::string("--ordinary-user");
     if (asOrdinaryUser && !giveUpPrivileges()) {
         std::printf("failed: privileges cannot be given up\n");
