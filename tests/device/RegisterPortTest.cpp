@@ -9,6 +9,15 @@ using namespace zqcameralib;
 
 namespace {
 
+/// Only of a far camera it is measured how long it takes, which stretches what is kept.
+class NearOrFar : public DistantCamera {
+public:
+    using DistantCamera::DistantCamera;
+    bool prefersBatches() const override { return isFar; }
+
+    bool isFar = false;
+};
+
 class Port : public testing::Test {
 protected:
     /// The last byte of a register; -1 when it cannot be read.
@@ -30,8 +39,8 @@ protected:
     }
     static void outliveSnapshot() { std::this_thread::sleep_for(std::chrono::milliseconds(120)); }
 
-    RegisterPort m_port { std::make_unique<DistantCamera>(nullptr) };
-    DistantCamera& m_camera = static_cast<DistantCamera&>(m_port.backend());
+    RegisterPort m_port { std::make_unique<NearOrFar>(nullptr) };
+    NearOrFar& m_camera = static_cast<NearOrFar&>(m_port.backend());
 };
 
 TEST_F(Port, KeepsWhatAPassReadsUntilAWriteOrItsEnd)
@@ -76,7 +85,9 @@ TEST_F(Port, ReadsAgainWhatIsTooOld)
     EXPECT_EQ(read(0), 2);
     change(3);
     outliveSnapshot();
+    m_camera.isFar = true;
     m_port.prefetch({ { 0, 4 }, { 4, 4 } });
+    m_camera.isFar = false;
     EXPECT_EQ(read(0), 3);
     change(4);
     outliveSnapshot();
@@ -123,6 +134,7 @@ TEST_F(Port, RecordsWhatIsReadAlsoFromTheSnapshotAndWhatIsWritten)
 
 TEST_F(Port, PrefetchesEachRegisterOnceInTheKindThatTheCameraWants)
 {
+    m_camera.isFar = true;
     const RegisterPort::Pass pass(m_port);
     m_port.prefetch({ { 0, 4 }, { 0, 4 } }); // one alone gains nothing
     EXPECT_EQ(m_camera.together, 0U);
@@ -145,6 +157,7 @@ TEST_F(Port, TakesWhatWasReadAheadAndNamesTheFirstThatIsMissing)
     const RegisterPort::KnownRegisters known { { { 0, 4 }, { { 0, 0, 0, 7 }, {} } },
         { { 4, 4 }, { {}, Status(cameraSlow, "slow") } } };
     RegisterBackend::Requests missing;
+    m_camera.isFar = true;
     {
         RegisterPort::Ahead ahead(m_port, known, &missing);
         const RegisterPort::FailureScope failures(m_port);
