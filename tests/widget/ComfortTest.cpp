@@ -160,6 +160,7 @@ TEST_F(ComfortTest, MenuCopiesAndCollapses)
     EXPECT_EQ(clipboard(), "[Other]\nX=1\n");
     QTest::mouseClick(child<QWidget>("collapseButton"), Qt::LeftButton);
     EXPECT_FALSE(isShown("X"));
+    EXPECT_EQ(child<QWidget>("expandButton")->toolTip(), "Expand all categories");
     QTest::mouseClick(child<QWidget>("expandButton"), Qt::LeftButton);
     EXPECT_TRUE(isShown("X"));
 }
@@ -237,7 +238,13 @@ TEST_F(ComfortTest, AMatrixReadsEveryEntryAndSetsTheSelectorBack)
     setStates({ { "Gain", FEATURE_READ_FAILED } });
     QTest::mouseClick(again, Qt::LeftButton);
     EXPECT_EQ(table->item(0, 1)->text(), QString(QChar(0x2014)));
-    // The application may close it while it reads.
+    // The application may empty the tree or close the matrix while it reads.
+    journal.answer = [this](const std::string&) { browser->clearFeatureItems(); };
+    QTest::mouseClick(again, Qt::LeftButton);
+    EXPECT_EQ(table->item(0, 1)->text(), QString(QChar(0x2014)));
+    browser->addEnumFeature("", "GainSelector", 0, { "Red", "Green" }, LEVEL_BEGINNER, false, false,
+        true, SELECTOR_SELECTOR, "");
+    addInteger("", "Gain", 1, LEVEL_BEGINNER, "GainSelector");
     journal.answer = [this](const std::string&) { delete child<QDialog>("selectorMatrix"); };
     Q_EMIT again->clicked();
     EXPECT_EQ(child<QDialog>("selectorMatrix"), nullptr);

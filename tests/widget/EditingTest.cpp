@@ -161,7 +161,8 @@ TEST_F(EditingTest, ArrowsStepAFloatAsItsSliderAndWriteNothingBeforeItIsAccepted
         { "Gain", { 3.3, 7.7, 0 }, "3.3", 1, "3.34" }, { "Gain", { 1, 51, 0.2 }, "1", 1, "1.6" },
         { "Gain", { 0, 12345678, 0 }, "0", 1, "120000" },
         { "Gain", { 0, 1e-4, 0 }, "0", 1, "0.000001" }, { "Gain", { 5, 5, 0 }, "6", 1, "6" },
-        { "ExposureTime", { 1, 100, 0 }, "1", 50, "10" },
+        { "Gain", { 0.126, 10.126, 0 }, "0.2", -3, "0.126" },
+        { "Gain", { 0, 8, 3 }, "7.84", 1, "8" }, { "ExposureTime", { 1, 100, 0 }, "1", 50, "10" },
         { "ExposureTime", { 1, 100, 0 }, "10", -50, "1" },
         { "ExposureTime", { 1, 100, 0 }, "50", 1, "52" },
         { "ExposureTime", { 0, 200, 0 }, "1", 1, "4" } };
@@ -178,6 +179,20 @@ TEST_F(EditingTest, ArrowsStepAFloatAsItsSliderAndWriteNothingBeforeItIsAccepted
         EXPECT_EQ(text(name), written)
             << limits.minimum << " to " << limits.maximum << " from " << typed;
     }
+}
+
+TEST_F(EditingTest, AFloatIsEditedWithAllItsDigits)
+{
+    for (const auto& [value, shown] :
+        std::map<double, const char*> { { 0.1 + 0.2, "0.30000000000000004" }, { 0, "0" },
+            { 1e-7, "1e-07" }, { 123456789012.25, "123456789012.25" }, { -2e15, "-2e+15" } }) {
+        browser->modifyFeature("ExposureTime", value, 0.0, 1.0, 0.0, false, true);
+        select("ExposureTime");
+        press(Qt::Key_F2);
+        EXPECT_EQ(QApplication::focusWidget()->property("text"), QVariant(shown));
+        press(Qt::Key_Return);
+    }
+    EXPECT_TRUE(journal.take().empty());
 }
 
 TEST_F(EditingTest, ARowWithoutAValueIsEditedFromNothing)
@@ -295,8 +310,9 @@ TEST_F(EditingTest, AListThatShrinksWhileOpenOffersOnlyWhatIsLeft)
 
 TEST_F(EditingTest, TextsAreCountedInBytesAndNeverCut)
 {
-    edit("DeviceUserID", "\u00E4\u00E4\u00E4\u00E41");
+    edit("DeviceUserID", "\u00E4\u00E4\u00E4\u00E41", Qt::Key_Shift);
     EXPECT_EQ(child<QLabel>("byteCounter")->text(), "9/8");
+    press(Qt::Key_Return);
     EXPECT_TRUE(isEditing());
     EXPECT_TRUE(journal.take().empty());
     EXPECT_EQ(message(), "The text has 9 bytes; the camera takes at most 8");

@@ -44,6 +44,8 @@ TEST_F(MessageTest, ARejectionStaysAtItsRowUntilTheNextGoodValue)
     select("Width");
     EXPECT_NE(message(), "") << "still marked, so it can be read again";
 
+    browser->modifyFeature("Width", 640L, 16L, 2048L, 16U, false, true);
+    EXPECT_NE(message(), "") << "another limit is no answer";
     select("PixelFormat");
     EXPECT_NE(message(), "") << "going on does not take it away";
 
@@ -134,6 +136,7 @@ TEST_F(MessageTest, ACalloutStandsBesideItsRowAndLeavesWithIt)
         EXPECT_LT(callout->y(), area(name).bottom() + area(name).height());
     }
     EXPECT_LT(callout->geometry().right(), tree()->viewport()->width());
+    EXPECT_GT(callout->x(), 0);
 
     select("GevMACAddress");
     browser->GetWidget()->resize(600, 330);

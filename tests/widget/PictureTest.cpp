@@ -81,7 +81,7 @@ TEST_F(PictureTest, EveryStateOfARowLooksDifferent)
                 find(""), [this] { browser->setItemDescription("ExposureTime", "Unit: us"); },
                 [this] { browser->setDefaultValue("ExposureTime", 5000.0, "no"); } } },
         { "ExposureTime", 0,
-            { find(""), find("sure"), find("Time"), state(FEATURE_NOT_AVAILABLE) } },
+            { find(""), find("Expo"), find("Time"), state(FEATURE_NOT_AVAILABLE) } },
         { "ReverseX", 1,
             { find(""), choice("ReverseX", "1", false), choice("ReverseX", "2", false),
                 choice("ReverseX", "1", true), choice("ReverseX", "0", true) } },
@@ -115,12 +115,15 @@ TEST_F(PictureTest, AWrittenValueIsMarkedForAWhile)
 {
     journal.answer = [this](const std::string&) {
         browser->modifyFeature("Width", 640L, 16L, 4096L, 16U, false, true);
+        setChoice("PixelFormat", "1", { "A", "B" });
     };
     select("ExposureTime");
+    const QImage follower = picture("PixelFormat", 0);
     const QImage plain = picture("Width", 0);
     edit("Width", "512");
     select("ExposureTime");
     EXPECT_NE(picture("Width", 0), plain);
+    EXPECT_NE(picture("PixelFormat", 0), follower);
     PaintCounter counter;
     tree()->viewport()->installEventFilter(&counter);
     EXPECT_TRUE(QTest::qWaitFor([&] { return counter.count > 3; }, 20000)) << "it fades";
