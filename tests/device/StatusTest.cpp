@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cfloat>
-#include <cmath>
+#include <limits>
 
 using namespace zqcameralib;
 
@@ -62,10 +62,12 @@ TEST(NumberText, TakesWholeNumbersAndShowsOnlyThoseThereAre)
     EXPECT_EQ(wholeInteger(""), std::nullopt);
     EXPECT_EQ(hexText(bytes.data(), 64).size(), 64U * 3 - 1);
     EXPECT_EQ(hexText(bytes.data(), 65), hexText(bytes.data(), 64) + " ... (65 bytes)");
-    EXPECT_EQ(finiteMinimum(NAN), -DBL_MAX);
-    EXPECT_EQ(finiteMinimum(INFINITY), DBL_MAX);
-    EXPECT_EQ(finiteMaximum(NAN), DBL_MAX);
-    EXPECT_EQ(finiteMaximum(-INFINITY), -DBL_MAX);
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(finiteMinimum(nan), -DBL_MAX);
+    EXPECT_EQ(finiteMinimum(infinity), DBL_MAX);
+    EXPECT_EQ(finiteMaximum(nan), DBL_MAX);
+    EXPECT_EQ(finiteMaximum(-infinity), -DBL_MAX);
 }
 
 } // namespace
