@@ -166,6 +166,7 @@ TEST_F(Streams, OfATriggeredCameraSayThatItWaitsForItsTrigger)
     EXPECT_TRUE(eventually([this] {
         return m_acquisition->problem().find("TriggerMode") != std::string::npos;
     })) << m_acquisition->problem();
+    EXPECT_NE(m_acquisition->problem().find("at 127.0.0.1, port "), std::string::npos);
     EXPECT_TRUE(m_acquisition->isRunning());
     EXPECT_EQ(m_device->ExecuteCommand("TriggerSoftware", 0), STATUS_OK);
     EXPECT_TRUE(framesCome(1));
