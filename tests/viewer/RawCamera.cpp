@@ -3,7 +3,10 @@
 #include "Datagram.h"
 #include "FakeCamera.h"
 
+#include <arpa/inet.h>
 #include <poll.h>
+
+#include <cstring>
 
 std::uint32_t readRegister(std::uint32_t address)
 {
@@ -18,6 +21,7 @@ std::uint32_t readRegister(std::uint32_t address)
     if (reply.size() != 12) {
         throw std::runtime_error("the camera does not answer a packet of the test's own");
     }
-    return static_cast<std::uint32_t>(reply[8]) << 24U | reply[9] << 16U | reply[10] << 8U
-        | reply[11];
+    std::uint32_t value = 0;
+    std::memcpy(&value, reply.data() + 8, sizeof value);
+    return ntohl(value);
 }
