@@ -89,6 +89,8 @@ def discover(build, names, wanted, unwanted):
         if not programs or properties.get("DISABLED"):
             continue  # a script, or a test of the build itself
         command = command[programs[0]:]
+        if not os.path.exists(command[0]):
+            continue  # not built
         if names and os.path.basename(command[0]) not in names:
             continue
         test = {"command": command, "environment": environment_of(properties),

@@ -38,6 +38,7 @@ RegisterBackend::Requests RegisterBatch::end()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_isEnded = true;
+    m_taken = m_next;
     return std::exchange(m_requests, {});
 }
 
