@@ -220,7 +220,7 @@ TEST(Writes, ReachTheCameraAndReadBack)
     }
     EXPECT_EQ(camera.device.SetFloatValue("Float", 2.0), STATUS_OK);
     EXPECT_EQ(camera.device.SetFloatValue("Float", -1.5), STATUS_OK);
-    EXPECT_EQ(camera.device.SetFloatValue("Big", double { FLT_MAX }), STATUS_OK);
+    EXPECT_EQ(camera.device.SetFloatValue("Big", double(FLT_MAX)), STATUS_OK);
     EXPECT_EQ(camera.device.SetIntegerValue("Int", 3, 0), STATUS_OK); // not to be checked
     for (const auto& [index, value] : { std::pair(1, 2), { 0, 1 }, { 1, 2 }, { 2, 1 } }) {
         EXPECT_EQ(camera.device.SetEnumValue("Twins", "T", index), STATUS_OK);
