@@ -85,18 +85,18 @@ public:
 /// A decides about Maybe, B where Moved is.
 class Beside : public testing::Test {
 protected:
-    static std::unique_ptr<ZQCamera> open(std::unique_ptr<Tardy> backend)
+    static Result<std::unique_ptr<ZQCamera::Impl>> open()
     {
-        writeWord(backend->memory(), 0, 1);
-        writeWord(backend->memory(), 4, 16);
-        writeWord(backend->memory(), 8, 3);
-        writeWord(backend->memory(), 116, 7);
-        auto opened = openOver(
-            TestCamera::description("A B Maybe Moved",
-                intReg("A", 0) + intReg("B", 4) + intReg("Maybe", 8, element("pIsAvailable", "A"))
-                    + intReg("Moved", 100, element("pAddress", "B"))),
+        auto backend = std::make_unique<Tardy>(nullptr);
+        for (const auto& [address, value] :
+            { std::pair(0U, 1U), { 4U, 16U }, { 8U, 3U }, { 116U, 7U } }) {
+            writeWord(backend->memory(), address, value);
+        }
+        return openOver(TestCamera::description("A B Maybe Moved",
+                            intReg("A", 0) + intReg("B", 4)
+                                + intReg("Maybe", 8, "<pIsAvailable>A</pIsAvailable>")
+                                + intReg("Moved", 100, "<pAddress>B</pAddress>")),
             std::move(backend));
-        return std::make_unique<ZQCamera>(std::move(opened.value()));
     }
     std::string values()
     {
@@ -107,7 +107,7 @@ protected:
         return text;
     }
 
-    std::unique_ptr<ZQCamera> m_camera = open(std::make_unique<Tardy>(nullptr));
+    std::unique_ptr<ZQCamera> m_camera = std::make_unique<ZQCamera>(std::move(open().value()));
     ZQCameraDevice m_device { m_camera.get(), nullptr };
     ZQCameraRepository& m_repository = *m_device.GetRepository();
     Tardy& m_tardy = static_cast<Tardy&>(m_camera->impl().port().backend());
@@ -214,12 +214,10 @@ TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
     EXPECT_FALSE(m_repository.isLoaded());
     EXPECT_EQ(m_repository.GetFeatureStates()["A"], FEATURE_READ_FAILED);
     EXPECT_EQ(m_device.SetIntegerValue("A", 1, 1), cameraLost);
-    const auto reading = m_repository.ReadAhead();
-    EXPECT_EQ(reading->poll(), State::Failed);
-    EXPECT_EQ(reading->error(), "gone");
-    const auto vain = m_device.ReconnectBeside();
-    EXPECT_EQ(vain->poll(), State::Failed);
-    EXPECT_EQ(vain->error(), "gone");
+    for (const auto& vain : { m_repository.ReadAhead(), m_device.ReconnectBeside() }) {
+        EXPECT_EQ(vain->poll(), State::Failed);
+        EXPECT_EQ(vain->error(), "gone");
+    }
 
     m_tardy.tries = 2;
     m_tardy.number = 1;
@@ -250,11 +248,10 @@ TEST_F(Beside, ImagesThatCannotStartTellWhy)
     EXPECT_EQ(other->poll(), State::Cancelled);
 }
 
-TEST_F(Beside, ImagesStartWithoutWaitingForWhatWasReadAhead)
+TEST(BesideImages, StartWithoutWaitingForWhatWasReadAhead)
 {
-    auto opened = openOver(std::string(simulatedCameraDescription()),
-        std::make_unique<Tardy>(makeSimulatedCameraBehaviour()));
-    TestCamera camera(std::make_unique<ZQCamera>(std::move(opened.value())));
+    TestCamera camera(openOver(std::string(simulatedCameraDescription()),
+        std::make_unique<Tardy>(makeSimulatedCameraBehaviour())));
     auto& tardy = static_cast<Tardy&>(camera.port.backend());
     ZQAcquisition acquisition(camera.camera.get(), &camera.device);
     tardy.reads = 0;

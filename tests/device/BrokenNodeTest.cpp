@@ -27,12 +27,10 @@ std::string length(const std::string& text)
 /// "F" over so many nodes that each hand on the value of the next one.
 std::string chain(int nodes)
 {
-    std::string text = named("Integer", "<pValue>N1</pValue>");
-    for (int i = 1; i < nodes; ++i) {
-        text += node(
-            "Integer", "N" + std::to_string(i), element("pValue", "N" + std::to_string(i + 1)));
-    }
-    return text + node("Integer", "N" + std::to_string(nodes), "<Value>1</Value>");
+    const auto name = [](int i) { return "N" + std::to_string(i); };
+    return named("Integer", "<pValue>N1</pValue>") + repeated(nodes - 1, [&](int i) {
+        return node("Integer", name(i + 1), element("pValue", name(i + 2)));
+    }) + node("Integer", name(nodes), "<Value>1</Value>");
 }
 
 const char* const badLength = "its register has an impossible length";
@@ -41,8 +39,7 @@ const char* const noPort = "its register has no port";
 const char* const noValue = "it has no value";
 const char* const tooLong = "its formula is too long";
 const char* const noName = "its formula has a variable without a name";
-const std::string text = "<StringReg Name=\"T\"><Address>8</Address><Length>4</Length>"
-                         "<pPort>Device</pPort></StringReg>";
+const std::string text = reg("StringReg", "T", 8);
 const std::string blanks(19998, '\n');
 
 TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)

@@ -12,65 +12,56 @@ using namespace zqcameralib;
 
 namespace {
 
-const std::string nodes = intReg("Reg", 0)
-    + R"(<Integer Name="Int"><pValue>Reg</pValue><Min>4</Min><Max>40</Max><Inc>4</Inc></Integer>
+const auto command = [](const char* name, const char* behind, const char* value) {
+    return node("Command", name, element("pValue", behind) + element("CommandValue", value));
+};
+
+const std::string nodes = intReg("Reg", 0) + reg("FloatReg", "FReg", 4, "<Length>8</Length>")
+    + reg("StringReg", "Text", 16) + intReg("BoolReg", 24) + intReg("EnumReg", 28)
+    + intReg("RunReg", 32) + intReg("ReadOnly", 36, "<AccessMode>RO</AccessMode>")
+    + intReg("WriteOnly", 40, "<AccessMode>WO</AccessMode>")
+    + intReg("Streaming", 44, "<pIsLocked>TLParamsLocked</pIsLocked>")
+    + intReg("Absent", 48, "<pIsAvailable>Never</pIsAvailable>") + intReg("Raw", 52)
+    + intReg("Narrow", 56, "<Length>1</Length>") + reg("FloatReg", "Single", 60)
+    + reg("StringReg", "Fixed", 64, "<AccessMode>RO</AccessMode>")
+    + reg("StringReg", "Nil", 64, "<pLength>Never</pLength>") + reg("Register", "Bytes", 64)
+    + intReg("Chunk", 0, "<pPort>Image</pPort>") + intReg("TwinReg", 68)
+    + intReg("Unset", 72, "<pIsAvailable>NoInputs</pIsAvailable>")
+    + intReg("Held", 76, "<pIsLocked>Inputs</pIsLocked>")
+    + intReg("Sealed", 80, "<pIsLocked>Always</pIsLocked>")
+    + intReg("Either", 84, "<pIsLocked>One</pIsLocked>") + knife("IntSwissKnife", "Never", {}, "0")
+    + knife("IntSwissKnife", "Always", {}, "1")
+    + knife("IntSwissKnife", "Quotient", { "Never" }, "1/Never")
+    + knife("IntSwissKnife", "Inputs", { "Step", "Set", "Wide", "Int" }, "Step*Set")
+    + knife("IntSwissKnife", "NoInputs", { "Inputs" }, "Inputs=0")
+    + knife("IntSwissKnife", "One", { "Step", "TLParamsLocked" }, "Step+TLParamsLocked")
+    + command("Run", "RunReg", "1") + command("AcquisitionStart", "RunReg", "1")
+    + command("AcquisitionStop", "RunReg", "2") + command("Stuck", "ReadOnly", "1") + R"(
+<Integer Name="Int"><pValue>Reg</pValue><Min>4</Min><Max>40</Max><Inc>4</Inc></Integer>
 <Integer Name="Set"><Value>1</Value><ValidValueSet>1;2;4</ValidValueSet></Integer>
 <Integer Name="Wide"><Value>0</Value><Min>-9223372036854775808</Min>
-<Max>9223372036854775807</Max><Inc>4000000000</Inc></Integer><FloatReg Name="FReg">
-<Address>4</Address><Length>8</Length><AccessMode>RW</AccessMode><pPort>Device</pPort>
-<Endianess>BigEndian</Endianess></FloatReg><Float Name="Float"><pValue>FReg</pValue>
-<Min>-1.5</Min><Max>2</Max></Float><StringReg Name="Text"><Address>16</Address>
-<Length>4</Length><AccessMode>RW</AccessMode><pPort>Device</pPort></StringReg>
-<Boolean Name="Bool"><pValue>BoolReg</pValue></Boolean><Enumeration Name="Enum">
-<EnumEntry Name="A"><Value>5</Value></EnumEntry><EnumEntry Name="Gone"><Value>6</Value>
-<pIsAvailable>Never</pIsAvailable></EnumEntry><EnumEntry Name="B"><Value>7</Value></EnumEntry>
-<pValue>EnumReg</pValue></Enumeration><IntSwissKnife Name="Never"><Formula>0</Formula>
-</IntSwissKnife><Command Name="Run"><pValue>RunReg</pValue><CommandValue>1</CommandValue>
-</Command><Integer Name="TLParamsLocked"><Value>0</Value></Integer>
-<Command Name="AcquisitionStart"><pValue>RunReg</pValue><CommandValue>1</CommandValue></Command>
-<Command Name="AcquisitionStop"><pValue>RunReg</pValue><CommandValue>2</CommandValue></Command>)"
-    + intReg("BoolReg", 24) + intReg("EnumReg", 28) + intReg("RunReg", 32)
-    + intReg("ReadOnly", 36, element("AccessMode", "RO"))
-    + intReg("WriteOnly", 40, element("AccessMode", "WO"))
-    + intReg("Streaming", 44, element("pIsLocked", "TLParamsLocked"))
-    + intReg("Absent", 48, element("pIsAvailable", "Never")) + intReg("Raw", 52)
-    + intReg("Narrow", 56, "<Length>1</Length>")
-    + R"(<Float Name="Rate"><pValue>Period</pValue><Min>0</Min><Max>1e6</Max></Float>
-<Converter Name="Period"><FormulaTo>1000000/FROM</FormulaTo>
-<FormulaFrom>1000000/TO</FormulaFrom><pValue>Raw</pValue></Converter><Integer Name="Tenfold">
-<pValue>Tens</pValue><Min>0</Min><Max>99</Max></Integer><IntConverter Name="Tens">
-<pVariable Name="S">Step</pVariable><FormulaTo>FROM*10/S</FormulaTo>
-<FormulaFrom>TO*S/10</FormulaFrom><pValue>Narrow</pValue></IntConverter><Integer Name="Step">
-<Value>1</Value></Integer><Float Name="Whole"><pValue>Tens</pValue><Min>0</Min><Max>1e300</Max>
-</Float><Float Name="Big"><pValue>Single</pValue><Max>1e300</Max></Float>
-<FloatReg Name="Single"><Address>60</Address><Length>4</Length><AccessMode>RW</AccessMode>
-<pPort>Device</pPort></FloatReg><Integer Name="Over"><pValue>Narrow</pValue><Min>-5</Min>
-<Max>1000</Max></Integer><Integer Name="Broken"/><StringReg Name="Fixed"><Address>64</Address>
-<Length>4</Length><pPort>Device</pPort></StringReg><StringReg Name="Nil"><Address>64</Address>
-<pLength>Never</pLength><AccessMode>RW</AccessMode><pPort>Device</pPort></StringReg>
-<Register Name="Bytes"><Address>64</Address><Length>4</Length><AccessMode>RW</AccessMode>
-<pPort>Device</pPort></Register><IntReg Name="Chunk"><Address>0</Address><Length>4</Length>
-<AccessMode>RW</AccessMode><pPort>Image</pPort></IntReg><Port Name="Image"><ChunkID>1</ChunkID>
-</Port><Enumeration Name="Odd"><EnumEntry Name="O"><Value>256</Value></EnumEntry>
-<pValue>Narrow</pValue></Enumeration><Enumeration Name="Twins"><EnumEntry Name="T">
-<Value>1</Value></EnumEntry><EnumEntry Name="T"><Value>2</Value></EnumEntry>
-<pValue>TwinReg</pValue></Enumeration><IntSwissKnife Name="Quotient">
-<pVariable Name="N">Never</pVariable><Formula>1/N</Formula></IntSwissKnife>
-<IntSwissKnife Name="Inputs"><pVariable Name="A">Step</pVariable>
-<pVariable Name="B">Set</pVariable><pVariable Name="C">Wide</pVariable>
-<pVariable Name="D">Int</pVariable><Formula>A*B</Formula></IntSwissKnife>
-<IntSwissKnife Name="NoInputs"><pVariable Name="I">Inputs</pVariable><Formula>I=0</Formula>
-</IntSwissKnife><IntSwissKnife Name="Always"><Formula>1</Formula></IntSwissKnife>
-<IntSwissKnife Name="One"><pVariable Name="S">Step</pVariable>
-<pVariable Name="T">TLParamsLocked</pVariable><Formula>S+T</Formula></IntSwissKnife>
+<Max>9223372036854775807</Max><Inc>4000000000</Inc></Integer><Integer Name="Broken"/>
+<Integer Name="Tenfold"><pValue>Tens</pValue><Min>0</Min><Max>99</Max></Integer>
+<Integer Name="Over"><pValue>Narrow</pValue><Min>-5</Min><Max>1000</Max></Integer>
+<Integer Name="Step"><Value>1</Value></Integer><Integer Name="TLParamsLocked"><Value>0</Value>
+</Integer><Float Name="Float"><pValue>FReg</pValue><Min>-1.5</Min><Max>2</Max></Float>
+<Float Name="Rate"><pValue>Period</pValue><Min>0</Min><Max>1e6</Max></Float>
+<Float Name="Whole"><pValue>Tens</pValue><Min>0</Min><Max>1e300</Max></Float>
+<Float Name="Big"><pValue>Single</pValue><Max>1e300</Max></Float>
+<Float Name="Level"><pValue>ReadOnly</pValue></Float>
+<Boolean Name="Bool"><pValue>BoolReg</pValue></Boolean>
+<Boolean Name="Flag"><pValue>ReadOnly</pValue></Boolean>
+<Enumeration Name="Enum"><EnumEntry Name="A"><Value>5</Value></EnumEntry><EnumEntry Name="Gone">
+<Value>6</Value><pIsAvailable>Never</pIsAvailable></EnumEntry><EnumEntry Name="B"><Value>7</Value>
+</EnumEntry><pValue>EnumReg</pValue></Enumeration>
+<Enumeration Name="Odd"><EnumEntry Name="O"><Value>256</Value></EnumEntry><pValue>Narrow</pValue>
+</Enumeration><Enumeration Name="Twins"><EnumEntry Name="T"><Value>1</Value></EnumEntry>
+<EnumEntry Name="T"><Value>2</Value></EnumEntry><pValue>TwinReg</pValue></Enumeration>
 <Enumeration Name="Mode"><EnumEntry Name="M"><Value>1</Value></EnumEntry><pValue>ReadOnly</pValue>
-</Enumeration><Float Name="Level"><pValue>ReadOnly</pValue></Float><Boolean Name="Flag">
-<pValue>ReadOnly</pValue></Boolean><Command Name="Stuck"><pValue>ReadOnly</pValue>
-<CommandValue>1</CommandValue></Command>)"
-    + intReg("TwinReg", 68) + intReg("Unset", 72, element("pIsAvailable", "NoInputs"))
-    + intReg("Held", 76, element("pIsLocked", "Inputs"))
-    + intReg("Sealed", 80, element("pIsLocked", "Always"))
-    + intReg("Either", 84, element("pIsLocked", "One"));
+</Enumeration><Converter Name="Period"><FormulaTo>1000000/FROM</FormulaTo>
+<FormulaFrom>1000000/TO</FormulaFrom><pValue>Raw</pValue></Converter><IntConverter Name="Tens">
+<pVariable Name="S">Step</pVariable><FormulaTo>FROM*10/S</FormulaTo><FormulaFrom>TO*S/10
+</FormulaFrom><pValue>Narrow</pValue></IntConverter><Port Name="Image"><ChunkID>1</ChunkID></Port>)";
 
 const char* const members
     = "Int Set Wide Float Text Bool Enum Run AcquisitionStart "
@@ -79,151 +70,135 @@ const char* const members
       "TLParamsLocked";
 
 struct Refusal {
-    std::function<int(ZQCameraDevice&)> call;
+    const char* name;
+    std::function<int(TestCamera&, const char*)> call;
     int status;
     const char* text;
 };
 
-Refusal integer(const char* name, std::int64_t value, int status, const char* text)
+template <class Value> auto set(Value value)
 {
-    return { [=](auto& device) { return device.SetIntegerValue(name, value, 1); }, status, text };
+    return [=](TestCamera& camera, const char* name) { return camera.set(name, value); };
 }
 
-Refusal real(const char* name, double value, int status, const char* text)
+auto choose(const char* entry)
 {
-    return { [=](auto& device) { return device.SetFloatValue(name, value); }, status, text };
+    return
+        [=](auto& camera, const char* name) { return camera.device.SetEnumValue(name, entry, 1); };
 }
 
-Refusal string(const char* name, const char* value, int status, const char* text)
-{
-    return { [=](auto& device) { return device.SetStringValue(name, value); }, status, text };
-}
-
-Refusal entry(const char* name, const char* value, int status, const char* text)
-{
-    return { [=](auto& device) { return device.SetEnumValue(name, value, 1); }, status, text };
-}
-
-Refusal reading(const char* name, int status, const char* text)
-{
-    return { [=](auto& device) {
-                long value = 5;
-                const int code = device.GetIntegerValue(name, &value);
-                return value == 5 ? code : STATUS_OK; // left alone
-            },
-        status, text };
-}
+const auto check
+    = [](TestCamera& camera, const char* name) { return camera.device.SetBooleanValue(name, 1); };
+const auto run
+    = [](TestCamera& camera, const char* name) { return camera.device.ExecuteCommand(name, 1); };
+const auto get = [](TestCamera& camera, const char* name) {
+    long value = 5;
+    const int code = camera.device.GetIntegerValue(name, &value);
+    return value == 5 ? code : STATUS_OK; // left alone
+};
 
 TEST(Writes, AreRefusedWithCodeAndSentenceBeforeAnythingIsSent)
 {
     TestCamera camera(members, nodes);
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const std::vector<Refusal> cases {
-        integer("Int", 3, ERROR_VALUE_OUT_OF_RANGE, "Int: 3 is below the minimum of 4"),
-        integer("Int", 44, ERROR_VALUE_OUT_OF_RANGE, "Int: 44 is above the maximum of 40"),
-        integer("Int", 10, ERROR_VALUE_NOT_ON_INCREMENT, "Int: 10 is not a multiple of 4 from 4"),
-        integer("Wide", INT64_MAX, ERROR_VALUE_NOT_ON_INCREMENT,
-            "Wide: 9223372036854775807 is not a multiple of 4000000000 from "
-            "-9223372036854775808"),
-        integer("Over", 256, ERROR_VALUE_OUT_OF_RANGE, "Over: 256 is more than its register holds"),
-        integer("Over", -1, ERROR_VALUE_OUT_OF_RANGE, "Over: -1 is more than its register holds"),
-        integer("Set", 3, notInValueSet, "Set: 3 is not one of 1;2;4"),
-        real("Float", 2.5, ERROR_FLOAT_OUT_OF_RANGE, "Float: 2.5 is above the maximum of 2"),
-        real("Float", -1.6, ERROR_FLOAT_OUT_OF_RANGE, "Float: -1.6 is below the minimum of -1.5"),
-        real("Float", nan, ERROR_FLOAT_OUT_OF_RANGE, "Float: the value is not a number"),
-        string(
-            "Text", "\xC3\xA4\xC3\xB6x", textTooLong, "Text: the text has 5 bytes, at most 4 fit"),
-        string("Nil", "", textTooLong, "Nil: the text has 0 bytes, at most 0 fit"),
-        string("Text", nullptr, invalidArgument, "Text: no text given"),
-        string("Fixed", "a", notWritable, "Fixed: is read-only"),
-        string("Bytes", "a", notReadable, "Bytes: cannot be used, it is raw data"),
-        entry("Enum", "Gone", unknownEntry, "Enum: there is no entry \"Gone\" now"),
-        entry("Enum", nullptr, unknownEntry, "Enum: there is no entry \"\" now"),
-        entry("Odd", "O", notConvertible,
-            "Odd: 256 cannot be written, it is converted into 256, which its register does not "
-            "hold"),
-        { [](auto& d) { return d.SetBooleanValue("Int", 1); }, wrongKind,
-            "Int: holds another kind of value" },
-        { [](auto& d) { return d.ExecuteCommand("Int", 1); }, wrongKind,
-            "Int: holds another kind of value" },
-        integer("Nothing", 1, unknownFeature, "Nothing: the camera has no such feature"),
-        integer(nullptr, 1, unknownFeature, "(no name): the camera has no such feature"),
-        integer("Broken", 1, notReadable, "Broken: cannot be used, it has no value"),
-        integer("ReadOnly", 1, notWritable, "ReadOnly: is read-only"),
-        integer("Absent", 1, notAvailable, "Absent: not available now"),
-        integer("Unset", 1, notAvailable, "Unset: not available now, depends on Step, Set, Wide"),
-        integer("Chunk", 1, notAvailable, "Chunk: comes only with images or events"),
-        integer("Held", 1, featureLocked, "Held: locked by Step, Set, Wide"),
-        integer("Sealed", 1, featureLocked, "Sealed: locked by the camera"),
-        reading("Absent", notAvailable, "Absent: not available now"),
-        reading("WriteOnly", notReadable, "WriteOnly: can only be written"),
-        reading("Quotient", notReadable, "Quotient: its formula divides by zero now"),
-        string("Int", "a", wrongKind, "Int: holds another kind of value"),
-        integer("Fixed", 1, wrongKind, "Fixed: holds another kind of value"),
-        entry("Mode", "M", notWritable, "Mode: is read-only"),
-        real("Level", 1.0, notWritable, "Level: is read-only"),
-        { [](auto& d) { return d.SetBooleanValue("Flag", 1); }, notWritable, "Flag: is read-only" },
-        { [](auto& d) { return d.ExecuteCommand("Stuck", 1); }, notWritable,
-            "Stuck: is read-only" },
-        integer("Either", 1, featureLocked, "Either: locked by Step"),
-        real("Rate", 0.0, notConvertible,
-            "Rate: 0 cannot be written, the camera's formula cannot convert it into a number"),
-        real("Rate", 0.0001, notConvertible,
-            "Rate: 1e-04 cannot be written, it is converted into 1e+10, which its register does "
-            "not hold"),
-        integer("Tenfold", 26, notConvertible,
-            "Tenfold: 26 cannot be written, it is converted into 260, which its register does not "
-            "hold"),
-        real("Whole", 1e30, notConvertible,
-            "Whole: 1e+30 cannot be written, the camera's formula takes 64-bit integers only"),
-        real("Big", 1e39, notConvertible,
-            "Big: 1e+39 cannot be written, it is more than its register holds"),
+        { "Int", set(3), ERROR_VALUE_OUT_OF_RANGE, "3 is below the minimum of 4" },
+        { "Int", set(44), ERROR_VALUE_OUT_OF_RANGE, "44 is above the maximum of 40" },
+        { "Int", set(10), ERROR_VALUE_NOT_ON_INCREMENT, "10 is not a multiple of 4 from 4" },
+        { "Wide", set(INT64_MAX), ERROR_VALUE_NOT_ON_INCREMENT,
+            "9223372036854775807 is not a multiple of 4000000000 from -9223372036854775808" },
+        { "Over", set(256), ERROR_VALUE_OUT_OF_RANGE, "256 is more than its register holds" },
+        { "Over", set(-1), ERROR_VALUE_OUT_OF_RANGE, "-1 is more than its register holds" },
+        { "Set", set(3), notInValueSet, "3 is not one of 1;2;4" },
+        { "Float", set(2.5), ERROR_FLOAT_OUT_OF_RANGE, "2.5 is above the maximum of 2" },
+        { "Float", set(-1.6), ERROR_FLOAT_OUT_OF_RANGE, "-1.6 is below the minimum of -1.5" },
+        { "Float", set(nan), ERROR_FLOAT_OUT_OF_RANGE, "the value is not a number" },
+        { "Text", set("\xC3\xA4\xC3\xB6x"), textTooLong, "the text has 5 bytes, at most 4 fit" },
+        { "Nil", set(""), textTooLong, "the text has 0 bytes, at most 0 fit" },
+        { "Text", set(static_cast<const char*>(nullptr)), invalidArgument, "no text given" },
+        { "Fixed", set("a"), notWritable, "is read-only" },
+        { "Bytes", set("a"), notReadable, "cannot be used, it is raw data" },
+        { "Enum", choose("Gone"), unknownEntry, "there is no entry \"Gone\" now" },
+        { "Enum", choose(nullptr), unknownEntry, "there is no entry \"\" now" },
+        { "Odd", choose("O"), notConvertible,
+            "256 cannot be written, it is converted into 256, which its register does not hold" },
+        { "Int", check, wrongKind, "holds another kind of value" },
+        { "Int", run, wrongKind, "holds another kind of value" },
+        { "Nothing", set(1), unknownFeature, "the camera has no such feature" },
+        { nullptr, set(1), unknownFeature, "the camera has no such feature" },
+        { "Broken", set(1), notReadable, "cannot be used, it has no value" },
+        { "ReadOnly", set(1), notWritable, "is read-only" },
+        { "Absent", set(1), notAvailable, "not available now" },
+        { "Unset", set(1), notAvailable, "not available now, depends on Step, Set, Wide" },
+        { "Chunk", set(1), notAvailable, "comes only with images or events" },
+        { "Held", set(1), featureLocked, "locked by Step, Set, Wide" },
+        { "Sealed", set(1), featureLocked, "locked by the camera" },
+        { "Absent", get, notAvailable, "not available now" },
+        { "WriteOnly", get, notReadable, "can only be written" },
+        { "Quotient", get, notReadable, "its formula divides by zero now" },
+        { "Int", set("a"), wrongKind, "holds another kind of value" },
+        { "Fixed", set(1), wrongKind, "holds another kind of value" },
+        { "Mode", choose("M"), notWritable, "is read-only" },
+        { "Level", set(1.0), notWritable, "is read-only" },
+        { "Flag", check, notWritable, "is read-only" },
+        { "Stuck", run, notWritable, "is read-only" },
+        { "Either", set(1), featureLocked, "locked by Step" },
+        { "Rate", set(0.0), notConvertible,
+            "0 cannot be written, the camera's formula cannot convert it into a number" },
+        { "Rate", set(0.0001), notConvertible,
+            "1e-04 cannot be written, it is converted into 1e+10, which its register does not "
+            "hold" },
+        { "Tenfold", set(26), notConvertible,
+            "26 cannot be written, it is converted into 260, which its register does not hold" },
+        { "Whole", set(1e30), notConvertible,
+            "1e+30 cannot be written, the camera's formula takes 64-bit integers only" },
+        { "Big", set(1e39), notConvertible,
+            "1e+39 cannot be written, it is more than its register holds" },
     };
     for (const Refusal& test : cases) {
-        EXPECT_EQ(test.call(camera.device), test.status) << test.text;
+        const std::string name = test.name == nullptr ? "(no name)" : test.name;
+        EXPECT_EQ(test.call(camera, test.name), test.status) << name << test.text;
         EXPECT_EQ(camera.device.GetLastError(), test.status);
-        EXPECT_EQ(camera.errorText(test.status), test.text);
+        EXPECT_EQ(camera.errorText(test.status), name + ": " + test.text);
     }
     EXPECT_EQ(camera.port.writes(), 0U);
-    camera.device.SetIntegerValue("Step", 0, 1);
-    EXPECT_EQ(camera.device.SetIntegerValue("Tenfold", 1, 1), notConvertible);
+    camera.set("Step", 0);
+    EXPECT_EQ(camera.set("Tenfold", 1), notConvertible);
     EXPECT_NE(camera.errorText(notConvertible).find("division by zero"), std::string::npos);
 }
 
 TEST(Writes, ReachTheCameraAndReadBack)
 {
     TestCamera camera(members, nodes);
-    EXPECT_EQ(camera.device.SetIntegerValue("Int", 12, 1), STATUS_OK);
-    EXPECT_EQ(camera.device.SetFloatValue("Float", -1.25), STATUS_OK);
-    EXPECT_EQ(camera.device.SetStringValue("Text", "\xC3\xA4\xC3\xB6"), STATUS_OK);
-    EXPECT_EQ(camera.device.SetEnumValue("Enum", "B", 1), STATUS_OK);
-    EXPECT_EQ(camera.device.SetBooleanValue("Bool", 1), STATUS_OK);
-    EXPECT_EQ(camera.device.SetIntegerValue("WriteOnly", 7, 1), STATUS_OK);
+    ZQCameraDevice& device = camera.device;
+    for (const int status : { camera.set("Int", 12), camera.set("Float", -1.25),
+             camera.set("Text", "\xC3\xA4\xC3\xB6"), device.SetEnumValue("Enum", "B", 1),
+             device.SetBooleanValue("Bool", 1), camera.set("WriteOnly", 7) }) {
+        EXPECT_EQ(status, STATUS_OK);
+    }
     EXPECT_EQ(camera.port.writes(), 6U);
-
     long integer = 0;
     double number = 0.0;
     bool on = false;
-    EXPECT_EQ(camera.device.GetIntegerValue("Int", &integer), STATUS_OK);
-    EXPECT_EQ(camera.device.GetFloatValue("Float", &number), STATUS_OK);
-    EXPECT_EQ(camera.device.GetBooleanValue("Bool", &on), STATUS_OK);
-    EXPECT_EQ(integer, 12);
-    EXPECT_EQ(number, -1.25);
-    EXPECT_TRUE(on);
+    EXPECT_EQ(device.GetIntegerValue("Int", &integer), STATUS_OK);
+    EXPECT_EQ(device.GetFloatValue("Float", &number), STATUS_OK);
+    EXPECT_EQ(device.GetBooleanValue("Bool", &on), STATUS_OK);
+    EXPECT_EQ(std::tuple(integer, number, on), std::tuple(12, -1.25, true));
     EXPECT_EQ(camera.read("Text"), "\xC3\xA4\xC3\xB6");
     EXPECT_EQ(camera.read("Enum"), "1");
 
     for (const auto& [name, value] : { std::pair("Int", 4), { "Int", 40 }, { "Set", 1 },
              { "Set", 4 }, { "Over", 255 }, { "Over", 0 }, { "Tenfold", 25 } }) {
-        EXPECT_EQ(camera.device.SetIntegerValue(name, value, 1), STATUS_OK) << name << value;
+        EXPECT_EQ(camera.set(name, value), STATUS_OK) << name << value;
         EXPECT_EQ(camera.read(name), std::to_string(value));
     }
-    EXPECT_EQ(camera.device.SetFloatValue("Float", 2.0), STATUS_OK);
-    EXPECT_EQ(camera.device.SetFloatValue("Float", -1.5), STATUS_OK);
-    EXPECT_EQ(camera.device.SetFloatValue("Big", double(FLT_MAX)), STATUS_OK);
-    EXPECT_EQ(camera.device.SetIntegerValue("Int", 3, 0), STATUS_OK); // not to be checked
+    for (const auto& [name, value] :
+        { std::pair("Float", 2.0), { "Float", -1.5 }, { "Big", double(FLT_MAX) } }) {
+        EXPECT_EQ(camera.set(name, value), STATUS_OK) << name << value;
+    }
+    EXPECT_EQ(camera.set("Int", 3, 0), STATUS_OK); // not to be checked
     for (const auto& [index, value] : { std::pair(1, 2), { 0, 1 }, { 1, 2 }, { 2, 1 } }) {
-        EXPECT_EQ(camera.device.SetEnumValue("Twins", "T", index), STATUS_OK);
+        EXPECT_EQ(device.SetEnumValue("Twins", "T", index), STATUS_OK);
         EXPECT_EQ(camera.registerAt(68), value) << index;
     }
 }
@@ -232,11 +207,10 @@ TEST(Writes, OfBitsThatCannotBeReadKeepTheOthers)
 {
     TestCamera camera("Whole Low",
         intReg("Whole", 0)
-            + node("MaskedIntReg", "Low",
-                "<Address>0</Address><Length>4</Length><LSB>31</LSB><MSB>28</MSB><AccessMode>WO"
-                "</AccessMode><pPort>Device</pPort><Endianess>BigEndian</Endianess>"));
-    EXPECT_EQ(camera.device.SetIntegerValue("Whole", 1234 * 16, 1), STATUS_OK);
-    EXPECT_EQ(camera.device.SetIntegerValue("Low", 5, 1), STATUS_OK);
+            + reg(
+                "MaskedIntReg", "Low", 0, "<LSB>31</LSB><MSB>28</MSB><AccessMode>WO</AccessMode>"));
+    EXPECT_EQ(camera.set("Whole", 1234 * 16), STATUS_OK);
+    EXPECT_EQ(camera.set("Low", 5), STATUS_OK);
     EXPECT_EQ(camera.read("Whole"), std::to_string(1234 * 16 + 5));
     EXPECT_EQ(camera.read("Low"), "");
 }
@@ -264,15 +238,10 @@ private:
 
 TEST(Commands, AreWaitedForUntilTheirRegisterSaysDone)
 {
-    const std::string run
-        = node("Command", "AcquisitionStart", "<pValue>R</pValue><CommandValue>1</CommandValue>")
-        + node("Command", "Zero", "<pValue>R</pValue><CommandValue>0</CommandValue>")
-        + intReg("R", 0);
+    const std::string busy = TestCamera::description("AcquisitionStart Zero",
+        command("AcquisitionStart", "R", "1") + command("Zero", "R", "0") + intReg("R", 0));
     for (const int looks : { 3, 0 }) {
-        auto opened = openSimulated(
-            TestCamera::description("AcquisitionStart Zero", run), std::make_unique<Busy>(looks));
-        ASSERT_TRUE(opened.isOk());
-        TestCamera camera(std::make_unique<ZQCamera>(std::move(opened.value())));
+        TestCamera camera(openSimulated(busy, std::make_unique<Busy>(looks)));
         EXPECT_EQ(camera.device.ExecuteCommand("AcquisitionStart", 0), STATUS_OK);
         EXPECT_EQ(camera.device.ExecuteCommand("Zero", 1), STATUS_OK); // a zero cannot go
         EXPECT_EQ(camera.port.reads(), 0U);
@@ -291,10 +260,9 @@ TEST(Writes, AFailedAccessIsNoSuccess)
     TestCamera camera(members, nodes);
     camera.port.setFaultHook([](auto, auto, bool write) { return write; });
 
-    for (const int status :
-        { camera.device.SetIntegerValue("Int", 12, 1), camera.device.SetFloatValue("Float", 1.0),
-            camera.device.SetEnumValue("Enum", "B", 1), camera.device.SetBooleanValue("Bool", 1),
-            camera.device.SetStringValue("Text", "a"), camera.device.ExecuteCommand("Run", 1) }) {
+    for (const int status : { camera.set("Int", 12), camera.set("Float", 1.0),
+             camera.device.SetEnumValue("Enum", "B", 1), camera.device.SetBooleanValue("Bool", 1),
+             camera.set("Text", "a"), camera.device.ExecuteCommand("Run", 1) }) {
         EXPECT_EQ(status, injectedFault);
     }
     EXPECT_EQ(camera.device.ExecuteCommand("AcquisitionStart", 1), injectedFault);
@@ -306,7 +274,7 @@ TEST(Writes, AFailedAccessIsNoSuccess)
     long integer = 0;
     EXPECT_EQ(camera.device.GetIntegerValue("Int", &integer), injectedFault);
     EXPECT_EQ(camera.device.ExecuteCommand("Run", 1), injectedFault);
-    EXPECT_EQ(camera.device.SetIntegerValue("Raw", 1, 1), unknownFeature);
+    EXPECT_EQ(camera.set("Raw", 1), unknownFeature);
 }
 
 TEST(Acquisition, LocksWhatTheDescriptionLocksUntilItStops)
@@ -321,11 +289,11 @@ TEST(Acquisition, LocksWhatTheDescriptionLocksUntilItStops)
     EXPECT_EQ(camera.item("Streaming").lockedFlag, 1);
     EXPECT_NE(camera.item("Streaming").description.find("locked by TLParamsLocked: stop the "),
         std::string::npos);
-    EXPECT_EQ(camera.device.SetIntegerValue("Streaming", 1, 1), featureLocked);
+    EXPECT_EQ(camera.set("Streaming", 1), featureLocked);
 
     ASSERT_EQ(camera.device.ExecuteCommand("AcquisitionStop", 1), STATUS_OK);
     EXPECT_EQ(camera.device.IsGrabbing(), 0);
-    EXPECT_EQ(camera.device.SetIntegerValue("Streaming", 1, 1), STATUS_OK);
+    EXPECT_EQ(camera.set("Streaming", 1), STATUS_OK);
 }
 
 TEST(ErrorText, EveryCodeHasANameAndASentence)
@@ -340,11 +308,7 @@ TEST(ErrorText, EveryCodeHasANameAndASentence)
         EXPECT_GT(std::string(text.data()).size(), 5U) << code;
     }
     // A name longer than the buffer is cut between characters.
-    std::string longName;
-    for (int i = 0; i < 200; ++i) {
-        longName += "\xC3\xA4";
-    }
-    camera.device.SetIntegerValue(longName.c_str(), 1, 1);
+    camera.set(repeated(200, [](int) { return "\xC3\xA4"; }).c_str(), 1);
     EXPECT_EQ(camera.errorText(unknownFeature).size(), 254U);
 }
 

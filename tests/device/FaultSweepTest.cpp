@@ -76,14 +76,10 @@ TEST(FaultSweep, NeverShowsAWrongValueOfACameraReadTogether)
 {
     auto owned = std::make_unique<DistantCamera>(zqcameralib::makeSimulatedCameraBehaviour());
     DistantCamera& distant = *owned;
-    auto opened = zqcameralib::openOver(
-        std::string(zqcameralib::simulatedCameraDescription()), std::move(owned));
-    ASSERT_TRUE(opened.isOk()) << opened.status().text();
-    TestCamera camera(std::make_unique<zqcameralib::ZQCamera>(std::move(opened.value())));
-    EXPECT_EQ(shown(camera), [] {
-        TestCamera near(TestCamera::simulated());
-        return shown(near);
-    }());
+    TestCamera camera(zqcameralib::openOver(
+        std::string(zqcameralib::simulatedCameraDescription()), std::move(owned)));
+    TestCamera near(TestCamera::simulated());
+    EXPECT_EQ(shown(camera), shown(near));
     EXPECT_GT(distant.together, 3 * distant.alone); // the first time from the description alone
 
     sweep(camera, stepOf(3), [&](std::uint64_t failing) {
@@ -95,15 +91,10 @@ TEST(FaultSweep, NeverShowsAWrongValueOfACameraReadTogether)
     EXPECT_EQ(distant.alone, 0U); // from what the last load has read
 }
 
-TEST(FaultSweep, NeverShowsAWrongValueOfARealDescription)
+TEST_F(RealDescriptions, FaultSweepNeverShowsAWrongValue)
 {
-    const std::vector<std::string> files = realDescriptions();
-    if (files.empty()) {
-        GTEST_SKIP() << "no folder of real cameras' descriptions";
-    }
-    for (const std::string& path : files) {
-        std::string error;
-        TestCamera camera(zqcameralib::ZQCamera::OpenDescription(path, error));
+    for (const std::string& path : m_files) {
+        TestCamera camera(TestCamera::ofFile(path));
         sweep(camera, stepOf(29),
             [&](std::uint64_t failing) { return loadWithFault(camera, failing); });
     }

@@ -2,12 +2,18 @@
 
 #include "TestCamera.h"
 
-#include <functional>
 #include <random>
+#include <regex>
 
 namespace {
 
 using All = std::vector<HostileDescription>;
+
+/// One with these features of the category, and nodes.
+void add(All& all, const std::string& what, const std::string& members, const std::string& nodes)
+{
+    all.push_back({ what, TestCamera::description(members, nodes) });
+}
 
 const std::vector<std::string> kinds { "Integer", "IntReg", "MaskedIntReg", "Float", "FloatReg",
     "Boolean", "Enumeration", "String", "StringReg", "Command", "IntSwissKnife", "SwissKnife",
@@ -21,13 +27,14 @@ const std::vector<std::string> values { "", "abc", "-1", "0", "1e999", "NaN", "0
     "9223372036854775807", "-9223372036854775808", "18446744073709551616", "1.5", "%s%n",
     "\xFF\xFE" };
 
+const std::string place = "<Address>0</Address><AccessMode>RW</AccessMode><pPort>Device</pPort>";
+
 /// What a node of that kind needs to be evaluated at all.
 std::string body(const std::string& kind)
 {
-    const std::string reg = "<Address>0</Address><Length>4</Length><AccessMode>RW</AccessMode>"
-                            "<pPort>Device</pPort>";
     if (kind.find("Reg") != std::string::npos) {
-        return reg + (kind == "MaskedIntReg" ? "<LSB>0</LSB><MSB>3</MSB>" : "");
+        return place + "<Length>4</Length>"
+            + (kind == "MaskedIntReg" ? "<LSB>0</LSB><MSB>3</MSB>" : "");
     }
     if (kind == "IntSwissKnife" || kind == "SwissKnife") {
         return "<Formula>X+1</Formula>";
@@ -47,22 +54,18 @@ void addReferences(All& all)
 {
     for (const std::string& kind : kinds) {
         for (const std::string& tag : references) {
-            all.push_back({ kind + " with " + tag + " to itself",
-                TestCamera::description("A", node(kind, "A", body(kind) + referTo(tag, "A"))) });
-            all.push_back({ kind + " with " + tag + " to nothing",
-                TestCamera::description("A", node(kind, "A", body(kind) + referTo(tag, "None"))) });
-            all.push_back({ kind + " with " + tag + " to a text of no length",
-                TestCamera::description("A B",
-                    node(kind, "A", body(kind) + referTo(tag, "B"))
-                        + node("StringReg", "B",
-                            "<Address>0</Address><pLength>L</pLength><pPort>Device</pPort>")
-                        + intReg("L", 8)) });
-            all.push_back({ kind + " with " + tag + " in a circle",
-                TestCamera::description("A B C",
-                    node(kind, "A", body(kind) + referTo(tag, "B"))
-                        + node("Integer", "B", referTo("pValue", "C"))
-                        + node(
-                            "IntConverter", "C", body("IntConverter") + referTo("pValue", "A"))) });
+            const auto referring = [&, what = kind + " with " + tag](const std::string& how,
+                                       const std::string& to, const std::string& others = {}) {
+                add(all, what + how, "A B C",
+                    node(kind, "A", body(kind) + referTo(tag, to)) + others);
+            };
+            referring(" to itself", "A");
+            referring(" to nothing", "None");
+            referring(" to a text of no length", "B",
+                node("StringReg", "B", place + "<pLength>L</pLength>") + intReg("L", 8));
+            referring(" in a circle", "B",
+                node("Integer", "B", referTo("pValue", "C"))
+                    + node("IntConverter", "C", body("IntConverter") + referTo("pValue", "A")));
         }
     }
 }
@@ -76,18 +79,24 @@ void addValues(All& all)
             std::string nodes;
             std::string members;
             for (const std::string& kind : kinds) {
-                const std::string own = body(kind);
-                const std::size_t old = own.find("<" + tag + ">");
-                const std::size_t end = own.find("</" + tag + ">");
-                const std::string kept = old == std::string::npos
-                    ? own
-                    : own.substr(0, old) + own.substr(end + tag.size() + 3);
+                const std::string kept = std::regex_replace(
+                    body(kind), std::regex("<" + tag + ">[^<]*</" + tag + ">"), "");
                 nodes += node(kind, "F" + kind, kept + element(tag, value));
                 members += " F" + kind;
             }
-            all.push_back({ tag + " " + value, TestCamera::description(members, nodes) });
+            add(all, tag + " " + value, members, nodes);
         }
     }
+}
+
+/// Four nodes of the same content.
+void addFormula(All& all, const std::string& what, const std::string& nodes,
+    const std::string& ofKnife, const std::string& ofConverter)
+{
+    add(all, what, "A B C D",
+        nodes + node("IntSwissKnife", "A", ofKnife) + node("SwissKnife", "B", ofKnife)
+            + node("IntConverter", "C", ofConverter + "<pValue>X</pValue>")
+            + node("Converter", "D", ofConverter + "<pValue>X</pValue>"));
 }
 
 void addFormulas(All& all)
@@ -106,49 +115,23 @@ void addFormulas(All& all)
         }
         std::string variables;
         for (const std::string name : { "X", "M", "L" }) {
-            variables += "<pVariable Name=\"" + name + "\">" + name + "</pVariable>";
+            variables += node("pVariable", name, name);
         }
-        for (const std::string kind : { "IntSwissKnife", "SwissKnife" }) {
-            nodes += node(kind, "F" + kind, variables + element("Formula", escaped));
-        }
-        for (const std::string kind : { "IntConverter", "Converter" }) {
-            nodes += node(kind, "F" + kind,
-                variables + element("FormulaTo", escaped) + element("FormulaFrom", escaped)
-                    + "<pValue>X</pValue>");
-        }
-        all.push_back({ "formula " + formula,
-            TestCamera::description(
-                "FIntSwissKnife FSwissKnife FIntConverter FConverter", nodes) });
+        addFormula(all, "formula " + formula, nodes, variables + element("Formula", escaped),
+            variables + element("FormulaTo", escaped) + element("FormulaFrom", escaped));
     }
     for (const std::string tag : { "pVariable", "Constant", "Expression" }) {
-        std::string nodes = intReg("X", 0);
-        for (const std::string kind : { "IntSwissKnife", "SwissKnife" }) {
-            nodes += node(kind, "F" + kind, element(tag, "X") + element("Formula", "X"));
-        }
-        for (const std::string kind : { "IntConverter", "Converter" }) {
-            nodes += node(kind, "F" + kind, body(kind) + element(tag, "X") + "<pValue>X</pValue>");
-        }
-        all.push_back({ tag + " without a name",
-            TestCamera::description(
-                "FIntSwissKnife FSwissKnife FIntConverter FConverter", nodes) });
+        addFormula(all, tag + " without a name", intReg("X", 0),
+            element(tag, "X") + element("Formula", "X"), body("Converter") + element(tag, "X"));
     }
     std::string deep;
     for (int i = 0; i < 5000; ++i) {
         deep = "(" + deep + (i % 2 == 0 ? "1)" : "/M)");
     }
-    all.push_back({ "formula of parentheses",
-        TestCamera::description("F", node("IntSwissKnife", "F", element("Formula", deep))) });
-    all.push_back({ "formula of divisions",
-        TestCamera::description("F",
-            intReg("X", 0)
-                + node(
-                    "IntSwissKnife", "F", "<pVariable Name=\"X\">X</pVariable><Formula>1" + [] {
-                        std::string text;
-                        for (int i = 0; i < 3000; ++i) {
-                            text += "/X";
-                        }
-                        return text;
-                    }() + "</Formula>")) });
+    add(all, "formula of parentheses", "F", node("IntSwissKnife", "F", element("Formula", deep)));
+    const std::string divisions = "1" + repeated(3000, [](int) { return "/X"; });
+    add(all, "formula of divisions", "F",
+        intReg("X", 0) + knife("IntSwissKnife", "F", { "X" }, divisions));
 }
 
 void addLengths(All& all)
@@ -157,92 +140,68 @@ void addLengths(All& all)
         { "0", "-1", "-9223372036854775808", "9223372036854775807", "1000000000000", "3" }) {
         for (const std::string kind :
             { "IntReg", "MaskedIntReg", "FloatReg", "StringReg", "Register" }) {
-            all.push_back({ kind + " with length " + length,
-                TestCamera::description("A B",
-                    node(kind, "A",
-                        "<Address>0</Address><Length>" + length
-                            + "</Length><AccessMode>RW</AccessMode><pPort>Device</pPort>")
-                        + node(kind == "StringReg" ? "String" : "Integer", "B",
-                            "<pValue>A</pValue>")) });
-            all.push_back({ kind + " told length " + length,
-                TestCamera::description("A B",
-                    node(kind, "A",
-                        "<Address>0</Address><pLength>L</pLength>"
-                        "<AccessMode>RW</AccessMode><pPort>Device</pPort>")
-                        + node(
-                            kind == "StringReg" ? "String" : "Integer", "B", "<pValue>A</pValue>")
-                        + node("Integer", "L", element("Value", length))) });
+            const auto told = [&, user = kind == "StringReg" ? "String" : "Integer"](
+                                  const std::string& how, const std::string& tag) {
+                add(all, kind + how + length, "A B",
+                    node(kind, "A", place + tag) + node(user, "B", "<pValue>A</pValue>")
+                        + node("Integer", "L", element("Value", length)));
+            };
+            told(" with length ", element("Length", length));
+            told(" told length ", "<pLength>L</pLength>");
         }
     }
-}
-
-std::string repeated(int count, const std::function<std::string(int)>& make)
-{
-    std::string text;
-    for (int i = 0; i < count; ++i) {
-        text += make(i);
-    }
-    return text;
 }
 
 void addSizes(All& all)
 {
     const auto name = [](int i) { return "N" + std::to_string(i); };
+    const auto names
+        = [&](int count) { return repeated(count, [&](int i) { return name(i) + " "; }); };
+    const auto one = [](const std::string& of, const std::string& more = {}) {
+        return node("Integer", of, "<Value>1</Value>" + more);
+    };
     for (const int width : { 2, 5 }) {
-        all.push_back({ "fan-out of " + std::to_string(width),
-            TestCamera::description("N0", repeated(60, [&](int i) {
-                return node("IntSwissKnife", name(i), repeated(width, [&](int v) {
-                    return "<pVariable Name=\"V" + std::to_string(v) + "\">" + name(i + 1)
-                        + "</pVariable>";
-                }) + "<Formula>V0+V1</Formula>");
-            }) + node("Integer", "N60", "<Value>1</Value>")) });
+        add(all, "fan-out of " + std::to_string(width), "N0", repeated(60, [&](int i) {
+            return node("IntSwissKnife", name(i), repeated(width, [&](int v) {
+                return node("pVariable", "V" + std::to_string(v), name(i + 1));
+            }) + "<Formula>V0+V1</Formula>");
+        }) + one("N60"));
     }
-    all.push_back({ "fan-out of conditions",
-        TestCamera::description(
-            repeated(3000, [&](int i) { return "F" + std::to_string(i) + " "; }),
-            repeated(3000, [&](int i) {
-                return node("Integer", "F" + std::to_string(i),
-                    "<Value>1</Value><pIsAvailable>N0</pIsAvailable>"
-                    "<pIsImplemented>N0</pIsImplemented><pIsLocked>N0</pIsLocked>");
-            }) + repeated(15, [&](int i) {
-                return node("IntSwissKnife", name(i),
-                    "<pVariable Name=\"A\">" + name(i + 1) + "</pVariable><pVariable Name=\"B\">"
-                        + name(i + 1) + "</pVariable><Formula>A*B</Formula>");
-            }) + intReg("N15", 0)) });
-    all.push_back({ "chain of 50,000", TestCamera::description("N0", repeated(50000, [&](int i) {
-                       return node("Integer", name(i), "<pValue>" + name(i + 1) + "</pValue>");
-                   }) + node("Integer", "N50000", "<Value>1</Value>")) });
-    all.push_back({ "selectors of each other",
-        TestCamera::description(
-            repeated(300, [&](int i) { return name(i) + " "; }), repeated(300, [&](int i) {
-                return node("Integer", name(i), "<Value>1</Value>" + repeated(300, [&](int s) {
-                    return "<pSelected>" + name(s) + "</pSelected>";
-                }));
-            })) });
-    all.push_back({ "200,000 features",
-        TestCamera::description(repeated(200000, [&](int i) { return name(i) + " "; }),
-            repeated(
-                200000, [&](int i) { return node("Integer", name(i), "<Value>1</Value>"); })) });
-    all.push_back({ "100,000 entries",
-        TestCamera::description("E", node("Enumeration", "E", repeated(100000, [&](int i) {
-            return "<EnumEntry Name=\"" + name(i) + "\"><Value>1</Value></EnumEntry>";
-        }) + "<Value>0</Value>")) });
-    all.push_back({ "deep elements", TestCamera::description("A", repeated(100000, [](int) {
-                       return "<Group>";
-                   }) + repeated(100000, [](int) { return "</Group>"; })) });
-    all.push_back({ "deep categories", TestCamera::description("C0", repeated(20000, [](int i) {
-                       return "<Category Name=\"C" + std::to_string(i) + "\"><pFeature>C"
-                           + std::to_string(i + 1) + "</pFeature></Category>";
-                   }) + intReg("C20000", 0)) });
-    all.push_back({ "enormous name",
-        TestCamera::description(
-            "A", node("Integer", std::string(3000000, 'n'), "<Value>1</Value>")) });
-    all.push_back({ "enormous text",
-        TestCamera::description(
-            "A", node("String", "A", element("Value", std::string(12000000, 'x')))) });
-    all.push_back({ "overlapping registers",
-        TestCamera::description(
-            "N0", repeated(20000, [&](int i) { return intReg(name(i), 0); })) });
+    add(all, "fan-out of conditions",
+        repeated(3000, [&](int i) { return "F" + std::to_string(i) + " "; }),
+        repeated(3000, [&](int i) {
+            return one("F" + std::to_string(i),
+                "<pIsAvailable>N0</pIsAvailable>"
+                "<pIsImplemented>N0</pIsImplemented><pIsLocked>N0</pIsLocked>");
+        }) + repeated(15, [&](int i) {
+            return node("IntSwissKnife", name(i),
+                node("pVariable", "A", name(i + 1)) + node("pVariable", "B", name(i + 1))
+                    + "<Formula>A*B</Formula>");
+        }) + intReg("N15", 0));
+    add(all, "chain of 50,000", "N0", repeated(50000, [&](int i) {
+        return node("Integer", name(i), "<pValue>" + name(i + 1) + "</pValue>");
+    }) + one("N50000"));
+    add(all, "selectors of each other", names(300), repeated(300, [&](int i) {
+        return one(name(i),
+            repeated(300, [&](int s) { return "<pSelected>" + name(s) + "</pSelected>"; }));
+    }));
+    add(all, "200,000 features", names(200000),
+        repeated(200000, [&](int i) { return one(name(i)); }));
+    add(all, "100,000 entries", "E", node("Enumeration", "E", repeated(100000, [&](int i) {
+        return "<EnumEntry Name=\"" + name(i) + "\"><Value>1</Value></EnumEntry>";
+    }) + "<Value>0</Value>"));
+    add(all, "deep elements", "A", repeated(100000, [](int) {
+        return "<Group>";
+    }) + repeated(100000, [](int) { return "</Group>"; }));
+    add(all, "deep categories", "C0", repeated(20000, [](int i) {
+        return node(
+            "Category", "C" + std::to_string(i), element("pFeature", "C" + std::to_string(i + 1)));
+    }) + intReg("C20000", 0));
+    add(all, "enormous name", "A", one(std::string(3000000, 'n')));
+    add(all, "enormous text", "A",
+        node("String", "A", element("Value", std::string(12000000, 'x'))));
+    add(all, "overlapping registers", "N0",
+        repeated(20000, [&](int i) { return intReg(name(i), 0); }));
 }
 
 void addText(All& all)
@@ -270,9 +229,7 @@ void addText(All& all)
             + std::to_string(i) + ";&e" + std::to_string(i) + ";\">";
     });
     all.push_back({ "entity bomb", headed("<!DOCTYPE r [<!ENTITY e0 \"x\">" + bomb + "]>") });
-    all.push_back({ "entity used",
-        TestCamera::description(
-            "A", node("String", "A", "<Value>&e20;&#0;&#xFFFFFF;&bad</Value>")) });
+    add(all, "entity used", "A", node("String", "A", "<Value>&e20;&#0;&#xFFFFFF;&bad</Value>"));
     all.push_back({ "external entity",
         headed("<!DOCTYPE r [<!ENTITY x SYSTEM \"file:///etc/hostname\">]>") });
     all.push_back(
@@ -281,29 +238,24 @@ void addText(All& all)
     all.push_back({ "zero within", good.substr(0, 200) + std::string(3, '\0') + good.substr(200) });
     all.push_back({ "UTF-16 mark only", "\xFF\xFE" });
     all.push_back({ "UTF-16 odd", std::string("\xFF\xFE<") + std::string(1, char()) + "R" });
-    all.push_back({ "names of blanks and marks",
-        TestCamera::description("A",
-            intReg(" ", 0) + intReg("", 0) + intReg("%s%n&lt;b&gt;", 0) + intReg("\xC3\x28", 0)
-                + intReg("A", 0) + intReg("A", 4) + node("Float", "A", "")) });
-    all.push_back({ "root named twice",
-        TestCamera::description("A",
-            "<Category Name=\"Root\"><pFeature>Root</pFeature></Category><Integer "
-            "Name=\"Main\"/>") });
+    add(all, "names of blanks and marks", "A",
+        intReg(" ", 0) + intReg("", 0) + intReg("%s%n&lt;b&gt;", 0) + intReg("\xC3\x28", 0)
+            + intReg("A", 0) + intReg("A", 4) + node("Float", "A", ""));
+    add(all, "root named twice", "A",
+        "<Category Name=\"Root\"><pFeature>Root</pFeature></Category><Integer "
+        "Name=\"Main\"/>");
     all.push_back({ "root is a number",
         "<RegisterDescription><Integer Name=\"Root\"/></RegisterDescription>" });
-    all.push_back({ "struct",
-        TestCamera::description("S T U",
-            "<StructReg><Address>0</Address><Length>4</Length><pPort>Device</pPort>"
-            "<StructEntry Name=\"S\"><LSB>40</LSB><MSB>99</MSB></StructEntry>"
-            "<StructEntry Name=\"T\"><Bit>3</Bit></StructEntry></StructReg><StructEntry "
-            "Name=\"U\"/>") });
-    all.push_back({ "port that refers to what cannot be read",
-        TestCamera::description("A",
-            node("IntReg", "A", "<Address>0</Address><Length>4</Length><pPort>P</pPort>")
-                + node("Port", "P", referTo("pVariable", "A") + referTo("pValue", "B"))
-                + node("StructEntry", "B", "")) });
-    all.push_back({ "port missing",
-        TestCamera::description("A", node("IntReg", "A", "<Address>0</Address>")) });
+    add(all, "struct", "S T U",
+        "<StructReg><Address>0</Address><Length>4</Length><pPort>Device</pPort>"
+        "<StructEntry Name=\"S\"><LSB>40</LSB><MSB>99</MSB></StructEntry>"
+        "<StructEntry Name=\"T\"><Bit>3</Bit></StructEntry></StructReg><StructEntry "
+        "Name=\"U\"/>");
+    add(all, "port that refers to what cannot be read", "A",
+        node("IntReg", "A", "<Address>0</Address><Length>4</Length><pPort>P</pPort>")
+            + node("Port", "P", referTo("pVariable", "A") + referTo("pValue", "B"))
+            + node("StructEntry", "B", ""));
+    add(all, "port missing", "A", node("IntReg", "A", "<Address>0</Address>"));
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 #include "HostileDescriptions.h"
 #include "TestCamera.h"
 
-#include "opening/SimulatedOpening.h"
-
 #include <sys/resource.h>
 
 #include <chrono>
@@ -62,7 +60,7 @@ TEST(HostileDescriptions, AreRefusedInOneLineOrToleratedQuietly)
             ++refused;
             EXPECT_EQ(opened.status().text().find('\n'), std::string::npos) << description.name;
         } else {
-            TestCamera camera(std::make_unique<zqcameralib::ZQCamera>(std::move(opened.value())));
+            TestCamera camera(std::move(opened));
             const double taken = std::chrono::duration<double>(Clock::now() - start).count();
             slowestName = taken > slowest ? description.name : slowestName;
             slowest = std::max(slowest, taken);

@@ -13,15 +13,12 @@ namespace {
 
 TEST(NumberText, OfADoubleIsTheShortestThatReadsBack)
 {
-    EXPECT_EQ(floatText(0.1), "0.1");
-    EXPECT_EQ(floatText(-0.0), "-0");
-    EXPECT_EQ(floatText(1e22), "1e+22");
-    EXPECT_EQ(floatText(123456.0), "123456");
-    EXPECT_EQ(floatText(1.0 / 3.0), "0.3333333333333333");
-    EXPECT_EQ(floatText(DBL_MAX), "1.7976931348623157e+308");
-    EXPECT_EQ(floatText(DBL_TRUE_MIN), "5e-324");
-    EXPECT_EQ(floatText(HUGE_VAL), "");
-    EXPECT_EQ(floatText(std::nan("")), "");
+    for (const auto& [value, text] :
+        { std::pair(0.1, "0.1"), { -0.0, "-0" }, { 1e22, "1e+22" }, { 123456.0, "123456" },
+            { 1.0 / 3.0, "0.3333333333333333" }, { DBL_MAX, "1.7976931348623157e+308" },
+            { DBL_TRUE_MIN, "5e-324" }, { HUGE_VAL, "" }, { std::nan(""), "" } }) {
+        EXPECT_EQ(floatText(value), text);
+    }
     std::mt19937_64 bits(1);
     for (int i = 0; i < 20000; ++i) {
         const std::uint64_t pattern = bits();
@@ -49,6 +46,7 @@ TEST(NumberText, IsReadAsDescriptionsWriteIntegers)
              { "0x1F", 31, 31, true },
              { "0xffffffffffffffff", INT64_MAX, UINT64_MAX, true },
              { "010", 8, 8, true },
+             { "8 ", 8, 8, false },
              { "12 px", 12, 12, false },
              { "1;2", 1, 1, false },
              { "px", 0, 0, false },

@@ -3,6 +3,7 @@
 #include <cfloat>
 
 using namespace featurebrowser;
+using namespace zqcameralib;
 
 namespace {
 
@@ -17,9 +18,8 @@ TEST(FeatureListing, EachNameOnceInTreeOrderInsideACategory)
     std::string direct = xml;
     direct.replace(direct.find("<pFeature>Main"), 0, "<pFeature>Direct</pFeature>");
 
-    EXPECT_EQ(TestCamera(TestCamera::openText(xml)).listed(), "Main:0 A:1 Sub:1 B:2");
-    EXPECT_EQ(
-        TestCamera(TestCamera::openText(direct)).listed(), "Root:0 Direct:1 Main:0 A:1 Sub:1 B:2");
+    EXPECT_EQ(TestCamera(openDescription(xml)).listed(), "Main:0 A:1 Sub:1 B:2");
+    EXPECT_EQ(TestCamera(openDescription(direct)).listed(), "Root:0 Direct:1 Main:0 A:1 Sub:1 B:2");
 }
 
 TEST(FeatureListing, NotImplementedIsLeftOutAndNotAvailableIsListedAsSuch)
@@ -27,7 +27,7 @@ TEST(FeatureListing, NotImplementedIsLeftOutAndNotAvailableIsListedAsSuch)
     TestCamera camera("A B C",
         intReg("A", 0, element("pIsImplemented", "Never"))
             + intReg("B", 4, element("pIsAvailable", "Never")) + intReg("C", 8)
-            + "<IntSwissKnife Name=\"Never\"><Formula>0</Formula></IntSwissKnife>");
+            + knife("IntSwissKnife", "Never", {}, "0"));
 
     EXPECT_EQ(camera.listed(), "Main:0 B:1 C:1");
     EXPECT_EQ(camera.item("B").accessMode, ACCESS_NOT_AVAILABLE);
@@ -43,11 +43,6 @@ struct ValueCase {
     std::vector<std::uint8_t> bytes; ///< what R holds
     std::string expected; ///< "text flag access [limits]"
 };
-
-void PrintTo(const ValueCase& test, std::ostream* stream)
-{
-    *stream << test.what;
-}
 
 std::string summary(const FeatureItem& item)
 {
@@ -68,178 +63,140 @@ std::string named(const std::string& tag, const std::string& content)
     return node(tag, "F", content);
 }
 
-std::string reg(const std::string& tag, int length, const std::string& content)
-{
-    return named(tag,
-        "<Address>0</Address>" + element("Length", std::to_string(length))
-            + "<AccessMode>RW</AccessMode><pPort>Device</pPort><Endianess>BigEndian</Endianess>"
-            + content);
-}
-
-class ReadValue : public testing::TestWithParam<ValueCase> { };
-
-TEST_P(ReadValue, IsExactAndCarriesItsAccess)
-{
-    const ValueCase& test = GetParam();
-    TestCamera camera("F", test.node);
-    if (!test.bytes.empty()) {
-        ASSERT_TRUE(
-            camera.port
-                .write({ 0, test.bytes.size() }, test.bytes.data(), zqcameralib::AccessKind::Memory)
-                .isOk());
-    }
-    camera.read("F");
-    EXPECT_EQ(summary(camera.item("F")), test.expected) << test.what;
-}
-
-const std::string enumEntries = R"(<EnumEntry Name="One"><Value>1</Value></EnumEntry>
-<EnumEntry Name="Gone"><Value>2</Value><pIsAvailable>Zero</pIsAvailable></EnumEntry>
-<EnumEntry Name="Same"><Value>1</Value></EnumEntry>
-<EnumEntry Name="Three"><Value>3</Value></EnumEntry>)";
-const std::string zeroNode = "<IntSwissKnife Name=\"Zero\"><Formula>0</Formula></IntSwissKnife>";
 const std::string over = "<pValue>R</pValue>";
 
-INSTANTIATE_TEST_SUITE_P(Kinds, ReadValue,
-    testing::Values(ValueCase { "unsigned", reg("IntReg", 2, "<Sign>Unsigned</Sign>"),
-                        { 0xFF, 0xFE }, "65534 1 RW 0..65535/1" },
-        ValueCase { "signed", reg("IntReg", 2, "<Sign>Signed</Sign>"), { 0xFF, 0xFE },
-            "-2 1 RW -32768..32767/1" },
-        ValueCase { "64 bits", reg("IntReg", 8, "<Sign>Signed</Sign>"),
-            { 0x7F, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF },
-            "9223372036854775807 1 RW -9223372036854775808..9223372036854775807/1" },
-        ValueCase { "limits of its own",
-            named("Integer", over + "<Min>-5</Min><Max>40</Max><Inc>3</Inc>") + intReg("R", 0),
-            { 0, 0, 0, 7 }, "7 1 RW -5..40/3" },
-        ValueCase { "double", reg("FloatReg", 8, ""),
-            { 0x3F, 0xB9, 0x99, 0x99, 0x99, 0x99, 0x99, 0x9A }, "0.1 1 RW" },
-        ValueCase { "float", reg("FloatReg", 4, ""), { 0x3D, 0xCC, 0xCC, 0xCD },
-            "0.10000000149011612 1 RW" },
-        ValueCase { "infinity", reg("FloatReg", 4, ""), { 0x7F, 0x80, 0, 0 }, " 0 RW" },
-        ValueCase { "enumeration",
-            named("Enumeration", enumEntries + over) + zeroNode + intReg("R", 0), { 0, 0, 0, 3 },
-            "2 1 RW One Same Three" },
-        ValueCase { "same value twice",
-            named("Enumeration", enumEntries + over) + zeroNode + intReg("R", 0), { 0, 0, 0, 1 },
-            "0 1 RW One Same Three" },
-        ValueCase { "value without entry",
-            named("Enumeration", enumEntries + over) + zeroNode + intReg("R", 0), { 0, 0, 0, 9 },
-            "-1 0 RW One Same Three" },
-        ValueCase { "boolean",
-            named("Boolean", over + "<OnValue>7</OnValue><OffValue>3</OffValue>") + intReg("R", 0),
-            { 0, 0, 0, 7 }, "1 1 RW False True" },
-        ValueCase { "text that fills its register", reg("StringReg", 4, ""), { 'a', 'b', 'c', 'd' },
-            "abcd 1 RW" },
-        ValueCase { "raw register", reg("Register", 3, ""), { 1, 0xAB, 0 }, "01 AB 00 1 RW" },
-        ValueCase { "command",
-            named("Command",
-                over
-                    + "<CommandValue>1</CommandValue>"
-                      "<DisplayName>Do it</DisplayName>")
-                + intReg("R", 0),
-            {}, "Do it 1 RW" },
-        ValueCase { "write-only", intReg("F", 0, "<AccessMode>WO</AccessMode>"), { 0, 0, 0, 1 },
-            " 0 WO 0..4294967295/1" },
-        ValueCase { "read-only behind",
-            named("Integer", over) + intReg("R", 0, "<AccessMode>RO</AccessMode>"), { 0, 0, 0, 1 },
-            "1 1 RO 0..4294967295/1" },
-        ValueCase { "formula without a value",
-            named("SwissKnife",
-                "<pVariable Name=\"X\">R"
-                "</pVariable><Formula>1/X</Formula>")
-                + intReg("R", 0),
-            { 0, 0, 0, 0 }, " 0 RO" },
-        ValueCase { "division that would trap",
-            named("IntSwissKnife",
-                "<pVariable Name=\"X\">R"
-                "</pVariable><pVariable Name=\"M\">Minus</pVariable><Formula>X/M + 5%M</Formula>")
-                + intReg("R", 0, "<Length>8</Length>")
-                + "<Integer Name=\"Minus\"><Value>-1</Value></Integer>",
-            { 0x80, 0, 0, 0, 0, 0, 0, 1 },
-            "9223372036854775807 1 RO -9223372036854775808..9223372036854775807/1" },
-        ValueCase { "integer formula without a value",
-            named("IntSwissKnife",
-                "<pVariable Name=\"X\">R</pVariable><Formula>7 % (1/X) + 1</Formula>")
-                + intReg("R", 0),
-            { 0, 0, 0, 0 }, " 0 RO -9223372036854775808..9223372036854775807/1" },
-        ValueCase { "integer division in the branch not taken",
-            named("IntSwissKnife",
-                "<pVariable Name=\"X\">R</pVariable>"
-                "<Formula>(X=0) ? 5 : ((X=1) ? 6 : (7/X + 8%(X-1)))</Formula>")
-                + intReg("R", 0),
-            { 0, 0, 0, 1 }, "6 1 RO -9223372036854775808..9223372036854775807/1" },
-        ValueCase { "division in a converter's branch not taken",
-            named("IntConverter",
-                "<pVariable Name=\"X\">R</pVariable><FormulaTo>FROM</FormulaTo>"
-                "<FormulaFrom>(X=0) ? 4 : (TO/X)</FormulaFrom><pValue>R</pValue>")
-                + intReg("R", 0),
-            { 0, 0, 0, 0 }, "4 1 RW 4..4/1" },
-        ValueCase { "division in the branch not taken",
-            named("SwissKnife",
-                "<pVariable Name=\"X\">"
-                "R</pVariable><Formula>(X=0) ? 2.5 : (1/X)</Formula>")
-                + intReg("R", 0),
-            { 0, 0, 0, 0 }, "2.5 1 RO" },
-        ValueCase { "limits half told", named("Integer", over + "<Min>-5</Min>") + intReg("R", 0),
-            { 0, 0, 0, 7 }, "7 1 RW -5..4294967295/1" },
-        ValueCase { "increments that are none",
-            named("Integer", over + "<Max>9</Max><Inc>-3</Inc>") + intReg("R", 0), {},
-            "0 1 RW 0..9/0" },
-        ValueCase { "limit without a value",
-            named("Integer", over + "<pMax>Q</pMax><Inc>9000000000</Inc>") + intReg("R", 0)
-                + node("IntSwissKnife", "Q",
-                    "<pVariable Name=\"X\">R</pVariable><Formula>1/X</Formula>"),
-            { 0, 0, 0, 0 }, "0 1 RW 0..4294967295/4294967295" },
-        ValueCase { "signed bits",
-            reg("MaskedIntReg", 4, "<LSB>31</LSB><MSB>28</MSB><Sign>Signed</Sign>"),
-            { 0, 0, 0, 0x0F }, "-1 1 RW -8..7/1" },
-        ValueCase {
-            "one bit", reg("MaskedIntReg", 4, "<Bit>31</Bit>"), { 0, 0, 0, 3 }, "1 1 RW 0..1/1" },
-        ValueCase { "bit of a structure",
-            node("StructReg", "S",
-                "<Address>0</Address><Length>4</Length><AccessMode>RW</AccessMode><pPort>Device"
-                "</pPort><Endianess>BigEndian</Endianess>"
-                    + named("StructEntry", "<Bit>30</Bit>")),
-            { 0, 0, 0, 2 }, "1 1 RW 0..1/1" },
-        ValueCase { "little endian",
-            node("IntReg", "F", "<Address>0</Address><Length>2</Length><pPort>Device</pPort>"),
-            { 1, 2 }, "513 1 RO 0..65535/1" },
-        ValueCase { "boolean off",
-            named("Boolean", over + "<OnValue>7</OnValue><OffValue>3</OffValue>") + intReg("R", 0),
-            { 0, 0, 0, 3 }, "0 1 RW False True" },
-        ValueCase { "no text", reg("StringReg", 4, ""), { 0, 'b' }, " 1 RW" },
-        ValueCase { "shortest text", reg("StringReg", 1, ""), { 'x' }, "x 1 RW" },
-        ValueCase { "text of no length", reg("StringReg", 4, "<pLength>Zero</pLength>") + zeroNode,
-            {}, " 1 RW" },
-        ValueCase { "raw register of no length",
-            reg("Register", 4, "<pLength>Zero</pLength>") + zeroNode, {}, " 0 RW" },
-        ValueCase { "raw register beyond a row", reg("Register", 65537, ""), {}, " 0 RW" },
-        ValueCase { "imposed access",
-            named("Integer", over + "<ImposedAccessMode>RO</ImposedAccessMode>") + intReg("R", 0),
-            { 0, 0, 0, 1 }, "1 1 RO 0..4294967295/1" },
-        ValueCase { "no access at all",
-            named("Integer", over) + intReg("R", 0, "<AccessMode>NA</AccessMode>"), {},
-            " 0 NA 0..0/0" },
-        ValueCase { "accesses that exclude each other",
-            named("Integer", over + "<ImposedAccessMode>WO</ImposedAccessMode>")
-                + intReg("R", 0, "<AccessMode>RO</AccessMode>"),
-            {}, " 0 NA 0..0/0" },
-        ValueCase { "chunk",
-            reg("IntReg", 4, "").replace(reg("IntReg", 4, "").find("Device"), 6, "Chunk")
-                + "<Port Name=\"Chunk\"><ChunkID>12</ChunkID></Port>",
-            {}, " 0 NA 0..0/0" }));
+/// F over the 4-byte register R.
+std::string overR(const std::string& tag, const std::string& content, const std::string& more = {})
+{
+    return named(tag, over + content) + intReg("R", 0, more);
+}
+
+/// F by a formula over R.
+std::string ofR(const std::string& tag, const std::string& formula)
+{
+    return knife(tag, "F", { "R" }, formula) + intReg("R", 0);
+}
+
+std::string place(const std::string& tag, const std::string& more)
+{
+    return reg(tag, "F", 0, more);
+}
+
+const std::string zero = knife("IntSwissKnife", "Zero", {}, "0");
+const std::string choice
+    = overR("Enumeration", R"(<EnumEntry Name="One"><Value>1</Value></EnumEntry>
+<EnumEntry Name="Gone"><Value>2</Value><pIsAvailable>Zero</pIsAvailable></EnumEntry>
+<EnumEntry Name="Same"><Value>1</Value></EnumEntry>
+<EnumEntry Name="Three"><Value>3</Value></EnumEntry>)")
+    + zero;
+const std::string flag = overR("Boolean", "<OnValue>7</OnValue><OffValue>3</OffValue>");
+const std::string readOnly = "<AccessMode>RO</AccessMode>";
+const std::string length2 = "<Length>2</Length>";
+const std::string length8 = "<Length>8</Length>";
+const std::string isSigned = "<Sign>Signed</Sign>";
+
+const std::vector<ValueCase> valueCases {
+    { "unsigned", place("IntReg", length2 + "<Sign>Unsigned</Sign>"), { 0xFF, 0xFE },
+        "65534 1 RW 0..65535/1" },
+    { "signed", place("IntReg", length2 + isSigned), { 0xFF, 0xFE }, "-2 1 RW -32768..32767/1" },
+    { "64 bits", place("IntReg", length8 + isSigned),
+        { 0x7F, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF },
+        "9223372036854775807 1 RW -9223372036854775808..9223372036854775807/1" },
+    { "limits of its own", overR("Integer", "<Min>-5</Min><Max>40</Max><Inc>3</Inc>"),
+        { 0, 0, 0, 7 }, "7 1 RW -5..40/3" },
+    { "double", place("FloatReg", length8), { 0x3F, 0xB9, 0x99, 0x99, 0x99, 0x99, 0x99, 0x9A },
+        "0.1 1 RW" },
+    { "float", place("FloatReg", ""), { 0x3D, 0xCC, 0xCC, 0xCD }, "0.10000000149011612 1 RW" },
+    { "infinity", place("FloatReg", ""), { 0x7F, 0x80, 0, 0 }, " 0 RW" },
+    { "enumeration", choice, { 0, 0, 0, 3 }, "2 1 RW One Same Three" },
+    { "same value twice", choice, { 0, 0, 0, 1 }, "0 1 RW One Same Three" },
+    { "value without entry", choice, { 0, 0, 0, 9 }, "-1 0 RW One Same Three" },
+    { "boolean", flag, { 0, 0, 0, 7 }, "1 1 RW False True" },
+    { "boolean off", flag, { 0, 0, 0, 3 }, "0 1 RW False True" },
+    { "text that fills its register", place("StringReg", ""), { 'a', 'b', 'c', 'd' }, "abcd 1 RW" },
+    { "raw register", place("Register", "<Length>3</Length>"), { 1, 0xAB, 0 }, "01 AB 00 1 RW" },
+    { "command", overR("Command", "<CommandValue>1</CommandValue><DisplayName>Do it</DisplayName>"),
+        {}, "Do it 1 RW" },
+    { "write-only", place("IntReg", "<AccessMode>WO</AccessMode>"), { 0, 0, 0, 1 },
+        " 0 WO 0..4294967295/1" },
+    { "read-only behind", overR("Integer", "", readOnly), { 0, 0, 0, 1 },
+        "1 1 RO 0..4294967295/1" },
+    { "formula without a value", ofR("SwissKnife", "1/R"), { 0, 0, 0, 0 }, " 0 RO" },
+    { "division that would trap",
+        knife("IntSwissKnife", "F", { "R", "M" }, "R/M + 5%M") + intReg("R", 0, length8)
+            + "<Integer Name=\"M\"><Value>-1</Value></Integer>",
+        { 0x80, 0, 0, 0, 0, 0, 0, 1 },
+        "9223372036854775807 1 RO -9223372036854775808..9223372036854775807/1" },
+    { "integer formula without a value", ofR("IntSwissKnife", "7 % (1/R) + 1"), { 0, 0, 0, 0 },
+        " 0 RO -9223372036854775808..9223372036854775807/1" },
+    { "integer division in the branch not taken",
+        ofR("IntSwissKnife", "(R=0) ? 5 : ((R=1) ? 6 : (7/R + 8%(R-1)))"), { 0, 0, 0, 1 },
+        "6 1 RO -9223372036854775808..9223372036854775807/1" },
+    { "division in a converter's branch not taken",
+        overR("IntConverter",
+            "<pVariable Name=\"X\">R</pVariable><FormulaTo>FROM</FormulaTo>"
+            "<FormulaFrom>(X=0) ? 4 : (TO/X)</FormulaFrom>"),
+        { 0, 0, 0, 0 }, "4 1 RW 4..4/1" },
+    { "division in the branch not taken", ofR("SwissKnife", "(R=0) ? 2.5 : (1/R)"), { 0, 0, 0, 0 },
+        "2.5 1 RO" },
+    { "limits half told", overR("Integer", "<Min>-5</Min>"), { 0, 0, 0, 7 },
+        "7 1 RW -5..4294967295/1" },
+    { "increments that are none", overR("Integer", "<Max>9</Max><Inc>-3</Inc>"), {},
+        "0 1 RW 0..9/0" },
+    { "limit without a value",
+        overR("Integer", "<pMax>Q</pMax><Inc>9000000000</Inc>")
+            + knife("IntSwissKnife", "Q", { "R" }, "1/R"),
+        { 0, 0, 0, 0 }, "0 1 RW 0..4294967295/4294967295" },
+    { "signed bits", place("MaskedIntReg", "<LSB>31</LSB><MSB>28</MSB>" + isSigned),
+        { 0, 0, 0, 0x0F }, "-1 1 RW -8..7/1" },
+    { "one bit", place("MaskedIntReg", "<Bit>31</Bit>"), { 0, 0, 0, 3 }, "1 1 RW 0..1/1" },
+    { "bit of a structure", reg("StructReg", "S", 0, named("StructEntry", "<Bit>30</Bit>")),
+        { 0, 0, 0, 2 }, "1 1 RW 0..1/1" },
+    { "little endian",
+        node("IntReg", "F", "<Address>0</Address><Length>2</Length><pPort>Device</pPort>"),
+        { 1, 2 }, "513 1 RO 0..65535/1" },
+    { "no text", place("StringReg", ""), { 0, 'b' }, " 1 RW" },
+    { "shortest text", place("StringReg", "<Length>1</Length>"), { 'x' }, "x 1 RW" },
+    { "text of no length", place("StringReg", "<Length>4</Length><pLength>Zero</pLength>") + zero,
+        {}, " 1 RW" },
+    { "raw register of no length",
+        place("Register", "<Length>4</Length><pLength>Zero</pLength>") + zero, {}, " 0 RW" },
+    { "raw register beyond a row", place("Register", "<Length>65537</Length>"), {}, " 0 RW" },
+    { "imposed access", overR("Integer", "<ImposedAccessMode>RO</ImposedAccessMode>"),
+        { 0, 0, 0, 1 }, "1 1 RO 0..4294967295/1" },
+    { "no access at all", overR("Integer", "", "<AccessMode>NA</AccessMode>"), {}, " 0 NA 0..0/0" },
+    { "accesses that exclude each other",
+        overR("Integer", "<ImposedAccessMode>WO</ImposedAccessMode>", readOnly), {},
+        " 0 NA 0..0/0" },
+    { "chunk",
+        place("IntReg", "<pPort>Chunk</pPort>")
+            + "<Port Name=\"Chunk\"><ChunkID>12</ChunkID></Port>",
+        {}, " 0 NA 0..0/0" },
+};
+
+TEST(ReadFeature, IsExactAndCarriesItsAccess)
+{
+    for (const ValueCase& test : valueCases) {
+        SCOPED_TRACE(test.what);
+        TestCamera camera("F", test.node);
+        const Register place { 0, test.bytes.size() };
+        EXPECT_TRUE(test.bytes.empty()
+            || camera.port.write(place, test.bytes.data(), AccessKind::Memory).isOk());
+        camera.read("F");
+        EXPECT_EQ(summary(camera.item("F")), test.expected);
+    }
+}
 
 TEST(Record, AddressesAreTranslatedByWhatTheDescriptionSays)
 {
-    TestCamera camera("GevMACAddress GevIP GevHex MACHex",
-        intReg("GevMACAddress", 0, element("Representation", "MACAddress"))
-            + intReg("GevIP", 4, element("Representation", "IPV4Address"))
-            + intReg("GevHex", 8, element("Representation", "HexNumber"))
-            + intReg("MACHex", 12, element("Representation", "HexNumber")));
-
-    EXPECT_EQ(camera.item("GevMACAddress").representation, REPRESENTATION_ADDRESS);
-    EXPECT_EQ(camera.item("GevIP").representation, REPRESENTATION_IPV4);
-    EXPECT_EQ(camera.item("GevHex").representation, REPRESENTATION_NUMBER);
-    EXPECT_EQ(camera.item("MACHex").representation, REPRESENTATION_NUMBER);
+    for (const auto& [name, told, expected] :
+        { std::tuple("GevMACAddress", "MACAddress", REPRESENTATION_ADDRESS),
+            { "GevIP", "IPV4Address", REPRESENTATION_IPV4 },
+            { "GevHex", "HexNumber", REPRESENTATION_NUMBER },
+            { "MACHex", "HexNumber", REPRESENTATION_NUMBER } }) {
+        TestCamera camera(name, intReg(name, 0, element("Representation", told)));
+        EXPECT_EQ(camera.item(name).representation, expected) << name;
+    }
 }
 
 TEST(Record, CarriesWhatAUserReads)
@@ -255,8 +212,7 @@ TEST(Record, CarriesWhatAUserReads)
               "</Value><Min>-2.5</Min><Max>4</Max><Inc>0.5</Inc></Float>"
               "<Float Name=\"NoStep\"><Value>1</Value><pInc>Gain</pInc><Max>INF</Max></Float>"
               "<Float Name=\"Endless\"><Value>1</Value><Inc>INF</Inc></Float>"
-              "<StringReg Name=\"Text\"><Address>8</Address><Length>9</Length><pPort>Device</pPort>"
-              "</StringReg>");
+            + reg("StringReg", "Text", 8, "<Length>9</Length>" + readOnly));
 
     const FeatureItem& step = camera.item("Step");
     EXPECT_EQ(step.description, "Tip");
@@ -282,13 +238,13 @@ TEST(Record, CarriesWhatAUserReads)
 TEST(Load, ReadsEachRegisterOnceAndItsRecordsNotAgain)
 {
     TestCamera camera(TestCamera::simulated());
-    zqcameralib::RegisterPort::Recorder recorder(camera.port);
+    RegisterPort::Recorder recorder(camera.port);
     const std::uint64_t before = camera.port.reads();
     camera.repository.Load();
     for (const auto& record : camera.repository.GetFeatureList()) {
         camera.repository.ReadFeature(record);
     }
-    zqcameralib::Registers& read = recorder.read;
+    Registers& read = recorder.read;
     const std::size_t all = read.size();
     std::sort(read.begin(), read.end());
     read.erase(std::unique(read.begin(), read.end()), read.end());
@@ -300,9 +256,9 @@ TEST(Load, ReadsEachRegisterOnceAndItsRecordsNotAgain)
 TEST(ReadFeature, FailedAccessKeepsTheValueAndMarksTheState)
 {
     TestCamera camera("A", intReg("A", 0));
-    camera.device.SetIntegerValue("A", 5, 1);
+    camera.set("A", 5);
     ASSERT_EQ(camera.read("A"), "5");
-    camera.device.SetIntegerValue("A", 6, 1);
+    camera.set("A", 6);
     camera.port.setFaultHook([](auto, auto, bool) { return true; });
 
     EXPECT_EQ(camera.read("A"), "(read failed)");

@@ -6,30 +6,10 @@ using namespace featurebrowser;
 
 namespace {
 
-class RealDescriptions : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        m_files = realDescriptions();
-        if (m_files.empty()) {
-            GTEST_SKIP() << "no folder of real cameras' descriptions";
-        }
-    }
-    static TestCamera open(const std::string& path)
-    {
-        std::string error;
-        auto camera = zqcameralib::ZQCamera::OpenDescription(path, error);
-        EXPECT_TRUE(camera) << error;
-        return TestCamera(std::move(camera));
-    }
-
-    std::vector<std::string> m_files;
-};
-
 TEST_F(RealDescriptions, NearlyAllFeaturesAreListedAndReadOnceEach)
 {
     for (const std::string& path : m_files) {
-        TestCamera camera(open(path));
+        TestCamera camera(TestCamera::ofFile(path));
         std::size_t all = 0;
         for (const zqcameralib::Feature& feature : camera.camera->impl().features()) {
             all += feature.type == FEATURE_CATEGORY ? 0U : 1U;
@@ -48,7 +28,7 @@ TEST_F(RealDescriptions, NearlyAllFeaturesAreListedAndReadOnceEach)
 TEST_F(RealDescriptions, ValuesAgreeWithTheNodeMap)
 {
     for (const std::string& path : m_files) {
-        TestCamera camera(open(path));
+        TestCamera camera(TestCamera::ofFile(path));
         std::size_t compared = 0;
         for (const auto& record : camera.repository.GetFeatureList()) {
             const zqcameralib::Feature* feature = camera.camera->impl().feature(record->name);

@@ -1,39 +1,10 @@
-#include "camera/Camera.h"
-
-#include "featurebrowser/ZQCamera.h"
-#include "featurebrowser/ZQCameraDevice.h"
-#include "featurebrowser/ZQCameraRepository.h"
-
-#include <gtest/gtest.h>
+#include "TestCamera.h"
 
 #include <map>
 #include <set>
-#include <string>
-#include <vector>
 
 namespace featurebrowser {
 namespace {
-
-using zqcameralib::ZQCamera;
-
-// The built-in camera through the interfaces that the feature browser uses.
-class SimulatedDescriptionTest : public testing::Test {
-protected:
-    SimulatedDescriptionTest() { EXPECT_EQ(repository().Load(), 0); }
-
-    ZQCameraRepository& repository() { return *m_device.GetRepository(); }
-    FeatureItem read(const std::string& name)
-    {
-        const auto item = repository().GetFeature(name);
-        EXPECT_TRUE(repository().ReadFeature(item)) << name;
-        return *item;
-    }
-    std::set<std::string> offLimits();
-
-    std::string m_error;
-    std::unique_ptr<ZQCamera> m_camera = ZQCamera::OpenSimulated(m_error);
-    ZQCameraDevice m_device { m_camera.get(), nullptr };
-};
 
 bool integerFits(const FeatureItem& item)
 {
@@ -61,24 +32,25 @@ bool fits(const FeatureItem& item)
 }
 
 // Features that cannot be read, or whose value is not one that they allow.
-std::set<std::string> SimulatedDescriptionTest::offLimits()
+std::set<std::string> offLimits(ZQCameraRepository& repository)
 {
     std::set<std::string> names;
-    for (const auto& item : repository().GetFeatureList()) {
+    for (const auto& item : repository.GetFeatureList()) {
         const bool isFeature = item->type != FEATURE_CATEGORY;
         if (isFeature
-            && (!repository().ReadFeature(item) || (item->displayFlag == 1 && !fits(*item)))) {
+            && (!repository.ReadFeature(item) || (item->displayFlag == 1 && !fits(*item)))) {
             names.insert(item->name);
         }
     }
     return names;
 }
 
-TEST_F(SimulatedDescriptionTest, EveryChoiceLeavesEveryFeatureWithinItsLimits)
+TEST(SimulatedDescription, EveryChoiceLeavesEveryFeatureWithinItsLimits)
 {
-    EXPECT_EQ(offLimits(), std::set<std::string>());
-    for (const auto& item : repository().GetFeatureList()) {
-        EXPECT_TRUE(repository().ReadFeature(item)) << item->name;
+    TestCamera camera(TestCamera::simulated());
+    EXPECT_EQ(offLimits(camera.repository), std::set<std::string>());
+    for (const auto& item : camera.repository.GetFeatureList()) {
+        EXPECT_TRUE(camera.repository.ReadFeature(item)) << item->name;
         if (item->type != FEATURE_ENUMERATION || item->accessMode != ACCESS_READ_WRITE
             || item->lockedFlag == 1) {
             continue;
@@ -86,21 +58,23 @@ TEST_F(SimulatedDescriptionTest, EveryChoiceLeavesEveryFeatureWithinItsLimits)
         const std::list<std::string> entries = item->enumEntries;
         int index = 0;
         for (const std::string& entry : entries) {
-            EXPECT_EQ(m_device.SetEnumValue(item->name.c_str(), entry.c_str(), index++), 0);
-            EXPECT_EQ(offLimits(), std::set<std::string>()) << item->name << " = " << entry;
+            EXPECT_EQ(camera.device.SetEnumValue(item->name.c_str(), entry.c_str(), index++), 0);
+            EXPECT_EQ(offLimits(camera.repository), std::set<std::string>())
+                << item->name << " = " << entry;
         }
-        EXPECT_EQ(m_device.SetEnumValue("UserSetSelector", "Default", 0), 0);
-        EXPECT_EQ(m_device.ExecuteCommand("UserSetLoad", 1), 0);
+        EXPECT_EQ(camera.device.SetEnumValue("UserSetSelector", "Default", 0), 0);
+        EXPECT_EQ(camera.device.ExecuteCommand("UserSetLoad", 1), 0);
     }
 }
 
-TEST_F(SimulatedDescriptionTest, ShowsEveryKindOfFeatureAtEveryLevel)
+TEST(SimulatedDescription, ShowsEveryKindOfFeatureAtEveryLevel)
 {
+    TestCamera camera(TestCamera::simulated());
     std::map<int, int> kinds;
     std::set<int> levels;
     std::set<int> representations;
     int depth = 0;
-    for (const auto& item : repository().GetFeatureList()) {
+    for (const auto& item : camera.repository.GetFeatureList()) {
         ++kinds[item->type];
         levels.insert(item->level);
         representations.insert(item->representation);
@@ -113,22 +87,23 @@ TEST_F(SimulatedDescriptionTest, ShowsEveryKindOfFeatureAtEveryLevel)
     EXPECT_EQ(levels, (std::set<int> { LEVEL_BEGINNER, LEVEL_EXPERT, LEVEL_GURU }));
     EXPECT_EQ(representations,
         (std::set<int> { REPRESENTATION_NUMBER, REPRESENTATION_ADDRESS, REPRESENTATION_IPV4 }));
-    EXPECT_GE(
-        repository().GetFeatureList().size() - static_cast<std::size_t>(kinds[FEATURE_CATEGORY]),
+    EXPECT_GE(camera.repository.GetFeatureList().size()
+            - static_cast<std::size_t>(kinds[FEATURE_CATEGORY]),
         150U);
     EXPECT_GE(depth, 4);
 
-    const FeatureItem exposure = read("ExposureTime");
+    const FeatureItem& exposure = camera.item("ExposureTime");
     EXPECT_GE(exposure.floatMax / exposure.floatMin, 1e6);
-    EXPECT_EQ(read("GevSupportedOptions").representation, REPRESENTATION_NUMBER);
-    EXPECT_GT(std::stoll(read("DeviceHardwareID").valueText), 1LL << 32);
+    EXPECT_EQ(camera.item("GevSupportedOptions").representation, REPRESENTATION_NUMBER);
+    EXPECT_GT(std::stoll(camera.read("DeviceHardwareID")), 1LL << 32);
 }
 
 // A camera that serves this description over GigE Vision has 64 KB of registers.
-TEST_F(SimulatedDescriptionTest, RegistersStayBelow64KB)
+TEST(SimulatedDescription, RegistersStayBelow64KB)
 {
-    const zqcameralib::RegisterPort::Recorder recorder(m_camera->impl().port());
-    EXPECT_EQ(repository().Load(), 0);
+    TestCamera camera(TestCamera::simulated());
+    const zqcameralib::RegisterPort::Recorder recorder(camera.port);
+    EXPECT_EQ(camera.repository.Load(), 0);
     EXPECT_GT(recorder.read.size(), 150U);
     for (const auto& [address, size] : recorder.read) {
         EXPECT_LT(address + size, 0x10000U);

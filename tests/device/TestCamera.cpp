@@ -1,7 +1,6 @@
 #include "TestCamera.h"
 
 #include "description/ReferenceWalk.h"
-#include "opening/SimulatedOpening.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -21,12 +20,36 @@ std::string node(const std::string& kind, const std::string& name, const std::st
     return "<" + kind + " Name=\"" + name + "\">" + content + "</" + kind + ">";
 }
 
-std::string intReg(const std::string& name, unsigned address, const std::string& more)
+std::string reg(
+    const std::string& kind, const std::string& name, unsigned address, const std::string& more)
 {
-    return "<IntReg Name=\"" + name + "\">" + element("Address", std::to_string(address))
-        + (more.find("<Length>") == std::string::npos ? element("Length", "4") : "")
-        + (more.find("<AccessMode>") == std::string::npos ? element("AccessMode", "RW") : "")
-        + element("pPort", "Device") + more + element("Endianess", "BigEndian") + "</IntReg>";
+    std::string content = element("Address", std::to_string(address));
+    for (const auto& [tag, text] : { std::pair("Length", "4"), { "AccessMode", "RW" },
+             { "pPort", "Device" }, { "Endianess", "BigEndian" } }) {
+        const bool isGiven = more.find("<" + std::string(tag) + ">") != std::string::npos
+            || more.find("<p" + std::string(tag) + ">") != std::string::npos;
+        content += isGiven ? "" : element(tag, text);
+    }
+    return node(kind, name, content + more);
+}
+
+std::string knife(const std::string& kind, const std::string& name,
+    const std::vector<std::string>& nodes, const std::string& formula)
+{
+    std::string content;
+    for (const std::string& of : nodes) {
+        content += node("pVariable", of, of);
+    }
+    return node(kind, name, content + element("Formula", formula));
+}
+
+std::string repeated(int count, const std::function<std::string(int)>& make)
+{
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += make(i);
+    }
+    return text;
 }
 
 std::string TestCamera::description(const std::string& members, const std::string& nodes)
@@ -43,13 +66,25 @@ std::string TestCamera::description(const std::string& members, const std::strin
         + features + "</Category>" + nodes + R"(<Port Name="Device"/></RegisterDescription>)";
 }
 
-std::unique_ptr<ZQCamera> TestCamera::openText(const std::string& xml)
+static std::unique_ptr<ZQCamera> checked(Result<std::unique_ptr<ZQCamera::Impl>> opened)
 {
-    auto opened = openDescription(xml);
     if (!opened.isOk()) {
         throw std::runtime_error(opened.status().text());
     }
     return std::make_unique<ZQCamera>(std::move(opened.value()));
+}
+
+TestCamera::TestCamera(Result<std::unique_ptr<ZQCamera::Impl>> opened)
+    : TestCamera(checked(std::move(opened)))
+{
+}
+
+TestCamera TestCamera::ofFile(const std::string& path)
+{
+    std::string error;
+    auto opened = ZQCamera::OpenDescription(path, error);
+    EXPECT_TRUE(opened) << error;
+    return TestCamera(std::move(opened));
 }
 
 TestCamera TestCamera::simulated()
@@ -83,17 +118,17 @@ bool TestCamera::changesByItself(const std::string& name)
     });
 }
 
-std::vector<std::string> realDescriptions()
+void RealDescriptions::SetUp()
 {
     const char* given = std::getenv("ZQ_CAMERA_DESCRIPTIONS");
-    const std::filesystem::path folder = given == nullptr ? ZQ_DESCRIPTION_FOLDER : given;
-    std::vector<std::string> files;
     std::error_code none;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, none)) {
+    for (const auto& entry : std::filesystem::directory_iterator(
+             given == nullptr ? ZQ_DESCRIPTION_FOLDER : given, none)) {
         if (entry.path().extension() == ".xml") {
-            files.push_back(entry.path().string());
+            m_files.push_back(entry.path().string());
         }
     }
-    std::sort(files.begin(), files.end());
-    return files;
+    if (m_files.empty()) {
+        GTEST_SKIP() << "no folder of real cameras' descriptions";
+    }
 }

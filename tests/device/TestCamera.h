@@ -1,6 +1,7 @@
 #pragma once
 
 #include "camera/Camera.h"
+#include "opening/SimulatedOpening.h"
 
 #include "featurebrowser/ZQCameraDevice.h"
 #include "featurebrowser/ZQCameraRepository.h"
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -19,9 +21,11 @@ public:
     /// `nodes` are the elements below the root category, which holds the category "Main"; `members`
     /// are its features, blank separated.
     TestCamera(const std::string& members, const std::string& nodes)
-        : TestCamera(openText(description(members, nodes)))
+        : TestCamera(zqcameralib::openDescription(description(members, nodes)))
     {
     }
+    /// Throws where the camera could not be opened.
+    explicit TestCamera(zqcameralib::Result<std::unique_ptr<zqcameralib::ZQCamera::Impl>> opened);
     explicit TestCamera(std::unique_ptr<zqcameralib::ZQCamera> opened)
         : camera(std::move(opened))
         , device(camera.get(), nullptr)
@@ -32,7 +36,7 @@ public:
     }
 
     static std::string description(const std::string& members, const std::string& nodes);
-    static std::unique_ptr<zqcameralib::ZQCamera> openText(const std::string& xml);
+    static TestCamera ofFile(const std::string& path);
     static TestCamera simulated();
 
     featurebrowser::FeatureItem& item(const std::string& name)
@@ -49,6 +53,15 @@ public:
         const auto found = repository.GetFeature(name);
         return repository.ReadFeature(found) ? found->valueText : "(read failed)";
     }
+    template <class Number> int set(const char* name, Number value, int checked = 1)
+    {
+        if constexpr (std::is_floating_point_v<Number>) {
+            return device.SetFloatValue(name, value);
+        } else {
+            return device.SetIntegerValue(name, value, checked);
+        }
+    }
+    int set(const char* name, const char* text) { return device.SetStringValue(name, text); }
     featurebrowser::FEATURE_STATE state(const std::string& name)
     {
         return repository.GetFeatureStates()[name];
@@ -72,13 +85,28 @@ public:
     zqcameralib::RegisterPort& port;
 };
 
-/// Descriptions of real cameras: the files of the folder that ZQ_CAMERA_DESCRIPTIONS names, or of
-/// ../shared/cameras beside the sources. Empty when there is none.
-std::vector<std::string> realDescriptions();
+/// Tests with the descriptions of real cameras: the files of the folder that ZQ_CAMERA_DESCRIPTIONS
+/// names, or of ../shared/cameras beside the sources. Skipped when there is none.
+class RealDescriptions : public testing::Test {
+protected:
+    void SetUp() override;
+
+    std::vector<std::string> m_files;
+};
 
 /// "<tag>text</tag>"
 std::string element(const std::string& tag, const std::string& text);
 /// "<kind Name="name">content</kind>"
 std::string node(const std::string& kind, const std::string& name, const std::string& content);
 /// A 4-byte register, read-write, big endian unless `more` says otherwise.
-std::string intReg(const std::string& name, unsigned address, const std::string& more = {});
+std::string reg(const std::string& kind, const std::string& name, unsigned address,
+    const std::string& more = {});
+inline std::string intReg(const std::string& name, unsigned address, const std::string& more = {})
+{
+    return reg("IntReg", name, address, more);
+}
+/// A formula over nodes by their names.
+std::string knife(const std::string& kind, const std::string& name,
+    const std::vector<std::string>& nodes, const std::string& formula);
+/// What `make` makes of 0 to `count` - 1.
+std::string repeated(int count, const std::function<std::string(int)>& make);
