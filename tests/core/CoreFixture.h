@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -21,7 +22,8 @@ namespace featurebrowser {
 using Item = std::shared_ptr<FeatureItem>;
 
 /// A writable record with a value to show, at the first level of the tree.
-inline Item makeItem(FEATURE_TYPE type, const std::string& name, const std::string& valueText)
+inline Item makeItem(FEATURE_TYPE type, const std::string& name, const std::string& valueText,
+    std::optional<std::uint8_t> depth = {})
 {
     auto item = std::make_shared<FeatureItem>();
     item->name = name;
@@ -30,7 +32,7 @@ inline Item makeItem(FEATURE_TYPE type, const std::string& name, const std::stri
     item->accessMode = ACCESS_READ_WRITE;
     item->intWritable = 1;
     item->displayFlag = 1;
-    item->depth = type == FEATURE_CATEGORY ? 0 : 1;
+    item->depth = depth.value_or(type == FEATURE_CATEGORY ? 0 : 1);
     return item;
 }
 

@@ -5,16 +5,12 @@ namespace {
 
 Item makeCategory(const char* name, std::uint8_t depth)
 {
-    auto item = makeItem(FEATURE_CATEGORY, name, "");
-    item->depth = depth;
-    return item;
+    return makeItem(FEATURE_CATEGORY, name, "", depth);
 }
 
 Item makeCommand(const char* name, std::uint8_t depth)
 {
-    auto item = makeItem(FEATURE_COMMAND, name, "Go");
-    item->depth = depth;
-    return item;
+    return makeItem(FEATURE_COMMAND, name, "Go", depth);
 }
 
 TEST_F(CoreTest, LoadRefusesARepositoryThatIsNotLoaded)

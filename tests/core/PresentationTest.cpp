@@ -44,24 +44,17 @@ const std::vector<PresentationCase> presentationCases = {
     { 9, 0, "Unknown", "1", "", "" },
     { 255, 0, "Unknown", "1", "", "" },
     // Plain integers: leading digits when added, strict when updated.
-    { 2, 0, "Width", "42", "Int(#, 42, -5, 1099511627776, 4000000000, 2, @$",
-        "Integer(#, 42, -5, 1099511627776, 4000000000, @)" },
-    { 2, 0, "Width", "", "Int(#, 0, -5, 1099511627776, 4000000000, 2, @$",
-        "Integer(#, 0, -5, 1099511627776, 4000000000, @)" },
-    { 2, 0, "Width", "abc", "Int(#, 0, -5, 1099511627776, 4000000000, 2, @$",
-        "Integer(#, 9223372036854775807, -5, 1099511627776, 4000000000, @)" },
-    { 2, 0, "Width", "  012abc", "Int(#, 12, -5, 1099511627776, 4000000000, 2, @$",
-        "Integer(#, 12, -5, 1099511627776, 4000000000, @)" },
-    { 2, 5, "Width", "-9223372036854775808",
-        "Int(#, -9223372036854775808, -5, 1099511627776, 4000000000, 2, @$",
-        "Integer(#, -9223372036854775808, -5, 1099511627776, 4000000000, @)" },
-    { 2, 0, "Width", "99999999999999999999",
-        "Int(#, 9223372036854775807, -5, 1099511627776, 4000000000, 2, @$", "out of range: stoll" },
+    { 2, 0, "Width", "42", "Int(#, 42, ~, 2, @$", "Integer(#, 42, ~, @)" },
+    { 2, 0, "Width", "", "Int(#, 0, ~, 2, @$", "Integer(#, 0, ~, @)" },
+    { 2, 0, "Width", "abc", "Int(#, 0, ~, 2, @$", "Integer(#, 9223372036854775807, ~, @)" },
+    { 2, 0, "Width", "  012abc", "Int(#, 12, ~, 2, @$", "Integer(#, 12, ~, @)" },
+    { 2, 5, "Width", "-9223372036854775808", "Int(#, -9223372036854775808, ~, 2, @$",
+        "Integer(#, -9223372036854775808, ~, @)" },
+    { 2, 0, "Width", "99999999999999999999", "Int(#, 9223372036854775807, ~, 2, @$",
+        "out of range: stoll" },
     // Integers shown as addresses; the case of the name's parts counts.
-    { 2, address, "WidthmacgeV", "7", "Int(#, 7, -5, 1099511627776, 4000000000, 2, @$",
-        "Integer(#, 7, -5, 1099511627776, 4000000000, @)" },
-    { 2, 5, "GevMAC", "7", "Int(#, 7, -5, 1099511627776, 4000000000, 2, @$",
-        "Integer(#, 7, -5, 1099511627776, 4000000000, @)" },
+    { 2, address, "WidthmacgeV", "7", "Int(#, 7, ~, 2, @$", "Integer(#, 7, ~, @)" },
+    { 2, 5, "GevMAC", "7", "Int(#, 7, ~, 2, @$", "Integer(#, 7, ~, @)" },
     { 2, address, "GevMACAddress", "258x", R"(String(#, "mac 258", 2, 0, @, 2$)",
         R"(Text(#, "mac 258", 3, [], @))" },
     { 2, address, "DeviceMAC", "0", R"(String(#, "mac 0", 2, 0, @, 2$)",
@@ -85,12 +78,9 @@ const std::vector<PresentationCase> presentationCases = {
     { 2, ipv4, "Mask", "x", "invalid: stoul", "invalid: stoul" },
     { 2, ipv4, "Mask", "18446744073709551616", "out of range: stoul", "out of range: stoul" },
     // Floats: the whole name decides about the slider.
-    { 3, 0, "ExposureTime", "2.5mm", "Double(#, 2.5, 0.5, 9.5, 0.25, 2, 1, @$",
-        "Double(#, 2.5, 0.5, 9.5, 0.25, @)" },
-    { 3, 0, "exposureTime", "", "Double(#, 0, 0.5, 9.5, 0.25, 2, 0, @$",
-        "Double(#, 0, 0.5, 9.5, 0.25, @)" },
-    { 3, 0, "ExposureTimeAbs", "x", "Double(#, 0, 0.5, 9.5, 0.25, 2, 0, @$",
-        "Double(#, 0, 0.5, 9.5, 0.25, @)" },
+    { 3, 0, "ExposureTime", "2.5mm", "Double(#, 2.5, ~, 2, 1, @$", "Double(#, 2.5, ~, @)" },
+    { 3, 0, "exposureTime", "", "Double(#, 0, ~, 2, 0, @$", "Double(#, 0, ~, @)" },
+    { 3, 0, "ExposureTimeAbs", "x", "Double(#, 0, ~, 2, 0, @$", "Double(#, 0, ~, @)" },
     // Texts: up to the first NUL when added, whole when updated.
     { 4, 0, "ID", "one" + nul + "two", R"(String(#, "one", 2, 32, @, 0$)",
         R"(Text(#, "one\0two", 3, [], @))" },
@@ -112,14 +102,16 @@ std::string replaced(std::string text, const std::string& what, const std::strin
     return at == std::string::npos ? text : text.replace(at, what.size(), by);
 }
 
-/// The whole journal line of a pattern: # stands for category and name, @ for the flags, $ for the
-/// selector's role and text. Patterns without arguments stay as they are.
+/// The whole journal line of a pattern: # stands for category and name, ~ for the limits, @ for the
+/// flags, $ for the selector's role and text. Patterns without arguments stay as they are.
 std::string expand(std::string pattern, bool adding, const PresentationCase& c)
 {
     if (pattern.find('#') == std::string::npos) {
         return pattern;
     }
     const std::string name = '"' + c.name + '"';
+    pattern = replaced(
+        pattern, "~", c.type == FEATURE_FLOAT ? "0.5, 9.5, 0.25" : "-5, 1099511627776, 4000000000");
     pattern = replaced(pattern, "(#", adding ? "Feature(\"Cat\", " + name : '(' + name);
     pattern
         = replaced(pattern, "@", c.type == FEATURE_READ_ONLY_STRING ? "true, true" : "false, true");
