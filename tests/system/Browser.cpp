@@ -11,59 +11,6 @@
 
 using namespace featurebrowser;
 
-std::vector<std::string> Receiver::take()
-{
-    return std::exchange(heard, {});
-}
-
-void Receiver::FeatureIntModified(std::string name, long value)
-{
-    heard.push_back("int " + name + " " + std::to_string(value));
-}
-
-void Receiver::FeatureEnumModified(std::string name, std::string entry, int index)
-{
-    heard.push_back("enum " + name + " " + entry + " " + std::to_string(index));
-}
-
-void Receiver::FeatureBoolModified(std::string name, int value)
-{
-    heard.push_back("bool " + name + " " + std::to_string(value));
-}
-
-void Receiver::FeatureStringModified(std::string name, std::string value)
-{
-    heard.push_back("string " + name + " " + value);
-}
-
-void Receiver::FeatureIPModified(std::string name, const std::string& text)
-{
-    heard.push_back("ip " + name + " " + text);
-}
-
-void Receiver::FeatureDoubleModified(std::string name, double value)
-{
-    heard.push_back("double " + name + " " + std::to_string(value));
-}
-
-void Receiver::FeatureExecCommand(std::string name)
-{
-    heard.push_back("command " + name);
-    if (executor) {
-        executor->ExecuteCommand(name.c_str(), 1);
-    }
-}
-
-void Receiver::SendError(int code, std::string text)
-{
-    heard.push_back((code == 0 ? "done: " : "error: ") + text);
-}
-
-void Receiver::AllConfigChanged()
-{
-    heard.emplace_back("all changed");
-}
-
 Browser::Browser(Ear ear)
 {
     std::string error;

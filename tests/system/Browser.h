@@ -8,32 +8,62 @@
 #include <QTreeView>
 
 #include <memory>
+#include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// The application's ear: one line for every call.
 class Receiver : public featurebrowser::IEventFeatureReceiver {
 public:
-    std::vector<std::string> heard;
     /// What an application does with the commands that are left to it; may be null.
     featurebrowser::ICameraDevice* executor = nullptr;
 
     /// The lines heard since the last call, without selection changes.
-    std::vector<std::string> take();
+    std::vector<std::string> take() { return std::exchange(m_heard, {}); }
 
-    void FeatureIntModified(std::string name, long value) override;
-    void FeatureEnumModified(std::string name, std::string entry, int index) override;
-    void FeatureBoolModified(std::string name, int value) override;
-    void FeatureStringModified(std::string name, std::string value) override;
-    void FeatureIPModified(std::string name, const std::string& text) override;
-    void FeatureDoubleModified(std::string name, double value) override;
-    void FeatureExecCommand(std::string name) override;
+    void FeatureIntModified(std::string name, long value) override { hear("int", name, value); }
+    void FeatureEnumModified(std::string name, std::string entry, int index) override
+    {
+        hear("enum", name, entry, index);
+    }
+    void FeatureBoolModified(std::string name, int value) override { hear("bool", name, value); }
+    void FeatureStringModified(std::string name, std::string value) override
+    {
+        hear("string", name, value);
+    }
+    void FeatureIPModified(std::string name, const std::string& text) override
+    {
+        hear("ip", name, text);
+    }
+    void FeatureDoubleModified(std::string name, double value) override
+    {
+        hear("double", name, std::to_string(value));
+    }
+    void FeatureExecCommand(std::string name) override
+    {
+        hear("command", name);
+        if (executor) {
+            executor->ExecuteCommand(name.c_str(), 1);
+        }
+    }
     void ItemSelectionChanged(std::string) override { }
     void ItemColumnResized(int, int) override { }
     void FeatureCloseDialog(int, int, featurebrowser::TYPE_LEVEL) override { }
-    void SendError(int code, std::string text) override;
+    void SendError(int code, std::string text) override { hear(code ? "error:" : "done:", text); }
     void FeatureLevelChanged(featurebrowser::TYPE_LEVEL) override { }
-    void AllConfigChanged() override;
+    void AllConfigChanged() override { hear("all changed"); }
+
+private:
+    template <class... Words> void hear(const char* what, const Words&... words)
+    {
+        std::ostringstream line;
+        line << what;
+        ((line << ' ' << words), ...);
+        m_heard.push_back(line.str());
+    }
+
+    std::vector<std::string> m_heard;
 };
 
 /// A browser on the simulated camera in a real window, used as a person uses it: by keyboard and
