@@ -29,20 +29,20 @@ public:
         }
         Requests takeFinished() override
         {
-            Requests finished;
-            if (m_next > 0 && m_next <= m_requests.size()) {
-                Request& request = m_requests[m_next - 1];
-                request.status = m_camera.read(request.place, request.bytes.data(), request.kind);
-                finished.push_back(request);
+            if (!std::exchange(m_begun, true) || m_requests.empty()) {
+                return {};
             }
-            ++m_next;
+            Requests finished { m_requests.front() };
+            m_requests.erase(m_requests.begin());
+            Request& one = finished.front();
+            one.status = m_camera.read(one.place, one.bytes.data(), one.kind);
             return finished;
         }
 
     private:
         Tardy& m_camera;
         Requests m_requests;
-        std::size_t m_next = 0;
+        bool m_begun = false;
     };
 
     bool prefersBatches() const override { return true; }
@@ -107,6 +107,8 @@ protected:
         return text;
     }
 
+    FEATURE_STATE state(const char* name) { return m_repository.GetFeatureStates()[name]; }
+
     std::unique_ptr<ZQCamera> m_camera = std::make_unique<ZQCamera>(std::move(open().value()));
     ZQCameraDevice m_device { m_camera.get(), nullptr };
     ZQCameraRepository& m_repository = *m_device.GetRepository();
@@ -170,7 +172,7 @@ TEST_F(Beside, ALoadWithoutTimeGoesOnWithTheNext)
         EXPECT_EQ(m_camera->impl().lastError().text(),
             std::string("the camera is slow: ") + done + " registers read, the rest follows");
         EXPECT_FALSE(m_repository.isLoaded());
-        EXPECT_EQ(m_repository.GetFeatureStates()["A"], FEATURE_READ_FAILED);
+        EXPECT_EQ(state("A"), FEATURE_READ_FAILED);
     }
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
     EXPECT_EQ(values(), " 1 16 3 7 ");
@@ -190,7 +192,7 @@ TEST_F(Beside, WhatThereWasNoTimeForIsReadAlone)
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
     EXPECT_EQ(m_device.GetLastError(), cameraSlow);
     EXPECT_TRUE(m_repository.HasOutstanding());
-    EXPECT_EQ(m_repository.GetFeatureStates()["Moved"], FEATURE_READ_FAILED);
+    EXPECT_EQ(state("Moved"), FEATURE_READ_FAILED);
     EXPECT_EQ(values(), " 1 16 3 7 "); // as last known
     m_tardy.slow.reset();
     writeWord(m_tardy.memory(), 0, 2);
@@ -201,9 +203,9 @@ TEST_F(Beside, WhatThereWasNoTimeForIsReadAlone)
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
     EXPECT_EQ(m_tardy.reads, 2);
     EXPECT_EQ(values(), " 1 16 3 8 ");
-    EXPECT_EQ(m_repository.GetFeatureStates()["A"], FEATURE_AVAILABLE);
+    EXPECT_EQ(state("A"), FEATURE_AVAILABLE);
     EXPECT_FALSE(m_repository.HasOutstanding());
-    EXPECT_EQ(m_repository.GetFeatureStates()["Moved"], FEATURE_AVAILABLE);
+    EXPECT_EQ(state("Moved"), FEATURE_AVAILABLE);
 }
 
 TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
@@ -212,7 +214,7 @@ TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
     m_tardy.lost = true;
     EXPECT_EQ(m_repository.Load(), cameraLost);
     EXPECT_FALSE(m_repository.isLoaded());
-    EXPECT_EQ(m_repository.GetFeatureStates()["A"], FEATURE_READ_FAILED);
+    EXPECT_EQ(state("A"), FEATURE_READ_FAILED);
     EXPECT_EQ(m_device.SetIntegerValue("A", 1, 1), cameraLost);
     for (const auto& vain : { m_repository.ReadAhead(), m_device.ReconnectBeside() }) {
         EXPECT_EQ(vain->poll(), State::Failed);

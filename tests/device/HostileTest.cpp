@@ -1,10 +1,6 @@
 #include "HostileDescriptions.h"
 #include "TestCamera.h"
 
-#include <sys/resource.h>
-
-#include <chrono>
-
 using namespace featurebrowser;
 
 namespace {
@@ -45,35 +41,21 @@ void useEverything(TestCamera& camera)
 
 TEST(HostileDescriptions, AreRefusedInOneLineOrToleratedQuietly)
 {
-    using Clock = std::chrono::steady_clock;
     g_log_set_default_handler(keepMessage, nullptr);
     const std::vector<HostileDescription> all = hostileDescriptions();
     ASSERT_GT(all.size(), 200U);
-    std::size_t refused = 0;
-    double slowest = 0.0;
-    std::string slowestName;
     for (const HostileDescription& description : all) {
         criticalMessages.clear();
-        const Clock::time_point start = Clock::now();
         auto opened = zqcameralib::openDescription(description.text);
-        if (!opened.isOk()) {
-            ++refused;
-            EXPECT_EQ(opened.status().text().find('\n'), std::string::npos) << description.name;
-        } else {
+        if (opened.isOk()) {
             TestCamera camera(std::move(opened));
-            const double taken = std::chrono::duration<double>(Clock::now() - start).count();
-            slowestName = taken > slowest ? description.name : slowestName;
-            slowest = std::max(slowest, taken);
             useEverything(camera);
+        } else {
+            EXPECT_EQ(opened.status().text().find('\n'), std::string::npos) << description.name;
         }
         EXPECT_EQ(criticalMessages, "") << description.name;
     }
     g_log_set_default_handler(g_log_default_handler, nullptr);
-    rusage usage {};
-    getrusage(RUSAGE_SELF, &usage);
-    std::printf(
-        "%zu descriptions, %zu refused; slowest open and load %.3f s (%s), at most %ld MB\n",
-        all.size(), refused, slowest, slowestName.c_str(), usage.ru_maxrss / 1024);
 }
 
 } // namespace

@@ -6,29 +6,21 @@
 namespace featurebrowser {
 namespace {
 
-bool integerFits(const FeatureItem& item)
-{
-    const long long value = std::stoll(item.valueText);
-    const auto steps = static_cast<std::uint64_t>(value) - static_cast<std::uint64_t>(item.intMin);
-    return item.intMin <= value && value <= item.intMax && item.intInc > 0
-        && steps % item.intInc == 0;
-}
-
 bool fits(const FeatureItem& item)
 {
-    switch (item.type) {
-    case FEATURE_INTEGER:
-        return integerFits(item);
-    case FEATURE_FLOAT: {
+    if (item.type == FEATURE_INTEGER) {
+        const long long value = std::stoll(item.valueText);
+        const auto above
+            = static_cast<std::uint64_t>(value) - static_cast<std::uint64_t>(item.intMin);
+        return item.intMin <= value && value <= item.intMax && item.intInc > 0
+            && above % item.intInc == 0;
+    }
+    if (item.type == FEATURE_FLOAT) {
         const double value = std::stod(item.valueText);
         return item.floatMin <= value && value <= item.floatMax;
     }
-    case FEATURE_ENUMERATION:
-    case FEATURE_BOOLEAN:
-        return std::stoul(item.valueText) < item.enumEntries.size();
-    default:
-        return true;
-    }
+    const bool isChoice = item.type == FEATURE_ENUMERATION || item.type == FEATURE_BOOLEAN;
+    return !isChoice || std::stoul(item.valueText) < item.enumEntries.size();
 }
 
 // Features that cannot be read, or whose value is not one that they allow.
@@ -36,9 +28,9 @@ std::set<std::string> offLimits(ZQCameraRepository& repository)
 {
     std::set<std::string> names;
     for (const auto& item : repository.GetFeatureList()) {
-        const bool isFeature = item->type != FEATURE_CATEGORY;
-        if (isFeature
-            && (!repository.ReadFeature(item) || (item->displayFlag == 1 && !fits(*item)))) {
+        const bool isCategory = item->type == FEATURE_CATEGORY;
+        const bool isRead = isCategory || repository.ReadFeature(item);
+        if (!isRead || (!isCategory && item->displayFlag == 1 && !fits(*item))) {
             names.insert(item->name);
         }
     }
@@ -55,9 +47,8 @@ TEST(SimulatedDescription, EveryChoiceLeavesEveryFeatureWithinItsLimits)
             || item->lockedFlag == 1) {
             continue;
         }
-        const std::list<std::string> entries = item->enumEntries;
         int index = 0;
-        for (const std::string& entry : entries) {
+        for (const std::string& entry : std::list<std::string>(item->enumEntries)) {
             EXPECT_EQ(camera.device.SetEnumValue(item->name.c_str(), entry.c_str(), index++), 0);
             EXPECT_EQ(offLimits(camera.repository), std::set<std::string>())
                 << item->name << " = " << entry;

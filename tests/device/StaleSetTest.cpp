@@ -81,11 +81,10 @@ struct Tally {
 void compare(TestCamera& camera, const std::string& name, const Snapshot& before,
     const Snapshot& after, Tally& tally)
 {
+    auto items = camera.repository.GetInvalidatedFeatures(name);
+    items.splice(items.end(), camera.repository.GetSelectedFeatures(name));
     std::set<std::string> announced { name };
-    for (const auto& item : camera.repository.GetInvalidatedFeatures(name)) {
-        announced.insert(item->name);
-    }
-    for (const auto& item : camera.repository.GetSelectedFeatures(name)) {
+    for (const auto& item : items) {
         announced.insert(item->name);
     }
     for (const auto& [feature, record] : after) {
