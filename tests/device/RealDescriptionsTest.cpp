@@ -1,7 +1,5 @@
 #include "TestCamera.h"
 
-#include <algorithm>
-
 using namespace featurebrowser;
 
 namespace {

@@ -1,7 +1,5 @@
 #include "Browser.h"
 
-#include "featurebrowser/ZQCameraRepository.h"
-
 #include <gtest/gtest.h>
 
 using Lines = std::vector<std::string>;
