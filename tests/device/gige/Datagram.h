@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 using Datagram = std::vector<std::uint8_t>;
@@ -38,10 +37,7 @@ public:
             throw std::runtime_error(inet_ntoa(place.sin_addr) + std::string(" is taken"));
         }
     }
-    Socket(Socket&& other) noexcept
-        : m_handle(std::exchange(other.m_handle, -1))
-    {
-    }
+    Socket(Socket&&) = delete;
     ~Socket() { close(m_handle); }
 
     int handle() const { return m_handle; }

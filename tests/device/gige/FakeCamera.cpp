@@ -8,10 +8,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <functional>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
 #include <stdexcept>
-#include <thread>
 #include <utility>
 
 namespace {
@@ -19,19 +20,6 @@ namespace {
 const char* const program = "arv-fake-gv-camera-0.8";
 constexpr unsigned controlPort = 3956;
 const char* const everybody = "255.255.255.255"; // where discovery comes, for all cameras
-constexpr auto patience = std::chrono::seconds(10);
-
-bool waitFor(const std::function<bool()>& condition)
-{
-    const auto start = std::chrono::steady_clock::now();
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() - start > patience) {
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    return true;
-}
 
 } // namespace
 
@@ -58,7 +46,7 @@ FakeCamera::~FakeCamera()
 
 void FakeCamera::start()
 {
-    if (!waitFor([this] { return countListeners(m_address, controlPort) == 0; })) {
+    if (!eventually([this] { return countListeners(m_address, controlPort) == 0; })) {
         throw std::runtime_error("another process has the camera's port at " + m_address);
     }
     for (int tries = 0; tries < 3; ++tries) {
@@ -93,7 +81,7 @@ void FakeCamera::spawn()
 bool FakeCamera::comesUp(int others)
 {
     bool ended = false;
-    const bool known = waitFor([&] {
+    const bool known = eventually([&] {
         ended = waitpid(m_process, nullptr, WNOHANG) != 0;
         // The socket for discovery is opened last.
         return ended
@@ -129,15 +117,28 @@ void FakeCamera::signalAndAwait(int signal, int option)
 {
     int status = 0;
     ::kill(m_process, signal);
-    const bool changed
-        = waitFor([&] { return waitpid(m_process, &status, option | WNOHANG) == m_process; });
-    if (!changed || WIFEXITED(status) || WIFSIGNALED(status)) {
-        m_process = changed ? -1 : m_process;
-        throw std::runtime_error("the camera process does not obey, or is gone");
+    waitpid(m_process, &status, option);
+    if (!WIFSTOPPED(status) && !WIFCONTINUED(status)) {
+        m_process = -1;
+        throw std::runtime_error("the camera process is gone");
     }
 }
 
 bool FakeCamera::isInstalled()
 {
     return std::system((std::string("command -v ") + program + " > /dev/null").c_str()) == 0;
+}
+
+std::unique_ptr<FakeCamera> otherModel()
+{
+    const std::string path
+        = std::filesystem::temp_directory_path() / std::to_string(getpid()).append(".xml");
+    std::stringstream text;
+    text << std::ifstream(ZQ_SIMULATED_CAMERA_XML).rdbuf();
+    const std::regex gamma("<pFeature>Gamma</pFeature>");
+    std::ofstream(path) << std::regex_replace(
+        std::regex_replace(text.str(), gamma, ""), std::regex("AreaScan2K"), "Another");
+    auto camera = std::make_unique<FakeCamera>(path, 0, "127.0.0.4", "GV02");
+    std::filesystem::remove(path); // it has been read
+    return camera;
 }

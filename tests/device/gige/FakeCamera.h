@@ -1,7 +1,23 @@
 #pragma once
 
+#include <chrono>
+#include <memory>
 #include <string>
 #include <sys/types.h>
+#include <thread>
+
+/// Waits many seconds at most for something; whether it came.
+template <typename Condition> bool eventually(Condition condition)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return true;
+}
 
 /// Aravis' GigE Vision fake camera as a process of its own, so that it can die, stall and come
 /// back. Whatever does not happen within some seconds is thrown as std::runtime_error.
@@ -20,6 +36,11 @@ public:
     /// Returns when the camera listens.
     void start();
     void kill();
+    void restart()
+    {
+        kill();
+        start();
+    }
     /// Returns when all of the camera stands still.
     void stall();
     /// After stall(); returns when it runs again.
@@ -39,3 +60,6 @@ private:
     std::string m_serial;
     pid_t m_process = -1;
 };
+
+/// Another model at 127.0.0.4, "Another" by name, GV02 by serial number, and without Gamma.
+std::unique_ptr<FakeCamera> otherModel();

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace std::chrono_literals;
+
 namespace {
 
 using Packet = Datagram;
@@ -13,21 +15,19 @@ constexpr std::size_t headerSize = 8;
 constexpr std::uint8_t readRegisterAck = 0x81;
 constexpr std::uint8_t readMemoryAck = 0x85;
 constexpr std::uint8_t pendingAck = 0x89;
-constexpr int writeProtected = 0x8004;
-
-void putShort(Packet& packet, std::size_t at, int value)
-{
-    packet[at] = static_cast<std::uint8_t>(value >> 8);
-    packet[at + 1] = static_cast<std::uint8_t>(value);
-}
 
 Packet refusal(const Packet& request, int status)
 {
-    Packet packet(request.begin(), request.begin() + headerSize);
-    putShort(packet, 0, status);
-    packet[3] = static_cast<std::uint8_t>(packet[3] + 1); // the command's acknowledgement
-    putShort(packet, 4, 0);
-    return packet;
+    const auto acknowledgement = static_cast<std::uint8_t>(request[3] + 1); // of the command
+    return { static_cast<std::uint8_t>(status >> 8), static_cast<std::uint8_t>(status), request[2],
+        acknowledgement, 0, 0, request[6], request[7] };
+}
+
+Packet wait(const Packet& request)
+{
+    constexpr int milliseconds = 1000;
+    return { 0, 0, 0, pendingAck, 0, 4, request[6], request[7], 0, 0, milliseconds >> 8,
+        milliseconds & 0xFF };
 }
 
 bool isWriteTo(const Packet& packet, std::uint32_t address)
@@ -38,17 +38,6 @@ bool isWriteTo(const Packet& packet, std::uint32_t address)
         target = target << 8U | packet[at];
     }
     return isWrite && target == address;
-}
-
-Packet wait(const Packet& request)
-{
-    Packet packet(headerSize + 4, 0);
-    putShort(packet, 2, pendingAck);
-    putShort(packet, 4, 4);
-    packet[6] = request[6];
-    packet[7] = request[7];
-    putShort(packet, 10, 1000);
-    return packet;
 }
 
 } // namespace
@@ -83,11 +72,10 @@ bool FaultProxy::happens(double share)
     return std::uniform_real_distribution<double>(0.0, 1.0)(m_random) < share;
 }
 
-FaultProxy::Clock::time_point FaultProxy::after(
-    std::chrono::microseconds delay, std::chrono::microseconds jitter)
+FaultProxy::Clock::time_point FaultProxy::replyTime(const Faults& faults)
 {
-    std::uniform_int_distribution<std::int64_t> more(0, jitter.count());
-    return Clock::now() + delay + std::chrono::microseconds(more(m_random));
+    std::uniform_int_distribution<std::int64_t> more(0, faults.jitter.count());
+    return Clock::now() + faults.delay + std::chrono::microseconds(more(m_random));
 }
 
 void FaultProxy::run()
@@ -100,50 +88,42 @@ void FaultProxy::run()
             faults = m_faults;
         }
         pass(faults);
-        for (const Client& client : m_clients) {
-            if (faults.pendingForever && !client.pending.empty()) {
-                reply(client, wait(client.pending), Clock::now());
-            }
-        }
         sendDue();
     }
 }
 
-/// Waits a moment for packets and takes in what came.
+/// Waits a moment for packets and for what is to be sent.
 void FaultProxy::awaitPackets() const
 {
     std::vector<pollfd> handles { { m_front.handle(), POLLIN, 0 } };
-    for (const Client& client : m_clients) {
+    for (const auto& [place, client] : m_clients) {
         handles.push_back({ client.back.handle(), POLLIN, 0 });
     }
-    const timespec time { 0, timeUntilDeparture() };
+    const std::chrono::nanoseconds longest = 50ms;
+    const std::chrono::nanoseconds left
+        = m_departures.empty() ? longest : m_departures.begin()->first - Clock::now();
+    const timespec time { 0, std::clamp(left, 0ns, longest).count() };
     ppoll(handles.data(), handles.size(), &time, nullptr);
 }
 
 void FaultProxy::pass(const Faults& faults)
 {
     sockaddr_in from {};
-    for (Client& client : m_clients) {
+    for (auto& [place, client] : m_clients) {
         Packet packet = client.back.receive(from);
         if (packet.size() >= headerSize) {
             onReply(client, std::move(packet), faults);
         }
+        if (faults.pendingForever && !client.pending.empty()) {
+            reply(client, wait(client.pending), Clock::now());
+        }
     }
     Packet packet = m_front.receive(from);
     if (packet.size() >= headerSize) {
-        onRequest(clientAt(from), std::move(packet), faults);
+        Client& client = m_clients[{ from.sin_addr.s_addr, from.sin_port }];
+        client.address = from;
+        onRequest(client, std::move(packet), faults);
     }
-}
-
-/// Nanoseconds.
-int FaultProxy::timeUntilDeparture() const
-{
-    const std::chrono::nanoseconds longest = std::chrono::milliseconds(50);
-    if (m_departures.empty()) {
-        return static_cast<int>(longest.count());
-    }
-    const std::chrono::nanoseconds time = m_departures.begin()->first - Clock::now();
-    return static_cast<int>(std::clamp(time, std::chrono::nanoseconds(0), longest).count());
 }
 
 void FaultProxy::sendDue()
@@ -153,19 +133,6 @@ void FaultProxy::sendDue()
         first.socket->send(first.packet, first.to);
         m_departures.erase(m_departures.begin());
     }
-}
-
-FaultProxy::Client& FaultProxy::clientAt(const sockaddr_in& place)
-{
-    const auto known = std::find_if(m_clients.begin(), m_clients.end(), [&](const Client& client) {
-        return client.address.sin_addr.s_addr == place.sin_addr.s_addr
-            && client.address.sin_port == place.sin_port;
-    });
-    if (known != m_clients.end()) {
-        return *known;
-    }
-    m_clients.push_back({ place, {}, {}, {} });
-    return m_clients.back();
 }
 
 void FaultProxy::onRequest(Client& client, Packet packet, const Faults& faults)
@@ -178,21 +145,19 @@ void FaultProxy::onRequest(Client& client, Packet packet, const Faults& faults)
         client.pending = std::move(packet);
         return;
     }
-    const bool isRefused
-        = faults.refusedWrite == 0 ? faults.status != 0 : isWriteTo(packet, faults.refusedWrite);
-    if (isRefused) {
-        const int status = faults.status == 0 ? writeProtected : faults.status;
-        reply(client, refusal(packet, status), after(faults.delay, faults.jitter));
+    if (faults.status != 0
+        && (faults.refusedWrite == 0 || isWriteTo(packet, faults.refusedWrite))) {
+        reply(client, refusal(packet, faults.status), replyTime(faults));
         return;
     }
     if (faults.pendingMs > 0) {
-        reply(client, wait(packet), after(faults.delay, faults.jitter));
+        reply(client, wait(packet), replyTime(faults));
     }
-    const Clock::time_point due = after(faults.requestDelay, faults.requestJitter)
-        + std::chrono::milliseconds(faults.pendingMs);
-    request(client, packet, due);
-    if (happens(faults.duplicateRequests)) {
-        request(client, packet, due);
+    const Clock::time_point due
+        = Clock::now() + faults.requestDelay + std::chrono::milliseconds(faults.pendingMs);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (int copies = happens(faults.duplicate) ? 2 : 1; copies > 0; --copies) {
+        m_departures.insert({ due, { &client.back, m_camera, packet } });
     }
 }
 
@@ -201,7 +166,7 @@ void FaultProxy::onReply(Client& client, Packet packet, const Faults& faults)
     if (happens(faults.loseReplies)) {
         return;
     }
-    const Clock::time_point due = after(faults.delay, faults.jitter);
+    const Clock::time_point due = replyTime(faults);
     if (happens(faults.forgeReplies)) {
         forge(client, packet, due);
     }
@@ -211,7 +176,7 @@ void FaultProxy::onReply(Client& client, Packet packet, const Faults& faults)
         return;
     }
     reply(client, packet, due);
-    if (happens(faults.duplicateReplies)) {
+    if (happens(faults.duplicate)) {
         reply(client, packet, due);
     }
     if (!client.held.empty()) {
@@ -236,12 +201,6 @@ void FaultProxy::harm(Packet& reply, const Faults& faults)
 void FaultProxy::reply(const Client& client, const Packet& packet, Clock::time_point due)
 {
     m_departures.insert({ due, { &m_front, client.address, packet } });
-}
-
-void FaultProxy::request(const Client& client, const Packet& packet, Clock::time_point due)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_departures.insert({ due, { &client.back, m_camera, packet } });
 }
 
 /// All bits of what was read, turned round.

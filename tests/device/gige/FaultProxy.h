@@ -5,33 +5,37 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
-#include <list>
 #include <map>
 #include <mutex>
 #include <random>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 /// What the proxy does to control packets. Shares are per packet, 0 to 1.
 struct Faults {
     double loseRequests = 0.0;
     double loseReplies = 0.0;
-    double duplicateRequests = 0.0;
-    double duplicateReplies = 0.0;
+    int status = 0; ///< replies refuse with this status code
+    std::uint32_t refusedWrite = 0; ///< only writes to this register are refused
+    std::chrono::microseconds requestDelay { 0 }; ///< of each request by itself
+    std::chrono::microseconds delay { 0 }; ///< of each reply by itself
+    std::chrono::microseconds jitter { 0 }; ///< and up to so much more
+    double duplicate = 0.0; ///< requests as well as replies
     double reorderReplies = 0.0; ///< a reply waits for the next one
     double corruptReplies = 0.0; ///< a bit of the header flips
     double truncateReplies = 0.0;
     double wrongIds = 0.0; ///< a reply tells the number of another request
     double forgeReplies = 0.0; ///< before what was read comes something else from `forger`
-    std::chrono::microseconds requestDelay { 0 }; ///< of each request by itself
-    std::chrono::microseconds requestJitter { 0 }; ///< and up to so much more
-    std::chrono::microseconds delay { 0 }; ///< of each reply by itself
-    std::chrono::microseconds jitter { 0 }; ///< and up to so much more
-    int status = 0; ///< replies refuse with this status code
-    std::uint32_t refusedWrite = 0; ///< only writes to this register are refused
     bool pendingForever = false; ///< every request is answered with "wait", again and again
     int pendingMs = 0; ///< every request is answered with one "wait" and, so much later, for good
+
+    static Faults requestsLost() { return { 1 }; }
+    /// What is asked for is done all the same.
+    static Faults repliesLost() { return { 0, 1 }; }
+    static Faults refusing(int status, std::uint32_t write = 0) { return { 0, 0, status, write }; }
+    static Faults slow(std::chrono::microseconds each) { return { 0, 0, 0, 0, each, each }; }
 };
 
 /// Stands between clients and a GigE Vision camera, at first the one on 127.0.0.1, as a camera on
@@ -58,7 +62,7 @@ private:
     /// Each client has a socket of its own towards the camera: so the camera tells them apart, and
     /// a reply finds back.
     struct Client {
-        sockaddr_in address;
+        sockaddr_in address {};
         Socket back;
         Packet held; ///< reply that waits for the next one
         Packet pending; ///< request that is answered with "wait"
@@ -72,17 +76,14 @@ private:
     void run();
     void awaitPackets() const;
     void pass(const Faults& faults);
-    int timeUntilDeparture() const;
     void sendDue();
-    Client& clientAt(const sockaddr_in& place);
     void onRequest(Client& client, Packet packet, const Faults& faults);
     void onReply(Client& client, Packet packet, const Faults& faults);
     void harm(Packet& reply, const Faults& faults);
     void reply(const Client& client, const Packet& packet, Clock::time_point due);
-    void request(const Client& client, const Packet& packet, Clock::time_point due);
     void forge(const Client& client, Packet packet, Clock::time_point due);
     bool happens(double share);
-    Clock::time_point after(std::chrono::microseconds delay, std::chrono::microseconds jitter);
+    Clock::time_point replyTime(const Faults& faults);
 
     std::mt19937 m_random;
     std::mutex m_mutex; ///< of the next two
@@ -90,7 +91,7 @@ private:
     sockaddr_in m_camera;
     const Socket m_front { endpoint(address) }; ///< towards the clients
     const Socket m_forger { endpoint(forger) };
-    std::list<Client> m_clients;
+    std::map<std::pair<in_addr_t, in_port_t>, Client> m_clients;
     std::multimap<Clock::time_point, Departure> m_departures;
     std::atomic<std::uint64_t> m_requests { 0 };
     std::atomic<bool> m_stop { false };

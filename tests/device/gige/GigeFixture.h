@@ -10,11 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <chrono>
-#include <memory>
 #include <stdexcept>
-#include <string>
-#include <thread>
 
 /// A camera process, a proxy before it, and the real camera side on the other end.
 class GigeFixture : public testing::Test {
@@ -38,24 +34,16 @@ protected:
         }
     }
 
+    void replaceCamera(int imageLoss = 0)
+    {
+        m_fake = nullptr;
+        m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML, imageLoss);
+    }
+
     void close()
     {
         m_device = nullptr;
         m_camera = nullptr;
-    }
-
-    /// Waits many seconds at most for something; whether it came.
-    template <typename Condition> static bool eventually(Condition condition)
-    {
-        using Clock = std::chrono::steady_clock;
-        const Clock::time_point end = Clock::now() + std::chrono::seconds(20);
-        while (Clock::now() < end) {
-            if (condition()) {
-                return true;
-            }
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-        return false;
     }
 
     bool recovers()

@@ -6,18 +6,10 @@
 
 using namespace featurebrowser;
 using namespace zqcameralib;
-using namespace std::chrono_literals;
 
 namespace {
 
 using GigE = GigeFixture;
-
-Faults silence()
-{
-    Faults faults;
-    faults.loseRequests = 1; // also those that keep the control
-    return faults;
-}
 
 TEST_F(GigE, ACameraUnderControlOpensForReadingOnlyOrNotAtAll)
 {
@@ -41,7 +33,7 @@ TEST_F(GigE, ACameraUnderControlOpensForReadingOnlyOrNotAtAll)
 TEST_F(GigE, ACameraTakenByAnotherApplicationIsRetakenWhenThatIsDone)
 {
     open();
-    m_proxy.set(silence());
+    m_proxy.set(Faults::requestsLost()); // also those that keep the control
     std::string error;
     std::unique_ptr<ZQCamera> other;
     ASSERT_TRUE(eventually([&] {
@@ -74,8 +66,6 @@ TEST_F(GigE, DiscoveryListsTheCameraAndItsIdOpensIt)
     EXPECT_TRUE(ZQCamera::Open(found[0].id, CameraAccess::Control, error)) << error;
     EXPECT_FALSE(ZQCamera::Open("no such camera", CameraAccess::Control, error));
     EXPECT_NE(error.find("no such camera found"), std::string::npos);
-    EXPECT_FALSE(ZQCamera::Open("10.1.2.3", CameraAccess::Control, error));
-    EXPECT_NE(error.find("no network"), std::string::npos) << error;
 }
 
 } // namespace

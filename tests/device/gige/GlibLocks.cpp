@@ -23,37 +23,38 @@ gpointer taken(GAsyncQueue* queue, gpointer data)
 } // namespace
 
 #define ZQ_REAL(name) static auto* const next = real<decltype(name)>(#name)
+// Before or after the call the sanitizer is told that the lock or queue orders what happens.
+#define ZQ_TAKES(name, Lock)                                                                       \
+    void name(Lock* lock)                                                                          \
+    {                                                                                              \
+        ZQ_REAL(name);                                                                             \
+        next(lock);                                                                                \
+        __tsan_acquire(lock);                                                                      \
+    }
+#define ZQ_GIVES(name, Lock)                                                                       \
+    void name(Lock* lock)                                                                          \
+    {                                                                                              \
+        ZQ_REAL(name);                                                                             \
+        __tsan_release(lock);                                                                      \
+        next(lock);                                                                                \
+    }
+#define ZQ_POPS(name)                                                                              \
+    gpointer name(GAsyncQueue* queue)                                                              \
+    {                                                                                              \
+        ZQ_REAL(name);                                                                             \
+        return taken(queue, next(queue));                                                          \
+    }
 
 #pragma GCC visibility push(default)
 extern "C" {
 
-void g_mutex_lock(GMutex* mutex)
-{
-    ZQ_REAL(g_mutex_lock);
-    next(mutex);
-    __tsan_acquire(mutex);
-}
-
-void g_mutex_unlock(GMutex* mutex)
-{
-    ZQ_REAL(g_mutex_unlock);
-    __tsan_release(mutex);
-    next(mutex);
-}
-
-void g_rec_mutex_lock(GRecMutex* mutex)
-{
-    ZQ_REAL(g_rec_mutex_lock);
-    next(mutex);
-    __tsan_acquire(mutex);
-}
-
-void g_rec_mutex_unlock(GRecMutex* mutex)
-{
-    ZQ_REAL(g_rec_mutex_unlock);
-    __tsan_release(mutex);
-    next(mutex);
-}
+ZQ_TAKES(g_mutex_lock, GMutex)
+ZQ_GIVES(g_mutex_unlock, GMutex)
+ZQ_TAKES(g_rec_mutex_lock, GRecMutex)
+ZQ_GIVES(g_rec_mutex_unlock, GRecMutex)
+ZQ_POPS(g_async_queue_pop)
+ZQ_POPS(g_async_queue_try_pop)
+ZQ_POPS(g_async_queue_try_pop_unlocked)
 
 void g_cond_wait(GCond* condition, GMutex* mutex)
 {
@@ -68,24 +69,6 @@ void g_async_queue_push(GAsyncQueue* queue, gpointer data)
     ZQ_REAL(g_async_queue_push);
     __tsan_release(queue);
     next(queue, data);
-}
-
-gpointer g_async_queue_pop(GAsyncQueue* queue)
-{
-    ZQ_REAL(g_async_queue_pop);
-    return taken(queue, next(queue));
-}
-
-gpointer g_async_queue_try_pop(GAsyncQueue* queue)
-{
-    ZQ_REAL(g_async_queue_try_pop);
-    return taken(queue, next(queue));
-}
-
-gpointer g_async_queue_try_pop_unlocked(GAsyncQueue* queue)
-{
-    ZQ_REAL(g_async_queue_try_pop_unlocked);
-    return taken(queue, next(queue));
 }
 
 gpointer g_async_queue_timeout_pop(GAsyncQueue* queue, guint64 timeout)

@@ -9,7 +9,6 @@
 
 #include <future>
 #include <mutex>
-#include <thread>
 
 using namespace zqcameralib;
 using namespace std::chrono_literals;
@@ -21,24 +20,15 @@ constexpr Register height { 0x104, 4 };
 constexpr std::uint32_t privilege = 0xA00;
 const CameraPlace place { "GigEVision", FaultProxy::address };
 
-Faults silent()
-{
-    Faults faults;
-    faults.loseReplies = 1; // what is asked for is done all the same
-    return faults;
-}
-
-Faults refusing(int status, std::uint32_t write = 0)
-{
-    Faults faults;
-    faults.status = status;
-    faults.refusedWrite = write;
-    return faults;
-}
+const char* const slowCamera = "the camera answers too slowly";
+const char* const nothingSent = "the camera answers too slowly; nothing was sent";
+const char* const controlIsLost = "control of the camera was lost; reconnect to take it back";
+const char* const unanswered = "the camera does not answer any more; reconnect to it";
 
 class Links : public testing::Test {
 protected:
-    void open(CameraAccess access = CameraAccess::Control)
+    void SetUp() override { open(CameraAccess::Control); }
+    void open(CameraAccess access)
     {
         m_link = nullptr; // leaves its control first
         Result<std::unique_ptr<CameraLink>> opened = CameraLink::open(place, access);
@@ -66,11 +56,16 @@ protected:
     {
         m_link->giveUp("lost");
         m_proxy.set(faults);
+        const Status status = reconnect();
+        m_proxy.set({});
+        return status;
+    }
+    Status reconnect()
+    {
         Status status = m_link->reconnect(true);
         for (int i = 0; i < 20 && m_link->isReconnecting(); ++i) {
             status = m_link->reconnect(true);
         }
-        m_proxy.set({});
         return status;
     }
 
@@ -82,24 +77,23 @@ protected:
 
 TEST_F(Links, SayWhatBecameOfWhatThereWasNoTimeFor)
 {
-    open();
     ASSERT_TRUE(write(64).isOk());
     // The thread is busy: nothing begins.
     std::mutex busy;
     busy.lock();
     m_link->post([&busy] { const std::lock_guard<std::mutex> lock(busy); });
     m_link->limitWaiting(20ms);
-    expect(write(72), notSent, "the camera answers too slowly; nothing was sent");
+    expect(write(72), notSent, nothingSent);
     EXPECT_EQ(read(), -1);
-    expect(m_status, cameraSlow, "the camera answers too slowly");
+    expect(m_status, cameraSlow, slowCamera);
     EXPECT_TRUE(m_link->isTimeOver());
     busy.unlock();
-    expect(write(72), notSent, "the camera answers too slowly; nothing was sent"); // not even tried
+    expect(write(72), notSent, nothingSent); // not even tried
     m_link->limitWaiting(0ms);
     EXPECT_FALSE(m_link->isLimited());
     EXPECT_EQ(read(), 64);
 
-    m_proxy.set(silent());
+    m_proxy.set(Faults::repliesLost());
     m_link->limitWaiting(600ms);
     expect(write(80), cameraSlow,
         "the camera answers too slowly; it has not confirmed what was sent, and may still take it");
@@ -110,12 +104,11 @@ TEST_F(Links, SayWhatBecameOfWhatThereWasNoTimeFor)
 
 TEST_F(Links, LimitOperationsThatNestOnlyTillTheLastOfThemEnds)
 {
-    open();
     m_link->beginCall();
     m_link->beginCall();
     m_link->endCall();
     std::this_thread::sleep_for(CameraLink::callLimit);
-    expect(write(72), notSent, "the camera answers too slowly; nothing was sent");
+    expect(write(72), notSent, nothingSent);
     m_link->endCall();
     EXPECT_FALSE(m_link->isLimited());
     EXPECT_TRUE(write(72).isOk());
@@ -136,18 +129,17 @@ TEST_F(Links, ForReadingOnlyWriteNothing)
 
 TEST_F(Links, TakeARefusedWriteForLostControl)
 {
-    open();
-    m_proxy.set(refusing(0x8006));
-    expect(write(72), cameraLost, "control of the camera was lost; reconnect to take it back");
+    m_proxy.set(Faults::refusing(0x8006));
+    expect(write(72), cameraLost, controlIsLost);
     EXPECT_TRUE(m_link->isGivenUp());
     EXPECT_EQ(read(), -1);
-    expect(m_status, cameraLost, "control of the camera was lost; reconnect to take it back");
+    expect(m_status, cameraLost, controlIsLost);
     m_proxy.set({});
     const std::uint64_t connection = m_link->connectionNumber();
-    EXPECT_TRUE(m_link->reconnect(true).isOk());
+    EXPECT_TRUE(reconnect().isOk());
     EXPECT_EQ(m_link->connectionNumber(), connection + 1);
     EXPECT_TRUE(write(72).isOk());
-    m_proxy.set(refusing(0x8004));
+    m_proxy.set(Faults::refusing(0x8004));
     EXPECT_EQ(write(80).code(), deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR_WRITE_PROTECT);
     EXPECT_FALSE(m_link->isLost());
 }
@@ -156,12 +148,12 @@ TEST_F(Links, SayWhyTheCameraCannotBeHadBack)
 {
     open(CameraAccess::ControlOrReadOnly);
     const std::uint64_t camera = m_link->cameraNumber();
-    expect(reconnect(refusing(0x8004, privilege)),
+    expect(reconnect(Faults::refusing(0x8004, privilege)),
         deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR_WRITE_PROTECT,
         "the camera does not let the register be written");
     EXPECT_TRUE(m_link->isLost());
     expect(m_link->loss(), cameraLost, "lost");
-    EXPECT_TRUE(reconnect(refusing(0x8006, privilege)).isOk());
+    EXPECT_TRUE(reconnect(Faults::refusing(0x8006, privilege)).isOk());
     EXPECT_TRUE(m_link->isReadOnly());
     expect(write(72), accessDenied, "opened for reading only");
     EXPECT_TRUE(reconnect({}).isOk());
@@ -169,37 +161,33 @@ TEST_F(Links, SayWhyTheCameraCannotBeHadBack)
     EXPECT_EQ(m_link->cameraNumber(), camera);
 
     open(CameraAccess::Control);
-    expect(reconnect(refusing(0x8006, privilege)), accessDenied,
+    expect(reconnect(Faults::refusing(0x8006, privilege)), accessDenied,
         "another application controls the camera");
     EXPECT_TRUE(m_link->isLost());
-    EXPECT_TRUE(m_link->reconnect(true).isOk());
+    EXPECT_TRUE(reconnect().isOk());
 
     open(CameraAccess::ReadOnly);
     EXPECT_TRUE(reconnect({}).isOk());
     expect(write(72), accessDenied, "opened for reading only");
-    expect(reconnect(refusing(0x8007)), notReadable, "the camera does not let itself be read");
+    expect(
+        reconnect(Faults::refusing(0x8007)), notReadable, "the camera does not let itself be read");
 }
 
 TEST_F(Links, TellACameraThatIsSilentFromOneThatWasGivenUp)
 {
-    open();
-    m_proxy.set(silent());
+    m_proxy.set(Faults::repliesLost());
     m_link->limitWaiting(50ms);
     EXPECT_EQ(read(), -1);
-    while (!m_link->isLost()) {
-        std::this_thread::sleep_for(10ms);
-    }
+    EXPECT_TRUE(eventually([this] { return m_link->isLost(); }));
     EXPECT_FALSE(m_link->isGivenUp());
     expect(m_link->loss(), cameraLost, "the camera does not answer");
     expect(m_link->reconnect(false), cameraLost, "the camera does not answer yet");
     EXPECT_TRUE(m_link->isReconnecting());
     EXPECT_TRUE(m_link->isGivenUp());
-    expect(m_link->loss(), cameraLost, "the camera does not answer any more; reconnect to it");
+    expect(m_link->loss(), cameraLost, unanswered);
     m_proxy.set({});
     m_link->limitWaiting(0ms);
-    for (int i = 0; i < 20 && m_link->isLost(); ++i) {
-        static_cast<void>(m_link->reconnect(true));
-    }
+    EXPECT_TRUE(eventually([this] { return m_link->reconnect(true).isOk(); }));
     EXPECT_GE(read(), 0);
     EXPECT_FALSE(m_link->isReconnecting());
 }
@@ -208,11 +196,10 @@ TEST_F(Links, SayWhatTheirSessionHasLearnt)
 {
     using Health = CameraSession::Health;
     const std::vector<std::pair<std::atomic<bool> Health::*, const char*>> reasons {
-        { &Health::controlLost, "control of the camera was lost; reconnect to take it back" },
+        { &Health::controlLost, controlIsLost },
         { &Health::exchanged, "another camera is there now; reconnect to it" },
-        { &Health::unanswered, "the camera does not answer any more; reconnect to it" },
+        { &Health::unanswered, unanswered },
     };
-    open();
     for (const auto& [reason, words] : reasons) {
         EXPECT_FALSE(m_link->sessionHealth()->isOver());
         (*m_link->sessionHealth()).*reason = true;
@@ -223,7 +210,7 @@ TEST_F(Links, SayWhatTheirSessionHasLearnt)
         m_link->giveUp("left");
         EXPECT_TRUE(m_link->isGivenUp());
         expect(m_link->loss(), cameraLost, "left");
-        EXPECT_TRUE(m_link->reconnect(true).isOk());
+        EXPECT_TRUE(reconnect().isOk());
         EXPECT_FALSE(m_link->health()->lost);
     }
     open(CameraAccess::ReadOnly);
@@ -249,17 +236,14 @@ std::string outcome(const RegisterBackend::Requests& all)
 
 TEST_F(Links, ReadTogetherWhatThereIsTimeFor)
 {
-    open();
     const auto readTogether = [this] {
         RegisterBackend::Requests all = requests();
         m_link->readTogether(all);
         return outcome(all);
     };
-    m_proxy.set(refusing(0x8007));
+    m_proxy.set(Faults::refusing(0x8007));
     EXPECT_EQ(readTogether(), "f--");
-    Faults slow;
-    slow.delay = 60ms; // more than a look at whether it makes sense
-    m_proxy.set(slow);
+    m_proxy.set(Faults::slow(30ms)); // more than a look at whether it makes sense
     EXPECT_EQ(readTogether(), "rrr");
     m_link->giveUp("left");
     EXPECT_EQ(readTogether(), "---");
@@ -267,6 +251,8 @@ TEST_F(Links, ReadTogetherWhatThereIsTimeFor)
 
 class Batches : public Links {
 protected:
+    void SetUp() override { }
+
     OpeningProgress m_progress;
     std::shared_ptr<CameraSession> m_session = CameraSession::open(place, m_progress).value();
 };
@@ -276,7 +262,7 @@ TEST_F(Batches, EndWithTheFirstFailureUnlessOneIsAskedForByOne)
     RegisterBatch batch(requests());
     EXPECT_TRUE(batch.readNext(*m_session));
     EXPECT_EQ(outcome(batch.takeFinished()), "r");
-    m_proxy.set(refusing(0x8007));
+    m_proxy.set(Faults::refusing(0x8007));
     EXPECT_TRUE(batch.readNext(*m_session));
     m_proxy.set({});
     batch.readAll(*m_session);
@@ -296,12 +282,10 @@ TEST_F(Batches, ThatAreEndedGiveWhatIsThereAndTakeNothingMore)
 {
     RegisterBatch batch(requests());
     EXPECT_TRUE(batch.readNext(*m_session));
-    m_proxy.set(silent());
+    m_proxy.set(Faults::repliesLost());
     const std::uint64_t before = m_proxy.requests();
     std::thread reading([&] { EXPECT_FALSE(batch.readNext(*m_session)); });
-    while (m_proxy.requests() == before) {
-        std::this_thread::sleep_for(1ms);
-    }
+    EXPECT_TRUE(eventually([&] { return m_proxy.requests() > before; }));
     EXPECT_EQ(outcome(batch.end()), "r--");
     m_proxy.set({});
     reading.join();

@@ -1,17 +1,9 @@
-#include "FakeCamera.h"
-#include "FaultProxy.h"
+#include "GigeFixture.h"
 #include "base/StatusCodes.h"
 
 #include "featurebrowser/ZQAcquisition.h"
-#include "featurebrowser/ZQCamera.h"
-#include "featurebrowser/ZQCameraDevice.h"
-#include "featurebrowser/ZQCameraRepository.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdlib>
 #include <functional>
 #include <map>
 
@@ -37,8 +29,8 @@ constexpr std::array phaseNames { "Opening", "Loading", "Editing", "Streaming", 
 
 /// What a fault acts upon.
 struct Scene {
-    FakeCamera camera { ZQ_SIMULATED_CAMERA_XML };
-    FaultProxy proxy { 11 };
+    FakeCamera& camera;
+    FaultProxy& proxy;
     std::unique_ptr<FakeCamera> otherCamera;
     std::unique_ptr<ZQCamera> otherController;
 };
@@ -59,9 +51,7 @@ Fault onNetwork(const char* name, const std::function<void(Faults&)>& change)
 
 void takeControl(Scene& scene)
 {
-    Faults silence;
-    silence.loseRequests = 1.0; // also of what keeps the control
-    scene.proxy.set(silence);
+    scene.proxy.set(Faults::requestsLost()); // also of what keeps the control
     std::string error;
     for (int tries = 0; !scene.otherController && tries < 100; ++tries) {
         scene.otherController = ZQCamera::Open("127.0.0.1", CameraAccess::Control, error);
@@ -88,7 +78,7 @@ const std::vector<Fault>& faults()
         onNetwork("Delayed40ms", [](Faults& f) { f.requestDelay = f.delay = 20ms; }),
         onNetwork("Delayed100ms", [](Faults& f) { f.requestDelay = f.delay = 50ms; }),
         onNetwork("Jitter", [](Faults& f) { f.jitter = 100ms; }),
-        onNetwork("Twice", [](Faults& f) { f.duplicateRequests = f.duplicateReplies = 1; }),
+        onNetwork("Twice", [](Faults& f) { f.duplicate = 1; }),
         onNetwork("OutOfOrder", [](Faults& f) { f.reorderReplies = 0.02; }),
         onNetwork("Corrupt", [](Faults& f) { f.corruptReplies = 0.05; }),
         onNetwork("AllCorrupt", [](Faults& f) { f.corruptReplies = 1; }),
@@ -106,30 +96,25 @@ const std::vector<Fault>& faults()
         Fault {
             "Stalled", [](Scene& s) { s.camera.stall(); }, [](Scene& s) { s.camera.resume(); } },
         Fault { "Killed", [](Scene& s) { s.camera.kill(); }, [](Scene& s) { s.camera.start(); } },
-        Fault { "Restarted",
-            [](Scene& s) {
-                s.camera.kill();
-                s.camera.start();
-            },
-            nothing },
+        Fault { "Restarted", [](Scene& s) { s.camera.restart(); }, nothing },
         Fault { "Exchanged", exchange, nothing },
         Fault { "TakenByAnother", takeControl, [](Scene& s) { s.otherController.reset(); } },
     };
     return all;
 }
 
-class Matrix : public testing::TestWithParam<std::size_t> {
+class Matrix : public GigeFixture, public testing::WithParamInterface<std::size_t> {
 protected:
     void run(const Fault& fault, Phase phase);
-    void beginOpening(const Fault& fault);
-    void beginLater(const Fault& fault, Phase phase);
+    void beginOpening(const Fault& fault, Scene& scene);
+    void beginLater(const Fault& fault, Scene& scene, Phase phase);
 
     void reset()
     {
-        m_device.reset();
-        m_camera.reset();
-        m_scene.reset();
-        m_scene = std::make_unique<Scene>();
+        close();
+        replaceCamera();
+        m_proxy.set({});
+        m_proxy.switchTo(directly);
         m_right.clear();
         m_longest = 0;
         m_words = "-";
@@ -148,23 +133,21 @@ protected:
             std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - since).count());
     }
 
-    bool open(std::string& error)
+    std::string tryToOpen()
     {
+        std::string error;
         m_camera = ZQCamera::Open(FaultProxy::address, CameraAccess::Control, error);
         if (m_camera) {
             m_device = std::make_unique<ZQCameraDevice>(m_camera.get(), nullptr);
+            m_repository = m_device->GetRepository();
         }
-        return m_camera != nullptr;
+        return error;
     }
-    ZQCameraRepository& repository() { return *m_device->GetRepository(); }
 
     void note(int status)
     {
         if (status != STATUS_OK) {
-            std::array<char, errorTextSize> name {};
-            std::array<char, errorTextSize> text {};
-            m_device->GetErrorText(status, name.data(), text.data());
-            m_words = text.data();
+            m_words = text(status);
             EXPECT_FALSE(m_words.empty());
         }
     }
@@ -173,9 +156,9 @@ protected:
     Values shown()
     {
         Values all;
-        for (const auto& item : repository().GetFeatureList()) {
+        for (const auto& item : m_repository->GetFeatureList()) {
             if (item->displayFlag == 1 && item->name != "GevCCP"
-                && repository().GetFeatureStates()[item->name] != FEATURE_READ_FAILED) {
+                && m_repository->GetFeatureStates()[item->name] != FEATURE_READ_FAILED) {
                 all[item->name] = item->valueText;
             }
         }
@@ -201,10 +184,10 @@ protected:
 
     void readAll()
     {
-        for (const auto& item : repository().GetFeatureList()) {
-            const bool done = timed([&] { return repository().ReadFeature(item); });
+        for (const auto& item : m_repository->GetFeatureList()) {
+            const bool done = timed([&] { return m_repository->ReadFeature(item); });
             if (!done) {
-                EXPECT_EQ(repository().GetFeatureStates()[item->name], FEATURE_READ_FAILED);
+                EXPECT_EQ(m_repository->GetFeatureStates()[item->name], FEATURE_READ_FAILED);
                 note(m_device->GetLastError());
             }
         }
@@ -217,8 +200,8 @@ protected:
         case Phase::Reading: // follows in any case
             break;
         case Phase::Loading:
-            repository().Clear();
-            note(repository().Load());
+            m_repository->Clear();
+            note(m_repository->Load());
             break;
         case Phase::Editing:
             edit();
@@ -239,11 +222,11 @@ protected:
         long width = 0;
         EXPECT_EQ(m_device->GetIntegerValue("Width", &width), cameraLost);
         EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), cameraLost);
-        EXPECT_EQ(repository().UpdateFeatureStates(), cameraLost);
+        EXPECT_EQ(m_repository->UpdateFeatureStates(), cameraLost);
         note(cameraLost);
         EXPECT_NE(m_words.find(FaultProxy::address), std::string::npos) << m_words;
-        EXPECT_EQ(repository().GetFeatureStates()["Width"], FEATURE_READ_FAILED);
-        EXPECT_EQ(repository().GetFeature("Width")->valueText, m_right.at("Width"));
+        EXPECT_EQ(m_repository->GetFeatureStates()["Width"], FEATURE_READ_FAILED);
+        EXPECT_EQ(m_repository->GetFeature("Width")->valueText, m_right.at("Width"));
     }
 
     /// Afterwards the record holds what the camera has, or is marked.
@@ -251,10 +234,9 @@ protected:
     {
         for (const long width : { 64L, 96L, 128L }) {
             note(timed([&] { return m_device->SetIntegerValue("Width", width, 1); }));
-            const auto item = repository().GetFeature("Width");
-            timed([&] { return repository().ReadFeature(item); });
-            for (const auto& other : repository().GetInvalidatedFeatures("Width")) {
-                timed([&] { return repository().ReadFeature(other); });
+            timed([&] { return m_repository->ReadFeature(m_repository->GetFeature("Width")); });
+            for (const auto& other : m_repository->GetInvalidatedFeatures("Width")) {
+                timed([&] { return m_repository->ReadFeature(other); });
             }
         }
     }
@@ -270,57 +252,37 @@ protected:
         EXPECT_FALSE(acquisition.isRunning());
     }
 
-    /// Longest a camera may take to be there again is what the test waits.
-    int recover()
-    {
-        const Clock::time_point start = Clock::now();
-        int status = -1;
-        while (status != STATUS_OK && Clock::now() - start < 30s) {
-            status = timed([&] { return m_device->Reconnect(); });
-        }
-        note(status);
-        EXPECT_EQ(status, STATUS_OK) << m_words;
-        return milliseconds(start);
-    }
-
-    std::unique_ptr<Scene> m_scene;
-    std::unique_ptr<ZQCamera> m_camera;
-    std::unique_ptr<ZQCameraDevice> m_device;
     Values m_right;
     int m_longest = 0;
     std::string m_words = "-";
 };
 
-void Matrix::beginOpening(const Fault& fault)
+void Matrix::beginOpening(const Fault& fault, Scene& scene)
 {
-    std::string error;
-    fault.begin(*m_scene);
-    if (!open(error)) {
+    fault.begin(scene);
+    const std::string error = tryToOpen();
+    if (!m_camera) {
         m_words = error;
         EXPECT_FALSE(error.empty());
     }
-    fault.end(*m_scene);
-    ASSERT_TRUE(m_camera || open(error)) << error;
+    fault.end(scene);
+    if (!m_camera) {
+        ASSERT_EQ(tryToOpen(), "");
+    }
 }
 
-void Matrix::beginLater(const Fault& fault, Phase phase)
+void Matrix::beginLater(const Fault& fault, Scene& scene, Phase phase)
 {
-    std::string error;
-    ASSERT_TRUE(open(error)) << error;
-    ASSERT_EQ(repository().Load(), STATUS_OK);
+    open();
     m_right = shown();
     if (phase == Phase::Reconnecting) {
-        Faults silence;
-        silence.loseReplies = 1.0;
-        m_scene->proxy.set(silence);
-        for (int tries = 0; !m_camera->isLost() && tries < 1000; ++tries) {
-            std::this_thread::sleep_for(10ms);
-        }
-        m_scene->proxy.set({});
+        m_proxy.set(Faults::repliesLost());
+        EXPECT_TRUE(eventually([this] { return m_camera->isLost(); }));
+        m_proxy.set({});
     } else {
         std::this_thread::sleep_for(120ms); // what was read has to be read anew
     }
-    fault.begin(*m_scene);
+    fault.begin(scene);
     meet(phase);
     if (phase != Phase::Loading) {
         readAll();
@@ -329,24 +291,30 @@ void Matrix::beginLater(const Fault& fault, Phase phase)
         expectLost();
     }
     expectNothingWrong();
-    fault.end(*m_scene);
+    fault.end(scene);
 }
 
 void Matrix::run(const Fault& fault, Phase phase)
 {
     reset();
-    phase == Phase::Opening ? beginOpening(fault) : beginLater(fault, phase);
+    Scene scene { *m_fake, m_proxy, {}, {} };
+    phase == Phase::Opening ? beginOpening(fault, scene) : beginLater(fault, scene, phase);
     ASSERT_TRUE(m_device);
-    const int recovery = recover();
+    const Clock::time_point end = Clock::now();
+    EXPECT_TRUE(eventually([this] {
+        return timed([this] { return m_device->Reconnect(); }) == STATUS_OK;
+    })) << text(m_device->GetLastError());
+    const int recovery = milliseconds(end);
     readAll();
     EXPECT_FALSE(m_camera->isLost());
     expectNothingWrong();
     long width = 0;
     EXPECT_EQ(m_device->GetIntegerValue("Width", &width), STATUS_OK);
-    ASSERT_TRUE(repository().GetFeature("Width"));
-    EXPECT_EQ(repository().GetFeature("Width")->valueText, std::to_string(width));
+    ASSERT_TRUE(m_repository->GetFeature("Width"));
+    EXPECT_EQ(m_repository->GetFeature("Width")->valueText, std::to_string(width));
     std::printf("[  FAULT   ] %-20s %-12s blocked %4d ms, back after %4d ms: %s\n", fault.name,
         phaseNames[static_cast<std::size_t>(phase)], m_longest, recovery, m_words.c_str());
+    close(); // before the scene
 }
 
 TEST_P(Matrix, ShowsNothingWrongAndRecovers)

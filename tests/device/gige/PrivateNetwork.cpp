@@ -1,19 +1,17 @@
 #include "PrivateNetwork.h"
 
+#include "Datagram.h"
 #include "FakeCamera.h"
 
-#include <arpa/inet.h>
 #include <cstring>
 #include <linux/capability.h>
 #include <net/if.h>
 #include <sched.h>
 #include <sys/ioctl.h>
-#include <sys/socket.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <array>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -23,33 +21,27 @@ namespace {
 class Interface {
 public:
     explicit Interface(const std::string& name)
-        : m_handle(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0))
     {
         std::strncpy(m_request.ifr_name, name.c_str(), IFNAMSIZ - 1);
     }
-    Interface(const Interface&) = delete;
-    Interface& operator=(const Interface&) = delete;
-    ~Interface() { close(m_handle); }
 
     bool setUp(bool isUp)
     {
-        const bool known = ioctl(m_handle, SIOCGIFFLAGS, &m_request) == 0;
+        const bool known = ioctl(m_socket.handle(), SIOCGIFFLAGS, &m_request) == 0;
         const int flags = m_request.ifr_flags;
         m_request.ifr_flags = static_cast<short>(isUp ? flags | IFF_UP : flags & ~IFF_UP);
-        return known && ioctl(m_handle, SIOCSIFFLAGS, &m_request) == 0;
+        return known && ioctl(m_socket.handle(), SIOCSIFFLAGS, &m_request) == 0;
     }
 
     bool setAddress(const std::string& text)
     {
-        sockaddr_in address {};
-        address.sin_family = AF_INET;
-        inet_pton(AF_INET, text.c_str(), &address.sin_addr);
+        const sockaddr_in address = endpoint(text.c_str(), 0);
         std::memcpy(&m_request.ifr_addr, &address, sizeof address);
-        return ioctl(m_handle, SIOCSIFADDR, &m_request) == 0;
+        return ioctl(m_socket.handle(), SIOCSIFADDR, &m_request) == 0;
     }
 
 private:
-    int m_handle;
+    Socket m_socket;
     ifreq m_request {};
 };
 
@@ -82,15 +74,8 @@ int endWithoutTests(const char* reason)
 bool giveUpPrivileges()
 {
     __user_cap_header_struct header { _LINUX_CAPABILITY_VERSION_3, 0 };
-    std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> sets {};
-    if (syscall(SYS_capget, &header, sets.data()) != 0) {
-        return false;
-    }
-    const std::uint32_t others = ~(1U << CAP_NET_RAW | 1U << CAP_NET_ADMIN);
-    sets[0].effective &= others;
-    sets[0].permitted &= others;
-    sets[0].inheritable &= others;
-    return syscall(SYS_capset, &header, sets.data()) == 0;
+    const std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> none {};
+    return syscall(SYS_capset, &header, none.data()) == 0;
 }
 
 bool addAddress(const std::string& address)
@@ -105,8 +90,7 @@ bool removeAddress(const std::string& address)
 
 int countListeners(const std::string& address, unsigned port)
 {
-    in_addr number {};
-    inet_pton(AF_INET, address.c_str(), &number);
+    const in_addr number = endpoint(address.c_str()).sin_addr;
     std::array<char, 32> place {}; // the own end, after the number of the line
     std::snprintf(place.data(), place.size(), ": %08X:%04X ", number.s_addr, port);
     std::ifstream table("/proc/self/net/udp");

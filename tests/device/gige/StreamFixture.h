@@ -24,24 +24,12 @@ inline std::uint64_t grantedBuffer(int wanted)
 /// The acquisition of a camera's images.
 class Streams : public GigeFixture {
 protected:
-    void replaceCamera(int imageLoss)
-    {
-        m_fake = nullptr;
-        m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML, imageLoss);
-    }
-
     void open(const char* address = directly)
     {
         m_acquisition = nullptr;
         GigeFixture::open(address);
         m_acquisition
             = std::make_unique<featurebrowser::ZQAcquisition>(m_camera.get(), m_device.get());
-    }
-
-    void close()
-    {
-        m_acquisition = nullptr;
-        GigeFixture::close();
     }
 
     /// As a program gets its images that may not read the network card's ring.
@@ -56,18 +44,39 @@ protected:
         ASSERT_TRUE(begun.isOk()) << begun.text();
     }
 
-    int start()
+    using Handler = featurebrowser::ZQAcquisition::FrameHandler;
+    /// From none on.
+    Handler counting()
     {
         m_frames = 0;
-        return m_acquisition->start([this](const featurebrowser::ZQFrame& frame) {
+        return [this](const featurebrowser::ZQFrame& frame) {
             m_size = frame.size;
             ++m_frames;
+        };
+    }
+    int start() { return start(counting()); }
+    /// A slow camera, or a loaded computer, needs several calls.
+    int start(const Handler& handler, int buffers = 8)
+    {
+        int status = 0;
+        eventually([&] {
+            status = m_acquisition->start(handler, buffers);
+            return status != featurebrowser::ZQAcquisition::stillStarting;
         });
+        return status;
     }
 
     bool framesCome(int count)
     {
         return eventually([&] { return m_frames >= count; });
+    }
+    bool problemHas(const char* words)
+    {
+        return m_acquisition->problem().find(words) != std::string::npos;
+    }
+    bool problemTells(const char* words)
+    {
+        return eventually([&] { return problemHas(words); });
     }
 
     std::size_t payload()
