@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -23,8 +24,8 @@ struct Trouble {
     const char* says; ///< expression for what the user is told; empty: nothing is wrong
     bool isSilent; ///< nothing can be confirmed while it lasts
     Faults faults;
-    void (*harm)(FakeCamera&);
-    void (*heal)(FakeCamera&);
+    std::function<void(FakeCamera&)> harm = [](FakeCamera&) {};
+    std::function<void(FakeCamera&)> heal = [](FakeCamera&) {};
 };
 
 struct Action {
@@ -32,64 +33,26 @@ struct Action {
     void (*run)(Viewer&);
 };
 
-using Case = std::tuple<Trouble, Action>;
-
-std::string nameOf(const testing::TestParamInfo<Case>& info)
-{
-    return std::string(std::get<Trouble>(info.param).name) + std::get<Action>(info.param).name;
-}
-
-void PrintTo(const Trouble& trouble, std::ostream* stream)
-{
-    *stream << trouble.name;
-}
-
-void PrintTo(const Action& action, std::ostream* stream)
-{
-    *stream << action.name;
-}
-
-Faults with(void (*change)(Faults&))
-{
-    Faults faults;
-    change(faults);
-    return faults;
-}
-
-const auto nothing = [](FakeCamera&) {};
-const auto kill = [](FakeCamera& camera) { camera.kill(); };
-const auto start = [](FakeCamera& camera) { camera.start(); };
-const auto restart = [](FakeCamera& camera) {
-    camera.kill();
-    camera.start();
-};
-
+const char* const silent = R"(127\.0\.0\.2)";
 const std::vector<Trouble> troubles {
-    { "BlackHole", "F5 Edit Command Reconnect", R"(127\.0\.0\.2)", true,
-        with([](Faults& f) { f.loseRequests = 1; }), nothing, nothing },
-    { "RepliesLost", "Edit", R"(127\.0\.0\.2)", true, with([](Faults& f) { f.loseReplies = 1; }),
-        nothing, nothing },
+    { "BlackHole", "F5 Edit Command Reconnect", silent, true, Faults::requestsLost() },
+    { "RepliesLost", "Edit", silent, true, Faults::repliesLost() },
     { "Refused", "F5 Edit Command", "access denied|control of the camera was lost", false,
-        with([](Faults& f) { f.status = 0x8006; }), nothing, nothing },
-    { "Killed", "Edit", R"(127\.0\.0\.2)", true, {}, kill, start },
-    { "Restarted", "F5 Edit Command Reconnect", "", false, {}, restart, nothing },
-    { "Stalled", "F5 Command", R"(127\.0\.0\.2)", true, {},
-        [](FakeCamera& camera) { camera.stall(); }, [](FakeCamera& camera) { camera.resume(); } },
-    { "Slow", "F5 Edit Command", "", false,
-        with([](Faults& f) { f.requestDelay = f.delay = 25ms; }), nothing, nothing },
+        Faults::refusing(0x8006) },
+    { "Killed", "Edit", silent, true, {}, &FakeCamera::kill, &FakeCamera::start },
+    { "Restarted", "F5 Edit Command Reconnect", "", false, {}, &FakeCamera::restart },
+    { "Stalled", "F5 Command", silent, true, {}, &FakeCamera::stall, &FakeCamera::resume },
+    { "Slow", "F5 Edit Command", "", false, Faults::slow(25ms) },
 };
 
 const std::vector<Action> actions {
     { "F5", [](Viewer& viewer) { viewer.pressF5(); } },
     { "Edit", [](Viewer& viewer) { viewer.type("Width", "128"); } },
-    { "Command", [](Viewer& viewer) { viewer.pressCommand("UserSetLoad"); } },
-    { "Reconnect",
-        [](Viewer& viewer) {
-            if (waitFor([&viewer] { return viewer.offersReconnect(); }, 8000)) {
-                viewer.pressReconnect();
-            }
-        } },
+    { "Command", [](Viewer& viewer) { viewer.press("UserSetLoad"); } },
+    { "Reconnect", [](Viewer& viewer) { viewer.pressReconnect(); } },
 };
+
+using Case = std::pair<const Trouble*, const Action*>;
 
 std::vector<Case> cases()
 {
@@ -97,12 +60,30 @@ std::vector<Case> cases()
     for (const Trouble& trouble : troubles) {
         for (const Action& action : actions) {
             if (std::string(trouble.actions).find(action.name) != std::string::npos) {
-                all.emplace_back(trouble, action);
+                all.emplace_back(&trouble, &action);
             }
         }
     }
     return all;
 }
+
+/// Measures how long the event loop does not turn.
+class LoopWatch {
+public:
+    LoopWatch()
+    {
+        QObject::connect(&m_timer, &QTimer::timeout,
+            [this] { m_longestMs = std::max(m_longestMs, m_sinceTurn.restart()); });
+        m_timer.start(5);
+        m_sinceTurn.start();
+    }
+    int longestMs() const { return static_cast<int>(m_longestMs); }
+
+private:
+    QTimer m_timer;
+    QElapsedTimer m_sinceTurn;
+    qint64 m_longestMs = 0;
+};
 
 class ViewerIn : public testing::TestWithParam<Case> {
 protected:
@@ -124,18 +105,6 @@ void expectTrue(const Rows& shown, const Rows& first)
     }
 }
 
-int countCurrent(const Rows& rows)
-{
-    return static_cast<int>(std::count_if(
-        rows.begin(), rows.end(), [](const auto& row) { return row.second.looksCurrent; }));
-}
-
-bool areAllCurrent(const Viewer& viewer)
-{
-    const Rows rows = viewer.rows();
-    return !rows.empty() && countCurrent(rows) == static_cast<int>(rows.size());
-}
-
 /// Until the viewer has done what it does by itself.
 bool settle(Viewer& viewer, const std::function<bool()>& condition)
 {
@@ -151,10 +120,10 @@ bool settle(Viewer& viewer, const std::function<bool()>& condition)
 
 TEST_P(ViewerIn, ShowsOnlyWhatIsConfirmedSaysWhyAndRecovers)
 {
-    const auto& trouble = std::get<Trouble>(GetParam());
-    const auto& action = std::get<Action>(GetParam());
+    const Trouble& trouble = *GetParam().first;
+    const Action& action = *GetParam().second;
     Viewer viewer;
-    ASSERT_TRUE(areAllCurrent(viewer));
+    ASSERT_TRUE(viewer.hasAllRows(true));
     const Rows first = viewer.rows();
     viewer.type("Width", "64");
     expectTrue(viewer.rows(), first);
@@ -162,11 +131,10 @@ TEST_P(ViewerIn, ShowsOnlyWhatIsConfirmedSaysWhyAndRecovers)
     trouble.harm(m_fake);
     m_proxy.set(trouble.faults);
     std::this_thread::sleep_for(100ms); // the proxy may still wait for a packet as before
-    LoopWatch loop;
+    const LoopWatch inTrouble;
     action.run(viewer);
-    EXPECT_TRUE(
-        settle(viewer, [&] { return !trouble.isSilent || countCurrent(viewer.rows()) == 0; }));
-    const int blocked = loop.longestMs();
+    EXPECT_TRUE(settle(viewer, [&] { return !trouble.isSilent || viewer.hasAllRows(false); }));
+    const int blocked = inTrouble.longestMs();
     const std::string words = viewer.words();
     EXPECT_FALSE(words.empty());
     if (*trouble.says != '\0') {
@@ -180,9 +148,9 @@ TEST_P(ViewerIn, ShowsOnlyWhatIsConfirmedSaysWhyAndRecovers)
 
     m_proxy.set({});
     trouble.heal(m_fake);
-    loop.restart();
+    const LoopWatch afterwards;
     const bool isOver = settle(viewer, [&] {
-        const bool isRight = areAllCurrent(viewer);
+        const bool isRight = viewer.hasAllRows(true);
         if (viewer.offersReconnect()) {
             viewer.pressReconnect();
         } else if (!isRight && !viewer.isBusy()) {
@@ -193,9 +161,10 @@ TEST_P(ViewerIn, ShowsOnlyWhatIsConfirmedSaysWhyAndRecovers)
     EXPECT_TRUE(isOver) << viewer.words();
     expectTrue(viewer.rows(), first);
     std::printf("[ TROUBLE  ] %s, %s: blocked %d ms, then %d ms: \"%s\", \"%s\"\n", trouble.name,
-        action.name, blocked, loop.longestMs(), words.c_str(), viewer.words().c_str());
+        action.name, blocked, afterwards.longestMs(), words.c_str(), viewer.words().c_str());
 }
 
-INSTANTIATE_TEST_SUITE_P(Trouble, ViewerIn, testing::ValuesIn(cases()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Trouble, ViewerIn, testing::ValuesIn(cases()),
+    [](const auto& test) { return std::string(test.param.first->name) + test.param.second->name; });
 
 } // namespace

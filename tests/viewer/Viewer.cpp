@@ -12,25 +12,7 @@
 #include <stdexcept>
 
 using namespace featurebrowser;
-using zqviewer::CameraTaskBar;
-using zqviewer::OpenedCamera;
-using zqviewer::OpeningWindow;
-using zqviewer::ViewerApplication;
-using zqviewer::ViewerWindow;
-
-LoopWatch::LoopWatch()
-{
-    QObject::connect(&m_timer, &QTimer::timeout,
-        [this] { m_longestMs = std::max(m_longestMs, static_cast<int>(m_sinceTurn.restart())); });
-    m_timer.start(5);
-    m_sinceTurn.start();
-}
-
-void LoopWatch::restart()
-{
-    m_longestMs = 0;
-    m_sinceTurn.start();
-}
+using namespace zqviewer;
 
 bool waitFor(const std::function<bool()>& condition, int milliseconds)
 {
@@ -68,18 +50,10 @@ void collect(const QAbstractItemModel& model, const QModelIndex& parent, Rows& r
             continue;
         }
         const bool isRead = index.data(roles.key("state")).toInt() != FEATURE_READ_FAILED;
-        const bool isNoted = index.data(Qt::AccessibleDescriptionRole)
-                                 .toString()
-                                 .contains(QLatin1String("not confirmed"));
+        const QString note = index.data(Qt::AccessibleDescriptionRole).toString();
+        const bool isNoted = note.contains(QLatin1String("not confirmed"));
         rows[text("name")] = { text("value"), isRead && !isNoted };
     }
-}
-
-Rows rowsOf(const QTreeView& tree)
-{
-    Rows rows;
-    collect(*tree.model(), {}, rows);
-    return rows;
 }
 
 } // namespace
@@ -100,22 +74,14 @@ Viewer::Viewer()
     }
 }
 
-Viewer::~Viewer()
+void Viewer::close()
 {
-    close();
-}
-
-int Viewer::close()
-{
-    QElapsedTimer time;
-    time.start();
     if (m_window) {
         m_window->close();
     }
     application().setCamera(nullptr);
     m_window = nullptr;
     m_camera = nullptr;
-    return static_cast<int>(time.elapsed());
 }
 
 std::string Viewer::title() const
@@ -131,7 +97,17 @@ std::string Viewer::role(const char* name, const char* role) const
 
 Rows Viewer::rows() const
 {
-    return rowsOf(*m_window->tree());
+    Rows rows;
+    collect(*m_window->tree()->model(), {}, rows);
+    return rows;
+}
+
+bool Viewer::hasAllRows(bool areCurrent) const
+{
+    const Rows all = rows();
+    return !all.empty() && std::all_of(all.begin(), all.end(), [areCurrent](const auto& row) {
+        return row.second.looksCurrent == areCurrent;
+    });
 }
 
 std::string Viewer::words() const
@@ -156,7 +132,9 @@ void Viewer::pressF5()
 
 void Viewer::pressReconnect()
 {
-    m_window->findChild<QPushButton*>(QStringLiteral("reconnect"))->click();
+    if (waitFor([this] { return offersReconnect(); }, 8000)) {
+        m_window->findChild<QPushButton*>(QStringLiteral("reconnect"))->click();
+    }
 }
 
 void Viewer::pressCancel()
@@ -172,7 +150,7 @@ QModelIndex Viewer::row(const char* name) const
     return found.isEmpty() ? QModelIndex() : found.first();
 }
 
-void Viewer::open(const char* name)
+void Viewer::press(const char* name)
 {
     QTreeView* tree = m_window->tree();
     tree->setFocus();
@@ -182,15 +160,10 @@ void Viewer::open(const char* name)
 
 void Viewer::type(const char* name, const char* text)
 {
-    open(name);
+    press(name);
     QWidget* field = QApplication::focusWidget();
     field = field->focusWidget() != nullptr ? field->focusWidget() : field;
     QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClicks(field, QString::fromUtf8(text));
     QTest::keyClick(field, Qt::Key_Return);
-}
-
-void Viewer::pressCommand(const char* name)
-{
-    open(name);
 }

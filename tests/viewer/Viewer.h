@@ -6,26 +6,10 @@
 #include "OpenedCamera.h"
 #include "ViewerWindow.h"
 
-#include <QElapsedTimer>
-#include <QTimer>
-
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
-
-/// Measures how long the event loop does not turn.
-class LoopWatch {
-public:
-    LoopWatch();
-    void restart();
-    int longestMs() const { return m_longestMs; }
-
-private:
-    QTimer m_timer;
-    QElapsedTimer m_sinceTurn;
-    int m_longestMs = 0;
-};
 
 /// What a row shows.
 struct Row {
@@ -47,13 +31,15 @@ class Viewer {
 public:
     /// Throws std::runtime_error when the camera does not open.
     Viewer();
-    ~Viewer();
+    ~Viewer() { close(); }
 
-    /// Closes the window and the camera; how long that took, in milliseconds.
-    int close();
+    /// Closes the window and the camera.
+    void close();
 
     std::string title() const;
     Rows rows() const;
+    /// Whether there are rows, and all of them look current, or none.
+    bool hasAllRows(bool areCurrent) const;
     std::string role(const char* name, const char* role) const;
     /// The words in the status bar.
     std::string words() const;
@@ -61,15 +47,16 @@ public:
     bool isBusy() const;
 
     void pressF5();
+    /// When it is offered within some seconds.
     void pressReconnect();
     /// Opens the row's editor, replaces its text and presses Enter.
     void type(const char* name, const char* text);
-    void pressCommand(const char* name);
+    /// Runs a command; opens the editor of anything else.
+    void press(const char* name);
     void pressCancel();
 
 private:
     QModelIndex row(const char* name) const;
-    void open(const char* name);
 
     std::unique_ptr<zqviewer::OpenedCamera> m_camera;
     std::unique_ptr<zqviewer::ViewerWindow> m_window;
