@@ -1,10 +1,10 @@
 #pragma once
 
+#include <glib.h>
+
 #include <string>
 #include <type_traits>
 #include <utility>
-
-struct _GError;
 
 namespace zqcameralib {
 
@@ -22,11 +22,11 @@ public:
     static Status general(int code);
     /// A failure that the library below reports. A Status that was handed to it by toLibrary()
     /// comes back with its own code.
-    static Status fromLibrary(const _GError& error);
+    static Status fromLibrary(const GError& error);
 
     /// Hands a failure to the library below: `error` (may be null) receives a new GError, unless it
     /// holds one already. Returns whether this is a success.
-    bool toLibrary(_GError** error) const;
+    bool toLibrary(GError** error) const;
 
     bool isOk() const { return m_code == 0; }
     int code() const { return m_code; }

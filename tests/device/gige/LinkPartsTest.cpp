@@ -56,7 +56,7 @@ protected:
     {
         m_link->giveUp("lost");
         m_proxy.set(faults);
-        const Status status = reconnect();
+        Status status = reconnect();
         m_proxy.set({});
         return status;
     }

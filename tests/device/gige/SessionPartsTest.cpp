@@ -221,7 +221,8 @@ TEST(SourceFilters, FindTheSocketsThatHearEverybody)
     const Socket elsewhere(endpoint("127.0.0.8", 0));
     const Socket connected(here);
     const sockaddr_in peer = endpoint("127.0.0.8");
-    connect(connected.handle(), reinterpret_cast<const sockaddr*>(&peer), sizeof peer);
+    ASSERT_EQ(
+        connect(connected.handle(), reinterpret_cast<const sockaddr*>(&peer), sizeof peer), 0);
     const Socket listening(here, SOCK_STREAM);
     const Socket loose(here);
     std::vector<int> added;
