@@ -3,7 +3,6 @@
 #include "base/StatusCodes.h"
 #include "link/CameraLink.h"
 #include "link/RegisterBatch.h"
-#include "session/DeviceOpening.h"
 
 #include <gtest/gtest.h>
 
