@@ -1,8 +1,8 @@
-#include "BatchRun.h"
-#include "EndSignals.h"
-#include "OpeningWindow.h"
-#include "ViewerApplication.h"
-#include "ViewerWindow.h"
+#include "batch/BatchRun.h"
+#include "program/EndSignals.h"
+#include "program/ViewerApplication.h"
+#include "window/OpeningWindow.h"
+#include "window/ViewerWindow.h"
 
 #include <QFile>
 

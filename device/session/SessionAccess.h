@@ -9,7 +9,7 @@
 
 namespace zqcameralib {
 
-/// The session of a real camera, for what needs more of it than registers: its images.
+/// The open connection to a real camera, for what needs more of it than registers: its images.
 class SessionAccess {
 public:
     using SessionTask = std::function<void(CameraSession&)>;

@@ -25,6 +25,7 @@ ROOMS = {
         "acquisition", "opening",
     ],
     "widget": ["row", "text", "look", "model", "events", "editors", "tree", "panes", "window"],
+    "viewer": ["program", "camera", "window", "batch"],
 }
 MOST_FILES = 16
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)')

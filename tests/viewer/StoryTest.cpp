@@ -1,7 +1,7 @@
 #include "RawCamera.h"
 #include "Viewer.h"
 
-#include "OpeningWindow.h"
+#include "window/OpeningWindow.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "Viewer.h"
 
-#include "CameraTaskBar.h"
-#include "OpeningWindow.h"
-#include "ViewerApplication.h"
+#include "camera/CameraTaskBar.h"
+#include "program/ViewerApplication.h"
+#include "window/OpeningWindow.h"
 
 #include <QPushButton>
 #include <QTest>

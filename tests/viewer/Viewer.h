@@ -3,8 +3,8 @@
 #include "FakeCamera.h"
 #include "FaultProxy.h"
 
-#include "OpenedCamera.h"
-#include "ViewerWindow.h"
+#include "camera/OpenedCamera.h"
+#include "window/ViewerWindow.h"
 
 #include <functional>
 #include <map>

@@ -1,6 +1,6 @@
 #include "../LoadedLibraries.h"
 #include "PrivateNetwork.h"
-#include "ViewerApplication.h"
+#include "program/ViewerApplication.h"
 
 #include <gtest/gtest.h>
 

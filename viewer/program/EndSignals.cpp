@@ -1,4 +1,4 @@
-#include "EndSignals.h"
+#include "program/EndSignals.h"
 
 #include <QSocketNotifier>
 

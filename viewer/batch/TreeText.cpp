@@ -1,4 +1,4 @@
-#include "TreeText.h"
+#include "batch/TreeText.h"
 
 #include <QAbstractItemModel>
 #include <QHash>

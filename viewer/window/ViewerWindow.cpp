@@ -1,9 +1,9 @@
-#include "ViewerWindow.h"
+#include "window/ViewerWindow.h"
 
-#include "CameraKeeper.h"
-#include "CameraTaskBar.h"
-#include "MessageLabel.h"
-#include "ViewerApplication.h"
+#include "camera/CameraKeeper.h"
+#include "camera/CameraTaskBar.h"
+#include "program/ViewerApplication.h"
+#include "window/MessageLabel.h"
 
 #include <QAction>
 #include <QPushButton>

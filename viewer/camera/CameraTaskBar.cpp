@@ -1,4 +1,4 @@
-#include "CameraTaskBar.h"
+#include "camera/CameraTaskBar.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "OpenedCamera.h"
+#include "camera/OpenedCamera.h"
 
 #include "featurebrowser/ZQCameraTask.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CommandLine.h"
-#include "OpenedCamera.h"
+#include "camera/OpenedCamera.h"
+#include "program/CommandLine.h"
 
 #include <memory>
 

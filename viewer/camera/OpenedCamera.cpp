@@ -1,4 +1,4 @@
-#include "OpenedCamera.h"
+#include "camera/OpenedCamera.h"
 
 #include <QCoreApplication>
 

@@ -1,4 +1,4 @@
-#include "MessageLabel.h"
+#include "window/MessageLabel.h"
 
 #include <QAccessible>
 

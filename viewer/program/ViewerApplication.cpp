@@ -1,4 +1,4 @@
-#include "ViewerApplication.h"
+#include "program/ViewerApplication.h"
 
 #include "featurebrowser/ZQCamera.h"
 

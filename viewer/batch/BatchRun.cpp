@@ -1,7 +1,7 @@
-#include "BatchRun.h"
+#include "batch/BatchRun.h"
 
-#include "TreeText.h"
-#include "ViewerWindow.h"
+#include "batch/TreeText.h"
+#include "window/ViewerWindow.h"
 
 #include <QApplication>
 #include <QBuffer>

@@ -1,6 +1,6 @@
-#include "OpeningWindow.h"
+#include "window/OpeningWindow.h"
 
-#include "CameraTaskBar.h"
+#include "camera/CameraTaskBar.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

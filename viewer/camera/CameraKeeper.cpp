@@ -1,6 +1,6 @@
-#include "CameraKeeper.h"
+#include "camera/CameraKeeper.h"
 
-#include "CameraTaskBar.h"
+#include "camera/CameraTaskBar.h"
 
 #include <algorithm>
 #include <utility>
