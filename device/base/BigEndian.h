@@ -40,16 +40,22 @@ template <typename Number> std::array<std::uint8_t, sizeof(Number)> toBigEndian(
     return bytes;
 }
 
-template <typename Number>
-Number fromBigEndian(const std::array<std::uint8_t, sizeof(Number)>& bytes)
+/// `bytes` are as many as the number has.
+template <typename Number> Number fromBigEndian(const std::uint8_t* bytes)
 {
     static_assert(std::is_arithmetic_v<Number> && sizeof(Number) == sizeof(BitsOf<Number>));
     BitsOf<Number> bits = 0;
-    std::memcpy(&bits, bytes.data(), sizeof bits);
+    std::memcpy(&bits, bytes, sizeof bits);
     bits = swappedToBigEndian(bits); // swapped again, it is the computer's order
     Number value = 0;
     std::memcpy(&value, &bits, sizeof value);
     return value;
+}
+
+template <typename Number>
+Number fromBigEndian(const std::array<std::uint8_t, sizeof(Number)>& bytes)
+{
+    return fromBigEndian<Number>(bytes.data());
 }
 
 } // namespace zqcameralib

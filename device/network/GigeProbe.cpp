@@ -3,9 +3,8 @@
 #include "base/BigEndian.h"
 #include "base/NumberText.h"
 #include "network/FileDescriptor.h"
+#include "network/Ipv4.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
 
@@ -21,7 +20,6 @@ using Clock = std::chrono::steady_clock;
 using Bytes = std::vector<std::uint8_t>;
 
 // GigE Vision 2.0, chapters 14 to 18 (control protocol) and 27 (bootstrap registers).
-constexpr std::uint16_t controlPort = 3956;
 constexpr std::uint8_t commandKey = 0x42;
 constexpr std::uint8_t acknowledgeRequired = 0x01;
 constexpr std::uint16_t readMemory = 0x0084;
@@ -39,7 +37,7 @@ constexpr std::chrono::milliseconds pendingLimit(2500);
 
 std::uint16_t shortAt(const Bytes& packet, std::size_t at)
 {
-    return fromBigEndian<std::uint16_t>({ packet[at], packet[at + 1] });
+    return fromBigEndian<std::uint16_t>(packet.data() + at);
 }
 
 template <typename Number> void append(Bytes& packet, Number value)
@@ -54,10 +52,12 @@ public:
     explicit Channel(const std::string& address)
         : m_handle(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0))
     {
+        const std::optional<in_addr> place = parseIpv4(address);
         sockaddr_in camera {};
         camera.sin_family = AF_INET;
         camera.sin_port = htons(controlPort);
-        m_isOpen = inet_pton(AF_INET, address.c_str(), &camera.sin_addr) == 1
+        camera.sin_addr = place.value_or(in_addr {});
+        m_isOpen = place
             && connect(m_handle.get(), reinterpret_cast<const sockaddr*>(&camera), sizeof camera)
                 == 0;
     }

@@ -1,10 +1,9 @@
 #include "network/SourceFilter.h"
 
+#include "network/Ipv4.h"
 #include "network/OwnSockets.h"
 
-#include <arpa/inet.h>
 #include <linux/filter.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 
 #include <array>
@@ -13,7 +12,6 @@ namespace zqcameralib {
 
 namespace {
 
-constexpr std::uint32_t controlPort = 3956;
 constexpr std::uint32_t sourceInIpHeader = 12;
 
 bool isLooseOn(int handle, const in_addr& local)
@@ -36,24 +34,24 @@ bool isLooseOn(int handle, const in_addr& local)
 
 std::vector<int> looseSockets(const std::string& local)
 {
-    in_addr address {};
-    if (inet_pton(AF_INET, local.c_str(), &address) != 1) {
+    const std::optional<in_addr> address = parseIpv4(local);
+    if (!address) {
         return {};
     }
-    return ownSockets([&address](int handle) { return isLooseOn(handle, address); });
+    return ownSockets([&address](int handle) { return isLooseOn(handle, *address); });
 }
 
 bool hearOnly(int socket, const std::string& address)
 {
-    in_addr camera {};
-    if (inet_pton(AF_INET, address.c_str(), &camera) != 1) {
+    const std::optional<in_addr> camera = parseIpv4(address);
+    if (!camera) {
         return false;
     }
     // The filter of a datagram socket sees the packet from its UDP header on.
     const auto ipHeader = static_cast<std::uint32_t>(SKF_NET_OFF);
     std::array<sock_filter, 6> program { {
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, ipHeader + sourceInIpHeader),
-        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, ntohl(camera.s_addr), 0, 3),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, ntohl(camera->s_addr), 0, 3),
         BPF_STMT(BPF_LD | BPF_H | BPF_ABS, 0),
         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, controlPort, 0, 1),
         BPF_STMT(BPF_RET | BPF_K, 0x40000),

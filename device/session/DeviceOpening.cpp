@@ -4,16 +4,14 @@
 #include "base/StatusCodes.h"
 #include "network/FileDescriptor.h"
 #include "network/GigeProbe.h"
+#include "network/Ipv4.h"
 #include "network/OwnSockets.h"
 #include "network/SourceFilter.h"
 #include "session/DeviceErrors.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 
 #include <algorithm>
-#include <array>
 
 namespace zqcameralib {
 
@@ -21,7 +19,6 @@ namespace {
 
 using DevicePointer = GObjectPointer<ArvDevice>;
 
-constexpr std::uint16_t controlPort = 3956;
 constexpr int openTries = 2;
 
 /// The local address from which the network reaches `device`; empty when it does not. Nothing is
@@ -37,10 +34,7 @@ std::string localAddressFor(const in_addr& device)
         return {};
     }
     const std::optional<sockaddr_in> own = boundTo(channel.get());
-    std::array<char, INET_ADDRSTRLEN> text {};
-    return own && inet_ntop(AF_INET, &own->sin_addr, text.data(), text.size()) != nullptr
-        ? text.data()
-        : std::string();
+    return own ? ipv4Text(own->sin_addr) : std::string();
 }
 
 /// The socket of the device that `open` makes hears no other address than the camera's from then
@@ -64,10 +58,8 @@ DevicePointer openFiltered(const std::string& local, const std::string& address,
 
 DevicePointer openGigE(const std::string& address, GError** error)
 {
-    in_addr device {};
-    const std::string local = inet_pton(AF_INET, address.c_str(), &device) == 1
-        ? localAddressFor(device)
-        : std::string();
+    const std::optional<in_addr> device = parseIpv4(address);
+    const std::string local = device ? localAddressFor(*device) : std::string();
     if (local.empty()) {
         g_set_error_literal(
             error, arv_device_error_quark(), ARV_DEVICE_ERROR_NOT_FOUND, "no network leads to it");

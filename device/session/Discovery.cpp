@@ -1,12 +1,11 @@
 #include "session/Discovery.h"
 
 #include "base/LibraryLock.h"
+#include "network/Ipv4.h"
 
-#include <arpa/inet.h>
 #include <arv.h>
 #include <ifaddrs.h>
 #include <net/if.h>
-#include <netinet/in.h>
 
 #include <algorithm>
 #include <memory>
@@ -38,14 +37,6 @@ std::unique_ptr<ifaddrs, FreeInterfaces> networkInterfaces()
     return std::unique_ptr<ifaddrs, FreeInterfaces>(getifaddrs(&all) == 0 ? all : nullptr);
 }
 
-/// In network byte order; nothing when the text is no IPv4 address.
-std::optional<in_addr_t> parseIpv4(const std::string& text)
-{
-    in_addr address {};
-    return inet_pton(AF_INET, text.c_str(), &address) == 1 ? std::optional(address.s_addr)
-                                                           : std::nullopt;
-}
-
 in_addr_t addressOf(const sockaddr* address)
 {
     return reinterpret_cast<const sockaddr_in*>(address)->sin_addr.s_addr;
@@ -64,11 +55,11 @@ bool leadsTo(const ifaddrs& interface, in_addr_t address)
 /// Whether an interface of this computer is part of the network of `address`.
 bool isReachable(const std::string& address)
 {
-    const std::optional<in_addr_t> camera = parseIpv4(address);
+    const std::optional<in_addr> camera = parseIpv4(address);
     const auto all = networkInterfaces();
     bool leads = false;
     for (const ifaddrs* at = all.get(); at != nullptr && camera && !leads; at = at->ifa_next) {
-        leads = leadsTo(*at, *camera);
+        leads = leadsTo(*at, camera->s_addr);
     }
     return leads;
 }

@@ -1,5 +1,6 @@
 #include "stream/ImagePart.h"
 
+#include "base/BigEndian.h"
 #include "frames/FrameSize.h"
 
 #include <algorithm>
@@ -63,10 +64,7 @@ std::size_t firstChunk(const std::uint8_t* data, std::size_t size)
 {
     constexpr std::size_t tag = 8; // four bytes of id, four of length
     while (size > tag) {
-        std::size_t length = 0;
-        for (std::size_t i = 0; i < 4; ++i) {
-            length = length << 8U | data[size - 4 + i];
-        }
+        const std::size_t length = fromBigEndian<std::uint32_t>(data + size - 4);
         if (length > size - tag) {
             return 0;
         }

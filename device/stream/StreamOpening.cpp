@@ -2,12 +2,10 @@
 
 #include "base/GlibError.h"
 #include "base/StatusCodes.h"
+#include "network/Ipv4.h"
 #include "stream/ReceiveBuffer.h"
 #include "stream/StreamFrames.h"
 
-#include <arpa/inet.h>
-
-#include <array>
 #include <condition_variable>
 #include <cstring>
 #include <mutex>
@@ -31,10 +29,7 @@ struct Destination {
     }
     std::string text() const
     {
-        const in_addr binary { htonl(address) };
-        std::array<char, INET_ADDRSTRLEN> dotted {};
-        inet_ntop(AF_INET, &binary, dotted.data(), dotted.size());
-        return std::string(dotted.data()) + ", port " + std::to_string(port);
+        return ipv4Text({ htonl(address) }) + ", port " + std::to_string(port);
     }
 };
 
