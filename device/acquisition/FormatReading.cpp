@@ -1,6 +1,5 @@
 #include "acquisition/FormatReading.h"
 
-#include "base/GlibError.h"
 #include "base/StatusCodes.h"
 #include "frames/FrameSize.h"
 
@@ -80,12 +79,10 @@ Status FormatReading::readInteger(const char* name, std::int64_t& value, int& co
 Status FormatReading::readEnum(const Feature& feature, std::int64_t& value)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    GlibError failure;
-    const std::int64_t result
-        = arv_gc_enumeration_get_int_value(ARV_GC_ENUMERATION(feature.gc), failure.out());
+    const Result<Number> result = m_camera.nodes().number(feature.index);
     Status status = mayGoOn(failures.status().code());
-    if (status.isOk() && !failures.hasFailed() && !failure) {
-        value = result;
+    if (status.isOk() && result.isOk()) {
+        value = result.value().integer;
     }
     return status;
 }
@@ -93,7 +90,7 @@ Status FormatReading::readEnum(const Feature& feature, std::int64_t& value)
 Status FormatReading::readEntry(const char* name, std::string& entry)
 {
     const Feature* feature = m_camera.feature(name);
-    if (feature == nullptr || !ARV_IS_GC_ENUMERATION(feature->gc)) {
+    if (feature == nullptr || feature->type != FEATURE_ENUMERATION) {
         return {};
     }
     std::int64_t value = -1;
@@ -140,7 +137,7 @@ Status FormatReading::readPixelFormat()
     const Feature* feature = m_camera.feature("PixelFormat");
     std::int64_t value = 0;
     Status status;
-    if (feature != nullptr && ARV_IS_GC_ENUMERATION(feature->gc)) {
+    if (feature != nullptr && feature->type == FEATURE_ENUMERATION) {
         status = readEnum(*feature, value);
     }
     m_format.pixelFormat = static_cast<std::uint32_t>(value);

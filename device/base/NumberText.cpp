@@ -21,6 +21,15 @@ template <typename Number> std::string toText(Number value)
 
 constexpr std::size_t maxHexBytes = 64;
 
+/// Leading zeros do not make a number of a description octal.
+unsigned baseOf(const std::string& text)
+{
+    const std::size_t digits = text.find_first_not_of(" \t\r\n+-");
+    const bool isHexadecimal = digits != std::string::npos && text[digits] == '0'
+        && g_ascii_tolower(text.c_str()[digits + 1]) == 'x';
+    return isHexadecimal ? 16 : 10;
+}
+
 } // namespace
 
 std::string integerText(std::int64_t value)
@@ -47,19 +56,21 @@ std::string hexText(const std::uint8_t* bytes, std::size_t size)
 
 std::int64_t leadingInteger(std::string_view text)
 {
-    return g_ascii_strtoll(std::string(text).c_str(), nullptr, 0);
+    const std::string copy(text);
+    return g_ascii_strtoll(copy.c_str(), nullptr, baseOf(copy));
 }
 
 std::uint64_t leadingUnsigned(std::string_view text, unsigned base)
 {
-    return g_ascii_strtoull(std::string(text).c_str(), nullptr, base);
+    const std::string copy(text);
+    return g_ascii_strtoull(copy.c_str(), nullptr, base == 0 ? baseOf(copy) : base);
 }
 
 std::optional<std::int64_t> wholeInteger(std::string_view text)
 {
     const std::string copy(text);
     char* end = nullptr;
-    const std::int64_t value = g_ascii_strtoll(copy.c_str(), &end, 0);
+    const std::int64_t value = g_ascii_strtoll(copy.c_str(), &end, baseOf(copy));
     return !copy.empty() && *end == '\0' ? std::optional(value) : std::nullopt;
 }
 

@@ -10,18 +10,9 @@ namespace zqcameralib {
 
 namespace {
 
-/// Marks errors that carry a status code of ours through the library below.
-GQuark ownDomain()
-{
-    return g_quark_from_static_string("zq-status");
-}
-
 /// None is 0, though the codes of the library below start there.
 int codeOf(const GError& error)
 {
-    if (error.domain == ownDomain()) {
-        return error.code;
-    }
     if (error.domain == arv_device_error_quark()) {
         return deviceErrorBase + error.code;
     }
@@ -47,14 +38,6 @@ Status Status::general(int code)
 Status Status::fromLibrary(const GError& error)
 {
     return { codeOf(error), error.message };
-}
-
-bool Status::toLibrary(GError** error) const
-{
-    if (!isOk() && error != nullptr && *error == nullptr) {
-        *error = g_error_new_literal(ownDomain(), m_code, m_text.c_str());
-    }
-    return isOk();
 }
 
 Status Status::withText(std::string text) const

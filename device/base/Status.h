@@ -20,13 +20,8 @@ public:
     Status(int code, std::string text);
     /// A failure with the general sentence of its code.
     static Status general(int code);
-    /// A failure that the library below reports. A Status that was handed to it by toLibrary()
-    /// comes back with its own code.
+    /// A failure that the library below reports.
     static Status fromLibrary(const GError& error);
-
-    /// Hands a failure to the library below: `error` (may be null) receives a new GError, unless it
-    /// holds one already. Returns whether this is a success.
-    bool toLibrary(GError** error) const;
 
     bool isOk() const { return m_code == 0; }
     int code() const { return m_code; }

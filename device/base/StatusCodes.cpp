@@ -17,7 +17,7 @@ struct KnownStatus {
     const char* text;
 };
 
-constexpr std::array<KnownStatus, 24> statuses { {
+constexpr std::array<KnownStatus, 26> statuses { {
     { STATUS_OK, "OK", "No error." },
     { ERROR_VALUE_OUT_OF_RANGE, "VALUE_OUT_OF_RANGE", "The value is outside the limits." },
     { ERROR_VALUE_NOT_ON_INCREMENT, "VALUE_NOT_ON_INCREMENT",
@@ -36,6 +36,8 @@ constexpr std::array<KnownStatus, 24> statuses { {
     { notLoaded, "NOT_LOADED", "The features have not been read from the camera." },
     { notInValueSet, "NOT_IN_VALUE_SET", "The value is not one of those that are possible." },
     { notConvertible, "NOT_CONVERTIBLE", "The camera's formula cannot convert the value." },
+    { notEvaluable, "NOT_EVALUABLE", "The value cannot be calculated." },
+    { refused, "REFUSED", "The camera refused the value." },
     { noImage, "NO_IMAGE", "The camera tells no image size that can be acquired." },
     { injectedFault, "INJECTED_FAULT", "Injected fault." },
     { cameraLost, "CAMERA_LOST", "The camera does not answer." },

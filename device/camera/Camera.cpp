@@ -1,22 +1,12 @@
 #include "camera/Camera.h"
 
-#include "base/GlibError.h"
 #include "base/StatusCodes.h"
-#include "nodemap/NodeMapXml.h"
+#include "nodemap/LegacyAccess.h"
 #include "validation/DescriptionCheck.h"
 
 #include <utility>
 
 namespace zqcameralib {
-
-namespace {
-
-/// How long opening waits for other cameras that are being opened.
-constexpr std::chrono::seconds openLimit(60);
-/// The same for a camera that is found again, as part of one operation.
-constexpr std::chrono::milliseconds reopenLimit(500);
-
-} // namespace
 
 ZQCamera::Impl::Impl(std::unique_ptr<RegisterBackend> backend)
     : m_port(std::move(backend))
@@ -27,7 +17,7 @@ ZQCamera::Impl::Impl(std::unique_ptr<RegisterBackend> backend)
 
 ZQCamera::Impl::~Impl() = default;
 
-Status ZQCamera::Impl::use(std::string text, std::chrono::milliseconds limit)
+Status ZQCamera::Impl::use(std::string text)
 {
     std::string error;
     auto contents = std::make_unique<Contents>();
@@ -36,13 +26,11 @@ Status ZQCamera::Impl::use(std::string text, std::chrono::milliseconds limit)
         return { notLoaded, error };
     }
     const Description& description = *contents->description;
-    Result<PortDevicePointer> device = makePortDevice(m_port, nodeMapXml(description), limit);
-    if (!device.isOk()) {
-        return device.status();
-    }
-    contents->device = std::move(device.value());
-    contents->features = collectFeatures(
-        description, listFeatures(description), zqcameralib::nodeMap(*contents->device));
+    m_port.setFourByteKind(
+        wantsRegisterAccess(description) ? AccessKind::Register : AccessKind::Memory);
+    contents->nodes = std::make_unique<NodeMap>(description, m_port);
+    contents->reader = std::make_unique<FeatureReader>(description, *contents->nodes, m_port);
+    contents->features = collectFeatures(description, listFeatures(description));
     for (std::size_t i = 0; i < contents->features.size(); ++i) {
         contents->byName.emplace(contents->features[i].name, i);
     }
@@ -85,7 +73,7 @@ Status ZQCamera::Impl::followCamera()
     if (number == m_cameraNumber) {
         return {};
     }
-    if (const Status used = use(m_port.backend().description(), reopenLimit); !used.isOk()) {
+    if (const Status used = use(m_port.backend().description()); !used.isOk()) {
         return used.withText("there is another camera now, which cannot be used: " + used.text());
     }
     m_cameraNumber = number;
@@ -99,10 +87,9 @@ void ZQCamera::Impl::endAcquisition()
     if (!std::exchange(m_isGrabbing, false)) {
         return;
     }
-    GlibError ignored; // one that was restarted has none to stop
-    ArvGcNode* stop = arv_gc_get_node(nodeMap(), "AcquisitionStop");
-    if (ARV_IS_GC_COMMAND(stop)) {
-        arv_gc_command_execute(ARV_GC_COMMAND(stop), ignored.out());
+    const Feature* stop = feature("AcquisitionStop");
+    if (stop != nullptr && stop->type == featurebrowser::FEATURE_COMMAND && stop->isUsable()) {
+        (void)nodes().execute(stop->index); // one that was restarted has none to stop
     }
     setGrabbing(false);
 }
@@ -115,10 +102,10 @@ bool ZQCamera::Impl::isGrabbing()
 void ZQCamera::Impl::setGrabbing(bool grabbing)
 {
     m_isGrabbing = grabbing;
-    ArvGcNode* node = arv_gc_get_node(nodeMap(), "TLParamsLocked");
-    GlibError ignored; // a camera without one locks by itself
-    if (ARV_IS_GC_INTEGER(node)) {
-        arv_gc_integer_set_value(ARV_GC_INTEGER(node), grabbing ? 1 : 0, ignored.out());
+    const std::size_t node = description().find("TLParamsLocked");
+    if (node != Description::absent && hasNumber(description().node(node).kind)) {
+        // A camera that does not take it locks by itself.
+        (void)nodes().set(node, Number::of(std::int64_t(grabbing)));
         m_port.invalidate();
     }
 }
@@ -153,7 +140,7 @@ Result<std::unique_ptr<ZQCamera::Impl>> openOver(
     std::string text, std::unique_ptr<RegisterBackend> backend)
 {
     auto camera = std::make_unique<ZQCamera::Impl>(std::move(backend));
-    if (Status used = camera->use(std::move(text), openLimit); !used.isOk()) {
+    if (Status used = camera->use(std::move(text)); !used.isOk()) {
         return used;
     }
     return camera;

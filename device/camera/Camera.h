@@ -4,8 +4,9 @@
 #include "description/DependencyGraph.h"
 #include "description/Description.h"
 #include "features/Feature.h"
+#include "features/FeatureReader.h"
 #include "features/PrefetchPlan.h"
-#include "nodemap/PortDevice.h"
+#include "nodemap/NodeMap.h"
 #include "registers/RegisterPort.h"
 
 #include "featurebrowser/ZQCamera.h"
@@ -26,9 +27,9 @@ public:
     Impl& operator=(const Impl&) = delete;
     ~Impl();
 
-    /// Builds node map and feature list of a description; waits at most `limit` for other cameras
-    /// that are being opened. After a failure what was there is still there.
-    Status use(std::string text, std::chrono::milliseconds limit);
+    /// Builds node map and feature list of a description. After a failure what was there is still
+    /// there.
+    Status use(std::string text);
     /// As ZQCamera::reconnect, without waiting where `waits` is false.
     Status reconnect(bool waits);
     /// Grows when the camera, or its description, is another one: pointers to descriptions,
@@ -48,7 +49,8 @@ public:
     void setWritten(const Feature& feature, Registers registers);
     /// Empty when the feature has not been written yet.
     const Registers& written(const Feature& feature) const;
-    ArvGc* nodeMap() const { return zqcameralib::nodeMap(*m_contents->device); }
+    NodeMap& nodes() const { return *m_contents->nodes; }
+    FeatureReader& reader() const { return *m_contents->reader; }
 
     /// What went wrong last on this camera.
     const Status& lastError() const { return m_lastError; }
@@ -64,7 +66,8 @@ private:
     struct Contents {
         std::unique_ptr<Description> description;
         std::unique_ptr<DependencyGraph> dependencies;
-        PortDevicePointer device;
+        std::unique_ptr<NodeMap> nodes;
+        std::unique_ptr<FeatureReader> reader;
         std::vector<Feature> features;
         PrefetchPlan prefetchPlan;
         std::unordered_map<std::string_view, std::size_t> byName;

@@ -16,7 +16,6 @@ constexpr std::chrono::seconds currentFor(3);
 
 ReadAhead::ReadAhead(ZQCamera::Impl& camera, const Registers& expected, std::vector<bool> wanted)
     : m_camera(camera)
-    , m_reader(camera.port())
     , m_wanted(std::move(wanted))
 {
     begin(expected);
@@ -29,6 +28,7 @@ void ReadAhead::begin(const Registers& registers)
     m_pending = 0;
     m_changes = m_camera.port().changes();
     m_generation = m_camera.generation();
+    m_reader.emplace(m_camera.description(), m_camera.nodes(), m_camera.port());
     m_isDone = false;
     m_isComplete.assign(m_camera.features().size(), false);
     if (isPartial()) {
@@ -73,7 +73,7 @@ RegisterBackend::Requests ReadAhead::conditional()
     Registers registers;
     for (std::size_t i = 0; i < byFeature.size(); ++i) {
         if (!byFeature[i].empty()
-            && m_reader.state(m_camera.features()[i]) != FEATURE_NOT_AVAILABLE) {
+            && m_reader->state(m_camera.features()[i]) != FEATURE_NOT_AVAILABLE) {
             registers.insert(registers.end(), byFeature[i].begin(), byFeature[i].end());
         }
     }
@@ -84,10 +84,10 @@ bool ReadAhead::isComplete(std::size_t index, RegisterPort::Ahead& ahead)
 {
     const Feature& feature = m_camera.features()[index];
     ahead.begin();
-    if (feature.type != FEATURE_CATEGORY && m_reader.isImplemented(feature)) {
+    if (feature.type != FEATURE_CATEGORY && m_reader->canBeImplemented(feature)) {
         FeatureItem item;
         FEATURE_STATE state = FEATURE_AVAILABLE;
-        m_reader.read(feature, item, state);
+        m_reader->read(feature, item, state);
     }
     return !ahead.begin();
 }

@@ -4,6 +4,7 @@
 #include "features/FeatureReader.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace zqcameralib {
@@ -46,7 +47,7 @@ private:
     bool isComplete(std::size_t index, RegisterPort::Ahead& ahead);
 
     ZQCamera::Impl& m_camera;
-    FeatureReader m_reader;
+    std::optional<FeatureReader> m_reader; ///< with answers of its own
     RegisterPort::KnownRegisters m_known;
     std::unique_ptr<RegisterBackend::Reading> m_reading;
     std::size_t m_pending = 0; ///< asked for and not answered

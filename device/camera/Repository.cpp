@@ -19,7 +19,6 @@ constexpr std::chrono::seconds freshAfterLoad(3);
 
 ZQCameraRepository::Impl::Impl(zqcameralib::ZQCamera::Impl& camera)
     : m_camera(camera)
-    , m_reader(camera.port())
     , m_generation(camera.generation())
 {
 }
@@ -78,7 +77,7 @@ bool ZQCameraRepository::Impl::readRecord(Record& record)
     }
     const RegisterPort::FailureScope failures(m_camera.port());
     RegisterPort::Recorder recorder(m_camera.port());
-    const bool done = m_reader.read(*record.feature, *record.item, state);
+    const bool done = m_camera.reader().read(*record.feature, *record.item, state);
     record.touched = std::move(recorder.read);
     m_states[record.feature->name] = state;
     record.isUnread = state == FEATURE_READ_FAILED;
@@ -92,8 +91,8 @@ bool ZQCameraRepository::Impl::readRecord(Record& record)
 void ZQCameraRepository::Impl::explain(Record& record, FEATURE_STATE state)
 {
     std::string reason;
-    if (record.feature->node->isBroken()) {
-        reason = "Cannot be read: " + record.feature->node->broken;
+    if (state == FEATURE_READ_FAILED) {
+        reason = "Cannot be read: " + m_camera.reader().reason();
     } else if (state == FEATURE_LOCKED) {
         reason = "Cannot be changed now: " + lockReason(m_camera, *record.feature);
     } else if (state == FEATURE_NOT_AVAILABLE) {
@@ -140,7 +139,7 @@ int ZQCameraRepository::Impl::updateStates()
     RegisterPort::Recorder recorder(port);
     for (auto& [name, record] : m_records) {
         const RegisterPort::FailureScope failures(port);
-        const FEATURE_STATE state = m_reader.state(*record.feature);
+        const FEATURE_STATE state = m_camera.reader().state(*record.feature);
         // Once a feature could not be asked, only a fresh value takes the mark away.
         record.isUnread = record.isUnread || state == FEATURE_READ_FAILED;
         record.isFresh = record.isFresh && !record.isUnread;

@@ -75,7 +75,6 @@ private:
     ItemList affectedBy(const zqcameralib::Feature& feature) const;
 
     zqcameralib::ZQCamera::Impl& m_camera;
-    zqcameralib::FeatureReader m_reader;
     std::unique_ptr<zqcameralib::ReadAhead> m_ahead;
     std::uint64_t m_generation = 0;
     bool m_loaded = false;

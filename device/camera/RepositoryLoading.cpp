@@ -113,7 +113,7 @@ int ZQCameraRepository::Impl::readAll()
     }
     for (const Feature& feature : m_camera.features()) {
         if (feature.type == FEATURE_CATEGORY || takesOver(feature)
-            || m_reader.isImplemented(feature)) {
+            || m_camera.reader().canBeImplemented(feature)) {
             addRecord(feature);
         }
     }
@@ -150,7 +150,8 @@ void ZQCameraRepository::Impl::prefetchLoad()
     Registers conditional;
     for (std::size_t i = 0; i < plan.whenAvailable.size(); ++i) {
         const auto& registers = plan.whenAvailable[i];
-        if (!registers.empty() && m_reader.state(m_camera.features()[i]) != FEATURE_NOT_AVAILABLE) {
+        if (!registers.empty()
+            && m_camera.reader().state(m_camera.features()[i]) != FEATURE_NOT_AVAILABLE) {
             conditional.insert(conditional.end(), registers.begin(), registers.end());
         }
     }

@@ -1,6 +1,5 @@
 #include "camera/StateReasons.h"
 
-#include "base/GlibError.h"
 #include "description/ReferenceWalk.h"
 
 #include <algorithm>
@@ -36,11 +35,8 @@ Nodes inputsOf(ZQCamera::Impl& camera, const DescriptionNode& node, ReferenceTag
 
 bool isTrueNow(ZQCamera::Impl& camera, std::size_t node)
 {
-    const std::string name(camera.description().node(node).name);
-    ArvGcNode* gc = arv_gc_get_node(camera.nodeMap(), name.c_str());
-    GlibError error;
-    return ARV_IS_GC_INTEGER(gc) && arv_gc_integer_get_value(ARV_GC_INTEGER(gc), error.out()) != 0
-        && !error;
+    const Result<Number> value = camera.nodes().number(node);
+    return value.isOk() && !value.value().isZero();
 }
 
 std::string namesOf(ZQCamera::Impl& camera, const Nodes& nodes)
@@ -57,12 +53,8 @@ Nodes allInputs(
 {
     Nodes all;
     for (const Condition& asked : conditions) {
-        const std::size_t node
-            = camera.description().find(arv_gc_feature_node_get_name(asked.node));
-        if (node != Description::absent) {
-            const Nodes inputs = inputsOf(camera, camera.description().node(node), condition);
-            all.insert(all.end(), inputs.begin(), inputs.end());
-        }
+        const Nodes inputs = inputsOf(camera, camera.description().node(asked.owner), condition);
+        all.insert(all.end(), inputs.begin(), inputs.end());
     }
     return all;
 }
@@ -74,7 +66,7 @@ std::string lockReason(ZQCamera::Impl& camera, const Feature& feature)
     if (camera.port().backend().isReadOnly()) {
         return "the camera is opened for reading only";
     }
-    Nodes inputs = allInputs(camera, feature.lockedIf, ReferenceTag::IsLocked);
+    Nodes inputs = allInputs(camera, feature.conditions.lockedIf, ReferenceTag::IsLocked);
     const std::size_t acquisition = camera.description().find("TLParamsLocked");
     if (std::find(inputs.begin(), inputs.end(), acquisition) != inputs.end()
         && isTrueNow(camera, acquisition)) {
@@ -90,8 +82,14 @@ std::string unavailableReason(ZQCamera::Impl& camera, const Feature& feature)
     if (feature.isChunkOrEventData) {
         return "comes only with images or events";
     }
-    const std::string names
-        = namesOf(camera, allInputs(camera, feature.availableIf, ReferenceTag::IsAvailable));
+    Nodes inputs = allInputs(camera, feature.conditions.availableIf, ReferenceTag::IsAvailable);
+    for (const std::size_t input :
+        allInputs(camera, feature.conditions.implementedIf, ReferenceTag::IsImplemented)) {
+        if (std::find(inputs.begin(), inputs.end(), input) == inputs.end()) {
+            inputs.push_back(input);
+        }
+    }
+    const std::string names = namesOf(camera, inputs);
     return names.empty() ? "not available now" : "not available now, depends on " + names;
 }
 

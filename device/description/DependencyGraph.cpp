@@ -47,7 +47,9 @@ DependencyGraph::DependencyGraph(const Description& description)
 void DependencyGraph::addReferences(std::size_t node)
 {
     for (const Reference& reference : m_description.node(node).references) {
-        if (reference.isResolved() && !isOnlyNaming(reference.tag)) {
+        if (reference.isResolved() && reference.tag == ReferenceTag::Feature) {
+            m_dependents[node].push_back(reference.target); // it is there as its category is
+        } else if (reference.isResolved() && !isOnlyNaming(reference.tag)) {
             addReference(node, reference);
         }
     }

@@ -62,23 +62,53 @@ bool isNode(std::string_view name)
         && name != "Group";
 }
 
-/// Calls visit(element) for all elements below another, in document order.
-template <typename Visit> void forEachBelow(pugi::xml_node start, Visit visit)
+/// What stands in an extension is its maker's own; it may look like nodes, and is none.
+bool isExtension(const pugi::xml_node& element)
 {
-    struct Walker : pugi::xml_tree_walker {
-        explicit Walker(Visit& called)
-            : m_visit(called)
-        {
+    return element.name() == std::string_view("Extension");
+}
+
+/// The element after another in document order that is not inside of it; null behind `root`.
+pugi::xml_node nextBeside(pugi::xml_node element, const pugi::xml_node& root)
+{
+    while (element != root && !element.next_sibling()) {
+        element = element.parent();
+    }
+    return element == root ? pugi::xml_node() : element.next_sibling();
+}
+
+/// Calls visit(element) for all elements below another, in document order, but for extensions.
+template <typename Visit> void forEachBelow(const pugi::xml_node& root, Visit visit)
+{
+    pugi::xml_node element = root.first_child();
+    while (element) {
+        if (isExtension(element)) {
+            element = nextBeside(element, root);
+            continue;
         }
-        bool for_each(pugi::xml_node& element) override
-        {
-            m_visit(element);
-            return true;
-        }
-        Visit& m_visit;
-    };
-    Walker walker(visit);
-    start.traverse(walker);
+        visit(element);
+        element = element.first_child() ? element.first_child() : nextBeside(element, root);
+    }
+}
+
+bool isText(const pugi::xml_node& node)
+{
+    return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
+}
+
+/// Comments and CDATA sections cut one text into several.
+void joinTexts(pugi::xml_node element)
+{
+    pugi::xml_node first = element.first_child();
+    if (!first || !isText(first) || !first.next_sibling()) {
+        return;
+    }
+    std::string text = first.value();
+    while (first.next_sibling() && isText(first.next_sibling())) {
+        text += first.next_sibling().value();
+        element.remove_child(first.next_sibling());
+    }
+    first.set_value(text.c_str());
 }
 
 } // namespace
@@ -158,6 +188,7 @@ bool Description::load(const std::string& text, std::string& error)
         error = "not a camera description: no RegisterDescription element";
         return false;
     }
+    forEachBelow(root(), joinTexts);
     return true;
 }
 

@@ -2,6 +2,8 @@
 
 #include "featurebrowser/FeatureTypes.h"
 
+#include <algorithm>
+
 namespace zqcameralib {
 
 namespace {
@@ -21,12 +23,13 @@ public:
     {
         const std::size_t root = m_description.find("Root");
         m_isListed[root] = true;
-        m_list.push_back({ root, 0, true });
+        m_list.push_back({ root, 0, true, 0 });
         addFeatures(root, 1);
         if (m_list.size() == 1) {
             m_list.clear();
         }
         addCategories(root, 0);
+        setCategoryLevels();
         return std::move(m_list);
     }
 
@@ -44,7 +47,7 @@ private:
     bool takeFeature(std::size_t node)
     {
         const DescriptionNode& feature = m_description.node(node);
-        return hasValue(feature.kind) && featureLevel(feature) != 0 && take(node);
+        return hasValue(feature.kind) && levelOf(feature.element) != 0 && take(node);
     }
     bool take(std::size_t node)
     {
@@ -53,11 +56,33 @@ private:
         return isFirst;
     }
 
+    void addFeature(std::size_t node, std::uint8_t depth)
+    {
+        m_list.push_back({ node, depth, false, levelOf(m_description.node(node).element) });
+    }
+
+    /// A category is seen as soon as anything in it is.
+    void setCategoryLevels()
+    {
+        std::vector<std::size_t> open; // the categories around, by depth
+        for (std::size_t i = 0; i < m_list.size(); ++i) {
+            open.resize(std::min<std::size_t>(open.size(), m_list[i].depth));
+            if (m_list[i].isCategory) {
+                open.push_back(i);
+                continue;
+            }
+            for (const std::size_t category : open) {
+                std::uint8_t& level = m_list[category].level;
+                level = level == 0 ? m_list[i].level : std::min(level, m_list[i].level);
+            }
+        }
+    }
+
     void addFeatures(std::size_t category, std::uint8_t depth)
     {
         forEachMember(category, [&](std::size_t node) {
             if (takeFeature(node)) {
-                m_list.push_back({ node, depth, false });
+                addFeature(node, depth);
             }
         });
     }
@@ -75,10 +100,10 @@ private:
     void addCategory(std::size_t category, std::uint8_t depth)
     {
         const auto inside = static_cast<std::uint8_t>(depth + 1);
-        m_list.push_back({ category, depth, true });
+        m_list.push_back({ category, depth, true, 0 });
         forEachMember(category, [&](std::size_t node) {
             if (takeFeature(node)) {
-                m_list.push_back({ node, inside, false });
+                addFeature(node, inside);
             } else if (inside < maxDepth && takeCategory(node)) {
                 addCategory(node, inside);
             }
@@ -97,9 +122,9 @@ std::vector<ListedNode> listFeatures(const Description& description)
     return Lister(description).list();
 }
 
-std::uint8_t featureLevel(const DescriptionNode& node)
+std::uint8_t levelOf(const pugi::xml_node& element)
 {
-    const std::string_view visibility = childText(node.element, "Visibility");
+    const std::string_view visibility = childText(element, "Visibility");
     if (visibility == "Invisible") {
         return 0;
     }

@@ -12,6 +12,8 @@ struct ListedNode {
     std::size_t node; ///< index in the description
     std::uint8_t depth; ///< 0 for a top-level category
     bool isCategory;
+    /// featurebrowser::TYPE_LEVEL; of a category the lowest of those of its features.
+    std::uint8_t level;
 };
 
 /// The features below the root category in the order of the categories, each once, at the first
@@ -20,7 +22,7 @@ struct ListedNode {
 /// exist, and of categories to themselves, are left out, as are Invisible features.
 std::vector<ListedNode> listFeatures(const Description& description);
 
-/// TYPE_LEVEL of a node, 0 for an Invisible one.
-std::uint8_t featureLevel(const DescriptionNode& node);
+/// TYPE_LEVEL of a node or an enumeration's entry, 0 for an Invisible one.
+std::uint8_t levelOf(const pugi::xml_node& element);
 
 } // namespace zqcameralib

@@ -56,6 +56,19 @@ std::optional<RegisterPlace> fixedPlace(const DescriptionNode& node)
     return place.last >= place.first ? std::optional(place) : std::nullopt;
 }
 
+bool isReadableByOthers(const Description& description, std::size_t node)
+{
+    const auto place = fixedPlace(description.node(node));
+    return place
+        && std::any_of(
+            description.nodes().begin(), description.nodes().end(), [&](const auto& other) {
+                const auto shared = fixedPlace(other);
+                const std::string_view mode = childText(other.registerElement(), "AccessMode");
+                return shared && shared->first == place->first && shared->last == place->last
+                    && (mode == "RW" || mode == "RO");
+            });
+}
+
 bool isOnChunkOrEventPort(const Description& description, const DescriptionNode& node)
 {
     bool isFilled = false;

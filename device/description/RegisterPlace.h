@@ -25,6 +25,9 @@ struct RegisterPlace {
 /// nodes that are no registers.
 std::optional<RegisterPlace> fixedPlace(const DescriptionNode& node);
 
+/// Whether another node reads the register that this one, at the same place, can only write.
+bool isReadableByOthers(const Description& description, std::size_t node);
+
 /// Whether the node is a register on a port that only images or events fill.
 bool isOnChunkOrEventPort(const Description& description, const DescriptionNode& node);
 

@@ -1,34 +1,55 @@
 #include "features/Conditions.h"
 
-#include "base/GlibError.h"
+#include "description/ReferenceWalk.h"
 
 #include <algorithm>
 
 namespace zqcameralib {
 
-Condition conditionOf(ArvGcFeatureNode* node, const Reference& reference)
-{
-    const auto check = reference.tag == ReferenceTag::IsImplemented
-        ? arv_gc_feature_node_is_implemented
-        : reference.tag == ReferenceTag::IsAvailable ? arv_gc_feature_node_is_available
-                                                     : arv_gc_feature_node_is_locked;
-    return { node, check, reference.target };
-}
+namespace {
 
-void addOwnCondition(std::vector<Condition>& conditions, const DescriptionNode& node,
-    ArvGcFeatureNode* gc, ReferenceTag tag)
+using Truth = Conditions::Truth;
+
+/// Nodes looked at that one value needs.
+constexpr std::size_t maxWalked = 300;
+
+/// What a value is calculated with has to be there, with its port.
+constexpr ReferenceTags isNeeded = isAlwaysRead | ReferenceTags { ReferenceTag::Port };
+
+} // namespace
+
+void addOwnCondition(std::vector<Condition>& conditions, const Description& description,
+    std::size_t node, ReferenceTag tag)
 {
+    const DescriptionNode& owner = description.node(node);
     const auto own = std::find_if(
-        node.references.begin(), node.references.end(), [&](const Reference& reference) {
+        owner.references.begin(), owner.references.end(), [&](const Reference& reference) {
             return reference.tag == tag && reference.isResolved()
-                && reference.element.parent() == node.element;
+                && (reference.element.parent() == owner.element
+                    || reference.element.parent() == owner.registerElement());
         });
-    if (own != node.references.end()) {
-        conditions.push_back(conditionOf(gc, *own));
+    if (own == owner.references.end()
+        || std::any_of(conditions.begin(), conditions.end(),
+            [&own](const Condition& known) { return known.target == own->target; })) {
+        return;
     }
+    conditions.push_back({ tag, node, own->target, owner.kind == NodeKind::Category });
 }
 
-Conditions::Truth Conditions::ask(const Condition& condition)
+AccessConditions accessConditions(const Description& description, std::size_t node)
+{
+    AccessConditions conditions;
+    for (const std::size_t source : reachable(description, node, isNeeded, maxWalked)) {
+        addOwnCondition(conditions.implementedIf, description, source, ReferenceTag::IsImplemented);
+        addOwnCondition(conditions.availableIf, description, source, ReferenceTag::IsAvailable);
+    }
+    for (const std::size_t link : valueChain(description, node)) {
+        addOwnCondition(conditions.lockedIf, description, link, ReferenceTag::IsLocked);
+    }
+    return conditions;
+}
+
+Truth Conditions::ask(const Condition& condition)
 {
     if (m_snapshot != m_port.snapshotNumber()) {
         m_answers.clear();
@@ -37,30 +58,49 @@ Conditions::Truth Conditions::ask(const Condition& condition)
     const auto known = m_answers.find(condition.target);
     if (known != m_answers.end()) {
         m_port.noteAgain(known->second.read);
+        m_why = known->second.why;
         return known->second.truth;
     }
     const RegisterPort::FailureScope failures(m_port);
     RegisterPort::Recorder recorder(m_port);
-    GlibError error;
-    const bool holds = condition.check(condition.node, error.out()) != FALSE;
-    const Truth truth = error ? Truth::Unknown : holds ? Truth::Yes : Truth::No;
+    const Result<Number> value = m_nodes.number(condition.target);
+    const Truth truth = !value.isOk() ? Truth::Unknown
+        : value.value().isZero()      ? Truth::No
+                                      : Truth::Yes;
+    m_why = value.status().text();
     // What failed is asked again: each feature that needs it has to come out as unread.
     if (!failures.hasFailed() && m_snapshot == m_port.snapshotNumber()) {
-        m_answers.emplace(condition.target, Answer { truth, std::move(recorder.read) });
+        m_answers.emplace(condition.target, Answer { truth, m_why, std::move(recorder.read) });
     }
     return truth;
 }
 
-bool Conditions::allHold(const std::vector<Condition>& conditions)
+Truth Conditions::allHold(const std::vector<Condition>& conditions)
 {
-    return std::all_of(conditions.begin(), conditions.end(),
-        [this](const Condition& condition) { return ask(condition) != Truth::No; });
+    std::string why;
+    for (const Condition& condition : conditions) {
+        const Truth truth = ask(condition);
+        if (truth == Truth::No) {
+            return truth;
+        }
+        why = truth == Truth::Unknown ? m_why : why;
+    }
+    m_why = why;
+    return why.empty() ? Truth::Yes : Truth::Unknown;
 }
 
-bool Conditions::anyHolds(const std::vector<Condition>& conditions)
+Truth Conditions::anyHolds(const std::vector<Condition>& conditions)
 {
-    return std::any_of(conditions.begin(), conditions.end(),
-        [this](const Condition& condition) { return ask(condition) == Truth::Yes; });
+    std::string why;
+    for (const Condition& condition : conditions) {
+        const Truth truth = ask(condition);
+        if (truth == Truth::Yes) {
+            return truth;
+        }
+        why = truth == Truth::Unknown ? m_why : why;
+    }
+    m_why = why;
+    return why.empty() ? Truth::No : Truth::Unknown;
 }
 
 } // namespace zqcameralib

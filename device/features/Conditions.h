@@ -1,10 +1,10 @@
 #pragma once
 
 #include "description/Description.h"
+#include "nodemap/NodeMap.h"
 #include "registers/RegisterPort.h"
 
-#include <arv.h>
-
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -12,18 +12,26 @@ namespace zqcameralib {
 
 /// What a node says of itself by pIsImplemented, pIsAvailable or pIsLocked.
 struct Condition {
-    ArvGcFeatureNode* node = nullptr;
-    gboolean (*check)(ArvGcFeatureNode*, GError**) = nullptr;
-    std::size_t target = 0; ///< the description's node that decides: same target, same answer
+    ReferenceTag tag = ReferenceTag::IsAvailable;
+    std::size_t owner = 0; ///< the node that says it
+    std::size_t target = 0; ///< the node that decides: same target, same answer
+    bool isOfCategory = false; ///< of one around the feature
 };
 
-/// What `node` of the node map says by a reference in the description.
-Condition conditionOf(ArvGcFeatureNode* node, const Reference& reference);
-
 /// Adds what a node itself says by `tag`, if anything: the first such reference that leads to a
-/// node counts, and those that stand in the entries of an enumeration are not its own.
-void addOwnCondition(std::vector<Condition>& conditions, const DescriptionNode& node,
-    ArvGcFeatureNode* gc, ReferenceTag tag);
+/// node counts, and those that stand in the entries of an enumeration are not its own. A target
+/// that is there already is not added again.
+void addOwnCondition(std::vector<Condition>& conditions, const Description& description,
+    std::size_t node, ReferenceTag tag);
+
+/// What decides whether a node can be used, by all the nodes that its value comes from or is
+/// calculated with; it is locked by those alone that its value passes through.
+struct AccessConditions {
+    std::vector<Condition> implementedIf;
+    std::vector<Condition> availableIf;
+    std::vector<Condition> lockedIf;
+};
+AccessConditions accessConditions(const Description& description, std::size_t node);
 
 /// Evaluates conditions. Few nodes decide for many features, so an answer is kept as long as the
 /// registers read for it are.
@@ -31,24 +39,31 @@ class Conditions {
 public:
     enum class Truth { No, Yes, Unknown };
 
-    explicit Conditions(RegisterPort& port)
-        : m_port(port)
+    Conditions(NodeMap& nodes, RegisterPort& port)
+        : m_nodes(nodes)
+        , m_port(port)
     {
     }
 
-    /// Unknown when it cannot be evaluated.
+    /// Unknown when it cannot be evaluated; why() then tells the reason.
     Truth ask(const Condition& condition);
-    /// A condition that cannot be evaluated counts as met.
-    bool allHold(const std::vector<Condition>& conditions);
-    bool anyHolds(const std::vector<Condition>& conditions);
+    /// No where one says no, else Unknown where one cannot be evaluated.
+    Truth allHold(const std::vector<Condition>& conditions);
+    /// Yes where one says yes, else Unknown where one cannot be evaluated.
+    Truth anyHolds(const std::vector<Condition>& conditions);
+    /// Why the last answer was Unknown.
+    const std::string& why() const { return m_why; }
 
 private:
     struct Answer {
         Truth truth;
+        std::string why;
         Registers read;
     };
 
+    NodeMap& m_nodes;
     RegisterPort& m_port;
+    std::string m_why;
     std::uint64_t m_snapshot = 0;
     std::unordered_map<std::size_t, Answer> m_answers; ///< by the node that decides
 };

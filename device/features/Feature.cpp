@@ -3,7 +3,6 @@
 #include "base/NumberText.h"
 #include "description/ReferenceWalk.h"
 #include "description/RegisterPlace.h"
-#include "features/RegisterRange.h"
 #include "nodemap/AccessMode.h"
 
 #include "featurebrowser/FeatureItem.h"
@@ -22,12 +21,6 @@ namespace {
 constexpr std::size_t maxValueNodes = 200;
 
 using SelectorNames = std::unordered_map<std::size_t, std::string>;
-
-ArvGcFeatureNode* featureNode(ArvGc* nodeMap, std::string_view name)
-{
-    ArvGcNode* node = arv_gc_get_node(nodeMap, std::string(name).c_str());
-    return ARV_IS_GC_FEATURE_NODE(node) ? ARV_GC_FEATURE_NODE(node) : nullptr;
-}
 
 std::uint8_t featureType(NodeKind kind, std::uint16_t access)
 {
@@ -55,15 +48,37 @@ std::uint8_t featureType(NodeKind kind, std::uint16_t access)
     }
 }
 
-/// The core shows "Gev" integers of the address representation as IPv4 and "MAC" ones as MAC, so
-/// only those that the description calls an address may carry it.
-std::uint16_t representation(const DescriptionNode& node)
+/// The text of the first node on the way of the value that has such an element.
+std::string_view chainText(
+    const Description& description, const std::vector<std::size_t>& chain, const char* tag)
 {
-    const std::string_view text = childText(node.element, "Representation");
-    if (text == "IPV4Address") {
+    for (const std::size_t link : chain) {
+        const std::string_view text = childText(description.node(link).element, tag);
+        if (!text.empty()) {
+            return text;
+        }
+    }
+    return {};
+}
+
+bool endsWithAny(std::string_view text, std::initializer_list<std::string_view> ends)
+{
+    return std::any_of(ends.begin(), ends.end(), [text](std::string_view end) {
+        return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+    });
+}
+
+/// By the names of SFNC 2.7 and of older cameras: their descriptions call nearly all addresses
+/// hexadecimal numbers. The core shows those as MAC addresses whose names say so.
+std::uint16_t representation(std::string_view name, std::string_view text)
+{
+    if (text == "IPV4Address"
+        || endsWithAny(name,
+            { "IPAddress", "SubnetMask", "Gateway", "GevMCDA", "GevSCDA", "MulticastAddress" })) {
         return REPRESENTATION_IPV4;
     }
-    const bool isMac = text == "MACAddress" && node.name.find("MAC") != std::string_view::npos;
+    const bool isMac = endsWithAny(name, { "MACAddress" })
+        || (text == "MACAddress" && name.find("MAC") != std::string_view::npos);
     return isMac ? REPRESENTATION_ADDRESS : REPRESENTATION_NUMBER;
 }
 
@@ -76,41 +91,17 @@ bool readsChunkOrEventPort(const Description& description, std::size_t node)
     });
 }
 
-void addConditions(Feature& feature, const DescriptionNode& node, ArvGcFeatureNode* gc)
-{
-    addOwnCondition(feature.implementedIf, node, gc, ReferenceTag::IsImplemented);
-    addOwnCondition(feature.availableIf, node, gc, ReferenceTag::IsAvailable);
-    addOwnCondition(feature.lockedIf, node, gc, ReferenceTag::IsLocked);
-}
-
-void limitTo(Feature& feature, const RegisterRange& range)
-{
-    feature.registerMin = std::max(feature.registerMin, range.minimum);
-    feature.registerMax = std::min(feature.registerMax, range.maximum);
-}
-
 void addChainFacts(
-    Feature& feature, const Description& description, std::size_t node, ArvGc* nodeMap)
+    Feature& feature, const Description& description, const std::vector<std::size_t>& chain)
 {
-    bool isDirect = true; // no formula between the feature and its register
-    for (const std::size_t index : valueChain(description, node)) {
+    for (const std::size_t index : chain) {
         const DescriptionNode& link = description.node(index);
-        isDirect = isDirect && !isConverter(link.kind);
-        if (isDirect && feature.type == FEATURE_INTEGER) {
-            limitTo(feature, registerRange(link));
-        }
         feature.endsInRegister = isRegister(link.kind);
-        feature.isIntegerFormula = link.kind == NodeKind::IntSwissKnife;
-        feature.hasFloatIncrement = feature.hasFloatIncrement || link.element.child("Inc")
-            || link.refersBy(ReferenceTag::Inc);
-        ArvGcFeatureNode* gc = featureNode(nodeMap, link.name);
-        if (gc == nullptr) {
-            continue;
+        feature.isConverted = feature.isConverted || isConverter(link.kind);
+        feature.isIndexed = feature.isIndexed || link.element.child("pIndex");
+        if (link.kind == NodeKind::StringReg) {
+            feature.textRegister = index;
         }
-        if (link.kind == NodeKind::StringReg && ARV_IS_GC_REGISTER(gc)) {
-            feature.textRegister = ARV_GC_REGISTER(gc);
-        }
-        addConditions(feature, link, gc);
     }
 }
 
@@ -123,18 +114,16 @@ bool endsInRegister(const Description& description, std::size_t node)
 
 /// A command is done when the value it has written has gone again, if that can be read. A zero
 /// cannot go, and a value kept in the node map stays.
-void addCommandFacts(Feature& feature, const Description& description, ArvGc* nodeMap)
+void addCommandFacts(Feature& feature, const Description& description)
 {
-    const std::int64_t value = leadingInteger(childText(feature.node->element, "CommandValue"));
-    if (value == 0) {
+    const pugi::xml_node given = feature.node->element.child("CommandValue");
+    if (given && leadingInteger(elementText(given)) == 0) {
         return;
     }
     feature.node->forEachTarget(only(ReferenceTag::Value), [&](std::size_t target) {
-        ArvGcFeatureNode* gc = featureNode(nodeMap, description.node(target).name);
-        if (ARV_IS_GC_INTEGER(gc) && endsInRegister(description, target)
+        if (endsInRegister(description, target)
             && staticAccess(description, target) == ACCESS_READ_WRITE) {
-            feature.commandRegister = gc;
-            feature.commandValue = value;
+            feature.commandRegister = target;
         }
     });
 }
@@ -146,14 +135,14 @@ void appendLine(std::string& text, const char* title, std::string_view line)
     }
 }
 
-std::string descriptionText(const DescriptionNode& node)
+std::string descriptionText(const DescriptionNode& node, std::string_view unit)
 {
     std::string text(childText(node.element, "Description"));
     if (text.empty()) {
         text = childText(node.element, "ToolTip");
     }
     appendLine(text, "Values", childText(node.element, "ValidValueSet"));
-    appendLine(text, "Unit", childText(node.element, "Unit"));
+    appendLine(text, "Unit", unit);
     return text;
 }
 
@@ -171,55 +160,84 @@ SelectorNames selectorNames(const Description& description, const std::vector<Li
     return names;
 }
 
-Feature describe(const Description& description, const ListedNode& listed, ArvGc* nodeMap)
+Feature describe(const Description& description, const ListedNode& listed)
 {
     Feature feature;
     feature.node = &description.node(listed.node);
+    feature.index = listed.node;
     feature.name = feature.node->name;
     feature.depth = listed.depth;
-    feature.level = std::max<std::uint8_t>(featureLevel(*feature.node), LEVEL_BEGINNER);
+    feature.level = std::max<std::uint8_t>(listed.level, LEVEL_BEGINNER);
     feature.access = staticAccess(description, listed.node);
     feature.type = featureType(feature.node->kind, feature.access);
-    feature.description = descriptionText(*feature.node);
+    const std::vector<std::size_t> chain = valueChain(description, listed.node);
+    feature.description = descriptionText(*feature.node, chainText(description, chain, "Unit"));
     feature.caption = childText(feature.node->element, "DisplayName");
     if (feature.caption.empty()) {
         feature.caption = feature.name;
     }
-    if (listed.isCategory || feature.node->isBroken()) {
+    feature.conditions = accessConditions(description, listed.node);
+    if (!feature.isUsable()) {
         return feature;
     }
-    feature.gc = featureNode(nodeMap, feature.name);
-    feature.representation = representation(*feature.node);
+    if (feature.type == FEATURE_INTEGER) {
+        feature.representation
+            = representation(feature.name, chainText(description, chain, "Representation"));
+    }
     feature.isSelector = feature.node->refersBy(ReferenceTag::Selected);
-    addChainFacts(feature, description, listed.node, nodeMap);
+    addChainFacts(feature, description, chain);
     feature.isChunkOrEventData = readsChunkOrEventPort(description, listed.node);
     if (feature.type == FEATURE_COMMAND) {
-        addCommandFacts(feature, description, nodeMap);
+        addCommandFacts(feature, description);
     }
-    if (feature.type == FEATURE_ENUMERATION && ARV_IS_GC_ENUMERATION(feature.gc)) {
-        feature.entries = enumEntries(ARV_GC_ENUMERATION(feature.gc), *feature.node);
+    if (feature.type == FEATURE_ENUMERATION) {
+        feature.entries = enumEntries(description, listed.node);
     }
     return feature;
 }
 
+/// What is in a category is there as far as the category is.
+void inherit(AccessConditions& conditions, const AccessConditions& category)
+{
+    const auto add = [](std::vector<Condition>& own, const std::vector<Condition>& more) {
+        own.insert(own.end(), more.begin(), more.end());
+    };
+    add(conditions.implementedIf, category.implementedIf);
+    add(conditions.availableIf, category.availableIf);
+}
+
 } // namespace
+
+bool Feature::isUsable() const
+{
+    return type != FEATURE_CATEGORY && !node->isBroken();
+}
 
 bool Feature::isReadable() const
 {
-    return gc != nullptr && (access == ACCESS_READ_ONLY || access == ACCESS_READ_WRITE);
+    return isUsable() && (access == ACCESS_READ_ONLY || access == ACCESS_READ_WRITE);
 }
 
 std::vector<Feature> collectFeatures(
-    const Description& description, const std::vector<ListedNode>& listed, ArvGc* nodeMap)
+    const Description& description, const std::vector<ListedNode>& listed)
 {
     const SelectorNames selectors = selectorNames(description, listed);
     std::vector<Feature> features;
     features.reserve(listed.size());
+    std::vector<std::size_t> around; // categories, by depth
     for (const ListedNode& entry : listed) {
-        features.push_back(describe(description, entry, nodeMap));
+        features.push_back(describe(description, entry));
+        Feature& feature = features.back();
+        around.resize(std::min<std::size_t>(around.size(), entry.depth));
+        if (!around.empty()) {
+            inherit(feature.conditions, features[around.back()].conditions);
+        }
+        if (entry.isCategory) {
+            around.push_back(features.size() - 1);
+        }
         const auto selector = selectors.find(entry.node);
         if (selector != selectors.end()) {
-            features.back().selectorParent = selector->second;
+            feature.selectorParent = selector->second;
         }
     }
     return features;

@@ -5,8 +5,6 @@
 #include "features/Conditions.h"
 #include "features/EnumEntries.h"
 
-#include <arv.h>
-
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -14,10 +12,10 @@
 namespace zqcameralib {
 
 /// What never changes about a feature (or category), looked up once when the camera is opened.
-/// Points into the description and the node map, which have to outlive it.
+/// Points into the description, which has to outlive it.
 struct Feature {
     const DescriptionNode* node = nullptr;
-    ArvGcFeatureNode* gc = nullptr; ///< null for a category and for a broken node
+    std::size_t index = 0; ///< of the node in the description
     std::string name;
     std::uint8_t type = 0; ///< featurebrowser::FEATURE_TYPE
     std::uint8_t level = 1;
@@ -29,32 +27,32 @@ struct Feature {
     std::string description; ///< without what is true at the moment only
     std::string caption; ///< display name, else name
     std::vector<EnumEntry> entries; ///< in the order of the description
-    /// Commands: what tells that they are done, by not holding commandValue any more; may be null.
-    ArvGcFeatureNode* commandRegister = nullptr;
-    std::int64_t commandValue = 0;
-    /// The node itself and those that its value comes from, as far as they have such a condition.
-    std::vector<Condition> implementedIf;
-    std::vector<Condition> availableIf;
-    std::vector<Condition> lockedIf;
+    /// Commands: the register that tells that they are done, or Description::absent.
+    std::size_t commandRegister = Description::absent;
+    /// Of the node, of those that its value comes from, and of the categories around it.
+    AccessConditions conditions;
+    /// Whether the node can be evaluated at all.
+    bool isUsable() const;
     /// Whether the description lets its value be read.
     bool isReadable() const;
-    bool isConditional() const { return !implementedIf.empty() || !availableIf.empty(); }
-    /// What fits the register that holds the value.
-    std::int64_t registerMin = INT64_MIN;
-    std::int64_t registerMax = INT64_MAX;
-    bool hasFloatIncrement = false;
-    /// Texts: the register that holds them, null when none does.
-    ArvGcRegister* textRegister = nullptr;
+    bool isConditional() const
+    {
+        return !conditions.implementedIf.empty() || !conditions.availableIf.empty();
+    }
+    /// A formula stands between the value and its register.
+    bool isConverted = false;
+    /// Where the value comes from depends on an index.
+    bool isIndexed = false;
+    /// Texts: the register that holds them, or Description::absent.
+    std::size_t textRegister = Description::absent;
     /// The value comes with images or events (chunk and event ports): no register can be read.
     bool isChunkOrEventData = false;
-    /// The value comes from an integer formula, which may be undefined (FormulaGuard.h).
-    bool isIntegerFormula = false;
     /// Writing it ends in a register of the camera, not in a value kept in the node map.
     bool endsInRegister = false;
 };
 
 /// Everything that is listed with its facts, in the same order.
 std::vector<Feature> collectFeatures(
-    const Description& description, const std::vector<ListedNode>& listed, ArvGc* nodeMap);
+    const Description& description, const std::vector<ListedNode>& listed);
 
 } // namespace zqcameralib

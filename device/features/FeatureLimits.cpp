@@ -1,8 +1,6 @@
 #include "features/FeatureLimits.h"
 
-#include "base/GlibError.h"
 #include "base/NumberText.h"
-#include "nodemap/FormulaGuard.h"
 
 #include <algorithm>
 #include <cfloat>
@@ -10,66 +8,61 @@
 
 namespace zqcameralib {
 
-IntegerLimits integerLimits(const Feature& feature)
+Result<IntegerLimits> integerLimits(NodeMap& nodes, const Feature& feature)
 {
+    const Result<Limits> given = nodes.limits(feature.index);
+    if (!given.isOk()) {
+        return given.status();
+    }
     IntegerLimits limits;
-    ArvGcInteger* integer = ARV_GC_INTEGER(feature.gc);
-    GlibError error;
-    limits.minimum = arv_gc_integer_get_min(integer, error.out());
-    if (error) {
-        limits.minimum = INT64_MIN;
-    }
-    limits.maximum = arv_gc_integer_get_max(integer, error.out());
-    if (error) {
-        limits.maximum = INT64_MAX;
-    }
-    limits.increment = std::max<std::int64_t>(arv_gc_integer_get_inc(integer, error.out()), 0);
-    if (error) {
-        limits.increment = 1;
-    }
-    // Where the description says nothing, the register's width does.
-    if (limits.minimum == INT64_MIN) {
-        limits.minimum = feature.registerMin;
-    }
-    if (limits.maximum == INT64_MAX || limits.maximum == undefinedInteger) {
-        limits.maximum = feature.registerMax;
-    }
+    const auto take = [](const std::optional<Number>& number, std::int64_t& limit) {
+        limit = number ? number->rounded().value_or(limit) : limit;
+    };
+    take(given.value().minimum, limits.minimum);
+    take(given.value().maximum, limits.maximum);
+    take(given.value().increment, limits.increment);
+    limits.increment = std::max<std::int64_t>(limits.increment, 0);
     return limits;
 }
 
-FloatLimits floatLimits(const Feature& feature)
+Result<FloatLimits> floatLimits(NodeMap& nodes, const Feature& feature)
 {
+    const Result<Limits> given = nodes.limits(feature.index);
+    if (!given.isOk()) {
+        return given.status();
+    }
+    const auto number = [](const std::optional<Number>& limit, double whenNone) {
+        return limit ? limit->asReal() : whenNone;
+    };
     FloatLimits limits;
-    ArvGcFloat* number = ARV_GC_FLOAT(feature.gc);
-    GlibError error;
-    limits.minimum = finiteMinimum(arv_gc_float_get_min(number, error.out()));
-    if (error) {
-        limits.minimum = -DBL_MAX;
-    }
-    limits.maximum = finiteMaximum(arv_gc_float_get_max(number, error.out()));
-    if (error) {
-        limits.maximum = DBL_MAX;
-    }
-    if (feature.hasFloatIncrement) {
-        // An increment that is not defined reads as the smallest positive double.
-        const double increment = arv_gc_float_get_inc(number, error.out());
-        const bool isGrid = !error && std::isfinite(increment) && increment > DBL_MIN;
-        limits.increment = isGrid ? increment : 0.0;
-    }
+    limits.minimum = finiteMinimum(number(given.value().minimum, -DBL_MAX));
+    limits.maximum = finiteMaximum(number(given.value().maximum, DBL_MAX));
+    const double increment = number(given.value().increment, 0.0);
+    limits.increment = std::isfinite(increment) ? std::max(increment, 0.0) : 0.0;
     return limits;
 }
 
-std::uint32_t maxTextLength(const Feature& feature)
+Result<std::uint32_t> maxTextLength(NodeMap& nodes, const Feature& feature)
 {
-    if (feature.textRegister == nullptr) {
-        return 0;
+    if (feature.textRegister == Description::absent) {
+        return 0U;
     }
-    GlibError error;
-    const std::uint64_t length = arv_gc_register_get_length(feature.textRegister, error.out());
-    // A negative length that a camera tells comes as one beyond all others.
-    return error || length > INT64_MAX
-        ? 0
-        : static_cast<std::uint32_t>(std::min<std::uint64_t>(length, UINT32_MAX));
+    const Result<std::size_t> length = nodes.length(feature.textRegister);
+    return length.isOk() ? Result<std::uint32_t>(static_cast<std::uint32_t>(length.value()))
+                         : length.status();
+}
+
+bool isInValueSet(const DescriptionNode& node, std::int64_t value)
+{
+    const std::string_view list = childText(node.element, "ValidValueSet");
+    for (std::size_t at = 0; at <= list.size();) {
+        const std::size_t end = std::min(list.find(';', at), list.size());
+        if (leadingInteger(list.substr(at, end - at)) == value) {
+            return true;
+        }
+        at = end + 1;
+    }
+    return list.empty();
 }
 
 } // namespace zqcameralib

@@ -1,9 +1,9 @@
 #include "features/FeatureReader.h"
 
-#include "base/GlibError.h"
 #include "base/NumberText.h"
+#include "description/ReferenceWalk.h"
 #include "features/FeatureLimits.h"
-#include "nodemap/FormulaGuard.h"
+#include "nodemap/AccessMode.h"
 
 #include <algorithm>
 
@@ -15,6 +15,22 @@ namespace {
 
 /// Larger raw registers are not read into a row of text.
 constexpr std::uint64_t maxRegisterSize = 65536;
+
+bool canRead(std::uint16_t access)
+{
+    return access == ACCESS_READ_ONLY || access == ACCESS_READ_WRITE;
+}
+
+bool canWrite(std::uint16_t access)
+{
+    return access == ACCESS_WRITE_ONLY || access == ACCESS_READ_WRITE;
+}
+
+/// Whether it is one of a category around the feature, and not its own.
+bool isOfCategory(const Feature& feature, const Condition& condition)
+{
+    return feature.type != FEATURE_CATEGORY && condition.isOfCategory;
+}
 
 std::uint32_t asUnsigned32(std::int64_t value)
 {
@@ -35,8 +51,7 @@ FeatureItem staticItem(const Feature& feature)
     item.accessMode = feature.access;
     item.representation = feature.representation;
     item.isSelector = feature.isSelector;
-    item.intWritable
-        = feature.access == ACCESS_READ_WRITE || feature.access == ACCESS_WRITE_ONLY ? 1 : 0;
+    item.intWritable = canWrite(feature.access) ? 1 : 0;
     if (feature.type == FEATURE_COMMAND) {
         item.valueText = feature.caption;
     }
@@ -46,9 +61,54 @@ FeatureItem staticItem(const Feature& feature)
     return item;
 }
 
-bool FeatureReader::isImplemented(const Feature& feature)
+bool FeatureReader::canBeImplemented(const Feature& feature)
 {
-    return m_conditions.allHold(feature.implementedIf);
+    return std::all_of(feature.conditions.implementedIf.begin(),
+        feature.conditions.implementedIf.end(), [this, &feature](const Condition& condition) {
+            if (m_conditions.ask(condition) != Truth::No || isOfCategory(feature, condition)) {
+                return true;
+            }
+            if (!m_changing) {
+                m_changing = std::make_unique<ChangingNodes>(m_description);
+            }
+            return m_changing->canChange(condition.target);
+        });
+}
+
+FEATURE_STATE FeatureReader::stateBy(const AccessConditions& conditions)
+{
+    for (const auto* list : { &conditions.implementedIf, &conditions.availableIf }) {
+        const Truth truth = m_conditions.allHold(*list);
+        if (truth != Truth::Yes) {
+            m_reason = m_conditions.why();
+            return truth == Truth::No ? FEATURE_NOT_AVAILABLE : FEATURE_READ_FAILED;
+        }
+    }
+    const Truth isLocked = m_conditions.anyHolds(conditions.lockedIf);
+    m_reason = m_conditions.why();
+    switch (isLocked) {
+    case Truth::No:
+        return FEATURE_AVAILABLE;
+    case Truth::Yes:
+        return FEATURE_LOCKED;
+    default:
+        return FEATURE_READ_FAILED;
+    }
+}
+
+std::vector<std::size_t> FeatureReader::presentSources(const Feature& feature)
+{
+    std::vector<std::size_t> sources;
+    for (const std::size_t link : valueChain(m_description, feature.index)) {
+        if (!feature.isIndexed || !m_description.node(link).element.child("pIndex")) {
+            continue;
+        }
+        const Result<std::size_t> source = m_nodes.source(link);
+        if (source.isOk() && source.value() != Description::absent) {
+            sources.push_back(source.value());
+        }
+    }
+    return sources;
 }
 
 FEATURE_STATE FeatureReader::state(const Feature& feature)
@@ -56,196 +116,184 @@ FEATURE_STATE FeatureReader::state(const Feature& feature)
     if (m_port.backend().isLost()) {
         return FEATURE_READ_FAILED;
     }
-    if (feature.type == FEATURE_CATEGORY) {
-        return FEATURE_AVAILABLE;
+    if (feature.node->isBroken()) {
+        m_reason = feature.node->broken;
+        return FEATURE_READ_FAILED;
     }
     const RegisterPort::FailureScope failures(m_port);
-    FEATURE_STATE state = FEATURE_AVAILABLE;
-    if (feature.access == ACCESS_NOT_AVAILABLE || feature.isChunkOrEventData
-        || !m_conditions.allHold(feature.implementedIf)
-        || !m_conditions.allHold(feature.availableIf)) {
-        state = FEATURE_NOT_AVAILABLE;
-    } else if (m_conditions.anyHolds(feature.lockedIf)
-        || (m_port.backend().isReadOnly() && feature.access != ACCESS_READ_ONLY)) {
+    if (feature.type != FEATURE_CATEGORY
+        && (feature.access == ACCESS_NOT_AVAILABLE || feature.isChunkOrEventData)) {
+        return FEATURE_NOT_AVAILABLE;
+    }
+    FEATURE_STATE state = stateBy(feature.conditions);
+    for (const std::size_t source : presentSources(feature)) {
+        if (state == FEATURE_AVAILABLE) {
+            const auto [known, isNew] = m_sourceConditions.try_emplace(source);
+            if (isNew) {
+                known->second = accessConditions(m_description, source);
+            }
+            state = stateBy(known->second);
+        }
+    }
+    if (state == FEATURE_AVAILABLE && m_port.backend().isReadOnly()
+        && feature.type != FEATURE_CATEGORY && feature.access != ACCESS_READ_ONLY) {
         state = FEATURE_LOCKED;
     }
     return failures.hasFailed() ? FEATURE_READ_FAILED : state;
 }
 
+std::uint16_t FeatureReader::presentAccess(const Feature& feature)
+{
+    std::uint16_t access = feature.access;
+    for (const std::size_t source : presentSources(feature)) {
+        const std::uint16_t behind = staticAccess(m_description, source);
+        if (behind != access && behind != ACCESS_READ_WRITE) {
+            access = access == ACCESS_READ_WRITE ? behind : std::uint16_t(ACCESS_NOT_AVAILABLE);
+        }
+    }
+    return access;
+}
+
 bool FeatureReader::isAvailable(const EnumEntry& entry)
 {
-    return std::all_of(
-        entry.availableIf.begin(), entry.availableIf.end(), [this](const Condition& condition) {
-            return m_conditions.ask(condition) == Conditions::Truth::Yes;
-        });
+    return std::all_of(entry.availableIf.begin(), entry.availableIf.end(),
+        [this](const Condition& condition) { return m_conditions.ask(condition) == Truth::Yes; });
 }
 
 std::vector<const EnumEntry*> FeatureReader::availableEntries(const Feature& feature)
 {
+    std::optional<std::int64_t> present;
+    const auto isPresent = [&](const EnumEntry& entry) {
+        if (!present) {
+            const Result<Number> value = m_nodes.number(feature.index);
+            present = value.isOk() ? value.value().integer : INT64_MIN;
+        }
+        return entry.value == *present;
+    };
     std::vector<const EnumEntry*> available;
     for (const EnumEntry& entry : feature.entries) {
-        if (isAvailable(entry)) {
+        if (isAvailable(entry) && (!entry.isInvisible || isPresent(entry))) {
             available.push_back(&entry);
         }
     }
     return available;
 }
 
-FeatureReader::Outcome FeatureReader::readInteger(const Feature& feature, Item& item)
+Result<std::string> FeatureReader::readEnumeration(const Feature& feature)
 {
-    GlibError error;
-    const std::int64_t value = arv_gc_integer_get_value(ARV_GC_INTEGER(feature.gc), error.out());
-    item.valueText = integerText(value);
-    if (error) {
-        return Outcome::Failed;
-    }
-    return feature.isIntegerFormula && value == undefinedInteger ? Outcome::Nothing
-                                                                 : Outcome::Shown;
-}
-
-FeatureReader::Outcome FeatureReader::readFloat(const Feature& feature, Item& item)
-{
-    GlibError error;
-    item.valueText = floatText(arv_gc_float_get_value(ARV_GC_FLOAT(feature.gc), error.out()));
-    if (error) {
-        return Outcome::Failed;
-    }
-    return item.valueText.empty() ? Outcome::Nothing : Outcome::Shown;
-}
-
-FeatureReader::Outcome FeatureReader::readEnumeration(const Feature& feature, Item& item)
-{
-    GlibError error;
-    const std::int64_t value
-        = arv_gc_enumeration_get_int_value(ARV_GC_ENUMERATION(feature.gc), error.out());
-    if (error) {
-        return Outcome::Failed;
+    const Result<Number> value = m_nodes.number(feature.index);
+    if (!value.isOk()) {
+        return value.status();
     }
     const std::vector<const EnumEntry*> entries = availableEntries(feature);
     const auto current = std::find_if(entries.begin(), entries.end(),
-        [value](const EnumEntry* entry) { return entry->value == value; });
-    const bool isKnown = current != entries.end();
-    item.valueText = integerText(isKnown ? current - entries.begin() : -1);
-    return isKnown ? Outcome::Shown : Outcome::Nothing;
+        [&value](const EnumEntry* entry) { return entry->value == value.value().integer; });
+    return current == entries.end() ? std::string() : integerText(current - entries.begin());
 }
 
-FeatureReader::Outcome FeatureReader::readBoolean(const Feature& feature, Item& item)
+Result<std::string> FeatureReader::readRegister(const Feature& feature)
 {
-    GlibError error;
-    const bool on = arv_gc_boolean_get_value(ARV_GC_BOOLEAN(feature.gc), error.out()) != FALSE;
-    item.valueText = on ? "1" : "0";
-    return error ? Outcome::Failed : Outcome::Shown;
+    const auto bytes = m_nodes.bytes(feature.index, maxRegisterSize);
+    return bytes.isOk() ? Result<std::string>(hexText(bytes.value().data(), bytes.value().size()))
+                        : bytes.status();
 }
 
-FeatureReader::Outcome FeatureReader::readString(const Feature& feature, Item& item)
+Status FeatureReader::readLimits(const Feature& feature, Item& item)
 {
-    // The node map below does not take a register without a length.
-    if (feature.textRegister != nullptr && item.maxLength == 0) {
-        return Outcome::Shown;
+    if (feature.type == FEATURE_INTEGER) {
+        const Result<IntegerLimits> limits = integerLimits(m_nodes, feature);
+        if (!limits.isOk()) {
+            return limits.status();
+        }
+        item.intMin = limits.value().minimum;
+        item.intMax = limits.value().maximum;
+        item.intInc = asUnsigned32(limits.value().increment);
+        return {};
     }
-    GlibError error;
-    const char* text = arv_gc_string_get_value(ARV_GC_STRING(feature.gc), error.out());
-    if (error || text == nullptr) {
-        return Outcome::Failed;
+    if (feature.type == FEATURE_FLOAT) {
+        const Result<FloatLimits> limits = floatLimits(m_nodes, feature);
+        item.floatMin = limits.value().minimum;
+        item.floatMax = limits.value().maximum;
+        item.floatInc = limits.value().increment;
+        return limits.status();
     }
-    item.valueText = text;
-    return Outcome::Shown;
-}
-
-FeatureReader::Outcome FeatureReader::readRegister(const Feature& feature, Item& item)
-{
-    ArvGcRegister* reg = ARV_GC_REGISTER(feature.gc);
-    GlibError error;
-    const std::uint64_t length = arv_gc_register_get_length(reg, error.out());
-    if (error || length > maxRegisterSize) {
-        return Outcome::Failed;
-    }
-    if (length == 0) {
-        return Outcome::Nothing;
-    }
-    std::vector<std::uint8_t> bytes(length);
-    arv_gc_register_get(reg, bytes.data(), length, error.out());
-    item.valueText = hexText(bytes.data(), bytes.size());
-    return error ? Outcome::Failed : Outcome::Shown;
-}
-
-void FeatureReader::readLimits(const Feature& feature, Item& item)
-{
-    if (feature.type == FEATURE_INTEGER && ARV_IS_GC_INTEGER(feature.gc)) {
-        const IntegerLimits limits = integerLimits(feature);
-        item.intMin = limits.minimum;
-        item.intMax = limits.maximum;
-        item.intInc = asUnsigned32(limits.increment);
-    } else if (feature.type == FEATURE_FLOAT && ARV_IS_GC_FLOAT(feature.gc)) {
-        const FloatLimits limits = floatLimits(feature);
-        item.floatMin = limits.minimum;
-        item.floatMax = limits.maximum;
-        item.floatInc = limits.increment;
-    } else if (feature.type == FEATURE_ENUMERATION) {
+    if (feature.type == FEATURE_ENUMERATION) {
         for (const EnumEntry* entry : availableEntries(feature)) {
             item.enumEntries.push_back(entry->name);
         }
     } else if (feature.type == FEATURE_STRING || feature.type == FEATURE_READ_ONLY_STRING) {
-        item.maxLength = maxTextLength(feature);
+        const Result<std::uint32_t> length = maxTextLength(m_nodes, feature);
+        item.maxLength = length.value();
+        return length.status();
     }
+    return {};
 }
 
-FeatureReader::Outcome FeatureReader::readValue(const Feature& feature, Item& item)
+Result<std::string> FeatureReader::readValue(const Feature& feature)
 {
-    if (feature.type == FEATURE_INTEGER && ARV_IS_GC_INTEGER(feature.gc)) {
-        return readInteger(feature, item);
+    if (feature.type == FEATURE_ENUMERATION) {
+        return readEnumeration(feature);
     }
-    if (feature.type == FEATURE_FLOAT && ARV_IS_GC_FLOAT(feature.gc)) {
-        return readFloat(feature, item);
+    if (feature.node->kind == NodeKind::Register) {
+        return readRegister(feature);
     }
-    if (feature.type == FEATURE_ENUMERATION && ARV_IS_GC_ENUMERATION(feature.gc)) {
-        return readEnumeration(feature, item);
+    if (hasText(feature.node->kind)) {
+        return m_nodes.text(feature.index);
     }
-    if (feature.type == FEATURE_BOOLEAN && ARV_IS_GC_BOOLEAN(feature.gc)) {
-        return readBoolean(feature, item);
+    const Result<Number> value = m_nodes.number(feature.index);
+    if (!value.isOk()) {
+        return value.status();
     }
-    if (feature.node->kind == NodeKind::Register && ARV_IS_GC_REGISTER(feature.gc)) {
-        return readRegister(feature, item);
-    }
-    return ARV_IS_GC_STRING(feature.gc) ? readString(feature, item) : Outcome::Failed;
+    return feature.type == FEATURE_FLOAT ? floatText(value.value().asReal())
+                                         : integerText(value.value().integer);
 }
 
 void FeatureReader::readAvailable(const Feature& feature, Item& item, FEATURE_STATE& state)
 {
-    if (feature.gc == nullptr) {
-        state = FEATURE_READ_FAILED;
-        return;
-    }
-    readLimits(feature, item);
+    item.accessMode = presentAccess(feature);
+    item.intWritable = canWrite(item.accessMode) ? 1 : 0;
+    Status status = readLimits(feature, item);
     if (feature.type == FEATURE_COMMAND) {
         item.displayFlag = 1;
         return;
     }
-    if (!feature.isReadable()) {
+    if (status.isOk() && !canRead(item.accessMode)) {
         return;
     }
-    const Outcome outcome = readValue(feature, item);
-    item.displayFlag = outcome == Outcome::Shown ? 1 : 0;
-    if (outcome == Outcome::Failed) {
+    bool isShown = false;
+    if (status.isOk()) {
+        status = m_nodes.reportedError(feature.index);
+    }
+    if (status.isOk()) {
+        const Result<std::string> value = readValue(feature);
+        status = value.status();
+        item.valueText = value.value();
+        // A text may be empty.
+        isShown = status.isOk() && (!item.valueText.empty() || hasText(feature.node->kind));
+    }
+    item.displayFlag = isShown ? 1 : 0;
+    if (!status.isOk()) {
+        m_reason = status.text();
         state = FEATURE_READ_FAILED;
     }
-    if (outcome != Outcome::Shown && feature.type != FEATURE_ENUMERATION) {
-        item.valueText.clear();
+    if (!isShown) {
+        item.valueText = feature.type == FEATURE_ENUMERATION ? "-1" : "";
     }
 }
 
 bool FeatureReader::read(const Feature& feature, FeatureItem& item, FEATURE_STATE& state)
 {
     const RegisterPort::FailureScope failures(m_port);
+    m_reason.clear();
     state = this->state(feature);
-    if (state == FEATURE_READ_FAILED) {
+    if (m_port.backend().isLost() || failures.hasFailed()) {
         return false;
     }
     Item fresh = staticItem(feature);
     fresh.lockedFlag = state == FEATURE_AVAILABLE ? 0 : 1;
     if (state == FEATURE_NOT_AVAILABLE) {
         fresh.accessMode = ACCESS_NOT_AVAILABLE;
-    } else if (feature.type != FEATURE_CATEGORY) {
+    } else if (feature.type != FEATURE_CATEGORY && state != FEATURE_READ_FAILED) {
         readAvailable(feature, fresh, state);
     }
     if (failures.hasFailed()) {

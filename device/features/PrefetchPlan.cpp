@@ -20,15 +20,15 @@ public:
 
     void addConditions(const Feature& feature)
     {
-        for (const std::vector<Condition>* conditions :
-            { &feature.implementedIf, &feature.availableIf, &feature.lockedIf }) {
+        for (const std::vector<Condition>* conditions : { &feature.conditions.implementedIf,
+                 &feature.conditions.availableIf, &feature.conditions.lockedIf }) {
             addAll(*conditions);
         }
     }
 
     void addContent(const Feature& feature)
     {
-        addValue(m_description.indexOf(*feature.node));
+        addValue(feature.index);
         feature.node->forEachTarget(isLimit, [this](std::size_t limit) { addValue(limit); });
         for (const EnumEntry& entry : feature.entries) {
             addAll(entry.availableIf);

@@ -1,6 +1,10 @@
 #include "nodemap/AccessMode.h"
 
+#include "description/ReferenceWalk.h"
+
 #include "featurebrowser/FeatureItem.h"
+
+#include <algorithm>
 
 namespace zqcameralib {
 
@@ -18,8 +22,14 @@ Access operator&(const Access& a, const Access& b)
     return { a.read && b.read, a.write && b.write };
 }
 
-/// Nodes that a value passes through.
-constexpr int maxChain = 100;
+/// Nodes that a value passes through; a longer chain is not evaluated.
+constexpr int maxChain = 450;
+/// Nodes looked at that a value needs.
+constexpr std::size_t maxWalked = 300;
+
+/// Where a value comes from: one of them at a time, where there is an index.
+constexpr ReferenceTags passesValueOn { ReferenceTag::Value, ReferenceTag::ValueIndexed,
+    ReferenceTag::ValueDefault };
 
 Access parse(std::string_view text, Access whenAbsent)
 {
@@ -45,16 +55,42 @@ Access ownAccess(const DescriptionNode& node)
     return access & parse(childText(node.element, "ImposedAccessMode"), {});
 }
 
-/// Of the node and of those that its value passes through.
-Access accessOf(const Description& description, std::size_t index)
+Access operator|(const Access& a, const Access& b)
 {
-    Access access;
-    for (int link = 0; link <= maxChain && index != Description::absent; ++link) {
-        const DescriptionNode& node = description.node(index);
-        access = access & ownAccess(node);
-        index = node.target(ReferenceTag::Value);
+    return { a.read || b.read, a.write || b.write };
+}
+
+/// What is read on the way to a value, or to the place of it, has to be readable.
+constexpr ReferenceTags isReadOnTheWay { ReferenceTag::Variable, ReferenceTag::Address,
+    ReferenceTag::Index, ReferenceTag::Offset, ReferenceTag::Length };
+
+bool canReadAll(const Description& description, const DescriptionNode& node)
+{
+    bool canRead = true;
+    node.forEachTarget(isReadOnTheWay, [&](std::size_t target) {
+        const auto behind = reachable(description, target, isAlwaysRead, maxWalked);
+        canRead = canRead && std::all_of(behind.begin(), behind.end(), [&](std::size_t read) {
+            return ownAccess(description.node(read)).read;
+        });
+    });
+    return canRead;
+}
+
+/// Of the node and of those that its value passes through.
+Access accessOf(const Description& description, std::size_t index, int depth = 0)
+{
+    const DescriptionNode& node = description.node(index);
+    Access access = ownAccess(node);
+    if (depth > maxChain || !canReadAll(description, node)) {
+        return { false, false };
     }
-    return access;
+    Access sources { false, false };
+    bool hasSource = false;
+    node.forEachTarget(passesValueOn, [&](std::size_t target) {
+        hasSource = true;
+        sources = sources | accessOf(description, target, depth + 1);
+    });
+    return hasSource ? access & sources : access;
 }
 
 } // namespace

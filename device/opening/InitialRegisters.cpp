@@ -1,6 +1,5 @@
 #include "opening/InitialRegisters.h"
 
-#include "base/GlibError.h"
 #include "description/ReferenceWalk.h"
 #include "features/Conditions.h"
 
@@ -21,7 +20,7 @@ public:
     Chooser(ZQCamera::Impl& camera, RegisterMemory& memory)
         : m_camera(camera)
         , m_port(camera.port())
-        , m_conditions(camera.port())
+        , m_conditions(camera.nodes(), camera.port())
         , m_memory(memory)
     {
     }
@@ -41,12 +40,19 @@ public:
             return;
         }
         for (const std::size_t node : bitsBehind(lock.target)) {
-            const std::string name(m_camera.description().node(node).name);
-            ArvGcNode* bits = arv_gc_get_node(m_camera.nodeMap(), name.c_str());
-            GlibError error;
-            if (m_satisfied.count(node) == 0 && ARV_IS_GC_INTEGER(bits)) {
-                arv_gc_integer_set_value(ARV_GC_INTEGER(bits), 0, error.out());
+            if (m_satisfied.count(node) == 0) {
+                (void)m_camera.nodes().set(node, Number::of(std::int64_t(0)));
             }
+        }
+    }
+
+    /// Filling registers may leave a Boolean neither on nor off.
+    void settleBoolean(const Feature& feature)
+    {
+        NodeMap& nodes = m_camera.nodes();
+        m_port.invalidate();
+        if (!nodes.number(feature.index).isOk() && nodes.rawNumber(feature.index).isOk()) {
+            (void)nodes.set(feature.index, Number::of(std::int64_t(1)));
         }
     }
 
@@ -140,10 +146,10 @@ void chooseInitialRegisters(ZQCamera::Impl& camera, RegisterMemory& memory)
 {
     Chooser chooser(camera, memory);
     for (const Feature& feature : camera.features()) {
-        for (const Condition& condition : feature.implementedIf) {
+        for (const Condition& condition : feature.conditions.implementedIf) {
             chooser.satisfy(condition);
         }
-        for (const Condition& condition : feature.availableIf) {
+        for (const Condition& condition : feature.conditions.availableIf) {
             chooser.satisfy(condition);
         }
     }
@@ -154,8 +160,14 @@ void chooseInitialRegisters(ZQCamera::Impl& camera, RegisterMemory& memory)
                 chooser.satisfy(condition);
             }
         }
-        for (const Condition& lock : feature.lockedIf) {
+        for (const Condition& lock : feature.conditions.lockedIf) {
             chooser.release(lock);
+        }
+    }
+    for (const Feature& feature : camera.features()) {
+        if (feature.type == featurebrowser::FEATURE_BOOLEAN && feature.isReadable()
+            && feature.endsInRegister) {
+            chooser.settleBoolean(feature);
         }
     }
     camera.port().invalidate();

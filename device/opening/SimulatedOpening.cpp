@@ -1,6 +1,5 @@
 #include "opening/SimulatedOpening.h"
 
-#include "base/GlibError.h"
 #include "memory/CommandBehaviour.h"
 #include "memory/MemoryBackend.h"
 #include "opening/InitialRegisters.h"
@@ -14,13 +13,12 @@ namespace {
 void addCommandRegisters(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
 {
     for (const Feature& feature : camera.features()) {
-        if (feature.commandRegister == nullptr) {
+        if (feature.commandRegister == Description::absent) {
             continue;
         }
         const RegisterPort::Recorder recorder(camera.port());
-        GlibError error;
-        arv_gc_integer_get_value(ARV_GC_INTEGER(feature.commandRegister), error.out());
-        if (!error && !recorder.read.empty()) {
+        const Result<Number> value = camera.nodes().number(feature.commandRegister);
+        if (value.isOk() && !recorder.read.empty()) {
             const Register& last = recorder.read.back();
             behaviour.addCommandRegister(last.address, last.size);
         }

@@ -4,8 +4,9 @@
 #include "base/StatusCodes.h"
 #include "camera/StateReasons.h"
 #include "features/FeatureLimits.h"
-#include "features/RegisterRange.h"
 
+#include <algorithm>
+#include <cfloat>
 #include <cmath>
 
 namespace zqcameralib {
@@ -14,23 +15,25 @@ using namespace featurebrowser;
 
 namespace {
 
-/// Whether the node map's node is of the kind that the operations on a type take.
-bool holds(const Feature& feature, std::uint8_t type)
+Status limitsUnknown(const Feature& feature, const Status& why)
 {
-    switch (type) {
-    case FEATURE_INTEGER:
-        return ARV_IS_GC_INTEGER(feature.gc);
-    case FEATURE_FLOAT:
-        return ARV_IS_GC_FLOAT(feature.gc);
-    case FEATURE_STRING:
-        return ARV_IS_GC_STRING(feature.gc);
-    case FEATURE_ENUMERATION:
-        return ARV_IS_GC_ENUMERATION(feature.gc);
-    case FEATURE_BOOLEAN:
-        return ARV_IS_GC_BOOLEAN(feature.gc);
-    default:
-        return ARV_IS_GC_COMMAND(feature.gc);
+    return { why.code(), feature.name + ": its limits cannot be told, " + why.text() };
+}
+
+/// Where nothing limits a number from below, its grid begins at 0.
+double gridOrigin(const FloatLimits& limits)
+{
+    return limits.minimum <= -double(FLT_MAX) ? 0.0 : limits.minimum;
+}
+
+/// As far as doubles can tell: a grid of 0.1 has no value that is exactly one.
+bool isOnGrid(double value, const FloatLimits& limits)
+{
+    if (limits.increment <= 0.0) {
+        return true;
     }
+    const double steps = (value - gridOrigin(limits)) / limits.increment;
+    return std::fabs(steps - std::round(steps)) <= 1e-6 * std::max(1.0, std::fabs(steps) * 1e-6);
 }
 
 bool isOnGrid(std::int64_t value, std::int64_t minimum, std::int64_t increment)
@@ -57,7 +60,7 @@ Result<const Feature*> DeviceOperations::lookup(const char* name, std::uint8_t t
         && !(type == FEATURE_STRING && feature->type == FEATURE_READ_ONLY_STRING)) {
         return Status(wrongKind, feature->name + ": holds another kind of value");
     }
-    if (feature->gc == nullptr || !holds(*feature, type)) {
+    if (!feature->isUsable() || feature->node->kind == NodeKind::Register) {
         return Status(notReadable,
             feature->name + ": cannot be used, "
                 + (feature->node->isBroken() ? feature->node->broken : "it is raw data"));
@@ -68,12 +71,16 @@ Result<const Feature*> DeviceOperations::lookup(const char* name, std::uint8_t t
 Status DeviceOperations::checkAvailable(const Feature& feature, FEATURE_STATE& state)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    state = m_reader.state(feature);
+    state = m_camera.reader().state(feature);
     if (failures.hasFailed()) {
         return failures.status();
     }
     if (state == FEATURE_NOT_AVAILABLE) {
         return { notAvailable, feature.name + ": " + unavailableReason(m_camera, feature) };
+    }
+    if (state == FEATURE_READ_FAILED) {
+        return { notEvaluable,
+            feature.name + ": cannot be used now, " + m_camera.reader().reason() };
     }
     return {};
 }
@@ -82,11 +89,13 @@ Status DeviceOperations::checkReadable(const Feature& feature)
 {
     FEATURE_STATE state = FEATURE_AVAILABLE;
     Status status = checkAvailable(feature, state);
-    if (status.isOk() && feature.access != ACCESS_READ_ONLY
-        && feature.access != ACCESS_READ_WRITE) {
-        return { notReadable, feature.name + ": can only be written" };
+    if (!status.isOk()) {
+        return status;
     }
-    return status;
+    const std::uint16_t access = m_camera.reader().presentAccess(feature);
+    return access == ACCESS_READ_ONLY || access == ACCESS_READ_WRITE
+        ? Status()
+        : Status(notReadable, feature.name + ": can only be written");
 }
 
 Status DeviceOperations::checkWritable(const Feature& feature)
@@ -95,7 +104,8 @@ Status DeviceOperations::checkWritable(const Feature& feature)
     if (Status status = checkAvailable(feature, state); !status.isOk()) {
         return status;
     }
-    if (feature.access != ACCESS_WRITE_ONLY && feature.access != ACCESS_READ_WRITE) {
+    const std::uint16_t access = m_camera.reader().presentAccess(feature);
+    if (access != ACCESS_WRITE_ONLY && access != ACCESS_READ_WRITE) {
         return { notWritable, feature.name + ": is read-only" };
     }
     if (m_camera.port().backend().isReadOnly()) {
@@ -108,13 +118,23 @@ Status DeviceOperations::checkWritable(const Feature& feature)
     return {};
 }
 
+bool DeviceOperations::isPresent(const Feature& feature, const Number& value)
+{
+    if (!feature.isReadable()) {
+        return false;
+    }
+    const Result<Number> present = m_camera.nodes().number(feature.index);
+    return present.isOk() && present.value() == value;
+}
+
 Status DeviceOperations::checkInteger(const Feature& feature, std::int64_t value)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    const IntegerLimits limits = integerLimits(feature);
-    if (failures.hasFailed()) {
-        return failures.status();
+    const Result<IntegerLimits> told = integerLimits(m_camera.nodes(), feature);
+    if (failures.hasFailed() || !told.isOk()) {
+        return failures.hasFailed() ? failures.status() : limitsUnknown(feature, told.status());
     }
+    const IntegerLimits& limits = told.value();
     const std::string what = feature.name + ": " + integerText(value) + " is ";
     if (value < limits.minimum) {
         return { ERROR_VALUE_OUT_OF_RANGE,
@@ -124,10 +144,9 @@ Status DeviceOperations::checkInteger(const Feature& feature, std::int64_t value
         return { ERROR_VALUE_OUT_OF_RANGE,
             what + "above the maximum of " + integerText(limits.maximum) };
     }
-    if (value < feature.registerMin || value > feature.registerMax) {
-        return { ERROR_VALUE_OUT_OF_RANGE, what + "more than its register holds" };
-    }
-    if (!isOnGrid(value, limits.minimum, limits.increment)) {
+    // What a camera holds beside its grid may be written back.
+    if (!isOnGrid(value, limits.minimum, limits.increment)
+        && !isPresent(feature, Number::of(value))) {
         return { ERROR_VALUE_NOT_ON_INCREMENT,
             what + "not a multiple of " + integerText(limits.increment) + " from "
                 + integerText(limits.minimum) };
@@ -136,16 +155,20 @@ Status DeviceOperations::checkInteger(const Feature& feature, std::int64_t value
         return { notInValueSet,
             what + "not one of " + std::string(childText(feature.node->element, "ValidValueSet")) };
     }
-    return checkConversion(feature, { false, value, 0.0 });
+    const Status fault = checkConversion(feature, Number::of(value));
+    return fault.code() == notConvertible && !feature.isConverted
+        ? Status(ERROR_VALUE_OUT_OF_RANGE, what + "more than its register holds")
+        : fault;
 }
 
 Status DeviceOperations::checkFloat(const Feature& feature, double value)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    const FloatLimits limits = floatLimits(feature);
-    if (failures.hasFailed()) {
-        return failures.status();
+    const Result<FloatLimits> told = floatLimits(m_camera.nodes(), feature);
+    if (failures.hasFailed() || !told.isOk()) {
+        return failures.hasFailed() ? failures.status() : limitsUnknown(feature, told.status());
     }
+    const FloatLimits& limits = told.value();
     if (!std::isfinite(value)) {
         return { ERROR_FLOAT_OUT_OF_RANGE, feature.name + ": the value is not a number" };
     }
@@ -158,20 +181,26 @@ Status DeviceOperations::checkFloat(const Feature& feature, double value)
         return { ERROR_FLOAT_OUT_OF_RANGE,
             what + "above the maximum of " + floatText(limits.maximum) };
     }
-    return checkConversion(feature, { true, 0, value });
+    if (!isOnGrid(value, limits) && !isPresent(feature, Number::of(value))) {
+        return { ERROR_VALUE_NOT_ON_INCREMENT,
+            what + "not a multiple of " + floatText(limits.increment) + " from "
+                + floatText(gridOrigin(limits)) };
+    }
+    return checkConversion(feature, Number::of(value));
 }
 
 Status DeviceOperations::checkText(const Feature& feature, const std::string& text)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    const std::uint64_t length = maxTextLength(feature);
-    if (failures.hasFailed()) {
-        return failures.status();
+    const Result<std::uint32_t> length = maxTextLength(m_camera.nodes(), feature);
+    if (failures.hasFailed() || !length.isOk()) {
+        return failures.hasFailed() ? failures.status() : limitsUnknown(feature, length.status());
     }
-    if (feature.textRegister != nullptr && (length == 0 || text.size() > length)) {
+    if (feature.textRegister != Description::absent
+        && (length.value() == 0 || text.size() > length.value())) {
         return { textTooLong,
             feature.name + ": the text has " + std::to_string(text.size()) + " bytes, at most "
-                + std::to_string(length) + " fit" };
+                + std::to_string(length.value()) + " fit" };
     }
     return {};
 }
@@ -179,16 +208,16 @@ Status DeviceOperations::checkText(const Feature& feature, const std::string& te
 Status DeviceOperations::checkConversion(const Feature& feature, const Number& value)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    const std::string fault = conversionFault(m_camera, feature, value);
+    const Status fault = m_camera.nodes().check(feature.index, value);
     if (failures.hasFailed()) {
         return failures.status();
     }
-    if (fault.empty()) {
+    if (fault.isOk()) {
         return {};
     }
-    return { notConvertible,
-        feature.name + ": " + (value.isFloat ? floatText(value.real) : integerText(value.integer))
-            + " cannot be written, " + fault };
+    return { fault.code(),
+        feature.name + ": " + (value.isReal ? floatText(value.real) : integerText(value.integer))
+            + " cannot be written, " + fault.text() };
 }
 
 } // namespace zqcameralib

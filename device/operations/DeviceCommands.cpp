@@ -31,8 +31,7 @@ Status DeviceOperations::execute(const char* name, bool wait)
     if (starts) {
         m_camera.setGrabbing(true);
     }
-    Status status = write(feature,
-        [&](GError** error) { arv_gc_command_execute(ARV_GC_COMMAND(feature.gc), error); });
+    Status status = write(feature, [&](NodeMap& nodes) { return nodes.execute(feature.index); });
     if (status.isOk() && wait) {
         status = waitUntilDone(feature, begun);
     }
@@ -48,7 +47,7 @@ Status DeviceOperations::execute(const char* name, bool wait)
 
 Status DeviceOperations::waitUntilDone(const Feature& feature, Clock::time_point begun)
 {
-    if (feature.commandRegister == nullptr) {
+    if (feature.commandRegister == Description::absent) {
         return {};
     }
     RegisterPort& port = m_camera.port();
@@ -56,15 +55,13 @@ Status DeviceOperations::waitUntilDone(const Feature& feature, Clock::time_point
     const RegisterPort::FailureScope failures(port);
     for (auto pause = std::chrono::milliseconds(1);;
          pause = std::min<std::chrono::milliseconds>(2 * pause, maxPause)) {
-        GlibError error;
         port.invalidate();
-        const std::int64_t value
-            = arv_gc_integer_get_value(ARV_GC_INTEGER(feature.commandRegister), error.out());
+        const Result<Number> isDone = m_camera.nodes().number(feature.index);
         const Status failure = failures.status();
         if (!failure.isOk() && failure.code() != cameraSlow) {
             return failure;
         }
-        if (failure.isOk() && (error || value != feature.commandValue)) {
+        if (failure.isOk() && (!isDone.isOk() || !isDone.value().isZero())) {
             return {};
         }
         if (!failure.isOk() || Clock::now() >= deadline) {

@@ -2,7 +2,6 @@
 
 #include "base/StatusCodes.h"
 #include "features/FeatureLimits.h"
-#include "nodemap/FormulaGuard.h"
 
 #include <algorithm>
 
@@ -12,9 +11,8 @@ using namespace featurebrowser;
 
 namespace {
 
-Status libraryFailure(const Feature& feature, const GError& error)
+Status named(const Feature& feature, const Status& failure)
 {
-    Status failure = Status::fromLibrary(error);
     const bool isNamed = failure.text().find(feature.name) != std::string::npos;
     return isNamed ? failure : failure.withText(feature.name + ": " + failure.text());
 }
@@ -23,7 +21,6 @@ Status libraryFailure(const Feature& feature, const GError& error)
 
 DeviceOperations::DeviceOperations(ZQCamera::Impl& camera)
     : m_camera(camera)
-    , m_reader(camera.port())
 {
 }
 
@@ -33,12 +30,11 @@ Status DeviceOperations::read(const Feature& feature, const Access& access)
         return status;
     }
     const RegisterPort::FailureScope failures(m_camera.port());
-    GlibError error;
-    access(error.out());
-    if (failures.hasFailed()) {
-        return failures.status();
+    Status status = m_camera.nodes().reportedError(feature.index);
+    if (status.isOk()) {
+        status = access(m_camera.nodes());
     }
-    return error ? libraryFailure(feature, *error.get()) : Status();
+    return failures.hasFailed() ? failures.status() : named(feature, status);
 }
 
 Status DeviceOperations::write(const Feature& feature, const Access& access)
@@ -46,10 +42,10 @@ Status DeviceOperations::write(const Feature& feature, const Access& access)
     RegisterPort& port = m_camera.port();
     const RegisterPort::FailureScope failures(port);
     const std::uint64_t writes = port.writes();
-    GlibError error;
+    Status status;
     {
         RegisterPort::Recorder recorder(port);
-        access(error.out());
+        status = access(m_camera.nodes());
         m_camera.setWritten(feature, std::move(recorder.written));
     }
     // A value may be kept in the node map only; what was read before may be outdated all the same.
@@ -57,13 +53,14 @@ Status DeviceOperations::write(const Feature& feature, const Access& access)
     if (failures.hasFailed()) {
         return failures.status();
     }
-    if (error) {
-        return libraryFailure(feature, *error.get());
+    if (!status.isOk()) {
+        return named(feature, status);
     }
     if (feature.endsInRegister && port.writes() == writes) {
         return { notWritable, feature.name + ": the value could not be sent to the camera" };
     }
-    return {};
+    status = m_camera.nodes().reportedError(feature.index);
+    return failures.hasFailed() ? failures.status() : named(feature, status);
 }
 
 Status DeviceOperations::setInteger(const char* name, std::int64_t value, bool checkRange)
@@ -77,8 +74,8 @@ Status DeviceOperations::setInteger(const char* name, std::int64_t value, bool c
     if (status.isOk() && checkRange) {
         status = checkInteger(feature, value);
     }
-    return !status.isOk() ? status : write(feature, [&](GError** error) {
-        arv_gc_integer_set_value(ARV_GC_INTEGER(feature.gc), value, error);
+    return !status.isOk() ? status : write(feature, [&](NodeMap& nodes) {
+        return nodes.set(feature.index, Number::of(value));
     });
 }
 
@@ -89,15 +86,11 @@ Status DeviceOperations::getInteger(const char* name, std::int64_t& value)
         return found.status();
     }
     const Feature& feature = *found.value();
-    std::int64_t result = 0;
-    Status status = read(feature, [&](GError** error) {
-        result = arv_gc_integer_get_value(ARV_GC_INTEGER(feature.gc), error);
+    return read(feature, [&](NodeMap& nodes) {
+        const Result<Number> result = nodes.number(feature.index);
+        value = result.isOk() ? result.value().integer : value;
+        return result.status();
     });
-    if (status.isOk() && feature.isIntegerFormula && result == undefinedInteger) {
-        status = { notReadable, feature.name + ": its formula divides by zero now" };
-    }
-    value = status.isOk() ? result : value;
-    return status;
 }
 
 Status DeviceOperations::setFloat(const char* name, double value)
@@ -111,8 +104,8 @@ Status DeviceOperations::setFloat(const char* name, double value)
     if (status.isOk()) {
         status = checkFloat(feature, value);
     }
-    return !status.isOk() ? status : write(feature, [&](GError** error) {
-        arv_gc_float_set_value(ARV_GC_FLOAT(feature.gc), value, error);
+    return !status.isOk() ? status : write(feature, [&](NodeMap& nodes) {
+        return nodes.set(feature.index, Number::of(value));
     });
 }
 
@@ -123,11 +116,11 @@ Status DeviceOperations::getFloat(const char* name, double& value)
         return found.status();
     }
     const Feature& feature = *found.value();
-    double result = 0.0;
-    Status status = read(feature,
-        [&](GError** error) { result = arv_gc_float_get_value(ARV_GC_FLOAT(feature.gc), error); });
-    value = status.isOk() ? result : value;
-    return status;
+    return read(feature, [&](NodeMap& nodes) {
+        const Result<Number> result = nodes.number(feature.index);
+        value = result.isOk() ? result.value().asReal() : value;
+        return result.status();
+    });
 }
 
 Status DeviceOperations::setString(const char* name, const char* value)
@@ -145,9 +138,9 @@ Status DeviceOperations::setString(const char* name, const char* value)
     if (status.isOk()) {
         status = checkText(feature, text);
     }
-    return !status.isOk() ? status : write(feature, [&](GError** error) {
-        arv_gc_string_set_value(ARV_GC_STRING(feature.gc), text.c_str(), error);
-    });
+    return !status.isOk()
+        ? status
+        : write(feature, [&](NodeMap& nodes) { return nodes.setText(feature.index, text); });
 }
 
 const EnumEntry* DeviceOperations::chooseEntry(
@@ -160,10 +153,10 @@ const EnumEntry* DeviceOperations::chooseEntry(
         }
     }
     if (named.size() == 1) {
-        return m_reader.isAvailable(*named.front()) ? named.front() : nullptr;
+        return m_camera.reader().isAvailable(*named.front()) ? named.front() : nullptr;
     }
     // Entries that share a name are told apart by the index, which counts those available.
-    const std::vector<const EnumEntry*> entries = m_reader.availableEntries(feature);
+    const std::vector<const EnumEntry*> entries = m_camera.reader().availableEntries(feature);
     const auto at = static_cast<std::size_t>(index);
     if (index >= 0 && at < entries.size() && entries[at]->name == name) {
         return entries[at];
@@ -193,9 +186,9 @@ Status DeviceOperations::setEnum(const char* name, const char* entry, int index)
         return { unknownEntry, feature.name + ": there is no entry \"" + wanted + "\" now" };
     }
     const std::int64_t value = chosen->value;
-    Status status = checkConversion(feature, { false, value, 0.0 });
-    return !status.isOk() ? status : write(feature, [&](GError** error) {
-        arv_gc_enumeration_set_int_value(ARV_GC_ENUMERATION(feature.gc), value, error);
+    Status status = checkConversion(feature, Number::of(value));
+    return !status.isOk() ? status : write(feature, [&](NodeMap& nodes) {
+        return nodes.set(feature.index, Number::of(value));
     });
 }
 
@@ -206,10 +199,14 @@ Status DeviceOperations::setBoolean(const char* name, bool value)
         return found.status();
     }
     const Feature& feature = *found.value();
+    const Number number = Number::of(std::int64_t(value));
     Status status = checkWritable(feature);
-    return !status.isOk() ? status : write(feature, [&](GError** error) {
-        arv_gc_boolean_set_value(ARV_GC_BOOLEAN(feature.gc), value ? TRUE : FALSE, error);
-    });
+    if (status.isOk()) {
+        status = checkConversion(feature, number);
+    }
+    return !status.isOk()
+        ? status
+        : write(feature, [&](NodeMap& nodes) { return nodes.set(feature.index, number); });
 }
 
 Status DeviceOperations::getBoolean(const char* name, bool& value)
@@ -219,12 +216,11 @@ Status DeviceOperations::getBoolean(const char* name, bool& value)
         return found.status();
     }
     const Feature& feature = *found.value();
-    bool result = false;
-    Status status = read(feature, [&](GError** error) {
-        result = arv_gc_boolean_get_value(ARV_GC_BOOLEAN(feature.gc), error) != FALSE;
+    return read(feature, [&](NodeMap& nodes) {
+        const Result<Number> result = nodes.number(feature.index);
+        value = result.isOk() ? !result.value().isZero() : value;
+        return result.status();
     });
-    value = status.isOk() ? result : value;
-    return status;
 }
 
 } // namespace zqcameralib

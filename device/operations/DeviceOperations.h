@@ -1,9 +1,7 @@
 #pragma once
 
-#include "base/GlibError.h"
 #include "camera/Camera.h"
 #include "features/FeatureReader.h"
-#include "operations/ConversionCheck.h"
 
 #include <chrono>
 #include <functional>
@@ -31,7 +29,7 @@ public:
     Status execute(const char* name, bool wait);
 
 private:
-    using Access = std::function<void(GError** error)>;
+    using Access = std::function<Status(NodeMap& nodes)>;
     using Clock = std::chrono::steady_clock;
 
     /// The feature of that name and type.
@@ -45,12 +43,13 @@ private:
     /// The available entry of that name; null when there is none.
     const EnumEntry* chooseEntry(const Feature& feature, const std::string& name, int index);
     Status checkConversion(const Feature& feature, const Number& value);
+    /// Whether the present value is this one.
+    bool isPresent(const Feature& feature, const Number& value);
     Status read(const Feature& feature, const Access& access);
     Status write(const Feature& feature, const Access& access);
     Status waitUntilDone(const Feature& feature, Clock::time_point begun);
 
     ZQCamera::Impl& m_camera;
-    FeatureReader m_reader;
 };
 
 } // namespace zqcameralib

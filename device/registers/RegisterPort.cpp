@@ -102,9 +102,9 @@ std::optional<Status> RegisterPort::readAhead(
     return noted({ notReadYet, "not read yet" });
 }
 
-Status RegisterPort::read(const Register& place, std::uint8_t* buffer, AccessKind kind)
+Status RegisterPort::read(const Register& place, std::uint8_t* buffer)
 {
-    m_fourByteKind = place.size == 4 ? kind : m_fourByteKind;
+    const AccessKind kind = kindOf(place);
     note(place);
     if (m_ahead != nullptr) {
         if (const std::optional<Status> known = readAhead(place, kind, buffer)) {
@@ -173,7 +173,7 @@ void RegisterPort::prefetch(const Registers& registers)
     }
 }
 
-Status RegisterPort::write(const Register& place, const std::uint8_t* buffer, AccessKind kind)
+Status RegisterPort::write(const Register& place, const std::uint8_t* buffer)
 {
     invalidate();
     for (Recorder* recorder : m_recorders) {
@@ -183,7 +183,7 @@ Status RegisterPort::write(const Register& place, const std::uint8_t* buffer, Ac
     if (m_faultHook && m_faultHook(place.address, place.size, true)) {
         return noted({ injectedFault, "injected fault" });
     }
-    return noted(m_backend->write(place, buffer, kind));
+    return noted(m_backend->write(place, buffer, kindOf(place)));
 }
 
 RegisterPort::Ahead::Ahead(

@@ -27,8 +27,8 @@ public:
     ~RegisterPort();
 
     /// `buffer` has, or receives, as many bytes as the place.
-    Status read(const Register& place, std::uint8_t* buffer, AccessKind kind);
-    Status write(const Register& place, const std::uint8_t* buffer, AccessKind kind);
+    Status read(const Register& place, std::uint8_t* buffer);
+    Status write(const Register& place, const std::uint8_t* buffer);
 
     /// Reads registers that are going to be read anyway into the snapshot, where reading them
     /// together costs less. Failures are left to the reading proper.
@@ -119,7 +119,9 @@ public:
     };
 
     RegisterBackend& backend() { return *m_backend; }
-    /// How the camera wants this register to be read, as far as that is known.
+    /// How the camera wants registers of four bytes to be accessed.
+    void setFourByteKind(AccessKind kind) { m_fourByteKind = kind; }
+    /// How the camera wants this register to be accessed.
     AccessKind kindOf(const Register& place) const
     {
         return place.size == 4 ? m_fourByteKind : AccessKind::Memory;

@@ -241,7 +241,7 @@ Status CameraSession::read(const Register& place, std::uint8_t* buffer, AccessKi
 {
     GlibError failure;
     m_health->waitingSince = Clock::now().time_since_epoch().count();
-    if (kind == AccessKind::Register) {
+    if (kind == AccessKind::Register && ARV_IS_GV_DEVICE(m_device.get())) {
         guint32 value = 0;
         const gboolean done
             = arv_device_read_register(m_device.get(), place.address, &value, failure.out());
@@ -258,7 +258,7 @@ Status CameraSession::write(const Register& place, const std::uint8_t* buffer, A
 {
     GlibError failure;
     m_health->waitingSince = Clock::now().time_since_epoch().count();
-    if (kind == AccessKind::Register) {
+    if (kind == AccessKind::Register && ARV_IS_GV_DEVICE(m_device.get())) {
         guint32 value = 0;
         std::memcpy(&value, buffer, sizeof value);
         return finish(arv_device_write_register(

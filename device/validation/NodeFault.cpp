@@ -2,6 +2,7 @@
 
 #include "base/NumberText.h"
 #include "description/RegisterPlace.h"
+#include "nodemap/FormulaProgram.h"
 
 #include <algorithm>
 #include <array>
@@ -10,7 +11,6 @@ namespace zqcameralib {
 
 namespace {
 
-constexpr std::size_t maxFormulaLength = 20000;
 constexpr std::size_t maxNameLength = 1000;
 
 /// An integer child: `fallback` when absent; -1 when it is no number.
@@ -98,24 +98,12 @@ std::string sourceFault(const DescriptionNode& node)
     return isFormula(node.kind) || hasSource(node) ? "" : "it has no value";
 }
 
-bool isVariable(std::string_view tag)
+std::string formulaFault(const Description& description, const DescriptionNode& node)
 {
-    return tag == "pVariable" || tag == "Constant" || tag == "Expression";
-}
-
-std::string formulaFault(const DescriptionNode& node)
-{
-    for (const char* tag : { "Formula", "FormulaTo", "FormulaFrom" }) {
-        if (childText(node.element, tag).size() > maxFormulaLength) {
-            return "its formula is too long";
-        }
+    if (!isFormula(node.kind) && !isConverter(node.kind)) {
+        return {};
     }
-    for (const pugi::xml_node& child : node.element.children()) {
-        if (isVariable(child.name()) && child.attribute("Name").empty()) {
-            return "its formula has a variable without a name";
-        }
-    }
-    return {};
+    return FormulaProgram::compile(description, description.indexOf(node)).status().text();
 }
 
 std::string referenceFault(const Description& description, const DescriptionNode& node)
@@ -130,7 +118,9 @@ std::string referenceFault(const Description& description, const DescriptionNode
         }
         const DescriptionNode& target = description.node(reference.target);
         const bool isText = node.kind == NodeKind::String && reference.tag == ReferenceTag::Value;
-        if (isText ? !hasText(target.kind) : !hasNumber(target.kind)) {
+        const bool isState
+            = reference.tag == ReferenceTag::Variable && target.kind == NodeKind::Command;
+        if (isText ? !hasText(target.kind) : !hasNumber(target.kind) && !isState) {
             return "it refers to " + std::string(target.name) + ", which has no such value";
         }
     }
@@ -149,7 +139,7 @@ std::string nodeFault(const Description& description, const DescriptionNode& nod
     }
     std::string fault
         = isRegister(node.kind) ? registerFault(description, node) : sourceFault(node);
-    fault = fault.empty() ? formulaFault(node) : fault;
+    fault = fault.empty() ? formulaFault(description, node) : fault;
     return fault.empty() ? referenceFault(description, node) : fault;
 }
 

@@ -135,7 +135,7 @@ TEST(Writes, AreRefusedWithCodeAndSentenceBeforeAnythingIsSent)
         { "Sealed", set(1), featureLocked, "locked by the camera" },
         { "Absent", get, notAvailable, "not available now" },
         { "WriteOnly", get, notReadable, "can only be written" },
-        { "Quotient", get, notReadable, "its formula divides by zero now" },
+        { "Quotient", get, notEvaluable, "its formula divides by zero now" },
         { "Int", set("a"), wrongKind, "holds another kind of value" },
         { "Fixed", set(1), wrongKind, "holds another kind of value" },
         { "Mode", choose("M"), notWritable, "is read-only" },
@@ -144,7 +144,8 @@ TEST(Writes, AreRefusedWithCodeAndSentenceBeforeAnythingIsSent)
         { "Stuck", run, notWritable, "is read-only" },
         { "Either", set(1), featureLocked, "locked by Step" },
         { "Rate", set(0.0), notConvertible,
-            "0 cannot be written, the camera's formula cannot convert it into a number" },
+            "0 cannot be written, the camera's formula cannot convert it: its formula divides by "
+            "zero now" },
         { "Rate", set(0.0001), notConvertible,
             "1e-04 cannot be written, it is converted into 1e+10, which its register does not "
             "hold" },
@@ -164,7 +165,7 @@ TEST(Writes, AreRefusedWithCodeAndSentenceBeforeAnythingIsSent)
     EXPECT_EQ(camera.port.writes(), 0U);
     camera.set("Step", 0);
     EXPECT_EQ(camera.set("Tenfold", 1), notConvertible);
-    EXPECT_NE(camera.errorText(notConvertible).find("division by zero"), std::string::npos);
+    EXPECT_NE(camera.errorText(notConvertible).find("divides by zero"), std::string::npos);
 }
 
 TEST(Writes, ReachTheCameraAndReadBack)

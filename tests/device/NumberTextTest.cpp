@@ -45,7 +45,7 @@ TEST(NumberText, IsReadAsDescriptionsWriteIntegers)
              { "-1", -1, UINT64_MAX, true },
              { "0x1F", 31, 31, true },
              { "0xffffffffffffffff", INT64_MAX, UINT64_MAX, true },
-             { "010", 8, 8, true },
+             { "010", 10, 10, true },
              { "8 ", 8, 8, false },
              { "12 px", 12, 12, false },
              { "1;2", 1, 1, false },

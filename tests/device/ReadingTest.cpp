@@ -144,9 +144,10 @@ const std::vector<ValueCase> valueCases {
     { "increments that are none", overR("Integer", "<Max>9</Max><Inc>-3</Inc>"), {},
         "0 1 RW 0..9/0" },
     { "limit without a value",
-        overR("Integer", "<pMax>Q</pMax><Inc>9000000000</Inc>")
-            + knife("IntSwissKnife", "Q", { "R" }, "1/R"),
-        { 0, 0, 0, 0 }, "0 1 RW 0..4294967295/4294967295" },
+        overR("Integer", "<pMax>Q</pMax>") + knife("IntSwissKnife", "Q", { "R" }, "1/R"),
+        { 0, 0, 0, 0 }, " 0 RW 0..0/0" },
+    { "increment beyond 32 bits", overR("Integer", "<Inc>9000000000</Inc>"), {},
+        "0 1 RW 0..4294967295/4294967295" },
     { "signed bits", place("MaskedIntReg", "<LSB>31</LSB><MSB>28</MSB>" + isSigned),
         { 0, 0, 0, 0x0F }, "-1 1 RW -8..7/1" },
     { "one bit", place("MaskedIntReg", "<Bit>31</Bit>"), { 0, 0, 0, 3 }, "1 1 RW 0..1/1" },
@@ -180,8 +181,7 @@ TEST(ReadFeature, IsExactAndCarriesItsAccess)
         SCOPED_TRACE(test.what);
         TestCamera camera("F", test.node);
         const Register place { 0, test.bytes.size() };
-        EXPECT_TRUE(test.bytes.empty()
-            || camera.port.write(place, test.bytes.data(), AccessKind::Memory).isOk());
+        EXPECT_TRUE(test.bytes.empty() || camera.port.write(place, test.bytes.data()).isOk());
         camera.read("F");
         EXPECT_EQ(summary(camera.item("F")), test.expected);
     }

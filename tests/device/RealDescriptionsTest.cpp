@@ -23,31 +23,38 @@ TEST_F(RealDescriptions, NearlyAllFeaturesAreListedAndReadOnceEach)
     }
 }
 
-TEST_F(RealDescriptions, ValuesAgreeWithTheNodeMap)
+/// What a feature's row shows, and whether it takes it back.
+int writeBack(TestCamera& camera, const FeatureItem& record)
+{
+    const char* name = record.name.c_str();
+    switch (record.type) {
+    case FEATURE_INTEGER:
+        return camera.device.SetIntegerValue(name, std::stoll(record.valueText), 1);
+    case FEATURE_FLOAT:
+        return camera.device.SetFloatValue(name, std::stod(record.valueText));
+    case FEATURE_BOOLEAN:
+        return camera.device.SetBooleanValue(name, record.valueText == "1");
+    default:
+        return STATUS_OK;
+    }
+}
+
+TEST_F(RealDescriptions, TakeBackWhatTheyShowWithoutAChange)
 {
     for (const std::string& path : m_files) {
         TestCamera camera(TestCamera::ofFile(path));
-        std::size_t compared = 0;
+        std::size_t written = 0;
         for (const auto& record : camera.repository.GetFeatureList()) {
-            const zqcameralib::Feature* feature = camera.camera->impl().feature(record->name);
-            if (record->displayFlag == 0 || record->type == FEATURE_COMMAND) {
+            if (record->displayFlag == 0 || record->intWritable == 0 || record->lockedFlag != 0) {
                 continue;
             }
-            ++compared;
-            if (record->type == FEATURE_INTEGER) {
-                EXPECT_EQ(std::stoll(record->valueText),
-                    arv_gc_integer_get_value(ARV_GC_INTEGER(feature->gc), nullptr));
-            } else if (record->type == FEATURE_FLOAT) {
-                EXPECT_EQ(std::stod(record->valueText),
-                    arv_gc_float_get_value(ARV_GC_FLOAT(feature->gc), nullptr));
-            } else if (record->type == FEATURE_ENUMERATION) {
-                auto entry = record->enumEntries.begin();
-                std::advance(entry, std::stoi(record->valueText));
-                EXPECT_EQ(*entry,
-                    arv_gc_enumeration_get_string_value(ARV_GC_ENUMERATION(feature->gc), nullptr));
+            const std::string shown = camera.read(record->name);
+            if (writeBack(camera, *record) == STATUS_OK) {
+                ++written;
+                EXPECT_EQ(camera.read(record->name), shown) << path << " " << record->name;
             }
         }
-        EXPECT_GT(compared, 30U) << path;
+        EXPECT_GT(written, 10U) << path;
     }
 }
 

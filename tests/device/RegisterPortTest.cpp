@@ -21,15 +21,15 @@ public:
 class Port : public testing::Test {
 protected:
     /// The last byte of a register; -1 when it cannot be read.
-    int read(std::uint64_t address, AccessKind kind = AccessKind::Memory)
+    int read(std::uint64_t address)
     {
         std::array<std::uint8_t, 4> bytes {};
-        return m_port.read({ address, 4 }, bytes.data(), kind).isOk() ? bytes[3] : -1;
+        return m_port.read({ address, 4 }, bytes.data()).isOk() ? bytes[3] : -1;
     }
     Status write(std::uint64_t address)
     {
         const std::array<std::uint8_t, 4> bytes { 0, 0, 0, 5 };
-        return m_port.write({ address, 4 }, bytes.data(), AccessKind::Memory);
+        return m_port.write({ address, 4 }, bytes.data());
     }
     /// The camera changes by itself.
     void change(std::uint8_t value) { m_camera.memory().write(3, &value, 1); }
@@ -139,7 +139,8 @@ TEST_F(Port, PrefetchesEachRegisterOnceInTheKindThatTheCameraWants)
     m_port.prefetch({ { 0, 4 }, { 0, 4 } }); // one alone gains nothing
     EXPECT_EQ(m_camera.together, 0U);
     EXPECT_EQ(m_port.kindOf({ 0, 4 }), AccessKind::Memory);
-    read(16, AccessKind::Register);
+    m_port.setFourByteKind(AccessKind::Register);
+    read(16);
     EXPECT_EQ(m_port.kindOf({ 0, 4 }), AccessKind::Register);
     EXPECT_EQ(m_port.kindOf({ 0, 8 }), AccessKind::Memory);
     m_port.prefetch({ { 0, 4 }, { 16, 4 }, { 8, 8 }, { 0, 4 } });

@@ -29,19 +29,6 @@ TEST(Status, OfALibraryErrorKeepsItsCodeAndIsNeverASuccess)
     }
 }
 
-TEST(Status, ComesBackFromTheLibraryAsItWas)
-{
-    GError* error = nullptr;
-    EXPECT_TRUE(Status().toLibrary(&error));
-    ASSERT_EQ(error, nullptr);
-    EXPECT_FALSE(Status(cameraLost, "first").toLibrary(&error));
-    EXPECT_FALSE(Status(notSent, "second").toLibrary(&error)); // the first cause stays
-    EXPECT_EQ(Status::fromLibrary(*error).code(), cameraLost);
-    EXPECT_EQ(Status::fromLibrary(*error).text(), "first");
-    g_error_free(error);
-    EXPECT_FALSE(Status(cameraLost, "nobody asks").toLibrary(nullptr));
-}
-
 TEST(Status, OfAFailureStaysOneWhateverItsCodeAndWords)
 {
     EXPECT_EQ(Status(0, "words").code(), otherErrorBase);

@@ -96,7 +96,7 @@ TestCamera TestCamera::simulated()
 int TestCamera::registerAt(std::uint64_t address)
 {
     std::array<std::uint8_t, 4> bytes {};
-    const auto read = port.read({ address, 4 }, bytes.data(), AccessKind::Memory);
+    const auto read = port.read({ address, 4 }, bytes.data());
     return read.isOk() ? bytes[3] : -1;
 }
 

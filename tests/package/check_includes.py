@@ -20,7 +20,8 @@ FORBIDDEN = {
 # From the ground up: a room may include those before it. docs/architecture.md draws them.
 ROOMS = {
     "device": [
-        "base", "network", "frames", "registers", "description", "validation", "nodemap", "features",
+        "base", "network", "frames", "registers", "formula", "description", "nodemap", "validation",
+        "features",
         "memory", "simulation", "session", "stream", "link", "camera", "operations",
         "acquisition", "opening",
     ],

@@ -1,0 +1,313 @@
+#include "formula/FormulaParser.h"
+
+#include "base/StatusCodes.h"
+
+#include <glib.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace zqcameralib {
+
+namespace {
+
+using Operation = FormulaOperation;
+
+/// Rules within each other: about three for each parenthesis; real formulas reach 54 parentheses.
+constexpr int maxDepth = 1500;
+/// A long row of operators is evaluated as deep as it is long.
+constexpr std::size_t maxTerms = 4000;
+
+struct Sign {
+    std::string_view text;
+    Operation operation;
+};
+
+/// Operators of two operands that group to the left, by rising precedence. Of two signs that begin
+/// alike, the longer one stands first.
+const std::array<std::vector<Sign>, 10> levels { {
+    { { "||", Operation::Or } },
+    { { "&&", Operation::And } },
+    { { "|", Operation::BitOr } },
+    { { "^", Operation::BitXor } },
+    { { "&", Operation::BitAnd } },
+    { { "=", Operation::Equal }, { "<>", Operation::Unequal } },
+    { { "<=", Operation::LessOrEqual }, { ">=", Operation::GreaterOrEqual },
+        { "<", Operation::Less }, { ">", Operation::Greater } },
+    { { "<<", Operation::ShiftLeft }, { ">>", Operation::ShiftRight } },
+    { { "+", Operation::Add }, { "-", Operation::Subtract } },
+    { { "*", Operation::Multiply }, { "/", Operation::Divide }, { "%", Operation::Remainder } },
+} };
+
+const std::array<Sign, 17> functions { {
+    { "SGN", Operation::Sgn },
+    { "NEG", Operation::Negate },
+    { "ABS", Operation::Abs },
+    { "EXP", Operation::Exp },
+    { "LN", Operation::Ln },
+    { "LG", Operation::Lg },
+    { "SQRT", Operation::Sqrt },
+    { "TRUNC", Operation::Trunc },
+    { "ROUND", Operation::Round },
+    { "FLOOR", Operation::Floor },
+    { "CEIL", Operation::Ceil },
+    { "SIN", Operation::Sin },
+    { "COS", Operation::Cos },
+    { "TAN", Operation::Tan },
+    { "ASIN", Operation::Asin },
+    { "ACOS", Operation::Acos },
+    { "ATAN", Operation::Atan },
+} };
+
+bool isWordPart(char c)
+{
+    return g_ascii_isalnum(c) || c == '_' || c == '.';
+}
+
+/// Signs of which the first characters are another sign.
+bool isPartOfLonger(std::string_view rest, std::string_view sign)
+{
+    for (const std::string_view longer : { "||", "&&", "<=", ">=", "<>", "<<", ">>", "**" }) {
+        if (longer.size() > sign.size() && longer.substr(0, sign.size()) == sign
+            && rest.substr(0, longer.size()) == longer) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Counts how deep a rule calls itself, while it lives.
+class Nesting {
+public:
+    explicit Nesting(int& depth)
+        : m_depth(++depth)
+    {
+    }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+    ~Nesting() { --m_depth; }
+
+private:
+    int& m_depth;
+};
+
+} // namespace
+
+Result<Formula> FormulaParser::parse()
+{
+    choice();
+    if (m_fault.empty() && !isAtEnd()) {
+        fail("\"" + std::string(m_text.substr(m_at, 10)) + "\" is not expected");
+    }
+    if (m_fault.empty() && m_formula.m_terms.size() > maxTerms) {
+        fail("it is too long");
+    }
+    if (!m_fault.empty()) {
+        return Status(notEvaluable, m_fault);
+    }
+    return std::move(m_formula);
+}
+
+std::size_t FormulaParser::choice()
+{
+    const Nesting nesting(m_depth);
+    if (m_depth > maxDepth) {
+        return fail("it is nested too deeply");
+    }
+    const std::size_t condition = binary(0);
+    if (!take("?")) {
+        return condition;
+    }
+    const std::size_t whenTrue = choice();
+    expect(":");
+    const std::size_t whenFalse = choice();
+    return add(Operation::Choice, condition, whenTrue, whenFalse);
+}
+
+std::size_t FormulaParser::binary(std::size_t level)
+{
+    if (level == levels.size()) {
+        return power();
+    }
+    std::size_t left = binary(level + 1);
+    while (const std::optional<Operation> operation = takeOperator(level)) {
+        const std::size_t right = binary(level + 1);
+        left = add(*operation, left, right);
+    }
+    return left;
+}
+
+std::size_t FormulaParser::power()
+{
+    const Nesting nesting(m_depth);
+    const std::size_t base = unary();
+    if (m_depth > maxDepth || !take("**")) {
+        return base;
+    }
+    const std::size_t exponent = power();
+    return add(Operation::Power, base, exponent);
+}
+
+std::size_t FormulaParser::unary()
+{
+    const Nesting nesting(m_depth);
+    if (m_depth > maxDepth) {
+        return fail("it is nested too deeply");
+    }
+    if (take("-")) {
+        return add(Operation::Negate, unary());
+    }
+    if (take("+")) {
+        return add(Operation::Identity, unary());
+    }
+    return take("~") ? add(Operation::BitNot, unary()) : primary();
+}
+
+std::size_t FormulaParser::primary()
+{
+    skipBlanks();
+    const char next = isAtEnd() ? '\0' : m_text[m_at];
+    if (take("(")) {
+        const std::size_t inner = choice();
+        expect(")");
+        return inner;
+    }
+    if (g_ascii_isdigit(next) || next == '.') {
+        return number();
+    }
+    if (g_ascii_isalpha(next) || next == '_') {
+        return word();
+    }
+    return fail(next == '\0' ? "it ends too early"
+                             : "\"" + std::string(m_text.substr(m_at, 10)) + "\" is not expected");
+}
+
+std::size_t FormulaParser::number()
+{
+    const std::size_t first = m_at;
+    const bool isHexadecimal
+        = g_ascii_tolower(m_text.substr(m_at).size() > 1 ? m_text[m_at + 1] : 0) == 'x';
+    while (m_at < m_text.size() && isWordPart(m_text[m_at])) {
+        const bool isExponent = !isHexadecimal && g_ascii_tolower(m_text[m_at]) == 'e';
+        ++m_at;
+        if (isExponent && m_at < m_text.size() && (m_text[m_at] == '-' || m_text[m_at] == '+')) {
+            ++m_at;
+        }
+    }
+    const std::string_view text = m_text.substr(first, m_at - first);
+    const std::optional<Number> value = parseNumber(text.data(), text.data() + text.size());
+    return value ? addConstant(*value) : fail("\"" + std::string(text) + "\" is no number");
+}
+
+std::size_t FormulaParser::word()
+{
+    const std::size_t first = m_at;
+    while (m_at < m_text.size() && isWordPart(m_text[m_at])) {
+        ++m_at;
+    }
+    const std::string_view name = m_text.substr(first, m_at - first);
+    return take("(") ? call(name) : symbol(name);
+}
+
+std::size_t FormulaParser::call(std::string_view name)
+{
+    if ((name == "PI" || name == "E") && take(")")) {
+        return addConstant(Number::of(name == "E" ? M_E : M_PI));
+    }
+    const auto* const function = std::find_if(functions.begin(), functions.end(),
+        [name](const Sign& known) { return known.text == name; });
+    if (function == functions.end()) {
+        return fail("there is no function " + std::string(name));
+    }
+    const std::size_t argument = choice();
+    if (function->operation == Operation::Round && take(",")) {
+        const std::size_t digits = choice();
+        expect(")");
+        return add(Operation::RoundTo, argument, digits);
+    }
+    expect(")");
+    return add(function->operation, argument);
+}
+
+std::size_t FormulaParser::symbol(std::string_view name)
+{
+    auto& names = m_formula.m_symbols;
+    const auto known = std::find(names.begin(), names.end(), name);
+    const auto index = static_cast<std::size_t>(known - names.begin());
+    if (known == names.end()) {
+        names.emplace_back(name);
+    }
+    return add(Operation::Symbol, index);
+}
+
+std::size_t FormulaParser::add(Operation operation, std::size_t a, std::size_t b, std::size_t c)
+{
+    m_formula.m_terms.push_back({ operation, a, b, c, {} });
+    return m_formula.m_terms.size() - 1;
+}
+
+std::size_t FormulaParser::addConstant(const Number& value)
+{
+    const std::size_t term = add(Operation::Constant);
+    m_formula.m_terms.back().constant = value;
+    return term;
+}
+
+/// Ends the text, so that nothing more is found.
+std::size_t FormulaParser::fail(const std::string& why)
+{
+    if (m_fault.empty()) {
+        m_fault = why;
+    }
+    m_at = m_text.size();
+    return 0;
+}
+
+std::optional<FormulaOperation> FormulaParser::takeOperator(std::size_t level)
+{
+    for (const Sign& sign : levels.at(level)) {
+        if (take(sign.text)) {
+            return sign.operation;
+        }
+    }
+    return std::nullopt;
+}
+
+bool FormulaParser::take(std::string_view sign)
+{
+    skipBlanks();
+    const std::string_view rest = m_text.substr(m_at);
+    if (rest.substr(0, sign.size()) != sign || isPartOfLonger(rest, sign)) {
+        return false;
+    }
+    m_at += sign.size();
+    return true;
+}
+
+void FormulaParser::expect(std::string_view sign)
+{
+    if (!take(sign)) {
+        fail("\"" + std::string(sign) + "\" is missing");
+    }
+}
+
+void FormulaParser::skipBlanks()
+{
+    while (m_at < m_text.size() && g_ascii_isspace(m_text[m_at])) {
+        ++m_at;
+    }
+}
+
+bool FormulaParser::isAtEnd()
+{
+    skipBlanks();
+    return m_at == m_text.size();
+}
+
+Result<Formula> Formula::parse(std::string_view text)
+{
+    return FormulaParser(text).parse();
+}
+
+} // namespace zqcameralib

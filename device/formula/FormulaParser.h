@@ -1,0 +1,49 @@
+#pragma once
+
+#include "formula/Formula.h"
+
+#include <optional>
+
+namespace zqcameralib {
+
+/// Takes the text of a formula apart, by precedence as in C; unary signs bind before powers.
+class FormulaParser {
+public:
+    explicit FormulaParser(std::string_view text)
+        : m_text(text)
+    {
+    }
+
+    Result<Formula> parse();
+
+private:
+    using Operation = FormulaOperation;
+
+    /// Each gives the index of a term; after the first fault, what they give has no meaning.
+    std::size_t choice();
+    std::size_t binary(std::size_t level);
+    std::size_t power();
+    std::size_t unary();
+    std::size_t primary();
+    std::size_t number();
+    std::size_t word();
+    std::size_t call(std::string_view name);
+    std::size_t symbol(std::string_view name);
+
+    std::size_t add(Operation operation, std::size_t a = 0, std::size_t b = 0, std::size_t c = 0);
+    std::size_t addConstant(const Number& value);
+    std::size_t fail(const std::string& why);
+    std::optional<Operation> takeOperator(std::size_t level);
+    bool take(std::string_view sign);
+    void expect(std::string_view sign);
+    void skipBlanks();
+    bool isAtEnd();
+
+    std::string_view m_text;
+    std::size_t m_at = 0;
+    int m_depth = 0;
+    Formula m_formula;
+    std::string m_fault;
+};
+
+} // namespace zqcameralib

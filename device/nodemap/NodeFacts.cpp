@@ -1,0 +1,146 @@
+#include "nodemap/NodeFacts.h"
+
+#include "base/NumberText.h"
+
+namespace zqcameralib {
+
+namespace {
+
+std::optional<Number> numberIn(const pugi::xml_node& element)
+{
+    const std::string_view text = elementText(element);
+    return parseNumber(text.data(), text.data() + text.size());
+}
+
+std::int64_t integerIn(const pugi::xml_node& element, std::int64_t whenAbsent)
+{
+    const std::optional<Number> number = element ? numberIn(element) : std::nullopt;
+    return number ? number->rounded().value_or(whenAbsent) : whenAbsent;
+}
+
+/// By a reference if there is one, else by a number.
+NumberSource sourceIn(const Description& description, const pugi::xml_node& element,
+    const char* reference, const char* number)
+{
+    NumberSource source;
+    if (const pugi::xml_node referring = element.child(reference)) {
+        source.node = description.find(elementText(referring));
+    } else if (const pugi::xml_node given = element.child(number)) {
+        source.constant = numberIn(given);
+    }
+    return source;
+}
+
+void addIndexed(const Description& description, const pugi::xml_node& element, ValueFacts& facts)
+{
+    facts.index = description.find(childText(element, "pIndex"));
+    for (const char* tag : { "ValueIndexed", "pValueIndexed" }) {
+        for (const pugi::xml_node& child : element.children(tag)) {
+            NumberSource source;
+            if (tag[0] == 'p') {
+                source.node = description.find(elementText(child));
+            } else {
+                source.constant = numberIn(child);
+            }
+            const std::string_view at = child.attribute("Index").value();
+            const auto number = parseNumber(at.data(), at.data() + at.size());
+            facts.indexed.emplace(number ? number->integer : 0, source);
+        }
+    }
+    facts.otherwise = sourceIn(description, element, "pValueDefault", "ValueDefault");
+}
+
+void addCopies(const Description& description, const pugi::xml_node& element, ValueFacts& facts)
+{
+    for (const pugi::xml_node& copy : element.children("pValueCopy")) {
+        const std::size_t node = description.find(elementText(copy));
+        if (node != Description::absent) {
+            facts.copies.push_back(node);
+        }
+    }
+}
+
+void addNumericValues(const pugi::xml_node& element, ValueFacts& facts)
+{
+    for (const pugi::xml_node& entry : element.children("EnumEntry")) {
+        const std::optional<Number> numeric = numberIn(entry.child("NumericValue"));
+        if (numeric) {
+            facts.numeric.emplace(integerIn(entry.child("Value"), 0), numeric->asReal());
+        }
+    }
+}
+
+bool swapsBytes(const Description& description, const pugi::xml_node& reg)
+{
+    const std::size_t port = description.find(childText(reg, "pPort"));
+    return port != Description::absent
+        && childText(description.node(port).element, "SwapEndianess") == "Yes";
+}
+
+void addPlace(const Description& description, const pugi::xml_node& reg, RegisterFacts& facts)
+{
+    for (const pugi::xml_node& child : reg.children()) {
+        const std::string_view tag = child.name();
+        if (tag == "Address") {
+            facts.address += static_cast<std::uint64_t>(integerIn(child, 0));
+        } else if (tag == "pAddress") {
+            facts.addends.push_back(description.find(elementText(child)));
+        } else if (nodeKind(tag) == NodeKind::IntSwissKnife) {
+            facts.addends.push_back(description.find(child.attribute("Name").value()));
+        } else if (tag == "pIndex") {
+            RegisterFacts::Step step { description.find(elementText(child)), {} };
+            const std::string_view offset = child.attribute("Offset").value();
+            step.size.constant = parseNumber(offset.data(), offset.data() + offset.size());
+            step.size.node = description.find(child.attribute("pOffset").value());
+            facts.steps.push_back(step);
+        }
+    }
+}
+
+} // namespace
+
+ValueFacts valueFacts(const Description& description, std::size_t node)
+{
+    const pugi::xml_node& element = description.node(node).element;
+    ValueFacts facts;
+    facts.value = sourceIn(description, element, "pValue", "Value");
+    facts.text = childText(element, "Value");
+    addCopies(description, element, facts);
+    if (element.child("pIndex")) {
+        addIndexed(description, element, facts);
+    }
+    facts.minimum = sourceIn(description, element, "pMin", "Min");
+    facts.maximum = sourceIn(description, element, "pMax", "Max");
+    facts.increment = sourceIn(description, element, "pInc", "Inc");
+    facts.on = integerIn(element.child("OnValue"), 1);
+    facts.off = integerIn(element.child("OffValue"), 0);
+    facts.command = sourceIn(description, element, "pCommandValue", "CommandValue");
+    if (description.node(node).kind == NodeKind::Enumeration) {
+        addNumericValues(element, facts);
+    }
+    return facts;
+}
+
+RegisterFacts registerFacts(const Description& description, std::size_t node)
+{
+    const DescriptionNode& owner = description.node(node);
+    const pugi::xml_node reg = owner.registerElement();
+    // An entry of a register may say these for itself.
+    const auto own = [&](const char* tag) {
+        const std::string_view text = childText(owner.element, tag);
+        return text.empty() ? childText(reg, tag) : text;
+    };
+    RegisterFacts facts;
+    addPlace(description, reg, facts);
+    facts.length = sourceIn(description, reg, "pLength", "Length");
+    facts.isBigEndian = (own("Endianess") == "BigEndian") != swapsBytes(description, reg);
+    facts.isSigned = own("Sign") == "Signed";
+    facts.isBitField = isBitField(owner.kind);
+    facts.isReadable = own("AccessMode") != "WO";
+    const pugi::xml_node bit = owner.element.child("Bit");
+    facts.lsb = static_cast<unsigned>(integerIn(bit ? bit : owner.element.child("LSB"), 0));
+    facts.msb = static_cast<unsigned>(integerIn(bit ? bit : owner.element.child("MSB"), 0));
+    return facts;
+}
+
+} // namespace zqcameralib

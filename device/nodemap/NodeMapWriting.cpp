@@ -1,0 +1,222 @@
+#include "base/NumberText.h"
+#include "base/StatusCodes.h"
+#include "nodemap/NodeMapFacts.h"
+#include "nodemap/RegisterCodec.h"
+
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
+
+namespace zqcameralib {
+
+namespace {
+
+std::string textOf(const Number& value)
+{
+    return value.isReal ? floatText(value.real) : integerText(value.integer);
+}
+
+Status doesNotFit(const Number& value)
+{
+    return { notConvertible,
+        "it is converted into " + textOf(value) + ", which its register does not hold" };
+}
+
+} // namespace
+
+Status NodeMap::check(std::size_t node, const Number& value)
+{
+    return put(node, value, Sending::Nothing);
+}
+
+Status NodeMap::set(std::size_t node, const Number& value)
+{
+    return put(node, value, Sending::Everything);
+}
+
+Status NodeMap::execute(std::size_t command)
+{
+    const Visit visit(*this);
+    const ValueFacts& facts = valueFactsOf(command);
+    const Result<Number> value = sourceNumber(facts.command);
+    if (!value.isOk()) {
+        return value.status();
+    }
+    return putSource(command, value.value(), Sending::Everything);
+}
+
+Status NodeMap::put(std::size_t index, const Number& value, Sending sending)
+{
+    const Visit visit(*this);
+    if (Status status = visit.status(); !status.isOk()) {
+        return status;
+    }
+    if (node(index).isBroken()) {
+        return { notEvaluable, node(index).broken };
+    }
+    const NodeKind kind = node(index).kind;
+    if (isRegister(kind)) {
+        return putRegister(index, value, sending);
+    }
+    if (isConverter(kind)) {
+        return putConverted(index, value, sending);
+    }
+    if (isFormula(kind)) {
+        return { notWritable, "it is calculated" };
+    }
+    if (kind == NodeKind::Boolean) {
+        const ValueFacts& facts = valueFactsOf(index);
+        if (!(value == Number::of(std::int64_t(0))) && !(value == Number::of(std::int64_t(1)))) {
+            return { notConvertible, textOf(value) + " is neither on nor off" };
+        }
+        return putSource(index, Number::of(value.isZero() ? facts.off : facts.on), sending);
+    }
+    if (kind == NodeKind::Integer && value.isReal) {
+        const Result<Number> integer = onGrid(index, value);
+        return integer.isOk() ? putSource(index, integer.value(), sending) : integer.status();
+    }
+    return putSource(index, value, sending);
+}
+
+Status NodeMap::putSource(std::size_t index, const Number& value, Sending sending)
+{
+    const Result<NumberSource*> selected = selectedSource(index);
+    if (!selected.isOk()) {
+        return selected.status();
+    }
+    NumberSource& target = *selected.value();
+    if (target.node != Description::absent) {
+        if (Status status = put(target.node, value, sending); !status.isOk()) {
+            return status;
+        }
+    } else if (sending == Sending::Everything) {
+        target.constant = value;
+    }
+    for (const std::size_t copy : valueFactsOf(index).copies) {
+        if (Status status = put(copy, value, sending); !status.isOk()) {
+            return status;
+        }
+    }
+    return {};
+}
+
+/// What is written back as it was read stays in the register as it is, however much a formula
+/// rounds.
+Status NodeMap::putConverted(std::size_t converter, const Number& value, Sending sending)
+{
+    const Result<std::size_t> target = source(converter);
+    if (!target.isOk()) {
+        return target.status();
+    }
+    const bool takesIntegers = node(converter).kind == NodeKind::IntConverter;
+    const auto integer = value.rounded();
+    if (takesIntegers && !integer) {
+        return { notConvertible, "the camera's formula takes 64-bit integers only" };
+    }
+    const Number wanted = takesIntegers ? Number::of(*integer) : value;
+    const Result<Number> converted
+        = evaluated(converter, FormulaProgram::Entry::ToRegister, wanted);
+    if (!converted.isOk()) {
+        return { notConvertible,
+            "the camera's formula cannot convert it: " + converted.status().text() };
+    }
+    const RegisterPort::FailureScope failures(m_port);
+    const Result<Number> raw = rawNumber(converter);
+    if (failures.hasFailed()) {
+        return failures.status();
+    }
+    if (raw.isOk()) {
+        const Result<Number> present
+            = evaluated(converter, FormulaProgram::Entry::FromRegister, raw.value());
+        if (present.isOk() && present.value() == wanted) {
+            return put(target.value(), raw.value(), sending);
+        }
+    }
+    if (node(target.value()).kind != NodeKind::Integer) {
+        return put(target.value(), converted.value(), sending);
+    }
+    const Result<Number> onGrid = this->onGrid(target.value(), converted.value());
+    return onGrid.isOk() ? put(target.value(), onGrid.value(), sending) : onGrid.status();
+}
+
+/// The nearest of the integers that the node takes; its present value where that is as near as an
+/// integer can be.
+Result<Number> NodeMap::onGrid(std::size_t index, const Number& value)
+{
+    const auto nearest = value.rounded();
+    if (!nearest) {
+        return doesNotFit(value);
+    }
+    const Result<Limits> limits = this->limits(index);
+    if (!limits.isOk()) {
+        return limits.status();
+    }
+    const auto least = limits.value().minimum ? limits.value().minimum->rounded() : std::nullopt;
+    const auto most = limits.value().maximum ? limits.value().maximum->rounded() : std::nullopt;
+    if ((least && *nearest < *least) || (most && *nearest > *most)) {
+        return doesNotFit(value);
+    }
+    const std::int64_t step
+        = limits.value().increment ? limits.value().increment->rounded().value_or(1) : 1;
+    const std::int64_t origin = least.value_or(0);
+    const std::uint64_t beyond
+        = static_cast<std::uint64_t>(*nearest) - static_cast<std::uint64_t>(origin);
+    if (step <= 1 || beyond % static_cast<std::uint64_t>(step) == 0) {
+        return Number::of(*nearest);
+    }
+    const RegisterPort::FailureScope failures(m_port);
+    const Result<Number> present = number(index);
+    if (failures.hasFailed()) {
+        return failures.status();
+    }
+    if (present.isOk() && present.value().integer == *nearest) {
+        return present;
+    }
+    const std::uint64_t size = static_cast<std::uint64_t>(step);
+    const double exact = value.asReal() - static_cast<double>(origin);
+    const auto steps = static_cast<std::uint64_t>(std::max(0.0, std::round(exact / double(size))));
+    const auto onGrid
+        = static_cast<std::int64_t>(static_cast<std::uint64_t>(origin) + steps * size);
+    const bool isBeyond = most && onGrid > *most;
+    return Number::of(isBeyond ? onGrid - step : onGrid);
+}
+
+Status NodeMap::putRegister(std::size_t index, const Number& value, Sending sending)
+{
+    const Result<std::size_t> size = readLength(index);
+    if (!size.isOk() || size.value() == 0) {
+        return size.isOk() ? Status(notEvaluable, "its register has no bytes now") : size.status();
+    }
+    const RegisterFacts& facts = registerFactsOf(index);
+    const bool isFloat = node(index).kind == NodeKind::FloatReg;
+    const auto integer = value.rounded();
+    if (isFloat) {
+        const bool isSingle = size.value() == sizeof(float);
+        if (!value.isFinite() || (isSingle && std::fabs(value.asReal()) > double(FLT_MAX))) {
+            return { notConvertible, "it is more than its register holds" };
+        }
+    } else {
+        const IntegerRange range = integerRange(facts, size.value());
+        // All 64 bits of an unsigned register can be had: what is beyond a signed number is below
+        // 0.
+        const bool isAll64 = !facts.isSigned && !facts.isBitField && size.value() == 8;
+        if (!integer || (*integer < range.minimum && !isAll64) || *integer > range.maximum) {
+            return doesNotFit(value);
+        }
+    }
+    if (sending == Sending::Nothing) {
+        return {};
+    }
+    Result<std::vector<std::uint8_t>> bytes = bytesToChange(index);
+    if (!bytes.isOk()) {
+        return bytes.status();
+    }
+    if (isFloat) {
+        encodeReal(facts, value.asReal(), bytes.value().data(), size.value());
+    } else {
+        encodeInteger(facts, *integer, bytes.value().data(), size.value());
+    }
+    return writeBytes(index, bytes.value());
+}
+
+} // namespace zqcameralib
