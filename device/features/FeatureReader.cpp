@@ -242,7 +242,9 @@ Result<std::string> FeatureReader::readValue(const Feature& feature)
     }
     const Result<Number> value = m_nodes.number(feature.index);
     if (!value.isOk()) {
-        return value.status();
+        const bool isNeither
+            = feature.type == FEATURE_BOOLEAN && m_nodes.rawNumber(feature.index).isOk();
+        return isNeither ? Result<std::string>(std::string()) : value.status();
     }
     return feature.type == FEATURE_FLOAT ? floatText(value.value().asReal())
                                          : integerText(value.value().integer);
