@@ -1,9 +1,11 @@
 #include "opening/InitialRegisters.h"
 
 #include "description/ReferenceWalk.h"
+#include "description/RegisterPlace.h"
 #include "features/Conditions.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 
 namespace zqcameralib {
@@ -23,6 +25,13 @@ public:
         , m_conditions(camera.nodes(), camera.port())
         , m_memory(memory)
     {
+        for (const DescriptionNode& node : camera.description().nodes()) {
+            const std::string_view mode = childText(node.registerElement(), "AccessMode");
+            const auto place = mode == "RO" ? std::nullopt : fixedPlace(node);
+            if (place) {
+                m_written.insert({ place->first, place->size() });
+            }
+        }
     }
 
     void satisfy(const Condition& condition)
@@ -95,6 +104,13 @@ private:
                                return reg.size > maxDecidingSize || m_settled.count(reg) != 0;
                            }),
             deciding.end());
+        // What nobody sets says what the camera has: of several that do, all of it.
+        Registers inquired;
+        std::copy_if(deciding.begin(), deciding.end(), std::back_inserter(inquired),
+            [this](const Register& reg) { return m_written.count(reg) == 0; });
+        if (inquired.size() > 1 && tryValues(inquired, condition)) {
+            return true;
+        }
         for (const Register& reg : deciding) {
             if (tryValues({ reg }, condition)) {
                 return true;
@@ -135,6 +151,7 @@ private:
     RegisterPort& m_port;
     Conditions m_conditions;
     RegisterMemory& m_memory;
+    std::set<Register> m_written; ///< registers at fixed places that can be set
     std::set<Register> m_settled;
     std::set<std::size_t> m_satisfied; ///< the nodes that decide
     std::set<std::size_t> m_released;
