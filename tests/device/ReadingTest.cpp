@@ -44,20 +44,6 @@ struct ValueCase {
     std::string expected; ///< "text flag access [limits]"
 };
 
-std::string summary(const FeatureItem& item)
-{
-    std::string text = item.valueText + " " + std::to_string(item.displayFlag) + " "
-        + char(item.accessMode >> 8U) + char(item.accessMode & 0xFFU);
-    if (item.type == FEATURE_INTEGER) {
-        text += " " + std::to_string(item.intMin) + ".." + std::to_string(item.intMax) + "/"
-            + std::to_string(item.intInc);
-    }
-    for (const std::string& entry : item.enumEntries) {
-        text += " " + entry;
-    }
-    return text;
-}
-
 std::string named(const std::string& tag, const std::string& content)
 {
     return node(tag, "F", content);
@@ -191,8 +177,18 @@ TEST(Record, AddressesAreTranslatedByWhatTheDescriptionSays)
 {
     for (const auto& [name, told, expected] :
         { std::tuple("GevMACAddress", "MACAddress", REPRESENTATION_ADDRESS),
+            { "GevMACAddress", "HexNumber", REPRESENTATION_ADDRESS },
+            { "DeviceMACAddress", "HexNumber", REPRESENTATION_ADDRESS },
+            { "GevMACAddressLow", "HexNumber", REPRESENTATION_NUMBER },
             { "GevIP", "IPV4Address", REPRESENTATION_IPV4 },
-            { "GevHex", "HexNumber", REPRESENTATION_NUMBER },
+            { "GevCurrentIPAddress", "HexNumber", REPRESENTATION_IPV4 },
+            { "GevPersistentSubnetMask", "HexNumber", REPRESENTATION_IPV4 },
+            { "GevCurrentDefaultGateway", "HexNumber", REPRESENTATION_IPV4 },
+            { "GevSCDA", "HexNumber", REPRESENTATION_IPV4 },
+            { "GevMCDA", "HexNumber", REPRESENTATION_IPV4 },
+            { "GevSCSP", "HexNumber", REPRESENTATION_NUMBER },
+            { "GevCurrentIPConfigurationDHCP", "HexNumber", REPRESENTATION_NUMBER },
+            { "GevIEEE1588ClockId", "HexNumber", REPRESENTATION_NUMBER },
             { "MACHex", "HexNumber", REPRESENTATION_NUMBER } }) {
         TestCamera camera(name, intReg(name, 0, element("Representation", told)));
         EXPECT_EQ(camera.item(name).representation, expected) << name;

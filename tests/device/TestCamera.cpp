@@ -132,3 +132,17 @@ void RealDescriptions::SetUp()
         GTEST_SKIP() << "no folder of real cameras' descriptions";
     }
 }
+
+std::string summary(const featurebrowser::FeatureItem& item)
+{
+    std::string text = item.valueText + " " + std::to_string(item.displayFlag) + " "
+        + char(item.accessMode >> 8U) + char(item.accessMode & 0xFFU);
+    if (item.type == featurebrowser::FEATURE_INTEGER) {
+        text += " " + std::to_string(item.intMin) + ".." + std::to_string(item.intMax) + "/"
+            + std::to_string(item.intInc);
+    }
+    for (const std::string& entry : item.enumEntries) {
+        text += " " + entry;
+    }
+    return text;
+}

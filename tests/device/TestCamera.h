@@ -108,5 +108,7 @@ inline std::string intReg(const std::string& name, unsigned address, const std::
 /// A formula over nodes by their names.
 std::string knife(const std::string& kind, const std::string& name,
     const std::vector<std::string>& nodes, const std::string& formula);
+/// "text flag access [limits] [entries]" of a record.
+std::string summary(const featurebrowser::FeatureItem& item);
 /// What `make` makes of 0 to `count` - 1.
 std::string repeated(int count, const std::function<std::string(int)>& make);

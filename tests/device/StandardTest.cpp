@@ -1,0 +1,317 @@
+// What descriptions mean by the GenApi standard (schema 1.1) and by SFNC, construct by construct.
+#include "TestCamera.h"
+
+#include "base/BigEndian.h"
+#include "base/StatusCodes.h"
+
+#include <cfloat>
+
+using namespace featurebrowser;
+using namespace zqcameralib;
+
+namespace {
+
+std::string ofR(const std::string& kind, const std::string& content, const std::string& r = {})
+{
+    return node(kind, "F", content) + intReg("R", 0, r);
+}
+
+std::string overR(const std::string& kind, const std::string& content, const std::string& r = {})
+{
+    return ofR(kind, "<pValue>R</pValue>" + content, r);
+}
+
+/// A formula of X, which is the node.
+std::string ofX(const std::string& kind, const std::string& formula, const std::string& of)
+{
+    return ofR(kind, node("pVariable", "X", of) + "<Formula><![CDATA[" + formula + "]]></Formula>");
+}
+
+std::string entry(const std::string& name, int value, const std::string& more = {})
+{
+    return node("EnumEntry", name, element("Value", std::to_string(value)) + more);
+}
+
+std::string converter(const std::string& kind, const std::string& to, const std::string& from)
+{
+    return node(
+        kind, "F", "<pValue>R</pValue>" + element("FormulaTo", to) + element("FormulaFrom", from));
+}
+
+const std::string modes = entry("Off", 0) + entry("On", 5, "<NumericValue>2.5</NumericValue>");
+const std::string mode = node("Enumeration", "Mode", "<pValue>R</pValue>" + modes);
+const std::string check
+    = node("Boolean", "Check", "<pValue>R</pValue><OnValue>5</OnValue><OffValue>0</OffValue>");
+const std::string run = node("Command", "Run", "<pValue>R</pValue><CommandValue>5</CommandValue>");
+const std::string limited
+    = node("Integer", "I", "<pValue>R</pValue><Min>-2</Min><Max>90</Max><Inc>3</Inc>");
+const std::string constant = "<Constant Name=\"C\">";
+const std::string free64 = " RO -9223372036854775808..9223372036854775807/1";
+const std::string unread = " 0";
+
+struct Meaning {
+    const char* what;
+    std::string nodes; ///< with F, and mostly R: 4 bytes at 0
+    int r; ///< what R holds
+    std::string expected; ///< as the summary begins
+};
+
+const std::vector<Meaning> meanings {
+    { "Boolean in a formula", ofX("IntSwissKnife", "X + 1", "Check") + check, 5, "2 1 RO" },
+    { "Boolean that is neither in a formula", ofX("IntSwissKnife", "X", "Check") + check, 4,
+        unread },
+    { "Enumeration in a formula", ofX("IntSwissKnife", "X * 2", "Mode") + mode, 5, "10 1 RO" },
+    { "state of a command, running", ofX("IntSwissKnife", "X", "Run") + run, 5, "0 1 RO" },
+    { "state of a command, done", ofX("IntSwissKnife", "X", "Run") + run, 0, "1 1 RO" },
+    { "value and limits of a variable",
+        ofX("IntSwissKnife", "X.Value + 10*X.Min + 100*X.Max + 10000*X.Inc", "I") + limited, 7,
+        "38987 1 RO" },
+    { "limit named by the variable",
+        ofR("IntSwissKnife", node("pVariable", "X.Max", "I") + "<Formula>X.Max</Formula>")
+            + limited,
+        7, "90 1 RO" },
+    { "entry of a variable", ofX("IntSwissKnife", "(X = X.Enum.On) + 10*X.Entry.On", "Mode") + mode,
+        5, "51 1 RO" },
+    { "entry that there is not", ofX("IntSwissKnife", "X.Enum.No", "Mode") + mode, 5, unread },
+    { "number of an entry where a float is needed", ofX("SwissKnife", "X * 2", "Mode") + mode, 5,
+        "10 1 RO" },
+    { "float over an enumeration",
+        node("Float", "F", "<pValue>Mode</pValue>") + mode + intReg("R", 0), 5, "2.5 1 RW" },
+    { "expression of an expression",
+        ofR("SwissKnife",
+            node("pVariable", "X", "R") + node("Expression", "A", "B * 2")
+                + node("Expression", "B", "X + 1") + "<Formula>A + B</Formula>"),
+        3, "12 1 RO" },
+    { "expressions that need each other",
+        ofR("SwissKnife",
+            node("Expression", "A", "B") + node("Expression", "B", "A") + "<Formula>A</Formula>"),
+        3, unread },
+    { "negative constant", ofR("IntSwissKnife", constant + "-7</Constant><Formula>C * 2</Formula>"),
+        0, "-14 1 RO" },
+    { "variable named like a function",
+        ofR("SwissKnife", node("pVariable", "EXP", "R") + "<Formula>EXP + ABS(-1)</Formula>"), 3,
+        "4 1 RO" },
+    { "functions of integers", ofX("IntSwissKnife", "ABS(-X) + SGN(-X) + NEG(X)", "R"), 9,
+        "-1 1 RO" },
+    { "functions of floats",
+        ofX("SwissKnife", "ROUND(2.345, 2) + FLOOR(-0.5) + CEIL(0.5) + TRUNC(-1.5) + SQRT(X)", "R"),
+        9, "4.35 1 RO" },
+    { "constants with names", ofX("SwissKnife", "LN(E) + SIN(PI / 2) + LG(100)", "R"), 0,
+        "4 1 RO" },
+    { "unknown function", ofX("SwissKnife", "LOG2(X)", "R"), 1, unread },
+    { "undefined variable", ofX("IntSwissKnife", "X + Y", "R"), 1, unread },
+    { "wrong formula", ofX("IntSwissKnife", "X + * 1", "R"), 1, unread },
+    { "comparison of another language", ofX("IntSwissKnife", "X != 1", "R"), 1, unread },
+    { "no result", ofX("SwissKnife", "SQRT(0 - X)", "R"), 1, unread },
+    { "precedence", ofX("IntSwissKnife", "1 + 2 * 3 ** 2 << 1 & 0xFF | 1 = 1 ? 7 : X", "R"), 3,
+        "7 1 RO" },
+    { "integers divide as integers", ofX("IntSwissKnife", "7 / 2 * 2 + -7 % 4", "R"), 0, "3 1 RO" },
+    { "reals divide as reals", ofX("SwissKnife", "(1 = 1) / (1 + (2 > 1))", "R"), 0, "0.5 1 RO" },
+    { "64 bits of a constant",
+        ofR("IntSwissKnife", constant + "0x0123456789abcdef</Constant><Formula>C</Formula>"), 0,
+        "81985529216486895 1" + free64 },
+    { "shifts", ofX("IntSwissKnife", "(1 << 62) + (-8 >> 1) + (1 << 64)", "R"), 0,
+        "4611686018427387900 1" + free64 },
+    { "the smallest integer is a value",
+        node("Integer", "F", "<Value>-9223372036854775808</Value>"), 0,
+        "-9223372036854775808 1 RW" },
+    { "decimal with a leading zero", node("Integer", "F", "<Value>010</Value>"), 0, "10 1 RW" },
+    { "text after a comment and in CDATA",
+        node("Integer", "F", "<Value>1<!-- and -->2<![CDATA[3]]></Value>"), 0, "123 1 RW" },
+    { "all bits are on", overR("Boolean", "<OnValue>0xFFFFFFFF</OnValue>"), -1, "1 1 RW" },
+    { "neither on nor off", overR("Boolean", "<OnValue>1</OnValue>"), 2, " 0 RW" },
+    { "entries that nobody shall see",
+        overR("Enumeration", entry("A", 0) + entry("B", 1, "<Visibility>Invisible</Visibility>")),
+        0, "0 1 RW A" },
+    { "the present entry is seen",
+        overR("Enumeration", entry("A", 0) + entry("B", 1, "<Visibility>Invisible</Visibility>")),
+        1, "1 1 RW A B" },
+    { "source that an index chooses can only be read",
+        node("Integer", "F",
+            "<pIndex>R</pIndex><pValueIndexed Index=\"1\">One</pValueIndexed>"
+            "<pValueDefault>R</pValueDefault>")
+            + intReg("R", 0) + intReg("One", 8, "<AccessMode>RO</AccessMode>"),
+        1, "0 1 RO" },
+    { "source that another index chooses",
+        node("Integer", "F",
+            "<pIndex>R</pIndex><pValueIndexed Index=\"1\">One</pValueIndexed>"
+            "<pValueDefault>R</pValueDefault>")
+            + intReg("R", 0) + intReg("One", 8, "<AccessMode>RO</AccessMode>"),
+        2, "2 1 RW" },
+    { "a formula can be read as what it reads",
+        ofX("IntSwissKnife", "X", "W") + intReg("W", 8, "<AccessMode>WO</AccessMode>"), 0,
+        " 0 NA" },
+    { "a formula is there as what it reads",
+        ofX("IntSwissKnife", "X", "W") + intReg("W", 8, "<pIsAvailable>R</pIsAvailable>"), 0,
+        " 0 NA" },
+    { "the camera reports an error",
+        overR("Integer", "<pError>Fault</pError>")
+            + node("Enumeration", "Fault", "<pValue>R</pValue>" + entry("Overflow", 9)),
+        9, unread },
+    { "and none",
+        overR("Integer", "<pError>Fault</pError>") + node("Integer", "Fault", "<Value>0</Value>"),
+        9, "9 1 RW" },
+    { "bytes that the port swaps",
+        node("IntReg", "F",
+            "<Address>0</Address><Length>4</Length><AccessMode>RW</AccessMode>"
+            "<pPort>Swapped</pPort><Endianess>LittleEndian</Endianess>")
+            + node("Port", "Swapped", "<SwapEndianess>Yes</SwapEndianess>"),
+        5, "5 1 RW" },
+};
+
+TEST(Standard, SaysWhatEachConstructMeans)
+{
+    for (const Meaning& test : meanings) {
+        SCOPED_TRACE(test.what);
+        TestCamera camera("F", test.nodes);
+        const std::array<std::uint8_t, 4> bytes = toBigEndian(static_cast<std::uint32_t>(test.r));
+        EXPECT_TRUE(camera.port.write({ 0, 4 }, bytes.data()).isOk());
+        camera.read("F");
+        const std::string shown = summary(camera.item("F"));
+        EXPECT_EQ(shown.substr(0, test.expected.size()), test.expected) << shown;
+        if (test.expected == unread) {
+            EXPECT_EQ(camera.state("F") == FEATURE_READ_FAILED,
+                camera.item("F").description.find("Cannot be read: ") != std::string::npos);
+        }
+    }
+}
+
+struct Write {
+    const char* what;
+    std::string nodes; ///< with F over R
+    int before;
+    double value;
+    int status;
+    int after;
+};
+
+const std::string hundredth = converter("Converter", "FROM * 100", "TO / 100") + intReg("R", 0);
+const std::string inverse = converter("Converter", "1000000 / FROM", "1000000 / TO");
+const std::string raw
+    = node("Integer", "R", "<pValue>Reg</pValue><Min>10</Min><Max>90</Max><Inc>8</Inc>")
+    + intReg("Reg", 0);
+const std::string stepped = overR("Float", "<Min>1</Min><Max>9</Max><Inc>0.1</Inc>");
+
+const std::vector<Write> writes {
+    { "rounds to the nearest", hundredth, 0, 0.29, STATUS_OK, 29 },
+    { "keeps what is written back", inverse + intReg("R", 0), 7, 1000000.0 / 7, STATUS_OK, 7 },
+    { "goes onto the raw grid", converter("Converter", "FROM", "TO") + raw, 10, 21, STATUS_OK, 18 },
+    { "not beyond the raw maximum", converter("Converter", "FROM", "TO") + raw, 10, 89.6, STATUS_OK,
+        90 },
+    { "keeps what lies beside the raw grid", converter("Converter", "FROM", "TO") + raw, 13, 13,
+        STATUS_OK, 13 },
+    { "keeps it however much is rounded",
+        converter("Converter", "FROM * 10", "ROUND(TO / 10, 0)") + intReg("R", 0), 18, 2, STATUS_OK,
+        18 },
+    { "takes a value of the float's grid", stepped, 0, 1.7, STATUS_OK, 2 },
+    { "and no other", stepped, 5, 1.75, ERROR_VALUE_NOT_ON_INCREMENT, 5 },
+};
+
+TEST(Standard, SaysWhatReachesTheRegister)
+{
+    for (const Write& test : writes) {
+        SCOPED_TRACE(test.what);
+        TestCamera camera("F", test.nodes);
+        const std::array<std::uint8_t, 4> bytes
+            = toBigEndian(static_cast<std::uint32_t>(test.before));
+        EXPECT_TRUE(camera.port.write({ 0, 4 }, bytes.data()).isOk());
+        EXPECT_EQ(camera.set("F", test.value), test.status);
+        EXPECT_EQ(camera.registerAt(0), test.after);
+    }
+}
+
+TEST(Standard, LimitsOfConvertersFollowTheirSlope)
+{
+    const auto limits = [](const std::string& more, const std::string& from) {
+        TestCamera camera("F",
+            node("Converter", "F",
+                "<pValue>I</pValue><FormulaTo>FROM</FormulaTo>" + element("FormulaFrom", from)
+                    + more)
+                + node("Integer", "I", "<pValue>R</pValue><Min>0</Min><Max>50</Max>")
+                + intReg("R", 0));
+        EXPECT_TRUE(camera.port.write({ 0, 4 }, toBigEndian(std::uint32_t(20)).data()).isOk());
+        camera.read("F");
+        return std::pair(camera.item("F").floatMin, camera.item("F").floatMax);
+    };
+    EXPECT_EQ(limits("", "TO * 2"), std::pair(0.0, 100.0));
+    EXPECT_EQ(limits("<Slope>Automatic</Slope>", "10 - TO"), std::pair(-40.0, 10.0));
+    EXPECT_EQ(limits("<Slope>Decreasing</Slope>", "10 - TO"), std::pair(-40.0, 10.0));
+    EXPECT_EQ(limits("<Slope>Varying</Slope>", "TO * TO"), std::pair(-DBL_MAX, DBL_MAX));
+    EXPECT_EQ(limits("", "1 / TO"), std::pair(0.02, DBL_MAX)); // the raw 0 has no value
+    EXPECT_EQ(limits("", "0 - 1 / TO"), std::pair(-DBL_MAX, -0.02));
+    EXPECT_EQ(limits("<Slope>Increasing</Slope>", "100 / (50 - TO)"), std::pair(2.0, DBL_MAX));
+}
+
+TEST(Standard, CopiesAndBooleansAreWrittenThrough)
+{
+    TestCamera camera("I E",
+        node("Integer", "I", "<pValue>R</pValue><pValueCopy>S</pValueCopy>")
+            + node("Enumeration", "E", "<pValue>B</pValue>" + entry("No", 0) + entry("Yes", 1))
+            + node("Boolean", "B", "<pValue>T</pValue><OnValue>7</OnValue>") + intReg("R", 0)
+            + intReg("S", 4) + intReg("T", 8));
+    EXPECT_EQ(camera.set("I", 9), STATUS_OK);
+    EXPECT_EQ(camera.registerAt(0) + camera.registerAt(4), 18);
+    EXPECT_EQ(camera.device.SetEnumValue("E", "Yes", 1), STATUS_OK);
+    EXPECT_EQ(camera.registerAt(8), 7);
+    EXPECT_EQ(camera.read("E"), "1");
+}
+
+TEST(Standard, AnErrorThatTheCameraReportsRefusesTheValue)
+{
+    TestCamera camera("I",
+        node("Integer", "I", "<pValue>R</pValue><pError>Fault</pError>") + intReg("R", 0)
+            + node("Enumeration", "Fault", "<pValue>High</pValue>" + entry("TooHigh", 1))
+            + knife("IntSwissKnife", "High", { "R" }, "R > 5"));
+    EXPECT_EQ(camera.set("I", 5), STATUS_OK);
+    EXPECT_EQ(camera.set("I", 6), refused);
+    EXPECT_EQ(camera.errorText(refused), "I: the camera reports TooHigh");
+}
+
+TEST(Standard, ExtensionsHoldNoNodes)
+{
+    TestCamera camera("I",
+        node("Integer", "I",
+            "<Extension><Integer Name=\"I\"><Value>9</Value></Integer>"
+            "<Integer Name=\"X\"/><pValue>No</pValue></Extension><pValue>R</pValue>")
+            + intReg("R", 0)
+            + "<Extension><Category Name=\"Root\"/><IntReg Name=\"R\"/></Extension>");
+    EXPECT_EQ(camera.listed(), "Main:0 I:1");
+    EXPECT_EQ(camera.set("I", 4), STATUS_OK);
+    EXPECT_EQ(camera.read("I"), "4");
+    EXPECT_EQ(camera.camera->impl().description().find("X"), Description::absent);
+}
+
+TEST(Standard, WhatCanComeIsListedFromTheStart)
+{
+    // With all registers zero.
+    TestCamera camera(openSimulated(
+        TestCamera::description("Mode Comes Never Deep",
+            node("Integer", "Mode", "<pValue>R</pValue>") + intReg("R", 0)
+                + intReg("Comes", 4, "<pIsImplemented>Mode</pIsImplemented>")
+                + intReg("Never", 8, "<pIsImplemented>Fixed</pIsImplemented>")
+                + intReg("Fixed", 12, "<AccessMode>RO</AccessMode>")
+                + node("Category", "Deep",
+                    "<pIsAvailable>Mode</pIsAvailable><Visibility>Guru</Visibility><pFeature>In</"
+                    "pFeature>")
+                + intReg("In", 16, "<Visibility>Expert</Visibility>")),
+        nullptr));
+    EXPECT_EQ(camera.listed(), "Main:0 Mode:1 Comes:1 Deep:1 In:2");
+    EXPECT_EQ(camera.item("Deep").level, LEVEL_EXPERT);
+    EXPECT_EQ(camera.state("Comes") + camera.state("In"), 2 * FEATURE_NOT_AVAILABLE);
+    EXPECT_EQ(camera.set("Comes", 1), notAvailable);
+    EXPECT_EQ(camera.errorText(notAvailable), "Comes: not available now, depends on Mode");
+    EXPECT_EQ(camera.repository.GetInvalidatedFeatures("Mode").size(), 2U);
+    EXPECT_EQ(camera.set("Mode", 1), STATUS_OK);
+    EXPECT_EQ(camera.set("Comes", 1) + camera.set("In", 2), STATUS_OK);
+    EXPECT_EQ(camera.read("Comes") + camera.read("In"), "12");
+}
+
+TEST(Standard, UnitAndRepresentationComeFromWhereTheValueComes)
+{
+    TestCamera camera(
+        "F", overR("Integer", "", "<Unit>ms</Unit><Representation>IPV4Address</Representation>"));
+    EXPECT_EQ(camera.item("F").description, "Unit: ms");
+    EXPECT_EQ(camera.item("F").representation, REPRESENTATION_IPV4);
+}
+
+} // namespace
