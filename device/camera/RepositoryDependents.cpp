@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <string_view>
 
 namespace featurebrowser {
@@ -10,7 +11,26 @@ using zqcameralib::Feature;
 
 namespace {
 
-/// Commands after which nothing read before can be trusted.
+/// Whether a name of words in one, each beginning with a capital, has this one.
+bool hasWord(std::string_view name, std::string_view word)
+{
+    for (std::size_t at = name.find(word); at != std::string_view::npos;
+         at = name.find(word, at + 1)) {
+        const std::size_t end = at + word.size();
+        if (end == name.size() || name[end] < 'a' || name[end] > 'z') {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool hasAnyWord(std::string_view name, std::initializer_list<std::string_view> words)
+{
+    return std::any_of(
+        words.begin(), words.end(), [name](std::string_view word) { return hasWord(name, word); });
+}
+
+/// Commands after which nothing read before can be trusted, as SFNC and older cameras name them.
 bool changesWholeCamera(const Feature& feature)
 {
     constexpr std::array<std::string_view, 8> marks { "UserSetLoad", "DeviceReset", "FactoryReset",
@@ -19,6 +39,19 @@ bool changesWholeCamera(const Feature& feature)
         && std::any_of(marks.begin(), marks.end(), [&feature](std::string_view mark) {
                return feature.name.find(mark) != std::string::npos;
            });
+}
+
+/// Commands that load or reset something of which the description does not say what it is: a
+/// sequencer's set, a sensor's defaults, a stage, a camera head. Counting begins anew without
+/// changing a setting.
+bool loadsOrResets(const Feature& feature)
+{
+    return feature.type == FEATURE_COMMAND
+        && hasAnyWord(feature.name,
+            { "Load", "Reload", "Reset", "Restore", "Recall", "Default", "Defaults", "Init",
+                "Initialize" })
+        && !hasAnyWord(feature.name,
+            { "Counter", "Count", "Timer", "Timestamp", "TimeStamp", "Encoder", "Statistics" });
 }
 
 /// Acquisition locks features through a node that the description does not tie to the commands.
@@ -87,7 +120,11 @@ ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::invalidatedBy(const
     if (feature == nullptr) {
         return {};
     }
-    return changesWholeCamera(*feature) ? ItemList { wholeDevice() } : affectedBy(*feature);
+    if (changesWholeCamera(*feature)) {
+        return { wholeDevice() };
+    }
+    ItemList affected = affectedBy(*feature);
+    return affected.empty() && loadsOrResets(*feature) ? ItemList { wholeDevice() } : affected;
 }
 
 ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::selectedBy(const std::string& name)

@@ -121,8 +121,7 @@ void addCommandFacts(Feature& feature, const Description& description)
         return;
     }
     feature.node->forEachTarget(only(ReferenceTag::Value), [&](std::size_t target) {
-        if (endsInRegister(description, target)
-            && staticAccess(description, target) == ACCESS_READ_WRITE) {
+        if (endsInRegister(description, target) && feature.access == ACCESS_READ_WRITE) {
             feature.commandRegister = target;
         }
     });

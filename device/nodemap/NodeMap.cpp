@@ -1,8 +1,11 @@
 #include "nodemap/NodeMap.h"
 
 #include "base/StatusCodes.h"
+#include "nodemap/AccessMode.h"
 #include "nodemap/NodeMapFacts.h"
 #include "nodemap/RegisterCodec.h"
+
+#include "featurebrowser/FeatureItem.h"
 
 namespace zqcameralib {
 
@@ -150,14 +153,22 @@ Result<Number> NodeMap::booleanNumber(std::size_t node)
         : Status(notEvaluable, "its register holds neither the value for on nor that for off");
 }
 
-/// A command is done when what it has written has gone again, where that can be seen.
+/// A command is done when what it has written has gone again, where that can be seen; a zero cannot
+/// go.
 Result<Number> NodeMap::commandIsDone(std::size_t node)
 {
     const ValueFacts& facts = valueFactsOf(node);
-    const Result<Number> written = sourceNumber(facts.command);
+    Result<Number> written = sourceNumber(facts.command);
+    if (!written.isOk()) {
+        return written;
+    }
+    const bool canBeSeen = staticAccess(m_description, node) == featurebrowser::ACCESS_READ_WRITE;
+    if (written.value().isZero() || !canBeSeen) {
+        return Number::of(std::int64_t(1));
+    }
     Result<Number> present = rawNumber(node);
-    if (!written.isOk() || !present.isOk()) {
-        return written.isOk() ? present : written;
+    if (!present.isOk()) {
+        return present;
     }
     return Number::of(std::int64_t(!(present.value() == written.value())));
 }

@@ -1,7 +1,9 @@
 #include "opening/SimulatedOpening.h"
 
+#include "description/ReferenceWalk.h"
 #include "memory/CommandBehaviour.h"
 #include "memory/MemoryBackend.h"
+#include "nodemap/RegisterCodec.h"
 #include "opening/InitialRegisters.h"
 
 #include <utility>
@@ -10,7 +12,24 @@ namespace zqcameralib {
 
 namespace {
 
-void addCommandRegisters(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
+void addCommand(CommandBehaviour& behaviour, ZQCamera::Impl& camera, const Feature& feature,
+    const Register& place)
+{
+    const Description& description = camera.description();
+    const RegisterFacts facts
+        = registerFacts(description, valueChain(description, feature.commandRegister).back());
+    const std::optional<Number> run = valueFacts(description, feature.index).command.constant;
+    if (!run || place.size > sizeof(std::int64_t)) {
+        return;
+    }
+    std::vector<std::uint8_t> bits(place.size);
+    std::vector<std::uint8_t> value(place.size);
+    encodeInteger(facts, -1, bits.data(), bits.size());
+    encodeInteger(facts, run->integer, value.data(), value.size());
+    behaviour.addCommand(place, std::move(bits), std::move(value));
+}
+
+void addCommands(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
 {
     for (const Feature& feature : camera.features()) {
         if (feature.commandRegister == Description::absent) {
@@ -19,8 +38,7 @@ void addCommandRegisters(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
         const RegisterPort::Recorder recorder(camera.port());
         const Result<Number> value = camera.nodes().number(feature.commandRegister);
         if (value.isOk() && !recorder.read.empty()) {
-            const Register& last = recorder.read.back();
-            behaviour.addCommandRegister(last.address, last.size);
+            addCommand(behaviour, camera, feature, recorder.read.back());
         }
     }
 }
@@ -42,7 +60,7 @@ Result<std::unique_ptr<ZQCamera::Impl>> openDescription(std::string text)
     Result<std::unique_ptr<ZQCamera::Impl>> camera = openOver(std::move(text), std::move(backend));
     if (camera.isOk()) {
         chooseInitialRegisters(*camera.value(), memory);
-        addCommandRegisters(*camera.value(), commands);
+        addCommands(*camera.value(), commands);
     }
     return camera;
 }

@@ -314,4 +314,38 @@ TEST(Standard, UnitAndRepresentationComeFromWhereTheValueComes)
     EXPECT_EQ(camera.item("F").representation, REPRESENTATION_IPV4);
 }
 
+TEST(Standard, CommandsThatLoadOrResetRefreshAllThatTheyDoNotName)
+{
+    for (const auto& [name, refreshed] : { std::pair("SequencerSetLoad", "Device"),
+             { "SequenceSetLoad", "Device" }, { "SensorSetDefaults", "Device" },
+             { "StageReset", "Device" }, { "CameraHeadReset", "Device" }, { "CounterReset", "" },
+             { "TimestampReset", "" }, { "Download", "" }, { "Trigger", "" } }) {
+        const std::string command
+            = node("Command", name, "<pValue>R</pValue><CommandValue>1</CommandValue>");
+        TestCamera lone(name, command + intReg("R", 0));
+        const auto affected = lone.repository.GetInvalidatedFeatures(name);
+        EXPECT_EQ(affected.empty() ? "" : affected.front()->name, refreshed) << name;
+        TestCamera telling(std::string(name) + " I",
+            command + intReg("R", 0) + intReg("I", 4, element("pInvalidator", name)));
+        EXPECT_EQ(telling.repository.GetInvalidatedFeatures(name).front()->name, "I") << name;
+    }
+}
+
+TEST(Standard, ADescribedCamerasCommandLeavesTheBitsBesideIt)
+{
+    TestCamera camera("Size Fire Save Sel",
+        reg("MaskedIntReg", "Size", 0, "<LSB>31</LSB><MSB>16</MSB>")
+            + reg("MaskedIntReg", "FireBit", 0, "<Bit>0</Bit>")
+            + node("Command", "Fire", "<pValue>FireBit</pValue><CommandValue>1</CommandValue>")
+            + intReg("Sel", 4) + intReg("SaveReg", 4)
+            + node("Command", "Save", "<pValue>SaveReg</pValue><CommandValue>9</CommandValue>"));
+    EXPECT_EQ(camera.set("Size", 1500), STATUS_OK);
+    EXPECT_EQ(camera.device.ExecuteCommand("Fire", 1), STATUS_OK);
+    EXPECT_EQ(camera.read("Size"), "1500");
+    EXPECT_EQ(camera.set("Sel", 3), STATUS_OK);
+    EXPECT_EQ(camera.read("Sel"), "3");
+    EXPECT_EQ(camera.device.ExecuteCommand("Save", 1), STATUS_OK);
+    EXPECT_EQ(camera.read("Sel"), "0"); // the command had the whole register
+}
+
 } // namespace
