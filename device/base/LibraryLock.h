@@ -6,7 +6,7 @@
 namespace zqcameralib {
 
 /// What the library below keeps in globals and does not guard: its XML parser, which opening a real
-/// camera uses as well, and the lists of its interfaces, which discovery and opening by id use.
+/// camera uses, and the lists of its interfaces, which discovery and opening by id use.
 enum class LibraryPart { Parser, Interfaces };
 
 /// Enters such a part, one thread at a time, and leaves it at the end. Who needs both enters

@@ -209,7 +209,7 @@ void Description::addNode(const pugi::xml_node& element)
     if (name.empty() || !isNode(element.name())) {
         return;
     }
-    // A name given twice: the node map below keeps the last one.
+    // Of a name given twice, the last one counts.
     const auto [place, isFresh] = m_byName.emplace(name, m_nodes.size());
     if (isFresh) {
         m_nodes.emplace_back();

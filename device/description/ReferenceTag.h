@@ -59,7 +59,7 @@ inline constexpr ReferenceTags isLimit { ReferenceTag::Min, ReferenceTag::Max, R
 /// Whether it decides if the node is implemented, available or locked.
 inline constexpr ReferenceTags isCondition { ReferenceTag::IsImplemented, ReferenceTag::IsAvailable,
     ReferenceTag::IsLocked };
-/// Whether the node map follows it.
+/// Whether a node cannot be evaluated without it.
 inline constexpr ReferenceTags isEvaluated
     = isValueReference | isLimit | isCondition | ReferenceTags { ReferenceTag::Port };
 /// Whether several of them in one node have a meaning.

@@ -99,8 +99,11 @@ FEATURE_STATE FeatureReader::stateBy(const AccessConditions& conditions)
 std::vector<std::size_t> FeatureReader::presentSources(const Feature& feature)
 {
     std::vector<std::size_t> sources;
+    if (!feature.isIndexed) {
+        return sources;
+    }
     for (const std::size_t link : valueChain(m_description, feature.index)) {
-        if (!feature.isIndexed || !m_description.node(link).element.child("pIndex")) {
+        if (!m_description.node(link).element.child("pIndex")) {
             continue;
         }
         const Result<std::size_t> source = m_nodes.source(link);

@@ -13,7 +13,7 @@
 namespace zqcameralib {
 
 /// Reads the present value and state of features. A register access that fails makes the whole
-/// reading fail, however the node map below takes it; what the description itself makes
+/// reading fail; what the description itself makes
 /// unreadable is tolerated and shown as unread, with the reason.
 class FeatureReader {
 public:

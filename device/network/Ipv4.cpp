@@ -3,6 +3,7 @@
 #include <arpa/inet.h>
 
 #include <array>
+#include <cstdint>
 
 namespace zqcameralib {
 
@@ -17,6 +18,17 @@ std::string ipv4Text(const in_addr& address)
     std::array<char, INET_ADDRSTRLEN> text {};
     inet_ntop(AF_INET, &address, text.data(), text.size());
     return text.data();
+}
+
+std::optional<in_addr> addressBeside(const in_addr& own, const in_addr& mask)
+{
+    const std::uint32_t hosts = ~ntohl(mask.s_addr);
+    if (hosts < 3) {
+        return std::nullopt;
+    }
+    const std::uint32_t next = (ntohl(own.s_addr) & hosts) + 1;
+    const std::uint32_t host = next < hosts ? next : 1;
+    return in_addr { htonl((ntohl(own.s_addr) & ~hosts) | host) };
 }
 
 } // namespace zqcameralib

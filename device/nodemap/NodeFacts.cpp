@@ -1,6 +1,6 @@
 #include "nodemap/NodeFacts.h"
 
-#include "base/NumberText.h"
+#include "description/RegisterPlace.h"
 
 namespace zqcameralib {
 
@@ -137,6 +137,7 @@ RegisterFacts registerFacts(const Description& description, std::size_t node)
     facts.isSigned = own("Sign") == "Signed";
     facts.isBitField = isBitField(owner.kind);
     facts.isReadable = own("AccessMode") != "WO";
+    facts.isChunkOrEventData = isOnChunkOrEventPort(description, owner);
     const pugi::xml_node bit = owner.element.child("Bit");
     facts.lsb = static_cast<unsigned>(integerIn(bit ? bit : owner.element.child("LSB"), 0));
     facts.msb = static_cast<unsigned>(integerIn(bit ? bit : owner.element.child("MSB"), 0));

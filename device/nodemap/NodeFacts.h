@@ -50,6 +50,7 @@ struct RegisterFacts {
     bool isSigned = false;
     bool isBitField = false;
     bool isReadable = true;
+    bool isChunkOrEventData = false; ///< nothing can be read for it
     /// As the description counts them: from the least significant bit where the register is little
     /// endian, from the most significant one where it is big endian.
     unsigned lsb = 0, msb = 0;

@@ -60,7 +60,7 @@ Result<Register> NodeMap::place(std::size_t index)
 
 Result<std::vector<std::uint8_t>> NodeMap::readBytes(std::size_t index)
 {
-    if (isOnChunkOrEventPort(m_description, node(index))) {
+    if (registerFactsOf(index).isChunkOrEventData) {
         return Status(notEvaluable, "it comes only with images or events");
     }
     const Result<Register> place = this->place(index);

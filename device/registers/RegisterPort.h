@@ -14,8 +14,8 @@ namespace zqcameralib {
 /// The one way to a camera's registers: every access of the node map passes here.
 ///
 /// Registers read are kept in a snapshot until the next write, for at most 100 ms (longer where one
-/// access takes long itself), or as long as a Pass lives. The node map swallows many failures: who
-/// evaluates it learns of them by a FailureScope.
+/// access takes long itself), or as long as a Pass lives. Whoever evaluates several nodes learns
+/// by a FailureScope whether any access failed.
 class RegisterPort {
 public:
     /// Decides before an access whether it shall fail instead; for tests. `write` tells the kind.

@@ -42,26 +42,50 @@ in_addr_t addressOf(const sockaddr* address)
     return reinterpret_cast<const sockaddr_in*>(address)->sin_addr.s_addr;
 }
 
+bool isUp(const ifaddrs& interface)
+{
+    return interface.ifa_addr != nullptr && interface.ifa_netmask != nullptr
+        && interface.ifa_addr->sa_family == AF_INET && (interface.ifa_flags & IFF_UP) != 0;
+}
+
 bool leadsTo(const ifaddrs& interface, in_addr_t address)
 {
-    if (interface.ifa_addr == nullptr || interface.ifa_netmask == nullptr
-        || interface.ifa_addr->sa_family != AF_INET || (interface.ifa_flags & IFF_UP) == 0) {
-        return false;
-    }
     const in_addr_t mask = addressOf(interface.ifa_netmask);
     return (addressOf(interface.ifa_addr) & mask) == (address & mask);
 }
 
-/// Whether an interface of this computer is part of the network of `address`.
-bool isReachable(const std::string& address)
+/// "192.168.0.6 (eth0)" for each network of this computer in which a camera could be.
+std::string possibleAddresses(const ifaddrs* all)
+{
+    std::string text;
+    for (const ifaddrs* at = all; at != nullptr; at = at->ifa_next) {
+        if (!isUp(*at) || (at->ifa_flags & IFF_LOOPBACK) != 0) {
+            continue;
+        }
+        const auto beside
+            = addressBeside({ addressOf(at->ifa_addr) }, { addressOf(at->ifa_netmask) });
+        if (beside) {
+            text += (text.empty() ? "" : ", ") + ipv4Text(*beside) + " (" + at->ifa_name + ")";
+        }
+    }
+    return text;
+}
+
+/// Empty where an interface of this computer is part of the network of `address`.
+std::string whyUnreachable(const std::string& address)
 {
     const std::optional<in_addr> camera = parseIpv4(address);
     const auto all = networkInterfaces();
-    bool leads = false;
-    for (const ifaddrs* at = all.get(); at != nullptr && camera && !leads; at = at->ifa_next) {
-        leads = leadsTo(*at, camera->s_addr);
+    for (const ifaddrs* at = all.get(); at != nullptr && camera; at = at->ifa_next) {
+        if (isUp(*at) && leadsTo(*at, camera->s_addr)) {
+            return {};
+        }
     }
-    return leads;
+    const std::string possible = possibleAddresses(all.get());
+    return "the camera has the address " + address
+        + ", which no network of this computer leads to; "
+        + (possible.empty() ? "no network is up in which a camera could be"
+                            : "one that would be reached, if it is free: " + possible);
 }
 
 std::string textOf(const char* text)
@@ -81,7 +105,8 @@ void search(ArvInterface* interface, const std::string& protocol, std::vector<Ca
         camera.serial = textOf(arv_interface_get_device_serial_nbr(interface, i));
         camera.address = textOf(arv_interface_get_device_address(interface, i));
         camera.protocol = protocol;
-        camera.reachable = protocol != "GigEVision" || isReachable(camera.address);
+        camera.hint = protocol == "GigEVision" ? whyUnreachable(camera.address) : std::string();
+        camera.reachable = camera.hint.empty();
         found.push_back(std::move(camera));
     }
 }
@@ -140,8 +165,7 @@ bool findCamera(const std::string& id, CameraPlace& place, std::string& error)
         }
     }
     if (!camera.reachable) {
-        error = id + ": the camera has the address " + camera.address
-            + ", which no network of this computer leads to";
+        error = id + ": " + camera.hint;
         return false;
     }
     place = { camera.protocol, camera.protocol == "GigEVision" ? camera.address : camera.id };

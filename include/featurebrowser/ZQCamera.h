@@ -100,6 +100,8 @@ struct CameraInfo {
     std::string protocol; ///< "GigEVision" or "USB3Vision"
     std::string address; ///< IPv4 address, or place on the bus
     bool reachable = false; ///< false: on a network that no interface of this computer is part of
+    /// Why it is not reachable and what address would be, one line; empty where it is.
+    std::string hint;
 };
 
 /// Finds cameras. Nothing is sent on a network before discovery is asked for.

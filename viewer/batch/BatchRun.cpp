@@ -43,7 +43,7 @@ QString line(const zqcameralib::CameraInfo& camera)
 {
     const std::array fields { camera.id, camera.vendor, camera.model, camera.serial,
         camera.protocol, camera.address,
-        std::string(camera.reachable ? "reachable" : "not reachable") };
+        camera.reachable ? "reachable" : "not reachable: " + camera.hint };
     QStringList line;
     for (const std::string& field : fields) {
         line.append(QString::fromStdString(field));

@@ -2,6 +2,7 @@
 #include "base/StatusCodes.h"
 #include "link/CameraLink.h"
 #include "network/GigeProbe.h"
+#include "network/Ipv4.h"
 #include "network/SourceFilter.h"
 #include "session/DeviceErrors.h"
 #include "session/DeviceOpening.h"
@@ -252,6 +253,20 @@ TEST(SourceFilters, LetTheControlPortOfTheCameraThroughAndNobodyElse)
     EXPECT_TRUE(ear.receive(from).empty());
 }
 
+TEST(Ipv4, SuggestsAnAddressInTheSameNetwork)
+{
+    for (const auto& [own, mask, beside] :
+        { std::tuple("192.168.0.5", "255.255.255.0", "192.168.0.6"),
+            { "192.168.0.254", "255.255.255.0", "192.168.0.1" },
+            { "10.1.255.255", "255.0.0.0", "10.2.0.0" },
+            { "10.0.0.1", "255.255.255.252", "10.0.0.2" },
+            { "10.0.0.1", "255.255.255.254", "" } }) {
+        const auto address = addressBeside(*parseIpv4(own), *parseIpv4(mask));
+        EXPECT_EQ(address ? ipv4Text(*address) : "", beside) << own;
+    }
+    EXPECT_FALSE(parseIpv4("192.168.0"));
+}
+
 Datagram discovered(const std::string& serial, const Datagram& address)
 {
     Datagram packet { 0, 0, 0, 3, 0, 0xF8, 0xFF, 0xFF };
@@ -280,7 +295,7 @@ TEST(Discoveries, LeadToCamerasThatCanBeReachedAndSayWhyOthersCannot)
     EXPECT_FALSE(findCamera("Maker-Model-S1", place, error));
     EXPECT_EQ(error,
         "Maker-Model-S1: the camera has the address 10.1.2.3, which no network of this computer "
-        "leads to");
+        "leads to; no network is up in which a camera could be");
     EXPECT_TRUE(findCamera("Maker-Model-S2", place, error)) << error;
     EXPECT_EQ(place.protocol + place.address, "GigEVision127.9.9.9");
     EXPECT_TRUE(discoverCameras({ "nothing" }).empty());
