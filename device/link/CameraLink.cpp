@@ -20,6 +20,8 @@ constexpr std::chrono::seconds openSlack(30);
 
 const char* const silentText = "the camera does not answer";
 const char* const lostText = "the camera does not answer any more; reconnect to it";
+const char* const unpluggedText
+    = "the camera was unplugged or has lost its power; reconnect to it when it is back";
 const char* const exchangedText = "another camera is there now; reconnect to it";
 const char* const controlLostText = "control of the camera was lost; reconnect to take it back";
 
@@ -141,7 +143,9 @@ void CameraLink::check()
 bool CameraLink::isGivenUp()
 {
     if (m_loss.isOk() && m_session) {
-        if (!m_isReadOnly && m_session->health()->controlLost) {
+        if (m_session->health()->unplugged) {
+            lose(cameraLost, unpluggedText);
+        } else if (!m_isReadOnly && m_session->health()->controlLost) {
             lose(cameraLost, controlLostText);
         } else if (m_session->health()->exchanged) {
             lose(cameraLost, exchangedText);

@@ -41,10 +41,15 @@ std::mutex& healthMutex()
     return mutex;
 }
 
-void onControlLost(ArvDevice*, gpointer data)
+/// Over USB the library tells in this way that the camera is gone.
+void onControlLost(ArvDevice* device, gpointer data)
 {
     const std::lock_guard<std::mutex> lock(healthMutex());
     Health& health = **static_cast<HealthPointer*>(data);
+    if (ARV_IS_UV_DEVICE(device)) {
+        health.unplugged = true;
+        return;
+    }
     health.controlLost = true;
     health.isTold = true;
 }
@@ -143,10 +148,23 @@ void CameraSession::awaitEndOfControl()
     m_health->isTold = false;
 }
 
+/// A camera that is still plugged in is the same. It is not opened anew: what is left of this
+/// session, such as its images, would be in the way.
+CameraSession::Retaken CameraSession::askAgain(Status& refusal)
+{
+    m_health->unanswered = false;
+    watch();
+    if (m_health->unplugged) {
+        return Retaken::No;
+    }
+    refusal = { cameraLost, "the camera does not answer" };
+    return m_health->unanswered ? Retaken::Refused : Retaken::Yes;
+}
+
 CameraSession::Retaken CameraSession::retake(bool readOnly, Status& refusal)
 {
     if (!isGige()) {
-        return Retaken::No;
+        return askAgain(refusal);
     }
     awaitEndOfControl();
     // Before: what is told from here on is true of the new control.
@@ -227,7 +245,13 @@ Status CameraSession::finish(gboolean isDone, const GlibError& failure)
     if (failure && isAnswerMissing(*failure.get())) {
         m_health->unanswered = true;
     }
-    return accessFailure(failure);
+    // No other application controls a camera that is open over USB: this is about the register.
+    constexpr int denied = ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED;
+    const Status status = accessFailure(failure);
+    return isGige() || status.code() != deviceErrorBase + denied
+        ? status
+        : Status(deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR,
+            "the camera does not allow this access");
 }
 
 std::string CameraSession::description() const
@@ -241,7 +265,7 @@ Status CameraSession::read(const Register& place, std::uint8_t* buffer, AccessKi
 {
     GlibError failure;
     m_health->waitingSince = Clock::now().time_since_epoch().count();
-    if (kind == AccessKind::Register && ARV_IS_GV_DEVICE(m_device.get())) {
+    if (kind == AccessKind::Register && isGige()) { // only there the library turns their bytes
         guint32 value = 0;
         const gboolean done
             = arv_device_read_register(m_device.get(), place.address, &value, failure.out());
@@ -258,7 +282,7 @@ Status CameraSession::write(const Register& place, const std::uint8_t* buffer, A
 {
     GlibError failure;
     m_health->waitingSince = Clock::now().time_since_epoch().count();
-    if (kind == AccessKind::Register && ARV_IS_GV_DEVICE(m_device.get())) {
+    if (kind == AccessKind::Register && isGige()) {
         guint32 value = 0;
         std::memcpy(&value, buffer, sizeof value);
         return finish(arv_device_write_register(

@@ -25,10 +25,11 @@ public:
         std::atomic<bool> isTold { false }; ///< that control is lost, by the library's own thread
         std::atomic<bool> unanswered { false }; ///< every try of an access was in vain
         std::atomic<bool> exchanged { false }; ///< another camera is there
+        std::atomic<bool> unplugged { false }; ///< the camera is no longer on its bus
         std::atomic<std::int64_t> waitingSince { 0 }; ///< Clock ticks; 0 while no answer is due
 
         /// Whether the session is of no use until the camera was found again.
-        bool isOver() const { return controlLost || unanswered || exchanged; }
+        bool isOver() const { return controlLost || unanswered || exchanged || unplugged; }
     };
 
     /// Opens the camera and asks it for control. Takes as long as its description needs, which for
@@ -67,6 +68,7 @@ private:
     /// Each part of it as the camera gives it; empty where it refuses.
     using Identity = std::vector<std::string>;
     bool readIdentity(Identity& identity);
+    Retaken askAgain(Status& refusal);
     void awaitEndOfControl();
     void watchControl();
     void watchIdentity();

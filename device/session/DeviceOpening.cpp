@@ -1,6 +1,5 @@
 #include "session/DeviceOpening.h"
 
-#include "base/LibraryLock.h"
 #include "base/StatusCodes.h"
 #include "network/FileDescriptor.h"
 #include "network/GigeProbe.h"
@@ -8,6 +7,7 @@
 #include "network/OwnSockets.h"
 #include "network/SourceFilter.h"
 #include "session/DeviceErrors.h"
+#include "session/UsbOpening.h"
 
 #include <sys/socket.h>
 
@@ -71,19 +71,6 @@ DevicePointer openGigE(const std::string& address, GError** error)
         local, address, [&] { return arv_gv_device_new(from.get(), to.get(), error); });
 }
 
-DevicePointer openUsb(const std::string& id, GError** error)
-{
-    const LibraryLock interfaces(LibraryPart::Interfaces, LibraryLock::Clock::now() + libraryLimit);
-    if (!interfaces) {
-        g_set_error_literal(error, arv_device_error_quark(), ARV_DEVICE_ERROR_NOT_FOUND,
-            "the search for cameras does not end");
-        return nullptr;
-    }
-    ArvInterface* usb = arv_uv_interface_get_instance();
-    arv_interface_update_device_list(usb);
-    return DevicePointer(arv_interface_open_device(usb, id.c_str(), error));
-}
-
 /// Packets of 512 bytes, and some for the rest.
 std::int64_t expectedTime(const GigeProbe& probe)
 {
@@ -117,10 +104,14 @@ Status askForAnswer(const CameraPlace& place, OpeningProgress& progress)
 
 Result<DevicePointer> openDevice(const CameraPlace& place, OpeningProgress& progress)
 {
+    if (place.isUsb()) {
+        Result<DevicePointer> opened = openUsb(place.address);
+        return opened.isOk() ? std::move(opened)
+                             : opened.status().withText(place.words(opened.status().text()));
+    }
     for (int tries = 1;; ++tries) {
         GlibError failure;
-        DevicePointer device = place.isUsb() ? openUsb(place.address, failure.out())
-                                             : openGigE(place.address, failure.out());
+        DevicePointer device = openGigE(place.address, failure.out());
         if (device) {
             return device;
         }

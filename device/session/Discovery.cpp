@@ -2,6 +2,7 @@
 
 #include "base/LibraryLock.h"
 #include "network/Ipv4.h"
+#include "session/UsbPermission.h"
 
 #include <arv.h>
 #include <ifaddrs.h>
@@ -160,7 +161,8 @@ bool findCamera(const std::string& id, CameraPlace& place, std::string& error)
     if (!lookUp(id, camera)) {
         discoverCameras({});
         if (!lookUp(id, camera)) {
-            error = id + ": no such camera found";
+            const std::string unpermitted = unpermittedUsbCameras();
+            error = id + ": no such camera found" + (unpermitted.empty() ? "" : "; ") + unpermitted;
             return false;
         }
     }

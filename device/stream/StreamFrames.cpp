@@ -23,16 +23,30 @@ StreamFrames::StreamFrames(SessionAccess& access, std::uint64_t connection, Open
 
 StreamFrames::~StreamFrames()
 {
-    if (m_current != nullptr) {
-        arv_stream_push_buffer(m_open.stream.get(), m_current);
-    }
+    giveBack();
     endStream(m_access, std::move(m_open));
+}
+
+void StreamFrames::giveBack()
+{
+    if (m_current != nullptr) {
+        arv_stream_push_buffer(m_open.stream.get(), std::exchange(m_current, nullptr));
+    }
+}
+
+/// The library's thread for the images of a camera that is unplugged asks for them without a pause
+/// until it is ended, which takes no time then.
+void StreamFrames::endHere()
+{
+    m_lost = lost();
+    m_open.stream.reset();
 }
 
 FrameSource::Outcome StreamFrames::next(featurebrowser::ZQFrame& frame)
 {
-    if (m_current != nullptr) {
-        arv_stream_push_buffer(m_open.stream.get(), std::exchange(m_current, nullptr));
+    giveBack();
+    if (m_session->unplugged) {
+        endHere();
     }
     if (m_health->lost || m_health->connection != m_connection || m_session->isOver()) {
         return Outcome::Ended;
@@ -58,6 +72,9 @@ FrameSource::Outcome StreamFrames::next(featurebrowser::ZQFrame& frame)
 
 std::uint64_t StreamFrames::lost() const
 {
+    if (!m_open.stream) {
+        return m_lost;
+    }
     guint64 completed = 0;
     guint64 failures = 0;
     guint64 underruns = 0;

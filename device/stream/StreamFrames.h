@@ -19,12 +19,16 @@ public:
     std::string whyNothing() const override;
 
 private:
+    void giveBack();
+    void endHere();
+
     SessionAccess& m_access;
     std::shared_ptr<LinkHealth> m_health;
     std::shared_ptr<CameraSession::Health> m_session;
     std::uint64_t m_connection;
     OpenStream m_open;
     ArvBuffer* m_current = nullptr; ///< handed out, to be given back
+    std::uint64_t m_lost = 0; ///< when the stream ended
     std::uint64_t m_incomplete = 0;
     std::uint64_t m_withoutImage = 0;
 };

@@ -5,6 +5,7 @@
 #include "network/Ipv4.h"
 #include "stream/ReceiveBuffer.h"
 #include "stream/StreamFrames.h"
+#include "stream/UsbStream.h"
 
 #include <condition_variable>
 #include <cstring>
@@ -112,9 +113,15 @@ bool prepare(ArvDevice* device, OpenStream& open, int buffers)
 
 void openStream(ArvDevice* device, OpenStream& open, int buffers)
 {
+    open.device = device;
+    if (ARV_IS_UV_DEVICE(device)) {
+        open.status = checkUsbStream(device, open.facts);
+    }
+    if (!open.status.isOk()) {
+        return;
+    }
     GlibError failure;
     open.stream.reset(arv_device_create_stream(device, nullptr, nullptr, failure.out()));
-    open.device = device;
     if (!open.stream) {
         open.status
             = { noStream, failure ? failure.get()->message : "the camera has no image stream" };

@@ -19,16 +19,23 @@ bool areSmallOnesOnly(const StreamFacts& facts, const StreamArrivals& arrivals)
 std::string nothingArrives(const StreamFacts& facts)
 {
     const std::string to = facts.destination.empty() ? "" : " at " + facts.destination;
+    const std::string otherwise = facts.isUsb
+        ? ". The camera may not send any."
+        : ". The camera may not send any, or a firewall holds it back on the way.";
     return "Nothing of an image arrives" + to
-        + (facts.isTriggered
-                ? ". TriggerMode is On: the camera waits for its trigger."
-                : ". The camera may not send any, or a firewall holds it back on the way.");
+        + (facts.isTriggered ? ". TriggerMode is On: the camera waits for its trigger."
+                             : otherwise);
 }
 
 std::string nothingIsComplete(const StreamFacts& facts, const StreamArrivals& arrivals)
 {
     const std::string begin = "Images arrive, but none is complete ("
         + std::to_string(arrivals.incomplete) + " are not). ";
+    if (facts.isUsb) {
+        return begin
+            + "The connection may be too slow or disturbed: use a USB 3 port and cable, and no "
+              "hub.";
+    }
     const std::string size = std::to_string(facts.packetSize);
     if (areSmallOnesOnly(facts, arrivals)) {
         return begin

@@ -13,6 +13,7 @@ struct StreamFacts {
     std::uint64_t packetSize = 0; ///< bytes with headers, as the camera sends them
     std::string destination; ///< where the camera sends the images to
     bool isTriggered = false; ///< TriggerMode was On at the start
+    bool isUsb = false; ///< no network lies between
 };
 
 /// What has come since the start.

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace zqcameralib {
+
+/// Which USB3 Vision cameras are plugged in that this program is not permitted to open, and what
+/// has to be done about it; empty when there are none. The library below passes over them as if
+/// they were not there.
+std::string unpermittedUsbCameras();
+
+} // namespace zqcameralib
