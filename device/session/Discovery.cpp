@@ -2,7 +2,7 @@
 
 #include "base/LibraryLock.h"
 #include "network/Ipv4.h"
-#include "session/UsbPermission.h"
+#include "usb/UsbPermission.h"
 
 #include <arv.h>
 #include <ifaddrs.h>

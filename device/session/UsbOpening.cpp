@@ -5,8 +5,8 @@
 #include "base/StatusCodes.h"
 #include "session/DeviceErrors.h"
 #include "session/DeviceOpening.h"
-#include "session/UsbDevice.h"
-#include "session/UsbPermission.h"
+#include "usb/UsbDevice.h"
+#include "usb/UsbPermission.h"
 
 #include <optional>
 #include <string_view>

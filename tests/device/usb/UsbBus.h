@@ -9,6 +9,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// A USB3 Vision camera as its two pipes show it: commands and their answers, and the stream.
@@ -17,32 +18,32 @@ public:
     using Bytes = std::vector<std::uint8_t>;
     /// Of its registers, which are little endian.
     enum Place : std::uint64_t {
-        Maker = 0x0004, ///< a text, not writable
         StreamInfo = 0x2000,
-        PayloadSize = 0x2008, ///< as the camera requires it; follows width and height
+        StreamControl = 0x2004,
+        PayloadSize = 0x2008, ///< as the camera requires it; follows the width
         TrailerSize = 0x2014,
         Width = 0x4000,
         Height = 0x4004,
         Gain = 0x4008,
-        Restore = 0x400C, ///< a command: the gain is defaultGain again
+        Restore = 0x400C, ///< a command: the gain is 7 again
         Start = 0x4010, ///< commands: the images
         Stop = 0x4014,
         Denied = 0x4020, ///< not to be written
-        Note = 0x4100, ///< a text, longer than one command of this camera
-        Missing = 0x8000
+        Note = 0x4100 ///< a text, longer than one command of this camera
     };
-    static constexpr std::uint32_t defaultGain = 7;
     /// What image `frame`, from 0, holds at a place.
-    static std::uint8_t pixelOf(std::uint64_t frame, std::size_t place);
+    static std::uint8_t pixelOf(std::uint64_t frame, std::size_t place)
+    {
+        return static_cast<std::uint8_t>(place * 7 + place / 251 + frame * 31);
+    }
 
     explicit UsbCamera(const std::string& description);
     /// Carries a command out; false when that is none.
-    bool take(const std::uint8_t* command, std::size_t size);
-    Bytes takeAnswer();
-    bool hasStreamData() const;
+    bool take(const Bytes& command);
+    Bytes takeAnswer() { return isSilent ? Bytes() : std::exchange(m_answer, {}); }
+    bool hasStreamData() const { return m_isStarted && images > 0 && memory[StreamControl] == 1; }
     /// The next packet of the stream, or `most` bytes of its image.
     Bytes takeStreamData(std::size_t most);
-    std::uint32_t registerAt(std::uint64_t address) const;
     void put(std::uint64_t address, const Bytes& bytes);
 
     Bytes memory;
@@ -50,9 +51,6 @@ public:
     int images = 0; ///< to be sent, once it is started
 
 private:
-    std::uint16_t read(std::uint64_t address, std::size_t size, Bytes& content) const;
-    std::uint16_t write(std::uint64_t address, const Bytes& bytes);
-
     Bytes m_answer;
     bool m_isStarted = false;
     std::optional<std::size_t> m_sent; ///< bytes of the present image
@@ -64,23 +62,16 @@ struct libusb_device {
     UsbCamera camera;
     std::array<libusb_device*, 2> asList {}; ///< as long as it is plugged in
     const libusb_device_handle* user = nullptr; ///< who has its interfaces
-};
 
+    bool isPresent() const { return asList.front() != nullptr; }
+};
 struct libusb_device_handle {
     libusb_device& device;
-};
-
-struct libusb_context {
-    libusb_hotplug_callback_fn onLeft = nullptr;
-    void* listener = nullptr;
-    libusb_device* left = nullptr; ///< to be told of
 };
 
 /// A USB bus without hardware. This library bears the name of libusb and is loaded in its place, so
 /// that no program that links it can reach a real bus. On this one is one camera, or none.
 struct UsbBus {
-    static constexpr const char* id = "Maker-2676F00D-S1"; ///< of the camera
-
     /// Puts a camera in place of any other: with fresh registers and this description.
     void plugIn(const std::string& description);
     void unplug();
@@ -88,19 +79,19 @@ struct UsbBus {
 
     std::mutex mutex; ///< for all of it
     std::condition_variable changed;
-    int opening = LIBUSB_SUCCESS; ///< what opening the camera ends with
-    int claiming = LIBUSB_SUCCESS; ///< what asking for its interfaces ends with
+    int opening = 0; ///< what opening the camera ends with
+    int claiming = 0; ///< what asking for its interfaces ends with
     std::optional<int> transfersLeft; ///< then it is unplugged
     std::list<libusb_device> devices; ///< the last one is, or was last, plugged in
-    std::list<libusb_context> contexts;
     std::list<libusb_device_handle> handles; ///< that are open
 };
 
 /// The bus, held as long as this lives.
 struct HeldBus {
-    HeldBus();
     UsbBus* operator->() const { return &bus; }
 
-    UsbBus& bus;
-    std::unique_lock<std::mutex> lock;
+    UsbBus& bus = theBus();
+    std::unique_lock<std::mutex> lock { bus.mutex };
+
+    static UsbBus& theBus();
 };

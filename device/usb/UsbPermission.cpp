@@ -1,4 +1,4 @@
-#include "session/UsbPermission.h"
+#include "usb/UsbPermission.h"
 
 #include <libusb.h>
 

@@ -1,4 +1,4 @@
-#include "session/UsbDevice.h"
+#include "usb/UsbDevice.h"
 
 #include <gio/gio.h>
 
