@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstring>
+#include <cstdio>
 
 namespace {
 
@@ -57,27 +57,6 @@ ssize_t libusb_get_device_list(libusb_context*, libusb_device*** list)
     return bus->devices.back().isPresent() ? 1 : 0;
 }
 
-int libusb_get_device_descriptor(libusb_device*, libusb_device_descriptor* descriptor)
-{
-    *descriptor = { 18, 1, 0x0300, 0xEF, 2, 1, 9, 0x2676, 0xBA02, 0x0100, 1, 2, 3, 1 };
-    return LIBUSB_SUCCESS;
-}
-
-int libusb_get_config_descriptor(libusb_device*, std::uint8_t, libusb_config_descriptor** config)
-{
-    static libusb_config_descriptor description = describe();
-    *config = &description;
-    return LIBUSB_SUCCESS;
-}
-
-int libusb_get_string_descriptor_ascii(
-    libusb_device_handle*, std::uint8_t index, unsigned char* data, int length)
-{
-    constexpr std::array<const char*, 5> texts { "", "Maker", "Model", "S1", "2676F00D" };
-    std::strncpy(reinterpret_cast<char*>(data), texts.at(index), static_cast<std::size_t>(length));
-    return static_cast<int>(std::strlen(texts.at(index)));
-}
-
 int libusb_open(libusb_device* device, libusb_device_handle** handle)
 {
     const HeldBus bus;
@@ -89,26 +68,12 @@ int libusb_open(libusb_device* device, libusb_device_handle** handle)
     return result;
 }
 
-void libusb_close(libusb_device_handle* handle)
-{
-    const HeldBus bus;
-    bus->handles.remove_if([handle](const libusb_device_handle& one) { return &one == handle; });
-}
-
 int libusb_claim_interface(libusb_device_handle* handle, int)
 {
     const HeldBus bus;
     const libusb_device_handle*& user = handle->device.user;
     user = user == nullptr ? handle : user;
     return user == handle ? bus->claiming : LIBUSB_ERROR_BUSY;
-}
-
-int libusb_release_interface(libusb_device_handle* handle, int)
-{
-    const HeldBus bus;
-    const libusb_device_handle*& user = handle->device.user;
-    user = user == handle ? nullptr : user;
-    return LIBUSB_SUCCESS;
 }
 
 int libusb_bulk_transfer(libusb_device_handle* handle, unsigned char pipe, unsigned char* data,
@@ -140,15 +105,7 @@ int libusb_bulk_transfer(libusb_device_handle* handle, unsigned char pipe, unsig
     return LIBUSB_SUCCESS;
 }
 
-// Nobody is told that the camera is gone: who asks it next learns it.
-int libusb_handle_events_timeout(libusb_context*, timeval* limit)
-{
-    HeldBus bus;
-    bus->changed.wait_for(bus.lock, std::chrono::microseconds(limit->tv_usec));
-    return LIBUSB_SUCCESS;
-}
-
-// clang-format off: a line each; most of it needs nothing done, or is not used
+// clang-format off: short ones, of which most need nothing done or are not used
 int libusb_init(libusb_context** context)
 {
     *context = reinterpret_cast<libusb_context*>(&HeldBus::theBus());
@@ -159,18 +116,53 @@ const char* libusb_error_name(int code)
 {
     return code == LIBUSB_ERROR_BUSY ? "LIBUSB_ERROR_BUSY" : "other";
 }
-libusb_device* libusb_get_device(libusb_device_handle* handle)
+int libusb_get_device_descriptor(libusb_device*, libusb_device_descriptor* descriptor)
 {
-    return &handle->device;
+    *descriptor = { 18, 1, 0x0300, 0xEF, 2, 1, 9, 0x2676, 0xBA02, 0x0100, 1, 2, 3, 1 };
+    return 0;
 }
-void libusb_free_device_list(libusb_device**, int) { }
-void libusb_free_config_descriptor(libusb_config_descriptor*) { }
+int libusb_get_config_descriptor(libusb_device*, std::uint8_t, libusb_config_descriptor** config)
+{
+    static libusb_config_descriptor only = describe();
+    *config = &only;
+    return 0;
+}
+int libusb_get_string_descriptor_ascii(
+    libusb_device_handle*, std::uint8_t index, unsigned char* data, int)
+{
+    return std::sprintf(reinterpret_cast<char*>(data), "%s",
+        std::array { "", "Maker", "Model", "S1", "2676F00D" }.at(index));
+}
+void libusb_close(libusb_device_handle* handle)
+{
+    HeldBus()->handles.remove_if(
+        [handle](const libusb_device_handle& one) { return &one == handle; });
+}
+int libusb_release_interface(libusb_device_handle* handle, int)
+{
+    const HeldBus bus;
+    handle->device.user = handle->device.user == handle ? nullptr : handle->device.user;
+    return 0;
+}
+// Nobody is told that the camera is gone: who asks it next learns it.
+int libusb_handle_events_timeout(libusb_context*, timeval* limit)
+{
+    HeldBus bus;
+    bus->changed.wait_for(bus.lock, std::chrono::microseconds(limit->tv_usec));
+    return 0;
+}
 int libusb_hotplug_register_callback(
     libusb_context*, int, int, int, int, int, libusb_hotplug_callback_fn, void*, int*)
 {
     return 0;
 }
 void libusb_hotplug_deregister_callback(libusb_context*, int) { }
+libusb_device* libusb_get_device(libusb_device_handle* handle)
+{
+    return &handle->device;
+}
+void libusb_free_device_list(libusb_device**, int) { }
+void libusb_free_config_descriptor(libusb_config_descriptor*) { }
 int libusb_set_auto_detach_kernel_driver(libusb_device_handle*, int)
 {
     return 0;

@@ -65,6 +65,7 @@ struct libusb_device {
 
     bool isPresent() const { return asList.front() != nullptr; }
 };
+
 struct libusb_device_handle {
     libusb_device& device;
 };
@@ -88,10 +89,7 @@ struct UsbBus {
 
 /// The bus, held as long as this lives.
 struct HeldBus {
-    UsbBus* operator->() const { return &bus; }
-
-    UsbBus& bus = theBus();
-    std::unique_lock<std::mutex> lock { bus.mutex };
-
     static UsbBus& theBus();
+    UsbBus* operator->() const { return &theBus(); }
+    std::unique_lock<std::mutex> lock { theBus().mutex };
 };

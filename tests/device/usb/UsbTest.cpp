@@ -47,14 +47,16 @@ protected:
     Usb() { HeldBus()->plugIn(description()); }
     ~Usb() override
     {
-        close();
+        m_images.reset();
+        m_camera.reset();
         EXPECT_TRUE(eventually([] { return HeldBus()->handles.empty(); }));
     }
 
     /// Searches the bus and no network; what is wrong.
     std::string open(CameraAccess access = CameraAccess::Control)
     {
-        close();
+        m_images.reset();
+        m_camera.reset();
         std::string error;
         m_found = ZQDiscovery().discover({ "USB3Vision" });
         if (auto opened = ZQCamera::Open(id, access, error)) {
@@ -62,11 +64,6 @@ protected:
             m_images = std::make_unique<ZQAcquisition>(m_camera->camera.get(), &m_camera->device);
         }
         return error;
-    }
-    void close()
-    {
-        m_images.reset();
-        m_camera.reset();
     }
     std::string reconnect()
     {
