@@ -17,7 +17,7 @@ class UsbCamera {
 public:
     using Bytes = std::vector<std::uint8_t>;
     /// Of its registers, which are little endian.
-    enum Place : std::uint64_t {
+    enum Place : unsigned {
         StreamInfo = 0x2000,
         StreamControl = 0x2004,
         PayloadSize = 0x2008, ///< as the camera requires it; follows the width

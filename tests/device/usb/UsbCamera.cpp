@@ -9,13 +9,9 @@ namespace {
 constexpr std::uint64_t serviceTable = 0x1000;
 constexpr std::uint64_t streamTable = 0x2000;
 constexpr std::uint64_t manifest = 0x3000;
-constexpr std::uint64_t endOfRegisters = 0x5000;
 constexpr std::uint64_t descriptionPlace = 0x10000;
 constexpr std::uint32_t mostOfCommand = 128;
 constexpr std::uint32_t mostOfAnswer = 256;
-constexpr std::uint32_t commandPrefix = 0x43563355; // U3VC
-constexpr std::uint32_t leaderPrefix = 0x4C563355; // U3VL
-constexpr std::uint32_t trailerPrefix = 0x54563355; // U3VT
 constexpr std::uint16_t none = 0;
 
 template <typename Number> Number at(const UsbCamera::Bytes& bytes, std::size_t place)
@@ -69,7 +65,7 @@ void UsbCamera::put(std::uint64_t address, const Bytes& bytes)
 bool UsbCamera::take(const Bytes& command)
 {
     if (command.size() < 20 || command.size() > mostOfCommand
-        || at<std::uint32_t>(command, 0) != commandPrefix
+        || at<std::uint32_t>(command, 0) != 0x43563355 // U3VC
         || at<std::uint16_t>(command, 8) != command.size() - 12) {
         return false;
     }
@@ -80,13 +76,13 @@ bool UsbCamera::take(const Bytes& command)
     if (kind == 0x0800) {
         const auto* from = &memory.at(address);
         content.assign(from, from + at<std::uint16_t>(command, 22));
-    } else if (address == Denied || address < streamTable || address >= endOfRegisters) {
-        status = address == Denied ? 0x8006 : 0x8004; // no access, protected
+    } else if (address == Denied) {
+        status = 0x8006;
     } else {
         put(address, { command.begin() + 20, command.end() });
         content = packet(0U);
     }
-    m_answer = packet(commandPrefix, status, static_cast<std::uint16_t>(kind + 1),
+    m_answer = packet(0x43563355U, status, static_cast<std::uint16_t>(kind + 1),
         static_cast<std::uint16_t>(content.size()), at<std::uint16_t>(command, 10));
     m_answer.insert(m_answer.end(), content.begin(), content.end());
     return m_answer.size() <= mostOfAnswer;
@@ -100,13 +96,13 @@ UsbCamera::Bytes UsbCamera::takeStreamData(std::size_t most)
     }
     if (!m_sent) {
         m_sent = 0;
-        return packet(leaderPrefix, none, std::uint16_t(52), m_frame, none, std::uint16_t(1),
+        return packet(0x4C563355U, none, std::uint16_t(52), m_frame, none, std::uint16_t(1),
             1000 + m_frame, 0x01080001U, at<std::uint64_t>(memory, Width), 0U, 0U, 0U);
     }
     if (*m_sent == whole) {
         m_sent.reset();
         --images;
-        return packet(trailerPrefix, none, std::uint16_t(36), m_frame++, 0U, whole, 0U, 0U);
+        return packet(0x54563355U, none, std::uint16_t(36), m_frame++, 0U, whole, 0U, 0U);
     }
     Bytes data(std::min(most, whole - *m_sent));
     for (std::uint8_t& pixel : data) {

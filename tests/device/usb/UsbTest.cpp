@@ -22,12 +22,13 @@ const std::string here = std::string(id) + ": ";
 std::string description()
 {
     std::string nodes = reg("StringReg", "Note", UsbCamera::Note, element("Length", "200"));
-    for (const auto& [name, address] : { std::pair("Width", UsbCamera::Width),
-             { "Height", UsbCamera::Height }, { "PayloadSize", UsbCamera::PayloadSize },
-             { "Gain", UsbCamera::Gain }, { "Denied", UsbCamera::Denied },
-             { "R", UsbCamera::Restore }, { "A", UsbCamera::Start }, { "Z", UsbCamera::Stop } }) {
+    for (const auto& [name, address] :
+        { std::pair("Width", UsbCamera::Width), { "Height", UsbCamera::Height },
+            { "Gain", UsbCamera::Gain }, { "Denied", UsbCamera::Denied },
+            { "R", UsbCamera::Restore }, { "A", UsbCamera::Start }, { "Z", UsbCamera::Stop } }) {
         nodes += intReg(name, address, element("Endianess", "LittleEndian"));
     }
+    nodes += node("Integer", "PayloadSize", element("Value", "1280")); // less than is required
     for (const auto& [name, place] :
         { std::pair("Restore", "R"), { "AcquisitionStart", "A" }, { "AcquisitionStop", "Z" } }) {
         nodes += node("Command", name, element("pValue", place) + element("CommandValue", "1"));
@@ -35,11 +36,6 @@ std::string description()
     return TestCamera::description(
         "Note Width Height PayloadSize Gain Denied Restore AcquisitionStart AcquisitionStop",
         nodes);
-}
-
-std::ptrdiff_t threads()
-{
-    return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
 }
 
 class Usb : public testing::Test {
@@ -178,12 +174,14 @@ TEST_F(Usb, UnpluggedCamerasAreLostUntilTheyAreBack)
 TEST_F(Usb, ImagesEndWithTheCameraAndStartAnewWithIt)
 {
     ASSERT_EQ(open(), "");
-    const std::ptrdiff_t before = threads();
+    const auto threads
+        = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {}); };
+    const auto before = threads();
     expectImages(3);
     send(1, 2); // unplugged within it
     EXPECT_TRUE(eventually([this] { return !m_images->isRunning(); }));
     EXPECT_NE(m_images->problem().find("The camera was lost"), std::string::npos);
-    EXPECT_TRUE(eventually([before] { return threads() == before; })); // none runs idle
+    EXPECT_TRUE(eventually([&] { return threads() == before; })); // none runs idle
     HeldBus()->plugIn(description());
     EXPECT_EQ(reconnect(), "");
     expectImages(3);
