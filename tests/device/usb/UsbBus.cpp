@@ -105,90 +105,40 @@ int libusb_bulk_transfer(libusb_device_handle* handle, unsigned char pipe, unsig
     return LIBUSB_SUCCESS;
 }
 
-// clang-format off: short ones, of which most need nothing done or are not used
+// Short ones, of which most need nothing done or are not used.
+// clang-format off
 int libusb_init(libusb_context** context)
-{
-    *context = reinterpret_cast<libusb_context*>(&HeldBus::theBus());
-    return 0;
-}
+    { *context = reinterpret_cast<libusb_context*>(&HeldBus::theBus()); return 0; }
 void libusb_exit(libusb_context*) { }
 const char* libusb_error_name(int code)
-{
-    return code == LIBUSB_ERROR_BUSY ? "LIBUSB_ERROR_BUSY" : "other";
-}
+    { return code == LIBUSB_ERROR_BUSY ? "LIBUSB_ERROR_BUSY" : "other"; }
 int libusb_get_device_descriptor(libusb_device*, libusb_device_descriptor* descriptor)
-{
-    *descriptor = { 18, 1, 0x0300, 0xEF, 2, 1, 9, 0x2676, 0xBA02, 0x0100, 1, 2, 3, 1 };
-    return 0;
-}
+    { *descriptor = { 18, 1, 0x0300, 0xEF, 2, 1, 9, 0x2676, 0xBA02, 0x0100, 1, 2, 3, 1 }; return 0; }
 int libusb_get_config_descriptor(libusb_device*, std::uint8_t, libusb_config_descriptor** config)
-{
-    static libusb_config_descriptor only = describe();
-    *config = &only;
-    return 0;
-}
-int libusb_get_string_descriptor_ascii(
-    libusb_device_handle*, std::uint8_t index, unsigned char* data, int)
-{
-    return std::sprintf(reinterpret_cast<char*>(data), "%s",
-        std::array { "", "Maker", "Model", "S1", "2676F00D" }.at(index));
-}
+    { static libusb_config_descriptor only = describe(); *config = &only; return 0; }
+int libusb_get_string_descriptor_ascii(libusb_device_handle*, std::uint8_t i, unsigned char* data, int)
+    { return std::sprintf(reinterpret_cast<char*>(data), "%s",
+        std::array { "", "Maker", "Model", "S1", "2676F00D" }.at(i)); }
 void libusb_close(libusb_device_handle* handle)
-{
-    HeldBus()->handles.remove_if(
-        [handle](const libusb_device_handle& one) { return &one == handle; });
-}
+    { HeldBus()->handles.remove_if([handle](const auto& one) { return &one == handle; }); }
 int libusb_release_interface(libusb_device_handle* handle, int)
-{
-    const HeldBus bus;
-    handle->device.user = handle->device.user == handle ? nullptr : handle->device.user;
-    return 0;
-}
-// Nobody is told that the camera is gone: who asks it next learns it.
-int libusb_handle_events_timeout(libusb_context*, timeval* limit)
-{
-    HeldBus bus;
-    bus->changed.wait_for(bus.lock, std::chrono::microseconds(limit->tv_usec));
-    return 0;
-}
-int libusb_hotplug_register_callback(
-    libusb_context*, int, int, int, int, int, libusb_hotplug_callback_fn, void*, int*)
-{
-    return 0;
-}
+    { const HeldBus bus; auto& user = handle->device.user; user = user == handle ? nullptr : user; return 0; }
+int libusb_handle_events_timeout(libusb_context*, timeval* limit) // tells nobody of the camera's end
+    { HeldBus bus; bus->changed.wait_for(bus.lock, std::chrono::microseconds(limit->tv_usec)); return 0; }
+int libusb_hotplug_register_callback(libusb_context*, int, int, int, int, int,
+    libusb_hotplug_callback_fn, void*, int*) { return 0; }
 void libusb_hotplug_deregister_callback(libusb_context*, int) { }
-libusb_device* libusb_get_device(libusb_device_handle* handle)
-{
-    return &handle->device;
-}
+libusb_device* libusb_get_device(libusb_device_handle* handle) { return &handle->device; }
 void libusb_free_device_list(libusb_device**, int) { }
 void libusb_free_config_descriptor(libusb_config_descriptor*) { }
-int libusb_set_auto_detach_kernel_driver(libusb_device_handle*, int)
-{
-    return 0;
-}
-int libusb_clear_halt(libusb_device_handle*, unsigned char)
-{
-    return 0;
-}
+int libusb_set_auto_detach_kernel_driver(libusb_device_handle*, int) { return 0; }
+int libusb_clear_halt(libusb_device_handle*, unsigned char) { return 0; }
 int libusb_control_transfer(libusb_device_handle*, std::uint8_t, std::uint8_t, std::uint16_t,
-    std::uint16_t, unsigned char*, std::uint16_t, unsigned)
-{
-    return 0;
-}
-libusb_transfer* libusb_alloc_transfer(int)
-{
-    return nullptr;
-}
+    std::uint16_t, unsigned char*, std::uint16_t, unsigned) { return 0; }
+libusb_transfer* libusb_alloc_transfer(int) { return nullptr; }
 void libusb_free_transfer(libusb_transfer*) { }
-int libusb_submit_transfer(libusb_transfer*)
-{
-    return LIBUSB_ERROR_NOT_SUPPORTED;
-}
-int libusb_cancel_transfer(libusb_transfer*)
-{
-    return LIBUSB_ERROR_NOT_SUPPORTED;
-}
+int libusb_submit_transfer(libusb_transfer*) { return LIBUSB_ERROR_NOT_SUPPORTED; }
+int libusb_cancel_transfer(libusb_transfer*) { return LIBUSB_ERROR_NOT_SUPPORTED; }
 // clang-format on
 
 } // extern "C"
