@@ -46,7 +46,7 @@ Status missing()
 Status failure(const GlibError& error)
 {
     const std::string_view said = error ? error.get()->message : "";
-    if (said.find("LIBUSB_ERROR_BUSY") != said.npos) {
+    if (said.find("LIBUSB_ERROR_BUSY") != std::string_view::npos) {
         return { accessDenied,
             "the camera is in use: by another program, or for images that were not stopped" };
     }

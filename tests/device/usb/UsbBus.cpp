@@ -49,6 +49,7 @@ void UsbBus::unplug()
 }
 
 extern "C" {
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the names are ours
 
 ssize_t libusb_get_device_list(libusb_context*, libusb_device*** list)
 {
@@ -140,5 +141,6 @@ void libusb_free_transfer(libusb_transfer*) { }
 int libusb_submit_transfer(libusb_transfer*) { return LIBUSB_ERROR_NOT_SUPPORTED; }
 int libusb_cancel_transfer(libusb_transfer*) { return LIBUSB_ERROR_NOT_SUPPORTED; }
 // clang-format on
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 } // extern "C"
