@@ -129,16 +129,43 @@ bool FakeCamera::isInstalled()
     return std::system((std::string("command -v ") + program + " > /dev/null").c_str()) == 0;
 }
 
-std::unique_ptr<FakeCamera> otherModel()
+namespace {
+
+/// The usual description with other words in it.
+std::string changedDescription(std::initializer_list<std::pair<const char*, const char*>> changes)
+{
+    std::stringstream text;
+    text << std::ifstream(ZQ_SIMULATED_CAMERA_XML).rdbuf();
+    std::string changed = text.str();
+    for (const auto& [from, to] : changes) {
+        changed = std::regex_replace(changed, std::regex(from), to);
+    }
+    return changed;
+}
+
+std::unique_ptr<FakeCamera> serving(
+    const std::string& description, const char* address, const char* serial)
 {
     const std::string path
         = std::filesystem::temp_directory_path() / std::to_string(getpid()).append(".xml");
-    std::stringstream text;
-    text << std::ifstream(ZQ_SIMULATED_CAMERA_XML).rdbuf();
-    const std::regex gamma("<pFeature>Gamma</pFeature>");
-    std::ofstream(path) << std::regex_replace(
-        std::regex_replace(text.str(), gamma, ""), std::regex("AreaScan2K"), "Another");
-    auto camera = std::make_unique<FakeCamera>(path, 0, "127.0.0.4", "GV02");
+    std::ofstream(path) << description;
+    auto camera = std::make_unique<FakeCamera>(path, 0, address, serial);
     std::filesystem::remove(path); // it has been read
     return camera;
+}
+
+} // namespace
+
+std::unique_ptr<FakeCamera> otherModel()
+{
+    return serving(
+        changedDescription({ { "<pFeature>Gamma</pFeature>", "" }, { "AreaScan2K", "Another" } }),
+        "127.0.0.4", "GV02");
+}
+
+std::unique_ptr<FakeCamera> olderSchema()
+{
+    return serving(
+        changedDescription({ { "SchemaMinorVersion=\"1\"", "SchemaMinorVersion=\"0\"" } }),
+        "127.0.0.4", "GV03");
 }

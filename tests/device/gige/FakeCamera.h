@@ -63,3 +63,5 @@ private:
 
 /// Another model at 127.0.0.4, "Another" by name, GV02 by serial number, and without Gamma.
 std::unique_ptr<FakeCamera> otherModel();
+/// The usual camera, on 127.0.0.4, with a description of schema 1.0.
+std::unique_ptr<FakeCamera> olderSchema();

@@ -138,6 +138,10 @@ void FaultProxy::sendDue()
 void FaultProxy::onRequest(Client& client, Packet packet, const Faults& faults)
 {
     ++m_requests;
+    constexpr std::uint8_t readRegister = 0x80; // GigE Vision 2.0, chapter 14
+    constexpr std::uint8_t writeRegister = 0x82;
+    const std::uint8_t command = packet.size() > 3 ? packet[3] : 0;
+    m_registerRequests += command == readRegister || command == writeRegister ? 1U : 0U;
     if (happens(faults.loseRequests)) {
         return;
     }

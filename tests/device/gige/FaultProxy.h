@@ -55,6 +55,8 @@ public:
     void switchTo(const std::string& camera);
     /// Packets of clients that have come so far.
     std::uint64_t requests() const { return m_requests; }
+    /// Of them, those that read or write registers, and not memory.
+    std::uint64_t registerRequests() const { return m_registerRequests; }
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -94,6 +96,7 @@ private:
     std::map<std::pair<in_addr_t, in_port_t>, Client> m_clients;
     std::multimap<Clock::time_point, Departure> m_departures;
     std::atomic<std::uint64_t> m_requests { 0 };
+    std::atomic<std::uint64_t> m_registerRequests { 0 };
     std::atomic<bool> m_stop { false };
     std::thread m_thread;
 };

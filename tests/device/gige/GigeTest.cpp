@@ -50,6 +50,27 @@ TEST_F(GigE, ACameraTakenByAnotherApplicationIsRetakenWhenThatIsDone)
     EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), STATUS_OK);
 }
 
+TEST_F(GigE, FourBytesOfAnOlderDescriptionAreReadAndWrittenAsRegisters)
+{
+    open();
+    const auto loaded = m_proxy.requests();
+    EXPECT_LT(m_proxy.registerRequests() * 10, loaded); // opening asks for some
+    const std::string width = m_repository->GetFeature("Width")->valueText;
+
+    const std::unique_ptr<FakeCamera> older = olderSchema();
+    m_proxy.switchTo("127.0.0.4");
+    open();
+    const auto before = std::pair(m_proxy.requests(), m_proxy.registerRequests());
+    EXPECT_EQ(m_repository->Load(), STATUS_OK);
+    EXPECT_GT((m_proxy.registerRequests() - before.second) * 2, m_proxy.requests() - before.first);
+    EXPECT_EQ(m_repository->GetFeature("Width")->valueText, width);
+    const auto asked = m_proxy.registerRequests();
+    EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), STATUS_OK);
+    EXPECT_GT(m_proxy.registerRequests(), asked);
+    EXPECT_EQ(m_repository->Load(), STATUS_OK);
+    EXPECT_EQ(m_repository->GetFeature("Width")->valueText, "64");
+}
+
 TEST_F(GigE, DiscoveryListsTheCameraAndItsIdOpensIt)
 {
     ZQDiscovery discovery;

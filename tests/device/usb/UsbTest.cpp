@@ -116,8 +116,8 @@ TEST_F(Usb, CamerasAreFoundReadAndEdited)
     EXPECT_EQ(m_camera->read("Gain"), "7");
     std::array<std::uint8_t, 4> bytes {}; // the same, however it is asked for
     m_camera->port.invalidate();
-    EXPECT_TRUE(
-        m_camera->port.read({ UsbCamera::Gain, 4 }, bytes.data(), AccessKind::Register).isOk());
+    m_camera->port.setFourByteKind(AccessKind::Register);
+    EXPECT_TRUE(m_camera->port.read({ UsbCamera::Gain, 4 }, bytes.data()).isOk());
     EXPECT_EQ(bytes[0], 7);
     const std::string longer(190, 'n');
     EXPECT_EQ(m_camera->set("Note", longer.c_str()), STATUS_OK);
