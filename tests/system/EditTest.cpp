@@ -2,118 +2,87 @@
 
 #include <gtest/gtest.h>
 
-using Lines = std::vector<std::string>;
+#include <algorithm>
 
 namespace {
 
-TEST(Edit, IntegerGoesToTheCameraAndItsDependentsFollow)
+TEST(Edit, WhatIsTypedArrivesOrIsSetBackWithAWord)
 {
     Browser b;
-    const std::string payload = b.shown("PayloadSize");
+    struct Case {
+        const char *name, *typed, *shown, *event, *message;
+        long camera = 0;
+    };
+    for (const Case& c :
+        std::vector<Case> { { "Width", "640", "640", "Int Width 640", "", 640 },
+            { "Width", "643", "640", "", "Value adjusted to 640", 640 },
+            { "Width", "1000000", "640", "", "Value must be between ", 640 },
+            { "DeviceUserTag", "1234567890123456789", "1234567890123456789", // beyond 32 bits
+                "Int DeviceUserTag 1234567890123456789", "", 1234567890123456789 },
+            { "ExposureTime", "1234", "1234", "Double ExposureTime 1234", "" },
+            { "ExposureTime", "1e9", "1234", "",
+                "value must be between 10.00000 and 10000000.00000" },
+            { "DeviceUserID", "left camera", "left camera", "String DeviceUserID left camera", "" },
+            { "DeviceUserID", "much too long for sixteen bytes", "left camera", "", "16" },
+            { "GevPersistentIPAddress", "192.168.1.77", "192.168.1.77",
+                "IP GevPersistentIPAddress 192.168.1.77", "", 3232235853 } }) {
+        b.edit(c.name, c.typed);
+        const std::string message = b.message();
+        b.press(Qt::Key_Escape);
+        EXPECT_EQ(b.text(c.name), c.shown);
+        EXPECT_EQ(b.journal.take(), *c.event ? Lines { c.event } : Lines()) << c.typed;
+        EXPECT_NE(message.find(c.message), std::string::npos) << c.typed << message;
+        EXPECT_EQ(message.empty(), *c.message == '\0') << message;
+        EXPECT_TRUE(c.camera == 0 || b.integer(c.name) == c.camera) << c.typed;
+    }
+    EXPECT_EQ(b.number("ExposureTime"), 1234.0);
+    for (const char* name : { "Width", "ExposureTime", "DeviceUserID", "GevPersistentIPAddress" }) {
+        for (const Qt::Key key : { Qt::Key_Escape, Qt::Key_Return }) {
+            const std::string before = b.text(name);
+            b.open(name);
+            b.press(key);
+            EXPECT_EQ(b.text(name), before) << name;
+        }
+    }
+    EXPECT_EQ(b.journal.take(), Lines {}) << "what is unchanged is not written";
+}
+
+TEST(Edit, DependentsFollow)
+{
+    Browser b;
+    std::string payload = b.text("PayloadSize");
     testing::internal::CaptureStderr();
-    b.type("Width", "640");
+    b.edit("Width", "640");
+    b.edit("ExposureTime", "1234");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
         "Update feature in camera: Width value: 640\n"
-        "Update feature in repository: Width value: 640\n");
-    EXPECT_EQ(b.integer("Width"), 640);
-    EXPECT_EQ(b.shown("Width"), "640");
-    EXPECT_EQ(b.shown("PayloadSize"), std::to_string(b.integer("PayloadSize")));
-    EXPECT_NE(b.shown("PayloadSize"), payload);
-    EXPECT_EQ(b.role("OffsetX", "maximum").toLongLong(), b.integer("WidthMax") - 640);
-    EXPECT_EQ(b.receiver.take(), Lines { "int Width 640" });
-}
-
-TEST(Edit, IntegerIsMovedOntoTheGridOrSetBackWithAWord)
-{
-    Browser b;
-    for (const auto& [typed, said] :
-        { std::pair("643", "Value adjusted to 640"), { "1000000", "Value must be between " } }) {
-        b.type("Width", typed);
-        EXPECT_EQ(b.integer("Width"), 640);
-        EXPECT_EQ(b.shown("Width"), "640");
-        EXPECT_TRUE(b.showsText(said));
-        EXPECT_EQ(b.receiver.take(), Lines {});
-    }
-    b.type("DeviceUserTag", "1234567890123456789"); // beyond 32 bits
-    EXPECT_EQ(b.integer("DeviceUserTag"), 1234567890123456789L);
-    EXPECT_EQ(b.shown("DeviceUserTag"), "1234567890123456789");
-}
-
-TEST(Edit, FloatArrivesAsTypedLimitsOthersAndStaysInItsRange)
-{
-    Browser b;
-    testing::internal::CaptureStderr();
-    b.type("ExposureTime", "1234");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+        "Update feature in repository: Width value: 640\n"
         "<>Feature double set: ExposureTime 1234.000000 0\n");
-    EXPECT_EQ(b.number("ExposureTime"), 1234.0);
-    EXPECT_EQ(b.receiver.take(), Lines { "double ExposureTime 1234.000000" });
+    EXPECT_EQ(b.text("PayloadSize"), std::to_string(b.integer("PayloadSize")));
+    EXPECT_NE(b.text("PayloadSize"), std::exchange(payload, b.text("PayloadSize")));
+    EXPECT_EQ(b.role("OffsetX", "maximum").toLongLong(), b.integer("WidthMax") - 640);
+    const double rate = b.role("AcquisitionFrameRate", "maximum").toDouble();
+    b.edit("ExposureTime", "1000000");
+    EXPECT_LT(b.role("AcquisitionFrameRate", "maximum").toDouble(), std::min(rate, 1.01));
+    b.journal.take();
 
-    b.type("ExposureTime", "1e9");
-    EXPECT_EQ(b.number("ExposureTime"), 1234.0);
-    EXPECT_TRUE(b.showsText("value must be between 10.00000 and 10000000.00000"));
-    EXPECT_EQ(b.receiver.take(), Lines {});
-
-    const double before = b.role("AcquisitionFrameRate", "maximum").toDouble();
-    b.type("ExposureTime", "1000000");
-    EXPECT_LT(b.role("AcquisitionFrameRate", "maximum").toDouble(), std::min(before, 1.01));
-}
-
-TEST(Edit, TextsEntriesAndBoxesArrive)
-{
-    Browser b;
-    b.type("DeviceUserID", "left camera");
-    EXPECT_EQ(b.shown("DeviceUserID"), "left camera");
-    EXPECT_EQ(b.receiver.take(), Lines { "string DeviceUserID left camera" });
-    b.device().SetStringValue("DeviceUserID", "unchanged");
-    b.browser().RefreshFeature("DeviceUserID");
-    b.type("DeviceUserID", "much too long for sixteen bytes");
-    EXPECT_EQ(b.shown("DeviceUserID"), "unchanged");
-    b.receiver.take();
-
-    b.type("GevPersistentIPAddress", "192.168.1.77");
-    EXPECT_EQ(b.integer("GevPersistentIPAddress"), 3232235853L);
-    EXPECT_EQ(b.shown("GevPersistentIPAddress"), "192.168.1.77");
-    EXPECT_EQ(b.receiver.take(), Lines { "ip GevPersistentIPAddress 192.168.1.77" });
-
-    const std::string payload = b.shown("PayloadSize");
-    b.choose("PixelFormat", "Mono16"); // by its letters
-    EXPECT_EQ(b.shown("PixelFormat"), "Mono16");
-    EXPECT_NE(b.shown("PayloadSize"), payload);
-    EXPECT_EQ(b.receiver.take(), Lines { "enum PixelFormat Mono16 3" });
-
-    b.click("ReverseX");
+    b.choose("PixelFormat", "Mono16");
+    EXPECT_NE(b.text("PayloadSize"), payload);
+    b.click("ReverseX", 1, { 10, 0 });
     bool reversed = false;
     b.device().GetBooleanValue("ReverseX", &reversed);
     EXPECT_TRUE(reversed);
-    EXPECT_EQ(b.shown("ReverseX"), "True");
-    EXPECT_EQ(b.receiver.take(), Lines { "bool ReverseX 1" });
-}
-
-TEST(Edit, SelectorShowsWhatItSelects)
-{
-    Browser b;
-    b.choose("GainSelector", "Red");
-    b.type("Gain", "6");
-    b.choose("GainSelector", "Blue");
-    b.type("Gain", "3");
-    b.choose("GainSelector", "Red");
-    EXPECT_EQ(b.shown("Gain"), "6");
-    EXPECT_EQ(b.number("Gain"), 6.0);
-}
-
-TEST(Edit, EscapeAndUnchangedValuesWriteNothing)
-{
-    Browser b;
-    for (const char* name : { "Width", "ExposureTime", "DeviceUserID", "GevPersistentIPAddress" }) {
-        const std::string before = b.shown(name);
-        b.open(name);
-        b.press(Qt::Key_Escape);
-        b.open(name);
-        b.press(Qt::Key_Return);
-        EXPECT_EQ(b.shown(name), before) << name;
+    EXPECT_EQ(b.text("ReverseX"), "True");
+    EXPECT_EQ(b.journal.take(), (Lines { "Enum PixelFormat Mono16 3", "Bool ReverseX 1" }));
+    for (const auto& [entry, gain] :
+        { std::pair("Red", "6"), { "Blue", "3" }, { "Red", nullptr } }) {
+        b.choose("GainSelector", entry);
+        if (gain != nullptr) {
+            b.edit("Gain", gain);
+        }
     }
-    EXPECT_EQ(b.receiver.take(), Lines {});
+    EXPECT_EQ(b.text("Gain"), "6");
+    EXPECT_EQ(b.number("Gain"), 6.0);
 }
 
 } // namespace

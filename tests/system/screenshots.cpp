@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QPixmap>
 #include <QStyleFactory>
-#include <QTest>
 
 #include <cstdio>
 
@@ -25,13 +24,12 @@ QPalette darkPalette()
 bool take(const QString& file)
 {
     Browser b;
-    QWidget* window = b.browser().GetWidget()->window();
-    window->resize(760, 820);
-    b.type("Width", "640");
-    b.type("ExposureTime", "20 ms");
-    b.type("OffsetX", "6");
+    b.window()->resize(760, 820);
+    b.edit("Width", "640");
+    b.edit("ExposureTime", "20 ms");
+    b.edit("OffsetX", "6");
     QTest::qWait(100);
-    return window->grab().save(file);
+    return b.window()->grab().save(file);
 }
 
 } // namespace

@@ -47,8 +47,8 @@ const std::vector<Trouble> troubles {
 
 const std::vector<Action> actions {
     { "F5", [](Viewer& viewer) { viewer.pressF5(); } },
-    { "Edit", [](Viewer& viewer) { viewer.type("Width", "128"); } },
-    { "Command", [](Viewer& viewer) { viewer.press("UserSetLoad"); } },
+    { "Edit", [](Viewer& viewer) { viewer.edit("Width", "128"); } },
+    { "Command", [](Viewer& viewer) { viewer.open("UserSetLoad"); } },
     { "Reconnect", [](Viewer& viewer) { viewer.pressReconnect(); } },
 };
 
@@ -125,7 +125,7 @@ TEST_P(ViewerIn, ShowsOnlyWhatIsConfirmedSaysWhyAndRecovers)
     Viewer viewer;
     ASSERT_TRUE(viewer.hasAllRows(true));
     const Rows first = viewer.rows();
-    viewer.type("Width", "64");
+    viewer.edit("Width", "64");
     expectTrue(viewer.rows(), first);
 
     trouble.harm(m_fake);

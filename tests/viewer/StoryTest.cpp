@@ -107,7 +107,7 @@ TEST_F(Story, AReadingThatIsCancelledIsNotBegunAgainAndTheWindowIsOfUseMeanwhile
     harm(Faults::slow(8ms));
     viewer.pressF5();
     EXPECT_TRUE(viewer.isBusy());
-    viewer.type("Width", "128");
+    viewer.edit("Width", "128");
     EXPECT_EQ(viewer.rows().at("Width"), (Row { "128", true }));
     EXPECT_EQ(readRegister(place::width), 128U);
     EXPECT_TRUE(viewer.isBusy());
@@ -120,7 +120,7 @@ TEST_F(Story, AValueThatIsConfirmedTooLateIsMarkedUntilItIsRead)
 {
     Viewer viewer;
     harm(Faults::slow(225ms));
-    viewer.type("Width", "128");
+    viewer.edit("Width", "128");
     EXPECT_FALSE(viewer.rows().at("Width").looksCurrent);
     harm({});
     EXPECT_TRUE(waitFor([&] { return viewer.hasAllRows(true); }));
@@ -143,7 +143,7 @@ TEST_F(Story, ACameraThatAnswersAgainByItselfIsReadByItself)
 TEST_F(Story, AnotherCameraInThePlaceReplacesAllRows)
 {
     Viewer viewer;
-    viewer.type("Width", "64");
+    viewer.edit("Width", "64");
     EXPECT_EQ(viewer.rows().count("Gamma"), 1U);
     m_fake.kill();
     const std::unique_ptr<FakeCamera> other = otherModel();
@@ -166,9 +166,9 @@ TEST_F(Story, AnotherCameraInThePlaceReplacesAllRows)
 TEST_F(Story, GeometryIsFreeAfterACameraThatDiedWhileAcquiringIsBack)
 {
     Viewer viewer;
-    viewer.press("AcquisitionStart");
+    viewer.open("AcquisitionStart");
     EXPECT_EQ(readRegister(place::acquisition), 1U);
-    EXPECT_TRUE(waitFor([&] { return viewer.role("Width", "readOnly") == "true"; }));
+    EXPECT_TRUE(waitFor([&] { return viewer.role("Width", "readOnly").toBool(); }));
     m_fake.kill();
     EXPECT_TRUE(waitFor([&] { return viewer.offersReconnect(); }));
     m_fake.start();
@@ -178,16 +178,16 @@ TEST_F(Story, GeometryIsFreeAfterACameraThatDiedWhileAcquiringIsBack)
         }
         return !viewer.isBusy() && viewer.hasAllRows(true);
     }));
-    EXPECT_EQ(viewer.role("Width", "readOnly"), "false");
-    EXPECT_EQ(viewer.role("Width", "state"), "0");
-    viewer.type("Width", "128");
+    EXPECT_EQ(viewer.role("Width", "readOnly"), QVariant(false));
+    EXPECT_EQ(viewer.role("Width", "state"), QVariant(0));
+    viewer.edit("Width", "128");
     EXPECT_EQ(readRegister(place::width), 128U);
 }
 
 TEST_F(Story, ClosingStopsTheCameraAndGivesTheControlBack)
 {
     Viewer viewer;
-    viewer.press("AcquisitionStart");
+    viewer.open("AcquisitionStart");
     EXPECT_EQ(readRegister(place::acquisition), 1U);
     viewer.close();
     EXPECT_EQ(readRegister(place::acquisition), 0U);
@@ -199,7 +199,7 @@ TEST_F(Story, ClosingDoesNotNeedTheCamera)
     for (const bool isAcquiring : { false, true }) {
         Viewer viewer;
         if (isAcquiring) {
-            viewer.press("AcquisitionStart");
+            viewer.open("AcquisitionStart");
         }
         m_fake.kill();
         viewer.close();

@@ -5,8 +5,6 @@
 #include "window/OpeningWindow.h"
 
 #include <QPushButton>
-#include <QTest>
-#include <QTreeView>
 
 #include <algorithm>
 #include <stdexcept>
@@ -68,7 +66,7 @@ Viewer::Viewer()
     m_window = std::make_unique<ViewerWindow>(*m_camera, LEVEL_GURU);
     m_window->show();
     m_window->activateWindow(); // no window manager does it
-    m_window->tree()->expandAll();
+    tree()->expandAll();
     if (!QTest::qWaitForWindowActive(m_window.get())) {
         throw std::runtime_error("the window never became active");
     }
@@ -89,16 +87,10 @@ std::string Viewer::title() const
     return m_window->windowTitle().toStdString();
 }
 
-std::string Viewer::role(const char* name, const char* role) const
-{
-    const QModelIndex index = row(name);
-    return index.data(index.model()->roleNames().key(role)).toString().toStdString();
-}
-
 Rows Viewer::rows() const
 {
     Rows rows;
-    collect(*m_window->tree()->model(), {}, rows);
+    collect(*tree()->model(), {}, rows);
     return rows;
 }
 
@@ -112,17 +104,17 @@ bool Viewer::hasAllRows(bool areCurrent) const
 
 std::string Viewer::words() const
 {
-    return m_window->findChild<QWidget*>(QStringLiteral("message"))->accessibleName().toStdString();
+    return child<QWidget>("message")->accessibleName().toStdString();
 }
 
 bool Viewer::offersReconnect() const
 {
-    return m_window->findChild<QPushButton*>(QStringLiteral("reconnect"))->isVisible();
+    return child<QPushButton>("reconnect")->isVisible();
 }
 
 bool Viewer::isBusy() const
 {
-    return m_window->findChild<CameraTaskBar*>()->isRunning();
+    return child<CameraTaskBar>()->isRunning();
 }
 
 void Viewer::pressF5()
@@ -133,37 +125,11 @@ void Viewer::pressF5()
 void Viewer::pressReconnect()
 {
     if (waitFor([this] { return offersReconnect(); }, 8000)) {
-        m_window->findChild<QPushButton*>(QStringLiteral("reconnect"))->click();
+        child<QPushButton>("reconnect")->click();
     }
 }
 
 void Viewer::pressCancel()
 {
-    m_window->findChild<CameraTaskBar*>()->findChild<QPushButton*>()->click();
-}
-
-QModelIndex Viewer::row(const char* name) const
-{
-    const QAbstractItemModel& model = *m_window->tree()->model();
-    const QModelIndexList found = model.match(model.index(0, 0), model.roleNames().key("name"),
-        QByteArray(name), 1, Qt::MatchExactly | Qt::MatchRecursive);
-    return found.isEmpty() ? QModelIndex() : found.first();
-}
-
-void Viewer::press(const char* name)
-{
-    QTreeView* tree = m_window->tree();
-    tree->setFocus();
-    tree->setCurrentIndex(row(name).siblingAtColumn(1));
-    QTest::keyClick(tree, Qt::Key_F2);
-}
-
-void Viewer::type(const char* name, const char* text)
-{
-    press(name);
-    QWidget* field = QApplication::focusWidget();
-    field = field->focusWidget() != nullptr ? field->focusWidget() : field;
-    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(field, QString::fromUtf8(text));
-    QTest::keyClick(field, Qt::Key_Return);
+    child<CameraTaskBar>()->findChild<QPushButton*>()->click();
 }

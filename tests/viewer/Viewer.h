@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../TreeUser.h"
 #include "FakeCamera.h"
 #include "FaultProxy.h"
 
@@ -27,11 +28,11 @@ struct Row {
 using Rows = std::map<std::string, Row>;
 
 /// The viewer's window on a camera behind the proxy, used by key and button.
-class Viewer {
+class Viewer : public TreeUser {
 public:
     /// Throws std::runtime_error when the camera does not open.
     Viewer();
-    ~Viewer() { close(); }
+    ~Viewer() override { close(); }
 
     /// Closes the window and the camera.
     void close();
@@ -40,7 +41,6 @@ public:
     Rows rows() const;
     /// Whether there are rows, and all of them look current, or none.
     bool hasAllRows(bool areCurrent) const;
-    std::string role(const char* name, const char* role) const;
     /// The words in the status bar.
     std::string words() const;
     bool offersReconnect() const;
@@ -49,14 +49,10 @@ public:
     void pressF5();
     /// When it is offered within some seconds.
     void pressReconnect();
-    /// Opens the row's editor, replaces its text and presses Enter.
-    void type(const char* name, const char* text);
-    /// Runs a command; opens the editor of anything else.
-    void press(const char* name);
     void pressCancel();
 
 private:
-    QModelIndex row(const char* name) const;
+    QWidget* window() const override { return m_window.get(); }
 
     std::unique_ptr<zqviewer::OpenedCamera> m_camera;
     std::unique_ptr<zqviewer::ViewerWindow> m_window;

@@ -6,15 +6,16 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QTableWidget>
 #include <QTranslator>
-#include <QVBoxLayout>
 
 #include <stdexcept>
 
@@ -27,33 +28,37 @@ protected:
     ComfortTest()
     {
         browser->addSubCategory("Camera", "Analog", LEVEL_BEGINNER);
-        browser->addEnumFeature("Analog", "GainSelector", 1, { "Red", "Green" }, LEVEL_BEGINNER,
-            false, false, true, SELECTOR_SELECTOR, "");
+        addSelector("Analog", "GainSelector", { "Red", "Green" }, 1);
         browser->addDoubleFeature("Analog", "Gain", 2.5, 0, 48, 0, LEVEL_BEGINNER, SLIDER_LINEAR,
             false, true, SELECTOR_SELECTED, "GainSelector");
         show();
     }
-    void find(const char* what) const
+    /// The menu's words; chooses `words` in it.
+    QString choose(const std::string& name, const QString& words = {}) const
     {
-        QTest::keySequence(browser->GetWidget(), QKeySequence::Find);
-        type(what);
-    }
-    void choose(const std::string& name, const QString& words) const
-    {
-        const QPoint at = tree()->visualRect(row(name)).center();
-        Q_EMIT tree()->customContextMenuRequested(at);
+        Q_EMIT tree()->customContextMenuRequested(tree()->visualRect(row(name)).center());
         auto* menu = child<QMenu>("rowMenu");
+        QStringList all;
         const auto actions = menu->actions();
         for (QAction* action : actions) {
-            if (action->text().remove('&') == words) {
+            const QString text = action->isSeparator() ? "-" : action->text().remove('&');
+            all.append(text);
+            if (text == words) {
                 action->trigger();
             }
         }
         menu->close();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return all.join('|');
+    }
+    void pressButton(const char* name) const
+    {
+        QTest::mouseClick(child<QWidget>(name), Qt::LeftButton);
     }
     static std::string clipboard() { return QGuiApplication::clipboard()->text().toStdString(); }
 };
+
+const QString showEntries = QString::fromUtf8("Show all entries of this selector\u2026");
 
 } // namespace
 
@@ -62,32 +67,37 @@ TEST_F(ComfortTest, FilterFindsNamesValuesEntriesAndDescriptions)
     browser->setItemDescription("Width", "Pixels of a line, ZEILENL\u00C4NGE");
     browser->setVisibility(LEVEL_BEGINNER);
     tree()->collapseAll();
-    struct Case {
-        const char* text;
-        const char* found;
-    };
-    for (const Case& search :
-        { Case { "xposuret", "ExposureTime" }, Case { "mono12", "PixelFormat" },
-            Case { "LINE", "Width" }, Case { "5000", "ExposureTime" },
-            Case { "green", "GainSelector" }, Case { " zeilenl\u00E4nge ", "Width" } }) {
-        find(search.text);
-        EXPECT_TRUE(isShown(search.found) && isShown("Camera")) << search.text;
-        EXPECT_FALSE(isShown("ReverseX")) << search.text;
+    for (const auto& [text, found] : { std::pair("xposuret", "ExposureTime"),
+             { "mono12", "PixelFormat" }, { "LINE", "Width" }, { "5000", "ExposureTime" },
+             { "green", "GainSelector" }, { " zeilenl\u00E4nge ", "Width" } }) {
+        find(text);
+        EXPECT_TRUE(isShown(found) && isShown("Camera")) << text;
+        EXPECT_FALSE(isShown("ReverseX")) << text;
     }
     find("left"); // the value of an expert feature
     auto* reveal = child<QPushButton>("revealButton");
     ASSERT_TRUE(reveal->isVisible());
     EXPECT_EQ(reveal->text(), "Show 1 more");
     EXPECT_FALSE(isShown("DeviceUserID"));
-    QTest::mouseClick(reveal, Qt::LeftButton);
-    EXPECT_TRUE(isShown("DeviceUserID"));
+    pressButton("revealButton");
+    EXPECT_FALSE(reveal->isVisible());
+    EXPECT_TRUE(isShown("DeviceUserID") && child<QWidget>("filterField")->hasFocus());
     EXPECT_EQ(journal.take(), Lines { "Level 3" });
     press(Qt::Key_Return); // on into the tree
-    EXPECT_EQ(tree()->currentIndex().row(), row("DeviceUserID").row());
-    QTest::keySequence(browser->GetWidget(), QKeySequence::Find);
-    press(Qt::Key_Escape);
+    EXPECT_EQ(tree()->currentIndex(), row("DeviceUserID", 1));
+    browser->modifyFeature("DeviceUserID", "left", CAM_TYPE_STRING, {}, false, false);
+    find("left");
+    EXPECT_FALSE(isShown("DeviceUserID")) << "it shows no value";
+    find("");
     EXPECT_TRUE(isShown("Width")) << "the found row's category stays open";
     EXPECT_FALSE(isShown("Gain")) << "what was closed before is closed again";
+    press(Qt::Key_Escape);
+    press(Qt::Key_Down);
+    EXPECT_TRUE(tree()->hasFocus());
+    tree()->expandAll();
+    find("Gain");
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(isShown("Gain")) << "was open before";
 }
 
 TEST_F(ComfortTest, AFilterThatFindsNothingSaysSo)
@@ -102,88 +112,154 @@ TEST_F(ComfortTest, AFilterThatFindsNothingSaysSo)
     find("xposuret");
     press(Qt::Key_Return);
     EXPECT_EQ(tree()->currentIndex(), row("ExposureTime", 1)) << "no hidden row is current";
+    find("ReverseX");
+    select("Camera");
+    find("ReverseX");
+    press(Qt::Key_Down);
+    EXPECT_EQ(tree()->currentIndex(), row("ReverseX", 1)) << "a category is no hit";
+    find("e");
+    press(Qt::Key_Enter);
+    EXPECT_EQ(tree()->currentIndex(), row("ReverseX", 1)) << "a hit already";
     find("nowhere");
     press(Qt::Key_Return);
     EXPECT_FALSE(isShown("Width") || isShown("Camera"));
     EXPECT_TRUE(ink());
     browser->clearFeatureItems();
-    QTest::keySequence(browser->GetWidget(), QKeySequence::Find);
-    press(Qt::Key_Escape);
+    find("");
     EXPECT_FALSE(ink()) << "an empty tree has lost nothing";
 }
 
 TEST_F(ComfortTest, WhatFollowedAWriteIsListed)
 {
     journal.answer = [this](const std::string&) {
-        browser->modifyFeature("Width", 512L, 16L, 4096L, 16U, false, true);
-        browser->modifyFeature("ExposureTime", 5000.0, 1.0, 9e5, 0.0, false, true);
-        browser->modifyFeature("Gain", 2.5, 0.0, 48.0, 0.0, true, true);
+        setInteger("Width", 512);
+        setFloat("ExposureTime", 5000, 1, 9e5);
+        setFloat("Gain", 2.5, 0, 48, 0, true);
         setText("DeviceUserID", "left");
     };
     const auto* strip = child<QLabel>("changeText");
+    const auto* next = child<QWidget>("nextChangeButton");
+    EXPECT_FALSE(strip->isVisible());
     edit("Width", "512");
-    EXPECT_TRUE(strip->text().startsWith("Width = 512: 2 feature"));
+    EXPECT_EQ(strip->text(), "Width = 512: 2 features followed");
     EXPECT_EQ(strip->toolTip(), "ExposureTime<br>Gain");
-    for (const char* next : { "ExposureTime", "Gain", "ExposureTime" }) {
+    EXPECT_TRUE(strip->isVisible());
+    tree()->collapseAll();
+    for (const char* name : { "ExposureTime", "Gain", "ExposureTime" }) {
         press(Qt::Key_F4);
-        EXPECT_EQ(tree()->currentIndex().siblingAtColumn(0), row(next));
+        EXPECT_EQ(tree()->currentIndex(), row(name, 1));
+        EXPECT_TRUE(isShown(name));
     }
+    find("Exposure");
+    pressButton("nextChangeButton");
+    EXPECT_EQ(tree()->currentIndex(), row("ExposureTime", 1)) << "no hidden row";
+    find("");
+    journal.answer = [this](const std::string&) { addInteger("", "ExposureTime", 1); };
+    browser->clearFeatureItems();
+    press(Qt::Key_F4);
+    EXPECT_FALSE(tree()->currentIndex().isValid()) << "gone";
+
+    for (const int count : { 1, 20, 21 }) {
+        addInteger("", "Width");
+        QStringList names;
+        for (int i = 0; i < count; ++i) {
+            names.append("<" + QString::number(i));
+            addInteger("", names.back().toStdString(), 1);
+        }
+        journal.answer = [&, value = count % 2](const std::string&) {
+            setInteger("Width", 3);
+            for (const QString& name : names) {
+                setInteger(name.toStdString(), 2 + value);
+            }
+        };
+        edit("Width", std::to_string(count % 7).c_str());
+        EXPECT_TRUE(next->isVisible());
+        EXPECT_EQ(strip->text(),
+            QString("Width = 3: %1 feature%2 followed").arg(count).arg(count == 1 ? "" : "s"));
+        names = names.mid(0, 20).replaceInStrings("<", "&lt;");
+        EXPECT_EQ(strip->toolTip(),
+            names.join("<br>") + QString::fromUtf8(count > 20 ? "<br>\u2026" : ""));
+        browser->clearFeatureItems();
+    }
+    addInteger("", "Width");
     journal.answer = nullptr;
-    edit("Width", "16");
+    edit("Width", "7");
     EXPECT_EQ(strip->text(), "Width was not accepted as entered");
-    select("AcquisitionStart");
-    press(Qt::Key_Return);
-    EXPECT_EQ(strip->text(), "AcquisitionStart");
-    EXPECT_FALSE(child<QWidget>("nextChangeButton")->isVisible());
+    EXPECT_FALSE(next->isVisible());
+    browser->addCommandFeature("", "Go", "Go", LEVEL_GURU, false, true, SELECTOR_NONE, "");
+    open("Go");
+    EXPECT_EQ(strip->text(), "Go");
 }
 
 TEST_F(ComfortTest, MenuCopiesAndCollapses)
 {
-    choose("Width", "Copy name");
-    EXPECT_EQ(clipboard(), "Width");
-    choose("Width", "Copy value");
-    EXPECT_EQ(clipboard(), "640");
-    choose("Width", "Copy name=value");
-    EXPECT_EQ(clipboard(), "Width=640");
-    choose("Gain", "Copy category as text");
-    EXPECT_EQ(clipboard(), "[Analog]\nGainSelector=Green\nGain=2.5\n");
     browser->addCategory("Other", LEVEL_BEGINNER);
     addInteger("Other", "X");
+    addInteger("", "Loose");
     tree()->expandAll();
+    const QString rest = "|-|Collapse others|Expand all|Collapse all";
+    const QString copies = "Copy name|Copy value|Copy name=value";
+    const QString category = "|Copy category as text";
+    for (const auto& [name, offered] :
+        std::map<const char*, QString> { { "Camera", "Copy name" + category + rest },
+            { "Width", copies + category + "|-|Pin to the top" + rest },
+            { "Loose", copies + "|-|Pin to the top" + rest },
+            { "GainSelector", copies + category + "|-|Pin to the top|" + showEntries + rest } }) {
+        EXPECT_EQ(choose(name), offered) << name;
+    }
+    Q_EMIT tree()->customContextMenuRequested({ 5, tree()->viewport()->height() - 2 });
+    EXPECT_EQ(child<QMenu>("rowMenu"), nullptr) << "no row there";
+    find("ain");
+    for (const auto& [name, action, copied] : { std::tuple("Gain", "Copy name", "Gain"),
+             { "Gain", "Copy value", "2.5" }, { "Gain", "Copy name=value", "Gain=2.5" },
+             { "Gain", "Copy category as text", "[Analog]\nGainSelector=Green\nGain=2.5\n" },
+             { "Camera", "Copy category as text",
+                 "[Camera]\n[Analog]\nGainSelector=Green\nGain=2.5\n" } }) {
+        choose(name, action);
+        EXPECT_EQ(clipboard(), copied);
+    }
+    find("");
     choose("Gain", "Collapse others");
     EXPECT_TRUE(isShown("Gain") && !isShown("X"));
-    choose("Gain", "Collapse all");
-    EXPECT_FALSE(isShown("Width"));
-    choose("Camera", "Expand all");
-    EXPECT_TRUE(isShown("Gain") && isShown("X"));
-    choose("Other", "Copy category as text");
-    EXPECT_EQ(clipboard(), "[Other]\nX=1\n");
-    QTest::mouseClick(child<QWidget>("collapseButton"), Qt::LeftButton);
-    EXPECT_FALSE(isShown("X"));
-    EXPECT_EQ(child<QWidget>("expandButton")->toolTip(), "Expand all categories");
-    QTest::mouseClick(child<QWidget>("expandButton"), Qt::LeftButton);
-    EXPECT_TRUE(isShown("X"));
+    for (const auto& [collapse, expand] :
+        { std::pair("Collapse all", "Expand all"), { "collapseButton", "expandButton" } }) {
+        const auto act = [&, byMenu = collapse[0] == 'C'](const char* what) {
+            byMenu ? void(choose("Camera", what)) : pressButton(what);
+        };
+        act(collapse);
+        EXPECT_FALSE(isShown("Width") || isShown("X"));
+        act(expand);
+        EXPECT_TRUE(isShown("Gain") && isShown("X"));
+    }
 }
 
 TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
 {
-    QWidget* window = browser->GetWidget();
-    QSignalSpy changed(window, SIGNAL(pinnedFeaturesChanged()));
+    QSignalSpy changed(window(), SIGNAL(pinnedFeaturesChanged()));
+    auto* strip = child<QWidget>("pinStrip");
+    EXPECT_FALSE(strip->isVisible());
     choose("Gain", "Pin to the top");
     choose("Width", "Pin to the top");
     EXPECT_EQ(changed.count(), 2);
-    auto* strip = child<QWidget>("pinStrip");
     EXPECT_TRUE(strip->isVisible());
     const auto texts = [strip] {
+        QApplication::processEvents();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        std::string all;
+        std::map<std::pair<int, int>, std::string> labels; // by place, as they are read
         for (const QLabel* label : strip->findChildren<QLabel*>()) {
-            all += label->text().toStdString() + " ";
+            labels[{ label->y(), label->x() }] = label->text().toStdString() + " ";
+        }
+        std::string all;
+        for (const auto& [place, text] : labels) {
+            all += text;
         }
         return all;
     };
+    const auto pin = [this](const QByteArrayList& names) {
+        window()->setProperty("pinnedFeatures", QVariant::fromValue(names));
+    };
     EXPECT_EQ(texts(), "Gain 2.5 Width 640 ");
-    EXPECT_EQ(window->property("pinnedFeatures").value<QByteArrayList>(),
+    EXPECT_EQ(window()->property("pinnedFeatures").value<QByteArrayList>(),
         (QByteArrayList { "Gain", "Width" }));
     browser->clearFeatureItems();
     addInteger("", "Width", 7);
@@ -192,12 +268,15 @@ TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
     EXPECT_EQ(texts(), "Gain 2.5 Width 7 px ");
     choose("Width", "Unpin");
     EXPECT_EQ(texts(), "Gain 2.5 ");
-    window->setProperty(
-        "pinnedFeatures", QVariant::fromValue(QByteArrayList { "Width", "Gain", "Width" }));
+    pin({ "Width", "Gain", "Width" });
     EXPECT_EQ(texts(), "Gain 2.5 Width 7 px ");
-    QTest::mouseClick(strip->findChild<QAbstractButton*>(), Qt::LeftButton);
-    EXPECT_EQ(window->property("favourites").value<QByteArrayList>().size(), 1);
-    window->setProperty("pinnedFeatures", QVariant::fromValue(QByteArrayList()));
+    EXPECT_EQ(changed.count(), 4);
+    auto* unpin = strip->findChild<QAbstractButton*>();
+    EXPECT_EQ(unpin->toolTip(), "Unpin");
+    EXPECT_EQ(unpin->accessibleName(), "Unpin Gain");
+    QTest::mouseClick(unpin, Qt::LeftButton);
+    EXPECT_EQ(window()->property("favourites").value<QByteArrayList>(), QByteArrayList { "Width" });
+    pin({});
     EXPECT_FALSE(strip->isVisible());
 }
 
@@ -206,22 +285,32 @@ TEST_F(ComfortTest, AMatrixReadsEveryEntryAndSetsTheSelectorBack)
     journal.answer = [this](const std::string& line) {
         const bool isRed = line == "Enum GainSelector Red 0";
         setChoice("GainSelector", isRed ? "0" : "1", { "Red", "Green" });
-        browser->modifyFeature("Gain", isRed ? 1.5 : 2.5, 0.0, 48.0, 0.0, false, true);
+        setFloat("Gain", isRed ? 1.5 : 2.5, 0, 48);
     };
-    for (const char* name : { "PixelFormat", "GainSelector" }) {
-        EXPECT_EQ(child<QTableWidget>(), nullptr) << "selects nothing";
-        choose(name, QString::fromUtf8("Show all entries of this selector\u2026"));
-    }
+    choose("PixelFormat", showEntries);
+    EXPECT_EQ(child<QTableWidget>(), nullptr) << "selects nothing";
+    choose("GainSelector", showEntries);
     auto* table = child<QTableWidget>();
     ASSERT_TRUE(table != nullptr && table->rowCount() == 1 && table->columnCount() == 2);
-    EXPECT_EQ(table->item(0, 0)->text(), "1.5");
-    EXPECT_EQ(table->item(0, 1)->text(), "2.5");
+    QDialog* dialog = child<QDialog>("selectorMatrix");
+    EXPECT_TRUE(dialog->isVisible() && dialog->height() > 100);
+    EXPECT_EQ(dialog->windowTitle(), "All entries of GainSelector");
+    EXPECT_EQ(table->accessibleName(), dialog->windowTitle());
+    EXPECT_EQ(dialog->findChild<QLabel*>()->text(),
+        "Read by switching GainSelector through its entries; it is set back afterwards.");
+    EXPECT_EQ(table->verticalHeaderItem(0)->text(), "Gain");
+    EXPECT_EQ(table->horizontalHeaderItem(1)->text(), "Green");
+    const auto values
+        = [table] { return table->item(0, 0)->text() + ' ' + table->item(0, 1)->text(); };
+    EXPECT_EQ(values(), "1.5 2.5");
     EXPECT_EQ(journal.take(),
         (Lines {
             "Enum GainSelector Red 0", "Enum GainSelector Green 1", "Enum GainSelector Green 1" }));
     EXPECT_EQ(text("GainSelector"), "Green");
+    EXPECT_EQ(table->editTriggers(), QAbstractItemView::NoEditTriggers);
 
     // An entry that the camera refuses, and a feature that could not be read, have no value.
+    const QString dash(QChar(0x2014));
     browser->addCommandFeature("Analog", "Once", "Once", LEVEL_BEGINNER, false, true,
         SELECTOR_SELECTED, ", GainSelector ,");
     journal.answer = [this](const std::string& line) {
@@ -230,101 +319,213 @@ TEST_F(ComfortTest, AMatrixReadsEveryEntryAndSetsTheSelectorBack)
         }
         setChoice("GainSelector", "1", { "Red", "Green" });
     };
-    auto* again = table->window()->findChild<QDialogButtonBox*>()->buttons().last();
+    auto* buttons = dialog->findChild<QDialogButtonBox*>();
+    auto* again = qobject_cast<QPushButton*>(buttons->buttons().last());
+    EXPECT_FALSE(again->autoDefault()) << "Return closes";
     QTest::mouseClick(again, Qt::LeftButton);
     EXPECT_EQ(table->rowCount(), 1) << "commands have no value";
-    EXPECT_EQ(table->item(0, 0)->text(), QString(QChar(0x2014)));
-    EXPECT_EQ(table->item(0, 1)->text(), "2.5");
+    EXPECT_EQ(values(), dash + " 2.5");
     setStates({ { "Gain", FEATURE_READ_FAILED } });
     QTest::mouseClick(again, Qt::LeftButton);
-    EXPECT_EQ(table->item(0, 1)->text(), QString(QChar(0x2014)));
-    // The application may empty the tree or close the matrix while it reads.
+    EXPECT_EQ(values(), dash + ' ' + dash);
+    // While it reads, nothing begins it once more; the application may empty the tree or close it.
+    int events = 0;
+    journal.answer = [&](const std::string&) {
+        ++events;
+        again->click();
+    };
+    QTest::mouseClick(again, Qt::LeftButton);
+    EXPECT_EQ(events, 3);
     journal.answer = [this](const std::string&) { browser->clearFeatureItems(); };
     QTest::mouseClick(again, Qt::LeftButton);
-    EXPECT_EQ(table->item(0, 1)->text(), QString(QChar(0x2014)));
-    browser->addEnumFeature("", "GainSelector", 0, { "Red", "Green" }, LEVEL_BEGINNER, false, false,
-        true, SELECTOR_SELECTOR, "");
+    EXPECT_EQ(values(), dash + ' ' + dash);
+    addSelector("", "GainSelector", { "Red", "Green" }, -1);
     addInteger("", "Gain", 1, LEVEL_BEGINNER, "GainSelector");
-    journal.answer = [this](const std::string&) { delete child<QDialog>("selectorMatrix"); };
-    Q_EMIT again->clicked();
+    journal.answer = nullptr;
+    journal.take();
+    QTest::mouseClick(again, Qt::LeftButton);
+    EXPECT_EQ(journal.take().size(), 2U) << "no entry to set back to";
+    QTest::mouseClick(buttons->buttons().first(), Qt::LeftButton);
+    EXPECT_FALSE(dialog->isVisible());
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(child<QDialog>("selectorMatrix"), nullptr);
+    for (const std::size_t last : { 1U, 3U }) {
+        journal.take();
+        journal.answer = [this, last](const std::string&) {
+            if (journal.lines.size() == last) {
+                delete child<QDialog>("selectorMatrix");
+            }
+        };
+        choose("GainSelector", showEntries);
+        EXPECT_EQ(journal.lines.size(), last);
+    }
 }
 
 TEST_F(ComfortTest, TheTreeLooksTheSameWhenItIsBuiltAnew)
 {
-    const auto build = [this] {
+    const auto build = [this](int rows) {
         for (const char* category : { "A", "B", "C" }) {
             browser->addCategory(category, LEVEL_BEGINNER);
-            for (int i = 0; i < 40; ++i) {
-                addInteger(category, category + std::to_string(i), i);
+            browser->addSubCategory(category, category + std::string("1"), LEVEL_BEGINNER);
+            for (int i = 0; i < rows; ++i) {
+                addInteger(category, category + std::to_string(10 + i), i);
             }
         }
     };
+    auto* scroll = tree()->verticalScrollBar();
     browser->clearFeatureItems();
-    build();
+    build(40);
+    addInteger("A1", "Below", 1);
+    EXPECT_TRUE(tree()->isExpanded(row("A")) && !tree()->isExpanded(row("A1")))
+        << "the first level is open";
+    tree()->expand(row("A1"));
     tree()->collapse(row("B"));
-    select("C20");
+    tree()->setCurrentIndex(row("C20", 0));
     browser->setItemDescription("C20", "about");
     QApplication::processEvents();
-    const int scrolled = tree()->verticalScrollBar()->value();
+    scroll->setValue(scroll->value() - 7);
+    const int scrolled = scroll->value();
     EXPECT_GT(scrolled, 0);
     journal.hearsSelection = true;
-    journal.take();
+    for (int times = 0; times < 2; ++times) {
+        journal.take();
+        browser->clearFeatureItems();
+        browser->clearFeatureItems(); // emptied twice: what it looked like before still holds
+        build(40);
+        QApplication::processEvents();
+        EXPECT_TRUE(tree()->isExpanded(row("A")) && !tree()->isExpanded(row("B")));
+        EXPECT_TRUE(tree()->isExpanded(row("A1")));
+        EXPECT_EQ(tree()->currentIndex(), row("C20", 0));
+        EXPECT_EQ(scroll->value(), scrolled);
+        EXPECT_EQ(role("C20", "description"), QVariant("about"));
+        EXPECT_EQ(child<QPlainTextEdit>("descriptionText")->toPlainText(), "about");
+        EXPECT_TRUE(journal.take().empty());
+        tree()->expand(row("A1"));
+    }
+    tree()->setCurrentIndex({});
     browser->clearFeatureItems();
-    build();
-    QApplication::processEvents();
-    EXPECT_TRUE(tree()->isExpanded(row("A")) && !tree()->isExpanded(row("B")));
-    EXPECT_EQ(tree()->currentIndex(), row("C20", 1));
-    EXPECT_EQ(tree()->verticalScrollBar()->value(), scrolled);
-    EXPECT_EQ(role("C20", "description"), QVariant("about"));
-    EXPECT_TRUE(journal.take().empty());
+    build(400);
+    EXPECT_FALSE(tree()->currentIndex().isValid());
+    browser->addCategory("D", LEVEL_BEGINNER);
+    addInteger("D", "InD");
+    EXPECT_TRUE(tree()->isExpanded(row("A")) && !tree()->isExpanded(row("D")))
+        << "a large tree opens nothing new";
 }
 
 TEST_F(ComfortTest, StatesAndContextsAreSaidInWords)
 {
     setStates({ { "Width", FEATURE_LOCKED }, { "Gain", FEATURE_NOT_AVAILABLE },
         { "ReverseX", FEATURE_READ_FAILED } });
-    for (const auto& [name, words] :
-        std::map<std::string, const char*> { { "Width", "Locked" }, { "Gain", "Not available" },
-            { "ReverseX", "read" }, { "GevMACAddress", "Read-only" } }) {
-        EXPECT_TRUE(row(name).data(Qt::ToolTipRole).toString().contains(words)) << name;
-        EXPECT_TRUE(row(name).data(Qt::AccessibleDescriptionRole).toString().contains(words));
-    }
-    EXPECT_EQ(row("Width").data(Qt::AccessibleTextRole), QVariant("Width, 640"));
-    EXPECT_EQ(row("Camera").data(Qt::AccessibleTextRole), QVariant("Camera"));
-    EXPECT_EQ(row("Gain").data(Qt::AccessibleDescriptionRole),
-        QVariant("Gain\nNot available in the camera's present configuration\n"
-                 "Selected by GainSelector"));
-    EXPECT_EQ(row("Width").data(Qt::DecorationRole), QVariant());
+    browser->setItemDescription("Width", "In pixels.");
     addInteger("Camera", "<img src='x'>");
-    EXPECT_FALSE(row("<img src='x'>").data(Qt::ToolTipRole).toString().contains("<img"));
+    const std::string gone = "Not available in the camera's present configuration";
+    for (const auto& [name, words] :
+        std::map<std::string, std::string> { { "Camera", "" }, { "PixelFormat", "" },
+            { "Width", "\nLocked: cannot be changed now, for example while acquiring" },
+            { "Gain", "\n" + gone + "\nSelected by GainSelector" },
+            { "ReverseX", "\nThe last attempt to read it from the camera failed" },
+            { "GevMACAddress", "\nRead-only" } }) {
+        EXPECT_EQ(said(name, Qt::AccessibleDescriptionRole), name + words);
+        EXPECT_EQ(said(name),
+            "<div style='white-space:pre-wrap'>"
+                + QString::fromStdString(name + words).toHtmlEscaped().toStdString() + "</div>");
+    }
+    EXPECT_EQ(said("Width", Qt::AccessibleTextRole), "Width, 640 px");
+    EXPECT_EQ(row("Width", 1).data(Qt::AccessibleTextRole), QVariant("640 px"));
+    EXPECT_EQ(said("Camera", Qt::AccessibleTextRole), "Camera");
+    EXPECT_EQ(row("Width").data(Qt::DecorationRole), QVariant());
+    EXPECT_EQ(said("<img src='x'>").find("<img"), std::string::npos);
+    browser->showDialog(&journal, 0, 0, {}, { { "Width", FEATURE_READ_FAILED } });
+    EXPECT_EQ(role("Width", "state"), QVariant(FEATURE_READ_FAILED));
+    EXPECT_EQ(role("Gain", "state"), QVariant(FEATURE_AVAILABLE));
 }
 
-TEST_F(ComfortTest, GermanIsComplete)
+TEST_F(ComfortTest, WordsAreOfTheDesktopsLanguage)
 {
-    QTranslator german;
-    ASSERT_TRUE(german.load("widget_de", ":/zqfeaturebrowserwidget"));
-    QCoreApplication::installTranslator(&german);
-    browser = std::make_unique<CameraFeatureBrowser>(nullptr);
+    delete qApp->findChild<QTranslator*>("zqfeaturebrowserwidget"); // loads them once
+    QLocale::setDefault(QLocale::German);
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    for (int times = 0; times < 2; ++times) {
+        browser = std::make_unique<CameraFeatureBrowser>(nullptr);
+    }
+    EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::RightToLeft) << "the application's choice";
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
     addInteger("", "Width");
     show();
+    EXPECT_EQ(tree()->model()->headerData(0, Qt::Horizontal), QVariant("Einstellung"));
     EXPECT_EQ(tree()->model()->headerData(1, Qt::Horizontal), QVariant("Wert"));
     edit("Width", "1 ms");
     EXPECT_EQ(message(), "„1 ms“ ist keine Zahl; die Einheit dieser Einstellung ist nicht bekannt");
     press(Qt::Key_Escape);
     edit("Width", "2");
     EXPECT_EQ(message(), "Die Kamera hat diesen Wert nicht bestätigt");
+    QLocale::setDefault(QLocale::c());
+    EXPECT_EQ(qApp->findChildren<QTranslator*>("zqfeaturebrowserwidget").size(), 1);
+    qDeleteAll(qApp->findChildren<QTranslator*>());
 }
 
 TEST_F(ComfortTest, TabGoesThroughTheWindowInReadingOrder)
 {
-    QTest::keySequence(browser->GetWidget(), QKeySequence::Find);
-    const std::vector<const char*> order { "expandButton", "collapseButton", "levelBox",
-        "featureTree", "descriptionText", "filterField" };
-    for (const char* next : order) {
+    QTest::keySequence(window(), QKeySequence::Find);
+    for (const char* next : { "expandButton", "collapseButton", "levelBox", "featureTree",
+             "descriptionText", "filterField" }) {
         press(Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), next);
     }
+}
+
+/// What a screen reader says, a pointer finds and a style shows of every part.
+TEST_F(ComfortTest, EveryPartSaysWhatItIs)
+{
+    struct Case {
+        const char *part, *property;
+        QVariant value;
+    };
+    for (const auto& [part, property, value] :
+        std::vector<Case> { { "filterField", "placeholderText", "Find a feature (Ctrl+F)" },
+            { "filterField", "accessibleName", "Find a feature" },
+            { "filterField", "toolTip", "Finds names, values, entries and descriptions" },
+            { "filterField", "clearButtonEnabled", true },
+            { "revealButton", "toolTip", "Show the features that the visibility level hides" },
+            { "revealButton", "visible", false },
+            { "expandButton", "toolTip", "Expand all categories" },
+            { "expandButton", "accessibleName", "Expand all categories" },
+            { "expandButton", "autoRaise", true },
+            { "collapseButton", "toolTip", "Collapse all categories" },
+            { "levelBox", "accessibleName", "Visibility level" },
+            { "levelBox", "toolTip", "Show features of this level and below" },
+            { "featureTree", "accessibleName", "Camera features" },
+            { "featureTree", "alternatingRowColors", true },
+            { "featureTree", "allColumnsShowFocus", true },
+            { "featureTree", "uniformRowHeights", true },
+            { "featureTree", "verticalScrollMode", QAbstractItemView::ScrollPerPixel },
+            { "pinStrip", "accessibleName", "Pinned features" },
+            { "nextChangeButton", "toolTip", "Go to the next changed feature (F4)" },
+            { "dismissButton", "toolTip", "Dismiss this message" },
+            { "dismissButton", "accessibleName", "Dismiss this message" },
+            { "dismissButton", "autoRaise", true }, { "messageText", "wordWrap", true },
+            { "messageText", "textInteractionFlags", int(Qt::TextSelectableByMouse) },
+            { "descriptionText", "accessibleName", "Description" },
+            { "descriptionText", "readOnly", true },
+            { "descriptionText", "placeholderText", "Select a feature to read about it here" },
+            { "descriptionText", "textInteractionFlags",
+                int(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard) } }) {
+        const QVariant held = child<QWidget>(part)->property(property);
+        EXPECT_EQ(held.type() == QVariant::String ? held : QVariant(held.toInt()),
+            value.type() == QVariant::String ? value : QVariant(value.toInt()))
+            << part << " " << property;
+    }
+    EXPECT_EQ(window()->windowTitle(), "Camera features");
+    for (const QLabel* label : window()->findChildren<QLabel*>()) {
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << "what cameras say is no markup";
+    }
+    EXPECT_TRUE(child<QWidget>("descriptionPane")->findChild<QLabel*>()->font().bold());
+    EXPECT_FALSE(tree()->header()->sectionsMovable());
+    browser.reset(new CameraFeatureBrowser(nullptr));
+    const QSize unit(window()->fontMetrics().height(), window()->fontMetrics().height());
+    EXPECT_TRUE(window()->width() > 30 * unit.width() && window()->height() > 30 * unit.height());
+    EXPECT_EQ(tree()->columnWidth(0), 19 * unit.width());
+    EXPECT_FALSE(child<QSplitter>()->isCollapsible(0));
 }
 
 } // namespace featurebrowser

@@ -44,14 +44,12 @@ TEST_F(MessageTest, ARejectionStaysAtItsRowUntilTheNextGoodValue)
     select("Width");
     EXPECT_NE(message(), "") << "still marked, so it can be read again";
 
-    browser->modifyFeature("Width", 640L, 16L, 2048L, 16U, false, true);
+    setInteger("Width", 640, 16, 2048);
     EXPECT_NE(message(), "") << "another limit is no answer";
     select("PixelFormat");
     EXPECT_NE(message(), "") << "going on does not take it away";
 
-    journal.answer = [this](const std::string&) {
-        browser->modifyFeature("Width", 32L, 16L, 64L, 16U, false, true);
-    };
+    journal.answer = [this](const std::string&) { setInteger("Width", 32, 16, 64); };
     edit("Width", "32");
     EXPECT_EQ(message(), "");
 }
@@ -139,7 +137,7 @@ TEST_F(MessageTest, ACalloutStandsBesideItsRowAndLeavesWithIt)
     EXPECT_GT(callout->x(), 0);
 
     select("GevMACAddress");
-    browser->GetWidget()->resize(600, 330);
+    window()->resize(600, 330);
     QApplication::processEvents();
     EXPECT_LE(area("GevMACAddress").bottom(), tree()->viewport()->height()) << "stays in sight";
     tree()->scrollToBottom();
@@ -151,7 +149,7 @@ TEST_F(MessageTest, ACalloutStandsBesideItsRowAndLeavesWithIt)
     EXPECT_EQ(message(), "") << "its row is out of sight";
     tree()->scrollToBottom();
     EXPECT_NE(message(), "");
-    QTest::keySequence(browser->GetWidget(), QKeySequence::Find);
+    QTest::keySequence(window(), QKeySequence::Find);
     type("Width");
     EXPECT_EQ(message(), "") << "its row is filtered away";
 }

@@ -28,7 +28,7 @@ TEST_F(NumberInputTest, PointCommaAndUnitsAreUnderstood)
         { "3 \u00B5s", "3" }, { "12.345.678,5", "12345678.5" }, { "-1,5", "-1.5" },
         { "2 SECONDS", "2000000" }, { "1E3", "1000" }, { "5e-1 ms", "500" } };
     for (const auto& [typed, value] : cases) {
-        browser->modifyFeature("ExposureTime", 9.0, 1.0, 1e6, 0.0, false, true);
+        setFloat("ExposureTime", 9.0);
         edit("ExposureTime", typed);
         EXPECT_EQ(journal.take(), Lines { std::string("Double ExposureTime ") + value }) << typed;
     }
@@ -43,15 +43,14 @@ TEST_F(NumberInputTest, TheUnitStandsInTheDescription)
         { "Device temperature in degrees Celsius (C).", " \u00B0C" },
         { "Rate in frames per second", " fps" }, { "Sets the time (in practice, short)", "" },
         { "The mode in which it runs", "" }, { "", "" } };
-    select("ExposureTime");
-    press(Qt::Key_F2);
+    open("ExposureTime");
     for (const auto& [description, unit] : cases) {
         browser->setItemDescription("ExposureTime", description);
         EXPECT_EQ(row("ExposureTime", 1).data(Qt::AccessibleTextRole).toString(),
             QString("5000") + QString::fromUtf8(unit))
             << description;
     }
-    for (const QLabel* label : browser->GetWidget()->findChildren<QLabel*>()) {
+    for (const QLabel* label : window()->findChildren<QLabel*>()) {
         EXPECT_EQ(label->textFormat(), Qt::PlainText) << "what cameras say is no markup";
     }
 }

@@ -59,8 +59,7 @@ TEST_F(PictureTest, EveryStateOfARowLooksDifferent)
         return [=] { setStates({ { "ExposureTime", is } }); };
     };
     const auto number = [this](bool readOnly, bool flag) {
-        return
-            [=] { browser->modifyFeature("ExposureTime", 5000.0, 1.0, 1e6, 0.0, readOnly, flag); };
+        return [=] { setFloat("ExposureTime", 5000.0, 1, 1e6, 0, readOnly, flag); };
     };
     const auto choice = [this](const char* name, const char* index, bool readOnly) {
         return [=] { setChoice(name, index, { "False", "True" }, readOnly); };
@@ -134,7 +133,7 @@ TEST_F(PictureTest, SignsAndBoxesStandForWhatTheySay)
 TEST_F(PictureTest, AWrittenValueIsMarkedForAWhile)
 {
     journal.answer = [this](const std::string&) {
-        browser->modifyFeature("Width", 640L, 16L, 4096L, 16U, false, true);
+        setInteger("Width", 640);
         setChoice("PixelFormat", "1", { "A", "B" });
     };
     select("ExposureTime");
@@ -167,8 +166,7 @@ TEST_F(PictureTest, SignsOnButtonsAreSymmetrical)
 
 TEST_F(PictureTest, ALineOfValuesShowsHowTheyWent)
 {
-    browser->GetWidget()->setProperty(
-        "pinnedFeatures", QVariant::fromValue(QByteArrayList { "Width" }));
+    window()->setProperty("pinnedFeatures", QVariant::fromValue(QByteArrayList { "Width" }));
     QWidget* line = nullptr;
     for (QWidget* part : child<QWidget>("pinStrip")->findChildren<QWidget*>()) {
         line = part->accessibleName() == "Recent values of Width" ? part : line;
@@ -176,7 +174,7 @@ TEST_F(PictureTest, ALineOfValuesShowsHowTheyWent)
     ASSERT_NE(line, nullptr);
     const auto drawn = [&](long first, long step, bool flag) {
         for (int i = 0; i < 150; ++i) {
-            browser->modifyFeature("Width", first + i * step, 0L, 4096L, 1U, false, flag);
+            setInteger("Width", first + i * step, 0, 4096, 1, false, flag);
         }
         return picture(line);
     };

@@ -33,7 +33,7 @@ TEST_F(ReentrancyTest, AMessageBoxInAHandlerCausesNoSecondEvent)
         QDialog box;
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, &box, [this, &box] {
-            browser->modifyFeature("Width", 64L, 16L, 4096L, 16U, false, true);
+            setInteger("Width", 64);
             box.accept();
         });
         timer.start(50);
@@ -50,7 +50,7 @@ TEST_F(ReentrancyTest, ARowCanBeEditedWhileItsEventIsHandled)
         if (line == "Int Width 32") {
             edit("Width", "48");
         }
-        browser->modifyFeature("Width", 48L, 16L, 4096L, 16U, false, true);
+        setInteger("Width", 48);
     };
     edit("Width", "32");
     EXPECT_EQ(journal.take(), (Lines { "Int Width 32", "Int Width 48" }));
@@ -76,12 +76,12 @@ TEST_F(ReentrancyTest, AHandlerMayEmptyTheTreeBeforeTheNextRowIsEdited)
 
 TEST_F(ReentrancyTest, TwoBrowsersDoNotKnowOfEachOther)
 {
-    Journal others;
+    EventJournal others;
     CameraFeatureBrowser other(nullptr);
     other.addIntFeature("", "Width", 3, 0, 9, 1, LEVEL_GURU, false, true, SELECTOR_NONE, "");
     other.showDialog(&others, 0, 0, {}, {});
     browser->setVisibility(LEVEL_BEGINNER);
-    browser->modifyFeature("Width", 32L, 16L, 64L, 16U, false, true);
+    setInteger("Width", 32, 16, 64);
     browser->closeDialog();
     const auto* view = other.GetWidget()->findChild<QTreeView*>("featureTree");
     EXPECT_EQ(view->model()->index(0, 1).data(), QVariant("3"));
@@ -97,7 +97,7 @@ TEST_F(ReentrancyTest, DeletingTheBrowserWhileEmbeddedIsClean)
     layout->addWidget(browser->GetWidget());
     dock->show();
     browser->showDialog(&journal, 0, 0, {}, {});
-    EXPECT_FALSE(browser->GetWidget()->isWindow());
+    EXPECT_FALSE(window()->isWindow());
     EXPECT_TRUE(browser->isVisible());
     browser.reset();
     EXPECT_EQ(layout->count(), 0);
@@ -107,7 +107,7 @@ TEST_F(ReentrancyTest, DeletingTheBrowserWhileEmbeddedIsClean)
     layout->addWidget(browser->GetWidget());
     dock.reset();
     browser->addCategory("Camera", LEVEL_BEGINNER);
-    browser->modifyFeature("Width", 1L, 0L, 9L, 1U, false, true);
+    setInteger("Width", 1, 0, 9, 1);
     browser->setVisibility(LEVEL_GURU);
     browser->showDialog();
     EXPECT_EQ(browser->GetWidget(), nullptr);

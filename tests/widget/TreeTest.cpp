@@ -1,11 +1,11 @@
 #include "WidgetTest.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
-#include <QSplitter>
 
 #include <limits>
 
@@ -14,74 +14,105 @@ namespace featurebrowser {
 namespace {
 
 constexpr auto noValue = "\u2014";
+constexpr long biggest = std::numeric_limits<long>::max();
+const double infinite = std::numeric_limits<double>::infinity();
+const double nan = std::numeric_limits<double>::quiet_NaN();
 
 class TreeTest : public WidgetTest { };
 
+std::string lastChange; // as told to screen readers
+
+void noteChange(QAccessibleEvent* event)
+{
+    if (event->type() == QAccessible::TableModelChanged) {
+        const auto& change = *static_cast<QAccessibleTableModelChangeEvent*>(event);
+        std::ostringstream cells;
+        cells << change.firstRow() << change.firstColumn() << change.lastRow()
+              << change.lastColumn();
+        lastChange = cells.str();
+    }
+}
+
 } // namespace
 
-TEST_F(TreeTest, FloatsNeverLookLikeAnotherNumber)
+TEST_F(TreeTest, FloatsNeverLookLikeAnotherNumberAndAreEditedWithAllTheirDigits)
 {
-    const std::vector<std::pair<double, const char*>> cases { { 0.00000001, "0.00000001" },
-        { 1.23456789e-9, "1.23456789e-09" }, { 1e-300, "1e-300" }, { -0.0, "0" },
-        { 41.25, "41.25" }, { 0.1 + 0.2, "0.3" }, { 123456789.25, "123456789" },
-        { 12345678901234.0, "12345678901234" }, { 1e15, "1e+15" }, { -2.5e100, "-2.5e+100" },
-        { std::numeric_limits<double>::infinity(), "inf" },
-        { std::numeric_limits<double>::quiet_NaN(), "nan" } };
-    for (const auto& [value, shown] : cases) {
-        browser->modifyFeature("ExposureTime", value, 0.0, 1.0, 0.0, false, true);
+    struct Case {
+        double value;
+        const char *shown, *edited;
+    };
+    const std::vector<Case> cases { { 0.00000001, "0.00000001", "1e-08" },
+        { 1.23456789e-9, "1.23456789e-09", "1.23456789e-09" }, { 1e-300, "1e-300", "1e-300" },
+        { -0.0, "0", "0" }, { 41.25, "41.25", "41.25" }, { 1e-6, "0.000001", "0.000001" },
+        { 0.1 + 0.2, "0.3", "0.30000000000000004" }, { 123456789.25, "123456789", "123456789.25" },
+        { 12345678901234.0, "12345678901234", "12345678901234" }, { 1e15, "1e+15", "1e+15" },
+        { -2.5e100, "-2.5e+100", "-2.5e+100" }, { infinite, "inf", "inf" }, { nan, "nan", "nan" } };
+    show();
+    for (const auto& [value, shown, edited] : cases) {
+        setFloat("ExposureTime", value, 0, 1);
         EXPECT_EQ(text("ExposureTime"), shown);
+        open("ExposureTime");
+        EXPECT_EQ(QApplication::focusWidget()->property("text"), QVariant(edited));
+        press(Qt::Key_Return);
     }
+    EXPECT_TRUE(journal.take().empty());
 }
 
 TEST_F(TreeTest, RolesTellAutomationWhatARowHolds)
 {
-    const long big = std::numeric_limits<long>::max();
-    browser->modifyFeature("Width", big, -big - 1, big, 4U, true, true);
-    EXPECT_EQ(text("Width"), "9223372036854775807");
-    EXPECT_EQ(role("Width", "minimum"), QVariant(qlonglong(-big - 1)));
-    EXPECT_EQ(role("Width", "increment"), QVariant(4U));
-    EXPECT_EQ(role("Width", "readOnly"), QVariant(true));
-    EXPECT_EQ(role("ExposureTime", "maximum"), QVariant(1e6));
-    EXPECT_EQ(role("PixelFormat", "entries").toStringList().join(","), "Mono8,Mono12,RGB8");
-    EXPECT_EQ(role("DeviceUserID", "level"), QVariant(2));
-    EXPECT_EQ(role("GevMACAddress", "kind"), QVariant("mac"));
-    EXPECT_EQ(role("Camera", "kind"), QVariant("category"));
-    EXPECT_TRUE(row("PixelFormat", 1).flags().testFlag(Qt::ItemIsEditable));
-    EXPECT_FALSE(row("PixelFormat", 0).flags().testFlag(Qt::ItemIsEditable));
-    EXPECT_FALSE(row("Width", 1).flags().testFlag(Qt::ItemIsEditable));
+    setInteger("Width", biggest, -biggest - 1, biggest, 4, true);
     browser->setItemDescription("Width", "Image width\r\nMin: 16");
-    EXPECT_EQ(role("Width", "description"), QVariant("Image width\r\nMin: 16"));
-}
-
-TEST_F(TreeTest, TextUpdatesKeepAddressesAndFollowTheReadOnlyKind)
-{
+    addInteger("Camera", "Selected", 1, LEVEL_BEGINNER, "A, B");
     setText("GevCurrentIPAddress", "10.0.0.9");
-    EXPECT_EQ(role("GevCurrentIPAddress", "kind"), QVariant("ipv4"));
-    EXPECT_EQ(text("GevCurrentIPAddress"), "10.0.0.9");
+    setFloat("ExposureTime", 2, 1, 9, 0.5);
+    struct Case {
+        const char *name, *role;
+        QVariant value;
+    };
+    for (const auto& [name, roleName, value] : std::vector<Case> { { "Width", "kind", "integer" },
+             { "Width", "value", "9223372036854775807" },
+             { "Width", "minimum", qlonglong(-biggest - 1) },
+             { "Width", "maximum", qlonglong(biggest) }, { "Width", "increment", 4U },
+             { "Width", "readOnly", true }, { "Width", "level", 1 }, { "Width", "state", 0 },
+             { "Width", "description", "Image width\r\nMin: 16" }, { "Width", "selectors", "" },
+             { "ExposureTime", "kind", "float" }, { "ExposureTime", "minimum", 1.0 },
+             { "ExposureTime", "maximum", 9.0 }, { "ExposureTime", "increment", 0.5 },
+             { "DeviceUserID", "kind", "string" }, { "DeviceUserID", "level", 2 },
+             { "DeviceUserID", "minimum", {} }, { "DeviceUserID", "entries", QStringList() },
+             { "PixelFormat", "kind", "enumeration" },
+             { "PixelFormat", "entries", QStringList { "Mono8", "Mono12", "RGB8" } },
+             { "ReverseX", "kind", "boolean" }, { "AcquisitionStart", "kind", "command" },
+             { "AcquisitionStart", "value", "Start" }, { "GevCurrentIPAddress", "kind", "ipv4" },
+             { "GevCurrentIPAddress", "value", "10.0.0.9" }, { "GevMACAddress", "kind", "mac" },
+             { "Camera", "kind", "category" }, { "Camera", "value", "" },
+             { "Selected", "selectors", "A, B" }, { "Selected", "readOnly", false } }) {
+        EXPECT_EQ(role(name, roleName), value) << name << " " << roleName;
+    }
+    for (const auto& [name, column, editable] : { std::tuple("PixelFormat", 1, true),
+             { "PixelFormat", 0, false }, { "Width", 1, false }, { "GevMACAddress", 1, false } }) {
+        EXPECT_EQ(row(name, column).flags().testFlag(Qt::ItemIsEditable), editable) << name;
+    }
+    EXPECT_TRUE(row("Width").flags().testFlag(Qt::ItemNeverHasChildren));
     browser->modifyFeature("DeviceUserID", "x", CAM_TYPE_READ_ONLY_STRING, {}, true, true);
     EXPECT_EQ(role("DeviceUserID", "kind"), QVariant("readonly-string"));
-    setChoice("PixelFormat", "1", { "A", "B" });
-    EXPECT_EQ(text("PixelFormat"), "B");
-    for (const char* index : { "2", "-1", "", "abc", "99999999999" }) {
+    setText("DeviceUserID", "x");
+    EXPECT_EQ(role("DeviceUserID", "kind"), QVariant("string"));
+    for (const auto& [index, shown] : { std::pair("1", "B"), { "2", noValue }, { "-1", noValue },
+             { "", noValue }, { "abc", noValue }, { "99999999999", noValue } }) {
         setChoice("PixelFormat", index, { "A", "B" });
-        EXPECT_EQ(text("PixelFormat"), noValue) << index;
+        EXPECT_EQ(text("PixelFormat"), shown) << index;
     }
-}
-
-TEST_F(TreeTest, ARowWithoutAValueShowsADash)
-{
-    browser->modifyFeature("Width", 0L, 0L, 0L, 0U, false, false);
+    setInteger("Width", 0, 0, 0, 0, false, false);
     EXPECT_EQ(text("Width"), noValue);
 }
 
 TEST_F(TreeTest, AnUpdateIsToldOnceAndOnlyWhenItChangesSomething)
 {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
     const auto integer = [this](long value, long min, long max, unsigned int inc, bool readOnly) {
-        return [=] { browser->modifyFeature("Width", value, min, max, inc, readOnly, true); };
+        return [=] { setInteger("Width", value, min, max, inc, readOnly); };
     };
     const auto number = [this](double value, double min, double max, double inc) {
-        return [=] { browser->modifyFeature("ExposureTime", value, min, max, inc, false, true); };
+        return [=] { setFloat("ExposureTime", value, min, max, inc); };
     };
     const auto words = [this](const char* name, const char* value, const char* entry, bool flag) {
         return [=] {
@@ -101,67 +132,80 @@ TEST_F(TreeTest, AnUpdateIsToldOnceAndOnlyWhenItChangesSomething)
     show();
     QSignalSpy told(tree()->model(), &QAbstractItemModel::dataChanged);
     for (std::size_t i = 0; i < updates.size(); ++i) {
+        for (int times = 0; times < 2; ++times) {
+            updates[i]();
+            EXPECT_EQ(told.count(), 1) << i << ", then the same again";
+        }
         told.clear();
-        updates[i]();
-        EXPECT_EQ(told.count(), 1) << i;
-        updates[i]();
-        EXPECT_EQ(told.count(), 1) << i << ", the same again";
     }
-    browser->addEnumFeature("Camera", "Selector", 0, { "A", "B" }, LEVEL_BEGINNER, false, false,
-        true, SELECTOR_SELECTOR, "");
+    addSelector("Camera", "Selector", { "A", "B" });
     addInteger("Camera", "Selected", 1, LEVEL_BEGINNER, "Selector");
-    told.clear();
+    QApplication::processEvents();
+    QAccessible::setActive(true);
+    QAccessible::installUpdateHandler(noteChange);
     setChoice("Selector", "1", { "A", "B" });
+    QAccessible::setActive(false);
+    QAccessible::installUpdateHandler(nullptr);
     EXPECT_EQ(told.count(), 2) << "what is selected shows its selector";
-    EXPECT_EQ(role("Width", "state"), QVariant(1));
+    EXPECT_EQ(lastChange, "9091");
     EXPECT_TRUE(journal.take().empty()) << "what the program does is no edit";
 }
 
-TEST_F(TreeTest, WhatIsAddedAgainStaysInItsPlace)
+TEST_F(TreeTest, NamesComeTwiceAreUnknownOrOdd)
 {
+    const std::string odd = "\xFF%1<b>\xC3";
     browser->addCategory("Camera", LEVEL_BEGINNER);
-    browser->addIntFeature("", "Width", 5, 0, 9, 1, LEVEL_GURU, true, true, SELECTOR_NONE, "");
-    browser->addIntFeature("", "Camera", 5, 0, 9, 1, LEVEL_GURU, true, true, SELECTOR_NONE, "");
+    for (const char* name : { "Width", "Camera" }) {
+        browser->addIntFeature("", name, 5, 0, 9, 1, LEVEL_GURU, true, true, SELECTOR_NONE, "");
+    }
     EXPECT_EQ(tree()->model()->rowCount(), 1);
     EXPECT_EQ(row("Width").parent(), row("Camera"));
     EXPECT_EQ(text("Width"), "5");
     EXPECT_EQ(role("Width", "level"), QVariant(3));
     EXPECT_EQ(role("Width", "readOnly"), QVariant(true));
     EXPECT_EQ(role("Camera", "kind"), QVariant("category"));
-}
-
-TEST_F(TreeTest, UnknownAndOddNamesAreTolerated)
-{
-    const std::string odd = "\xFF%1<b>\xC3";
     browser->addSubCategory("Nowhere", odd, LEVEL_BEGINNER);
     addInteger(odd, "Deep%2");
     addInteger("NoSuch", "Loose", 7);
     addInteger("Camera", "Loose", 8);
-    browser->modifyFeature("NoSuch", 1L, 0L, 1L, 1U, false, true);
-    browser->modifyFeature("Width", 2.5, 0.0, 1.0, 1.0, false, true);
+    addInteger("Width", "InAFeature");
+    setInteger("NoSuch", 1);
+    setFloat("Width", 2.5);
     browser->setDefaultValue("NoSuch", 1L, "message");
     browser->setItemDescription("NoSuch", "text");
-    EXPECT_FALSE(row("Loose").parent().isValid());
+    EXPECT_FALSE(row("Loose").parent().isValid() || row("InAFeature").parent().isValid());
     EXPECT_EQ(text("Loose"), "8");
     EXPECT_EQ(row("Deep%2").parent(), row(odd));
-    EXPECT_EQ(text("Width"), "640");
+    EXPECT_EQ(text("Width"), "5");
 }
 
 TEST_F(TreeTest, LevelHidesFeaturesAndCategoriesLeftEmpty)
 {
     browser->addCategory("Expert only", LEVEL_BEGINNER);
+    browser->addCategory("Empty", LEVEL_BEGINNER);
+    browser->addCategory("Empty guru", LEVEL_GURU);
     addInteger("Expert only", "Hidden", 1, LEVEL_EXPERT);
     show();
     auto* levels = child<QComboBox>("levelBox");
+    EXPECT_EQ(levels->currentText(), "Guru");
     browser->setVisibility(LEVEL_BEGINNER);
     EXPECT_TRUE(journal.take().empty());
     EXPECT_TRUE(isShown("Width") && !isShown("DeviceUserID") && !isShown("Expert only"));
+    EXPECT_TRUE(isShown("Empty") && !isShown("Empty guru"));
     // Rows that come later are hidden too.
     addInteger("Camera", "Late", 1, LEVEL_GURU);
     EXPECT_FALSE(isShown("Late"));
     levels->setFocus();
-    press(Qt::Key_Down);
-    EXPECT_EQ(journal.take(), Lines { "Level 2" });
+    for (const auto& [key, shown, lines] :
+        { std::tuple(Qt::Key_Down, "Expert", Lines { "Level 2" }),
+            { Qt::Key_Home, "Beginner", { "Level 1" } }, { Qt::Key_Home, "Beginner", {} },
+            { Qt::Key_Down, "Expert", { "Level 2" } } }) {
+        press(key);
+        EXPECT_EQ(levels->currentText(), shown);
+        EXPECT_EQ(journal.take(), lines);
+    }
+    Q_EMIT levels->activated(1);
+    EXPECT_TRUE(journal.take().empty()) << "the same again";
     EXPECT_TRUE(isShown("DeviceUserID") && isShown("Hidden") && !isShown("Late"));
 }
 
@@ -169,18 +213,21 @@ TEST_F(TreeTest, UserSelectionIsToldAndItsDescriptionShown)
 {
     journal.hearsSelection = true;
     browser->showDialog(&journal, 600, 700, {}, {});
-    ASSERT_TRUE(QTest::qWaitForWindowActive(browser->GetWidget()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    const auto* description = child<QPlainTextEdit>("descriptionText");
+    const auto* title = child<QWidget>("descriptionPane")->findChild<QLabel*>();
     EXPECT_TRUE(journal.take().empty()) << "showing selects nothing";
     click("Width", 0);
     press(Qt::Key_Down);
     EXPECT_EQ(journal.take(), (Lines { "Selection Width", "Selection ExposureTime" }));
+    tree()->setCurrentIndex(row("ExposureTime", 0));
+    EXPECT_TRUE(journal.take().empty()) << "the same row";
     browser->setItemDescription("Width", "about Width");
     browser->setItemDescription("ExposureTime", "<b>plain</b> \r\ntext \r\n");
-    const auto* description = child<QPlainTextEdit>("descriptionText");
-    const auto* title = child<QWidget>("descriptionPane")->findChild<QLabel*>();
+    browser->setItemDescription("PixelFormat", "about others");
     EXPECT_EQ(description->toPlainText(), "<b>plain</b>\ntext");
     EXPECT_EQ(title->text(), "ExposureTime");
-    EXPECT_TRUE(title->font().bold());
+    browser->setItemDescription("PixelFormat", "");
     for (const auto& [name, words] : std::map<const char*, const char*> {
              { "Camera", "" }, { "PixelFormat", "The camera does not describe this feature" } }) {
         select(name);
@@ -190,31 +237,43 @@ TEST_F(TreeTest, UserSelectionIsToldAndItsDescriptionShown)
     browser->clearFeatureItems();
     EXPECT_EQ(description->placeholderText(), "Select a feature to read about it here");
     EXPECT_FALSE(title->isVisible());
+    addInteger("", "X");
+    select("X");
+    journal.take();
+    browser.reset();
+    EXPECT_TRUE(journal.take().empty()) << "a window that ends tells nobody";
 }
 
 TEST_F(TreeTest, SizesAndColumnsAreTheApplications)
 {
-    browser->showDialog(&journal, 500, 400, { 210, 120 }, {});
-    EXPECT_EQ(browser->GetWidget()->size(), QSize(500, 400));
+    browser->showDialog(&journal, 500, 400, { 210, 120, 90 }, {});
+    EXPECT_EQ(window()->size(), QSize(500, 400));
     EXPECT_EQ(tree()->columnWidth(0), 210);
     EXPECT_EQ(tree()->columnWidth(1), 120);
-    EXPECT_TRUE(browser->GetWidget()->windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
-    EXPECT_FALSE(child<QSplitter>()->isCollapsible(0));
+    EXPECT_EQ(window()->windowFlags(),
+        Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint | Qt::WindowTitleHint
+            | Qt::WindowSystemMenuHint);
     EXPECT_TRUE(journal.take().empty());
     tree()->header()->resizeSection(0, 180);
+    tree()->header()->resizeSection(1, 130);
     browser->setVisibility(LEVEL_EXPERT);
     browser->closeDialog();
-    EXPECT_EQ(journal.take(), (Lines { "Column 0 180", "Close 500 400 2" }));
+    EXPECT_EQ(journal.take(), (Lines { "Column 0 180", "Column 1 130", "Close 500 400 2" }));
     EXPECT_FALSE(browser->isVisible());
     browser->showStandalone(nullptr, 0, -1, { 0, -5 }, {});
     EXPECT_EQ(tree()->columnWidth(0), 180);
-    EXPECT_EQ(browser->GetWidget()->size(), QSize(500, 400));
-    EXPECT_TRUE(browser->GetWidget()->windowType() == Qt::Window && browser->isVisible());
+    EXPECT_EQ(tree()->columnWidth(1), 130);
+    EXPECT_EQ(window()->size(), QSize(500, 400));
     browser->hideDialog();
     EXPECT_FALSE(browser->isVisible());
     browser->showDialog();
-    EXPECT_TRUE(browser->isVisible());
+    EXPECT_TRUE(browser->isVisible() && window()->windowType() == Qt::Window);
     EXPECT_TRUE(journal.take().empty());
+
+    browser = std::make_unique<CameraFeatureBrowser>(nullptr);
+    browser->showDialog(&journal, 500, 400, { 210 }, {});
+    tree()->header()->resizeSection(0, 180);
+    EXPECT_EQ(journal.take(), Lines { "Column 0 180" }) << "the last column only follows";
 }
 
 } // namespace featurebrowser

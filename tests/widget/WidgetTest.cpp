@@ -6,32 +6,12 @@
 
 namespace featurebrowser {
 
-namespace {
-
-QModelIndex find(const QAbstractItemModel& model, const QByteArray& name, const QModelIndex& parent)
-{
-    const int nameRole = model.roleNames().key("name");
-    for (int i = 0; i < model.rowCount(parent); ++i) {
-        const QModelIndex index = model.index(i, 0, parent);
-        if (index.data(nameRole).toByteArray() == name) {
-            return index;
-        }
-        const QModelIndex below = find(model, name, index);
-        if (below.isValid()) {
-            return below;
-        }
-    }
-    return {};
-}
-
-} // namespace
-
 WidgetTest::WidgetTest()
     : browser(std::make_unique<CameraFeatureBrowser>(nullptr))
 {
     // Ends the test program at the first thing that no view may rely on.
-    new QAbstractItemModelTester(tree()->model(),
-        QAbstractItemModelTester::FailureReportingMode::Fatal, browser->GetWidget());
+    new QAbstractItemModelTester(
+        tree()->model(), QAbstractItemModelTester::FailureReportingMode::Fatal, window());
     const auto none = SELECTOR_NONE;
     CameraFeatureBrowser& b = *browser;
     b.addCategory("Camera", LEVEL_BEGINNER);
@@ -55,7 +35,7 @@ WidgetTest::WidgetTest()
 void WidgetTest::show()
 {
     browser->showDialog(&journal, 600, 700, {}, {});
-    ASSERT_TRUE(QTest::qWaitForWindowActive(browser->GetWidget()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
     tree()->expandAll();
     tree()->setFocus();
     QApplication::processEvents();
@@ -67,6 +47,25 @@ void WidgetTest::addInteger(const std::string& category, const std::string& name
 {
     browser->addIntFeature(category, name, value, 0, 9, 1, level, false, true,
         selectors.empty() ? SELECTOR_NONE : SELECTOR_SELECTED, selectors);
+}
+
+void WidgetTest::addSelector(const std::string& category, const std::string& name,
+    std::list<std::string> entries, int index) const
+{
+    browser->addEnumFeature(category, name, index, std::move(entries), LEVEL_BEGINNER, false, false,
+        true, SELECTOR_SELECTOR, "");
+}
+
+void WidgetTest::setInteger(const std::string& name, long value, long min, long max,
+    unsigned int inc, bool readOnly, bool flag) const
+{
+    browser->modifyFeature(name, value, min, max, inc, readOnly, flag);
+}
+
+void WidgetTest::setFloat(const std::string& name, double value, double min, double max, double inc,
+    bool readOnly, bool flag) const
+{
+    browser->modifyFeature(name, value, min, max, inc, readOnly, flag);
 }
 
 void WidgetTest::setText(const std::string& name, const char* value, bool readOnly) const
@@ -85,32 +84,16 @@ void WidgetTest::setStates(std::map<std::string, FEATURE_STATE> states) const
     browser->modifyFeatureStates(states);
 }
 
-QTreeView* WidgetTest::tree() const
-{
-    return child<QTreeView>("featureTree");
-}
-
-QModelIndex WidgetTest::row(const std::string& name, int column) const
-{
-    const QModelIndex found = find(*tree()->model(), QByteArray::fromStdString(name), {});
-    return found.isValid() ? found.siblingAtColumn(column) : found;
-}
-
-QVariant WidgetTest::role(const std::string& name, const char* roleName) const
-{
-    return row(name).data(tree()->model()->roleNames().key(roleName));
-}
-
-std::string WidgetTest::text(const std::string& name) const
-{
-    return role(name, "value").toString().toStdString();
-}
-
 std::string WidgetTest::message() const
 {
     QApplication::processEvents();
     const auto* label = child<QLabel>("messageText");
     return label->isVisible() ? label->text().toStdString() : std::string();
+}
+
+std::string WidgetTest::said(const std::string& name, int role) const
+{
+    return row(name).data(role).toString().toStdString();
 }
 
 bool WidgetTest::isShown(const std::string& name) const
@@ -119,45 +102,11 @@ bool WidgetTest::isShown(const std::string& name) const
     return tree()->visualRect(row(name)).isValid();
 }
 
-void WidgetTest::select(const std::string& name) const
+void WidgetTest::find(const char* what) const
 {
-    tree()->setCurrentIndex(row(name, 1));
-}
-
-void WidgetTest::press(Qt::Key key)
-{
-    QTest::keyClick(QApplication::focusWidget(), key);
-}
-
-void WidgetTest::type(const char* text)
-{
-    // keyClicks knows no letters beyond ASCII.
-    for (const QChar letter : QString::fromUtf8(text)) {
-        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, letter, {});
-    }
-}
-
-void WidgetTest::edit(const std::string& name, const char* text, Qt::Key key) const
-{
-    select(name);
-    press(Qt::Key_F2);
-    QTest::keySequence(QApplication::focusWidget(), QKeySequence::SelectAll);
-    press(Qt::Key_Delete);
-    type(text);
-    press(key);
-}
-
-void WidgetTest::click(const std::string& name, int column, QPoint fromLeft) const
-{
-    const QRect area = tree()->visualRect(row(name, column));
-    QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {},
-        fromLeft.isNull() ? area.center() : QPoint(area.left(), area.center().y()) + fromLeft);
-}
-
-bool WidgetTest::isEditing() const
-{
-    return QApplication::focusWidget() != nullptr && QApplication::focusWidget() != tree()
-        && tree()->viewport()->isAncestorOf(QApplication::focusWidget());
+    QTest::keySequence(window(), QKeySequence::Find);
+    press(*what != '\0' ? Qt::Key_Backspace : Qt::Key_Escape);
+    type(what);
 }
 
 } // namespace featurebrowser
