@@ -49,7 +49,7 @@ protected:
         }
         menu->close();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return all.join('|');
+        return all.join('|').replace("-|-", "-"); // Qt shows them as one
     }
     void pressButton(const char* name) const
     {
@@ -172,7 +172,7 @@ TEST_F(ComfortTest, WhatFollowedAWriteIsListed)
                 setInteger(name.toStdString(), 2 + value);
             }
         };
-        edit("Width", std::to_string(count % 7).c_str());
+        edit("Width", "5");
         EXPECT_TRUE(next->isVisible());
         EXPECT_EQ(strip->text(),
             QString("Width = 3: %1 feature%2 followed").arg(count).arg(count == 1 ? "" : "s"));
@@ -416,7 +416,7 @@ TEST_F(ComfortTest, StatesAndContextsAreSaidInWords)
 {
     setStates({ { "Width", FEATURE_LOCKED }, { "Gain", FEATURE_NOT_AVAILABLE },
         { "ReverseX", FEATURE_READ_FAILED } });
-    browser->setItemDescription("Width", "In pixels.");
+    browser->setItemDescription("Width", "Unit: px");
     addInteger("Camera", "<img src='x'>");
     const std::string gone = "Not available in the camera's present configuration";
     for (const auto& [name, words] :

@@ -28,11 +28,8 @@ protected:
     EditingTest() { show(); }
     static QWidget* field() { return QApplication::focusWidget(); }
     std::string fieldText() const { return field()->property("text").toString().toStdString(); }
-    void turnWheel(const std::string& name) const
+    static void turnWheel(QWidget* target)
     {
-        const QPoint at = tree()->visualRect(row(name, 1)).center();
-        QWidget* target = tree()->viewport()->childAt(at);
-        target = target != nullptr ? target : tree()->viewport();
         QWheelEvent event(target->rect().center(), target->mapToGlobal(target->rect().center()), {},
             { 0, -240 }, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(target, &event);
@@ -156,7 +153,7 @@ TEST_F(EditingTest, KeysActOnEveryKindOfRow)
                 { "AcquisitionStart", "Command AcquisitionStart", false },
                 { "ReverseX", "Bool ReverseX 1", false }, { "Camera", "", false },
                 { "GevMACAddress", "", false } }) {
-            QToolTip::hideText();
+            QToolTip::showText({}, "none", window());
             setChoice("ReverseX", "0", { "False", "True" });
             select(name);
             press(key, Qt::ControlModifier);
@@ -205,8 +202,9 @@ TEST_F(EditingTest, TheMouseActsOnBoxesAndButtonsOnRelease)
     const auto doubleClick = [this](QPoint at) {
         mouse(Qt::LeftButton, at, at);
         QTest::mouseDClick(tree()->viewport(), Qt::LeftButton, {}, at);
+        QTest::mouseRelease(tree()->viewport(), Qt::LeftButton, {}, at);
     };
-    QTest::mouseDClick(tree()->viewport(), Qt::LeftButton, {}, onButton);
+    doubleClick(onButton);
     EXPECT_EQ(journal.take().size(), 2U) << "two presses";
     doubleClick(tree()->visualRect(row("Camera")).center());
     EXPECT_FALSE(tree()->isExpanded(row("Camera")));
@@ -237,12 +235,12 @@ TEST_F(EditingTest, StepsFollowTheGrid)
         { odd, "4096", Qt::Key_Up, "4096" }, { odd, "9999", Qt::Key_Up, "9999" },
         { odd, "-9", Qt::Key_Down, "-9" }, { odd, "9999", Qt::Key_PageDown, "4081" },
         { odd, "-9", Qt::Key_PageUp, "1" }, { odd, "abc", Qt::Key_Up, "17" },
-        { odd, "0.017 ms", Qt::Key_Up, "33" }, { { 0, 9, 0 }, "4", Qt::Key_Up, "5" },
+        { odd, "1 ms", Qt::Key_Up, "1009" }, { { 0, 9, 0 }, "4", Qt::Key_Up, "5" },
         { { 7, 7, 1 }, "5", Qt::Key_Up, "5" },
         { widest, "9223372036854775807", Qt::Key_Down, "9223372032559808512" },
         { widest, "9223372036854775807", Qt::Key_Up, "9223372036854775807" },
         { widest, "-9223372036854775808", Qt::Key_Up, "-9223372032559808513" } };
-    browser->setItemDescription("Width", "In us.");
+    browser->setItemDescription("Width", "Unit: us");
     for (const auto& [limits, typed, key, written] : cases) {
         setInteger("Width", 640, limits.minimum, limits.maximum, limits.increment);
         edit("Width", typed, key);
@@ -323,15 +321,28 @@ TEST_F(EditingTest, ClosingTheWindowTakesAnOpenEditBack)
 
 TEST_F(EditingTest, TheWheelTurnsOnlyTheNumberThatIsEdited)
 {
-    for (const char* name : { "Width", "ExposureTime", "PixelFormat", "ReverseX" }) {
-        turnWheel(name);
+    for (const auto& [name, type, text] : { std::tuple("ExposureTime", "QSlider", "5000"),
+             { "Width", "QAbstractSpinBox", "608" }, { "DeviceUserID", "QLineEdit", "left" } }) {
+        open(name);
+        for (QWidget* part : field()->parentWidget()->findChildren<QWidget*>()) {
+            if (part->inherits(type)) {
+                turnWheel(part);
+            }
+        }
+        EXPECT_EQ(fieldText(), text);
+        press(Qt::Key_Escape);
     }
-    open("ExposureTime");
-    turnWheel("ExposureTime");
-    EXPECT_EQ(fieldText(), "5000");
     open("Width");
-    turnWheel("Width");
-    EXPECT_EQ(fieldText(), "608");
+    QWidget* box = field();
+    child<QWidget>("filterField")->setFocus(Qt::PopupFocusReason); // the editor stays
+    turnWheel(box);
+    EXPECT_EQ(box->property("text"), "640");
+    press(Qt::Key_Escape);
+    click("PixelFormat");
+    ASSERT_NE(popup(), nullptr);
+    auto* list = tree()->findChild<QComboBox*>();
+    turnWheel(list);
+    EXPECT_EQ(list->currentIndex(), 0);
     press(Qt::Key_Escape);
     EXPECT_TRUE(journal.take().empty());
 }
@@ -379,14 +390,17 @@ TEST_F(EditingTest, UnitsStandBesideTheFieldTheyBelongTo)
 
 TEST_F(EditingTest, ASliderWritesSparselyAndItsLastValueAlways)
 {
+    window()->resize(300, 700);
+    tree()->setColumnWidth(0, 200);
     open("ExposureTime");
     auto* slider = tree()->findChild<QSlider*>();
+    QApplication::processEvents();
     EXPECT_FALSE(slider->isVisible()) << "no room";
     press(Qt::Key_Escape);
     window()->resize(1200, 700);
     browser->setNumberOfSteps(600); // six decades in 600 steps
     open("ExposureTime");
-    QLineEdit* text = tree()->findChild<QLineEdit*>();
+    auto* text = qobject_cast<QLineEdit*>(field());
     slider = text->parentWidget()->findChild<QSlider*>();
     ASSERT_TRUE(slider != nullptr && slider->isVisible());
     EXPECT_EQ(slider->accessibleName(), "Slider of ExposureTime");
@@ -398,6 +412,7 @@ TEST_F(EditingTest, ASliderWritesSparselyAndItsLastValueAlways)
         return QTest::qWaitFor(
             [&] { return !journal.lines.empty() && journal.lines.back() == line; });
     };
+    journal.take();
     for (int position = 371; position <= 400; ++position) {
         slider->setValue(position);
     }

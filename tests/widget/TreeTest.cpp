@@ -1,6 +1,5 @@
 #include "WidgetTest.h"
 
-#include <QAccessible>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -19,19 +18,6 @@ const double infinite = std::numeric_limits<double>::infinity();
 const double nan = std::numeric_limits<double>::quiet_NaN();
 
 class TreeTest : public WidgetTest { };
-
-std::string lastChange; // as told to screen readers
-
-void noteChange(QAccessibleEvent* event)
-{
-    if (event->type() == QAccessible::TableModelChanged) {
-        const auto& change = *static_cast<QAccessibleTableModelChangeEvent*>(event);
-        std::ostringstream cells;
-        cells << change.firstRow() << change.firstColumn() << change.lastRow()
-              << change.lastColumn();
-        lastChange = cells.str();
-    }
-}
 
 } // namespace
 
@@ -140,14 +126,9 @@ TEST_F(TreeTest, AnUpdateIsToldOnceAndOnlyWhenItChangesSomething)
     }
     addSelector("Camera", "Selector", { "A", "B" });
     addInteger("Camera", "Selected", 1, LEVEL_BEGINNER, "Selector");
-    QApplication::processEvents();
-    QAccessible::setActive(true);
-    QAccessible::installUpdateHandler(noteChange);
+    told.clear();
     setChoice("Selector", "1", { "A", "B" });
-    QAccessible::setActive(false);
-    QAccessible::installUpdateHandler(nullptr);
     EXPECT_EQ(told.count(), 2) << "what is selected shows its selector";
-    EXPECT_EQ(lastChange, "9091");
     EXPECT_TRUE(journal.take().empty()) << "what the program does is no edit";
 }
 
