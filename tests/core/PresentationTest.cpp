@@ -153,6 +153,37 @@ TEST_F(CoreTest, EveryKindOfRecordIsAddedAndUpdatedAsItIsShown)
     }
 }
 
+TEST_F(CoreTest, CategoriesNestByDepthAndFeaturesStandInTheInnermostOne)
+{
+    const auto category = [](const char* name, std::uint8_t depth) {
+        return makeItem(FEATURE_CATEGORY, name, "", depth);
+    };
+    const auto command = [](const char* name, std::uint8_t depth) {
+        return makeItem(FEATURE_COMMAND, name, "Go", depth);
+    };
+    m_script.features = { command("Top", 0), command("Loose", 1), category("A", 0),
+        category("B", 1), category("C", 2), command("InC", 3), command("InB", 2), category("D", 1),
+        command("InD", 2), category("E", 0), command("InE", 1), category("Deep", 3) };
+    const std::string tree
+        = "widget.addCommandFeature(\"\", \"Top\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addCommandFeature(\"\", \"Loose\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addCategory(\"A\", 1)\n"
+          "widget.addSubCategory(\"A\", \"B\", 1)\n"
+          "widget.addSubCategory(\"B\", \"C\", 1)\n"
+          "widget.addCommandFeature(\"C\", \"InC\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addCommandFeature(\"B\", \"InB\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addSubCategory(\"A\", \"D\", 1)\n"
+          "widget.addCommandFeature(\"D\", \"InD\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addCategory(\"E\", 1)\n"
+          "widget.addCommandFeature(\"E\", \"InE\", \"Go\", 1, false, true, 0, \"\")\n"
+          "widget.addSubCategory(\"\", \"Deep\", 1)\n";
+    const std::string text = journalOf([](auto& browser, auto&) {
+        EXPECT_EQ(browser.LoadFeatureBrowser(), 0);
+        EXPECT_EQ(browser.LoadFeatureBrowser(), 0);
+    });
+    EXPECT_EQ(linesWith("widget.add", text), tree + tree);
+}
+
 struct ReadOnlyCase {
     FEATURE_TYPE type;
     std::uint16_t accessMode;
