@@ -8,20 +8,9 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include <limits>
-
 namespace featurebrowser {
 
 namespace {
-
-struct IntegerLimits {
-    long minimum, maximum;
-    unsigned int increment;
-};
-
-struct FloatLimits {
-    double minimum, maximum, increment;
-};
 
 class EditingTest : public WidgetTest {
 protected:
@@ -43,18 +32,30 @@ protected:
 
 } // namespace
 
-TEST_F(EditingTest, ACommitIsOneEventWithTheValueAsEntered)
+TEST_F(EditingTest, WhatIsTypedIsOneEventOrAMessage)
 {
-    for (const auto& [name, typed, event] :
-        { std::tuple("Width", "-5", "Int Width -5"), { "Width", "0x1F", "Int Width 31" },
-            { "Width", "9223372036854775807", "Int Width 9223372036854775807" },
-            { "ExposureTime", "0.30000000000000004", "Double ExposureTime 0.30000000000000004" },
-            { "DeviceUserID", "\u00E4 right", "String DeviceUserID \u00E4 right" },
-            { "DeviceUserID", "", "String DeviceUserID " },
-            { "GevCurrentIPAddress", "192.168.0.255", "IP GevCurrentIPAddress 192.168.0.255" } }) {
-        edit(name, typed);
-        EXPECT_EQ(journal.take(), Lines { event });
-        EXPECT_FALSE(isEditing());
+    browser->setItemDescription("ExposureTime", "Exposure time (in microseconds).");
+    for (const QStringList& row : table("typed")) {
+        edit(row[0].toStdString(), row[1].toUtf8());
+        const bool isEvent = row[2].contains(' ' + row[0]);
+        EXPECT_EQ(isEditing(), !isEvent) << "what is no value stays to be mended";
+        const QString last = journal.lines.empty() ? "" : journal.lines.back().c_str();
+        EXPECT_EQ(
+            (isEvent ? last.trimmed() : message().c_str()).toStdString(), row[2].toStdString());
+        EXPECT_EQ(journal.take().size(), isEvent ? 1U : 0U);
+        press(Qt::Key_Escape);
+        EXPECT_EQ(message(), "") << "what was typed is gone, and so is what was wrong with it";
+    }
+}
+
+TEST_F(EditingTest, TheUnitStandsInTheDescription)
+{
+    open("ExposureTime");
+    for (const QStringList& unit : table("units")) {
+        browser->setItemDescription("ExposureTime", unit[0].toStdString());
+        EXPECT_EQ(row("ExposureTime", 1).data(Qt::AccessibleTextRole).toString().toStdString(),
+            ("5000 " + unit[1]).trimmed().toStdString())
+            << unit[0].toStdString();
     }
 }
 
@@ -217,35 +218,13 @@ TEST_F(EditingTest, TheMouseActsOnBoxesAndButtonsOnRelease)
 
 TEST_F(EditingTest, StepsFollowTheGrid)
 {
-    constexpr long most = std::numeric_limits<long>::max();
-    struct Case {
-        IntegerLimits limits;
-        const char* typed;
-        Qt::Key key;
-        const char* written;
-    };
-    const IntegerLimits odd { 1, 4096, 16 };
-    const IntegerLimits widest { -most - 1, most, 0xFFFFFFFFU };
-    const std::vector<Case> cases { { odd, "17", Qt::Key_Up, "33" },
-        { odd, "17", Qt::Key_Down, "1" }, { odd, "20", Qt::Key_Up, "33" },
-        { odd, "20", Qt::Key_Down, "17" }, { odd, "20", Qt::Key_PageUp, "177" },
-        { odd, "200", Qt::Key_PageDown, "49" }, { odd, "20", Qt::Key_PageDown, "1" },
-        { odd, "4000", Qt::Key_PageUp, "4081" }, { odd, "4090", Qt::Key_Up, "4081" },
-        { odd, "4096", Qt::Key_Down, "4081" }, { odd, "1", Qt::Key_Down, "1" },
-        { odd, "4096", Qt::Key_Up, "4096" }, { odd, "9999", Qt::Key_Up, "9999" },
-        { odd, "-9", Qt::Key_Down, "-9" }, { odd, "9999", Qt::Key_PageDown, "4081" },
-        { odd, "-9", Qt::Key_PageUp, "1" }, { odd, "abc", Qt::Key_Up, "17" },
-        { odd, "1 ms", Qt::Key_Up, "1009" }, { { 0, 9, 0 }, "4", Qt::Key_Up, "5" },
-        { { 7, 7, 1 }, "5", Qt::Key_Up, "5" },
-        { widest, "9223372036854775807", Qt::Key_Down, "9223372032559808512" },
-        { widest, "9223372036854775807", Qt::Key_Up, "9223372036854775807" },
-        { widest, "-9223372036854775808", Qt::Key_Up, "-9223372032559808513" } };
     browser->setItemDescription("Width", "Unit: us");
-    for (const auto& [limits, typed, key, written] : cases) {
-        setInteger("Width", 640, limits.minimum, limits.maximum, limits.increment);
-        edit("Width", typed, key);
+    for (const QStringList& row : table("steps")) {
+        setInteger("Width", 640, row[0].toLong(), row[1].toLong(), row[2].toUInt());
+        edit("Width", row[3].toUtf8(), static_cast<Qt::Key>(QKeySequence(row[4])[0]));
         press(Qt::Key_Return);
-        EXPECT_EQ(journal.take(), Lines { std::string("Int Width ") + written }) << typed;
+        EXPECT_EQ(journal.take(), Lines { "Int Width " + row[5].toStdString() })
+            << row.join('|').toStdString();
     }
 }
 
@@ -254,38 +233,17 @@ TEST_F(EditingTest, ArrowsStepAFloatAsItsSliderAndWriteNothingBeforeItIsAccepted
     browser->addDoubleFeature("Camera", "Gain", 1, 0, 1, 0, LEVEL_BEGINNER, SLIDER_LINEAR, false,
         true, SELECTOR_NONE, "");
     browser->setNumberOfSteps(100);
-    struct Case {
-        const char* name;
-        FloatLimits limits;
-        const char* typed;
-        int steps;
-        const char* written;
-    };
-    const FloatLimits fifty { 0, 50, 0 };
-    const std::vector<Case> cases { { "Gain", fifty, "10", 1, "10.5" },
-        { "Gain", fifty, "10", -2, "9" }, { "Gain", fifty, "10.3", 1, "11" },
-        { "Gain", fifty, "49.5", 2, "50" }, { "Gain", fifty, "0.5", -2, "0" },
-        { "Gain", fifty, "99", -1, "49.5" }, { "Gain", fifty, "-9", 1, "0.5" },
-        { "Gain", fifty, "abc", 1, "0.5" }, { "Gain", { -50, 50, 0 }, "-50", 1, "-49" },
-        { "Gain", { 3.3, 7.7, 0 }, "3.3", 1, "3.34" }, { "Gain", { 1, 51, 0.2 }, "1", 1, "1.6" },
-        { "Gain", { 0, 12345678, 0 }, "0", 1, "120000" },
-        { "Gain", { 0, 1e-4, 0 }, "0", 1, "0.000001" }, { "Gain", { 5, 5, 0 }, "6", 1, "6" },
-        { "Gain", { 0.126, 10.126, 0 }, "0.2", -3, "0.126" },
-        { "Gain", { 0, 8, 3 }, "7.84", 1, "8" }, { "ExposureTime", { 1, 100, 0 }, "1", 50, "10" },
-        { "ExposureTime", { 1, 100, 0 }, "10", -50, "1" },
-        { "ExposureTime", { 1, 100, 0 }, "50", 1, "52" },
-        { "ExposureTime", { 0, 200, 0 }, "1", 1, "4" } };
-    for (const auto& [name, limits, typed, steps, written] : cases) {
-        setFloat(name, 7.0, limits.minimum, limits.maximum, limits.increment);
-        edit(name, typed, Qt::Key_Shift);
-        for (int i = 0; i < std::abs(steps); ++i) {
-            press(steps > 0 ? Qt::Key_Up : Qt::Key_Down);
+    for (const QStringList& row : table("float steps")) {
+        const std::string name = row[0].toStdString();
+        setFloat(name, 7, row[1].toDouble(), row[2].toDouble(), row[3].toDouble());
+        edit(name, row[4].toUtf8(), Qt::Key_Shift);
+        for (int i = 0; i < std::abs(row[5].toInt()); ++i) {
+            press(row[5].toInt() > 0 ? Qt::Key_Up : Qt::Key_Down);
         }
         EXPECT_TRUE(journal.take().empty());
         press(Qt::Key_Return);
         EXPECT_EQ(journal.take().size(), 1U);
-        EXPECT_EQ(text(name), written)
-            << limits.minimum << " to " << limits.maximum << " from " << typed;
+        EXPECT_EQ(text(name), row[6].toStdString()) << row.join('|').toStdString();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
+#include <QFile>
 #include <QLabel>
 
 namespace featurebrowser {
@@ -30,6 +31,25 @@ WidgetTest::WidgetTest()
         ADDRESS_IPV4, none, "");
     b.addStringFeature("Camera", "GevMACAddress", "00:00:00:00:00:01", LEVEL_GURU, 0, true, true,
         ADDRESS_MAC, none, "");
+}
+
+std::vector<QStringList> WidgetTest::table(const char* heading)
+{
+    QFile file(WIDGET_TABLES);
+    EXPECT_TRUE(file.open(QFile::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll()) + '\n';
+    const int start = text.indexOf(QStringLiteral("\n== %1:").arg(heading)) + 1;
+    std::vector<QStringList> rows;
+    const QStringList lines = text.mid(start, text.indexOf("\n\n", start) - start).split('\n');
+    for (const QString& line : lines.mid(1)) {
+        QStringList row;
+        for (const QString& column : line.split('|')) {
+            row.append(column.trimmed().replace("\\r", "\r").replace("\\n", "\n"));
+        }
+        rows.push_back(row);
+    }
+    EXPECT_FALSE(rows.empty()) << heading;
+    return rows;
 }
 
 void WidgetTest::show()

@@ -16,6 +16,9 @@ protected:
     WidgetTest();
     QWidget* window() const override { return browser->GetWidget(); }
 
+    /// The rows of Tables.txt under a heading, by columns.
+    static std::vector<QStringList> table(const char* heading);
+
     void show();
     void addInteger(const std::string& category, const std::string& name, long value = 1,
         TYPE_LEVEL level = LEVEL_BEGINNER, const std::string& selectors = "") const;
