@@ -38,6 +38,7 @@ protected:
     {
         Q_EMIT tree()->customContextMenuRequested(tree()->visualRect(row(name)).center());
         auto* menu = child<QMenu>("rowMenu");
+        EXPECT_TRUE(menu->isVisible());
         QStringList all;
         const auto actions = menu->actions();
         for (QAction* action : actions) {
@@ -123,7 +124,7 @@ TEST_F(ComfortTest, AFilterThatFindsNothingSaysSo)
     find("nowhere");
     press(Qt::Key_Return);
     EXPECT_FALSE(isShown("Width") || isShown("Camera"));
-    EXPECT_TRUE(ink());
+    EXPECT_TRUE(ink() && tree()->currentIndex().isValid());
     browser->clearFeatureItems();
     find("");
     EXPECT_FALSE(ink()) << "an empty tree has lost nothing";
@@ -276,6 +277,10 @@ TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
     EXPECT_EQ(unpin->accessibleName(), "Unpin Gain");
     QTest::mouseClick(unpin, Qt::LeftButton);
     EXPECT_EQ(window()->property("favourites").value<QByteArrayList>(), QByteArrayList { "Width" });
+    EXPECT_LT(strip->geometry().bottom(), tree()->y());
+    for (const QLabel* label : window()->findChildren<QLabel*>()) {
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << "what cameras say is no markup";
+    }
     pin({});
     EXPECT_FALSE(strip->isVisible());
 }
@@ -293,7 +298,7 @@ TEST_F(ComfortTest, AMatrixReadsEveryEntryAndSetsTheSelectorBack)
     auto* table = child<QTableWidget>();
     ASSERT_TRUE(table != nullptr && table->rowCount() == 1 && table->columnCount() == 2);
     QDialog* dialog = child<QDialog>("selectorMatrix");
-    EXPECT_TRUE(dialog->isVisible() && dialog->height() > 100);
+    EXPECT_TRUE(dialog->isVisible() && table->width() > 400 && table->height() > 100);
     EXPECT_EQ(dialog->windowTitle(), "All entries of GainSelector");
     EXPECT_EQ(table->accessibleName(), dialog->windowTitle());
     EXPECT_EQ(dialog->findChild<QLabel*>()->text(),
@@ -336,7 +341,13 @@ TEST_F(ComfortTest, AMatrixReadsEveryEntryAndSetsTheSelectorBack)
     };
     QTest::mouseClick(again, Qt::LeftButton);
     EXPECT_EQ(events, 3);
-    journal.answer = [this](const std::string&) { browser->clearFeatureItems(); };
+    journal.answer = [this](const std::string&) {
+        browser->clearFeatureItems();
+        addSelector("", "GainSelector", { "Red", "Green" });
+    };
+    QTest::mouseClick(again, Qt::LeftButton);
+    EXPECT_EQ(values(), dash + ' ' + dash);
+    browser->clearFeatureItems();
     QTest::mouseClick(again, Qt::LeftButton);
     EXPECT_EQ(values(), dash + ' ' + dash);
     addSelector("", "GainSelector", { "Red", "Green" }, -1);
@@ -402,6 +413,10 @@ TEST_F(ComfortTest, TheTreeLooksTheSameWhenItIsBuiltAnew)
         EXPECT_TRUE(journal.take().empty());
         tree()->expand(row("A1"));
     }
+    scroll->setValue(0);
+    find("A");
+    find("");
+    EXPECT_TRUE(tree()->viewport()->rect().intersects(tree()->visualRect(row("C20"))));
     tree()->setCurrentIndex({});
     browser->clearFeatureItems();
     build(400);
@@ -467,9 +482,14 @@ TEST_F(ComfortTest, WordsAreOfTheDesktopsLanguage)
 TEST_F(ComfortTest, TabGoesThroughTheWindowInReadingOrder)
 {
     QTest::keySequence(window(), QKeySequence::Find);
+    int right = child<QWidget>("filterField")->geometry().right();
     for (const char* next : { "expandButton", "collapseButton", "levelBox", "featureTree",
              "descriptionText", "filterField" }) {
         press(Qt::Key_Tab);
+        if (QApplication::focusWidget()->parentWidget()->inherits("featurebrowser::FilterBar")) {
+            const QRect place = QApplication::focusWidget()->geometry();
+            EXPECT_GT(place.left(), next[0] == 'f' ? -1 : std::exchange(right, place.right()));
+        }
         EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), next);
     }
 }
@@ -484,9 +504,6 @@ TEST_F(ComfortTest, EveryPartSaysWhatItIs)
         EXPECT_EQ(words.toStdString(), row[2].toStdString()) << row.join('|').toStdString();
     }
     EXPECT_EQ(window()->windowTitle(), "Camera features");
-    for (const QLabel* label : window()->findChildren<QLabel*>()) {
-        EXPECT_EQ(label->textFormat(), Qt::PlainText) << "what cameras say is no markup";
-    }
     EXPECT_TRUE(child<QWidget>("descriptionPane")->findChild<QLabel*>()->font().bold());
     EXPECT_FALSE(tree()->header()->sectionsMovable());
     browser.reset(new CameraFeatureBrowser(nullptr));

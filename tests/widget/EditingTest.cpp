@@ -93,8 +93,13 @@ TEST_F(EditingTest, EveryKeyLeavesEveryEditorAsItShould)
             EXPECT_TRUE(QTest::qWaitFor([this] { return tree()->hasFocus(); })) << c.name << key;
         }
     }
+    edit("Width", "abc", Qt::Key_Shift);
+    click("PixelFormat", 0);
+    EXPECT_FALSE(isEditing()) << "what is no number does not hold the user back";
     for (const char* name : { "Width", "ExposureTime", "DeviceUserID", "GevCurrentIPAddress" }) {
         open(name);
+        type("1");
+        EXPECT_EQ(fieldText(), "1") << "what was there is replaced";
         for (const auto& [key, own] : { std::pair(Qt::Key_Escape, true), { Qt::Key_Return, true },
                  { Qt::Key_Enter, true }, { Qt::Key_F4, false } }) {
             QKeyEvent event(QEvent::ShortcutOverride, key, Qt::NoModifier);
@@ -130,7 +135,8 @@ TEST_F(EditingTest, ListsOpenAtOnceAndWriteTheChosenEntry)
     setChoice("PixelFormat", "1", { "A", "B" });
     open("PixelFormat");
     ASSERT_NE(popup(), nullptr);
-    EXPECT_EQ(tree()->findChild<QComboBox*>()->currentIndex(), 1);
+    const auto* list = tree()->findChild<QComboBox*>();
+    EXPECT_TRUE(list->currentIndex() == 1 && list->maxVisibleItems() == 20 && !list->hasFrame());
     press(Qt::Key_Up);
     press(Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([this] { return tree()->hasFocus(); }));
@@ -213,6 +219,10 @@ TEST_F(EditingTest, TheMouseActsOnBoxesAndButtonsOnRelease)
     click("Camera");
     EXPECT_TRUE(tree()->isExpanded(row("Camera"))) << "a category has no value to click";
     click("GevMACAddress");
+    setChoice("ReverseX", "0", { "False" });
+    click("ReverseX", 1, { 10, 0 }); // has nothing to go to
+    tree()->setCurrentIndex({});
+    press(Qt::Key_Return);
     EXPECT_TRUE(journal.take().empty() && !isEditing());
 }
 
@@ -245,6 +255,10 @@ TEST_F(EditingTest, ArrowsStepAFloatAsItsSliderAndWriteNothingBeforeItIsAccepted
         EXPECT_EQ(journal.take().size(), 1U);
         EXPECT_EQ(text(name), row[6].toStdString()) << row.join('|').toStdString();
     }
+    browser->setNumberOfSteps(0); // is one
+    edit("Gain", " 0 ", Qt::Key_Up);
+    press(Qt::Key_Return);
+    EXPECT_EQ(journal.take(), Lines { "Double Gain 8" });
 }
 
 TEST_F(EditingTest, ARowWithoutAValueIsEditedFromNothing)
@@ -378,6 +392,9 @@ TEST_F(EditingTest, ASliderWritesSparselyAndItsLastValueAlways)
     EXPECT_TRUE(written("Double ExposureTime 10000"));
     EXPECT_EQ(journal.lines.size(), 1U);
     EXPECT_TRUE(isEditing());
+    press(Qt::Key_Down);
+    EXPECT_EQ(slider->value(), 399);
+    press(Qt::Key_Up);
     slider->setFocus();
     press(Qt::Key_Left); // in the pause after the first
     EXPECT_EQ(text->text(), "9800");
@@ -416,6 +433,9 @@ TEST_F(EditingTest, TextsAreCountedInBytesAndNeverCut)
     EXPECT_EQ(journal.take(), Lines { "String DeviceUserID \u00E4\u00E4\u00E4\u00E4" });
     browser->addStringFeature(
         "Camera", "Free", "", LEVEL_BEGINNER, 0, false, true, ADDRESS_NONE, SELECTOR_NONE, "");
+    setText("DeviceUserID", "");
+    open("DeviceUserID");
+    EXPECT_EQ(field()->parentWidget()->findChild<QLabel*>()->text(), "0/8");
     open("Free");
     EXPECT_FALSE(field()->parentWidget()->findChild<QLabel*>()->isVisible()) << "no limit";
 }

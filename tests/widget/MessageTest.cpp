@@ -48,6 +48,11 @@ TEST_F(MessageTest, ARejectionStaysAtItsRowUntilTheNextGoodValue)
     EXPECT_NE(message(), "") << "another limit is no answer";
     select("PixelFormat");
     EXPECT_NE(message(), "") << "going on does not take it away";
+    edit("DeviceUserID", "x", Qt::Key_Escape);
+    EXPECT_NE(message(), "") << "this Escape was the editor's";
+    setInteger("Width", 656, 16, 2048);
+    EXPECT_EQ(message(), "") << "another value is";
+    browser->setDefaultValue("Width", 640L, "no");
 
     journal.answer = [this](const std::string&) { setInteger("Width", 32, 16, 64); };
     edit("Width", "32");
@@ -152,6 +157,10 @@ TEST_F(MessageTest, ACalloutStandsBesideItsRowAndLeavesWithIt)
     QTest::keySequence(window(), QKeySequence::Find);
     type("Width");
     EXPECT_EQ(message(), "") << "its row is filtered away";
+    find("");
+    EXPECT_NE(message(), "");
+    browser->clearFeatureItems();
+    EXPECT_EQ(message(), "") << "its row is gone";
 }
 
 } // namespace featurebrowser

@@ -197,6 +197,20 @@ TEST_F(PictureTest, EveryStateOfARowHasItsInks)
             << cases[i].name << " " << i;
     }
     EXPECT_EQ(runs(picture("ExposureTime", 0), inks.at('M')), 3) << "every hit";
+    EXPECT_EQ(inksIn(picture("ReverseX", 0)), "BMT");
+    select("ReverseX");
+    PaintCounter counter;
+    tree()->viewport()->installEventFilter(&counter);
+    search("er")();
+    search("ers")(); // the same row
+    EXPECT_TRUE(QTest::qWaitFor([&] { return counter.count > 0; }));
+    tree()->viewport()->removeEventFilter(&counter);
+    EXPECT_EQ(inksIn(picture("Camera", 0)), "CT");
+    search("e")();
+    EXPECT_FALSE(drawnIn(picture(child<QWidget>("filterField"))).isEmpty());
+    EXPECT_GT(
+        drawnIn(picture("Camera", 0)).width(), tree()->fontMetrics().horizontalAdvance("Camera"))
+        << "bold";
     const auto branches = [this](const char* name) {
         const QRect name0 = tree()->visualRect(row(name));
         const QImage all = tree()->viewport()->grab().toImage();
@@ -290,6 +304,13 @@ TEST_F(PictureTest, TextsStandInOneLineAndAreMirroredInTheirPlaceOnly)
     const QImage button = picture("AcquisitionStart", 1);
     setText("AcquisitionStart", "AB");
     EXPECT_NE(picture("AcquisitionStart", 1), button);
+    setText("AcquisitionStart", "A long caption");
+    const int advance = tree()->fontMetrics().horizontalAdvance("A long caption");
+    EXPECT_GT(drawnIn(picture("AcquisitionStart", 1)).width(), advance);
+    EXPECT_GE(drawnIn(button).width(), 5 * tree()->fontMetrics().height() - 2);
+    EXPECT_GT(drawnIn(picture("ReverseX", 1)).width(),
+        tree()->style()->pixelMetric(QStyle::PM_IndicatorWidth)
+            + tree()->fontMetrics().horizontalAdvance("False"));
     browser->setItemDescription("ExposureTime", "Unit: us");
     // Where the ink begins and ends, from the leading edge.
     const auto extent = [this](const char* name, bool isMirrored) {
@@ -356,7 +377,8 @@ TEST_F(PictureTest, AWrittenValueIsMarkedForAWhile)
 TEST_F(PictureTest, ALineOfValuesShowsHowTheyWent)
 {
     window()->setProperty("pinnedFeatures",
-        QVariant::fromValue(QByteArrayList { "Width", "PixelFormat", "DeviceUserID" }));
+        QVariant::fromValue(
+            QByteArrayList { "Width", "PixelFormat", "DeviceUserID", "ExposureTime" }));
     std::map<QString, QWidget*> lines;
     for (QWidget* part : child<QWidget>("pinStrip")->findChildren<QWidget*>()) {
         lines[part->accessibleName()] = part;
@@ -392,7 +414,9 @@ TEST_F(PictureTest, ALineOfValuesShowsHowTheyWent)
     for (const char* index : { "0", "1", "0" }) {
         setChoice("PixelFormat", index, { "A", "B" });
         setText("DeviceUserID", index);
+        setFloat("ExposureTime", index[0]);
     }
+    EXPECT_GT(drawnIn(picture(lines["Recent values of ExposureTime"])).height(), 8);
     EXPECT_GT(drawnIn(picture(lines["Recent values of PixelFormat"])).height(), 8);
     EXPECT_TRUE(drawnIn(picture(lines["Recent values of DeviceUserID"])).isNull());
 }

@@ -51,6 +51,11 @@ TEST_F(TreeTest, RolesTellAutomationWhatARowHolds)
         EXPECT_EQ(row(name, column).flags().testFlag(Qt::ItemIsEditable), editable) << name;
     }
     EXPECT_TRUE(row("Width").flags().testFlag(Qt::ItemNeverHasChildren));
+    const QAbstractItemModel& model = *tree()->model();
+    EXPECT_FALSE(model.headerData(0, Qt::Vertical).isValid());
+    for (const auto& [at, column] : { std::pair(-1, 0), { 1, 0 }, { 0, -1 }, { 0, 2 } }) {
+        EXPECT_FALSE(model.index(at, column).isValid()) << at << column;
+    }
     browser->modifyFeature("DeviceUserID", "x", CAM_TYPE_READ_ONLY_STRING, {}, true, true);
     EXPECT_EQ(role("DeviceUserID", "kind"), QVariant("readonly-string"));
     setText("DeviceUserID", "x");
@@ -106,6 +111,8 @@ TEST_F(TreeTest, AnUpdateIsToldOnceAndOnlyWhenItChangesSomething)
 
 TEST_F(TreeTest, NamesComeTwiceAreUnknownOrOdd)
 {
+    browser->addIntFeature("", "Width", 5, 0, 9, 1, LEVEL_GURU, true, false, SELECTOR_NONE, "");
+    EXPECT_EQ(text("Width"), noValue);
     const std::string odd = "\xFF%1<b>\xC3";
     browser->addCategory("Camera", LEVEL_BEGINNER);
     for (const char* name : { "Width", "Camera" }) {
@@ -169,7 +176,7 @@ TEST_F(TreeTest, UserSelectionIsToldAndItsDescriptionShown)
     ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
     const auto* description = child<QPlainTextEdit>("descriptionText");
     const auto* title = child<QWidget>("descriptionPane")->findChild<QLabel*>();
-    EXPECT_TRUE(journal.take().empty()) << "showing selects nothing";
+    EXPECT_TRUE(journal.take().empty() && tree()->hasFocus()) << "showing selects nothing";
     click("Width", 0);
     press(Qt::Key_Down);
     EXPECT_EQ(journal.take(), (Lines { "Selection Width", "Selection ExposureTime" }));
@@ -180,6 +187,9 @@ TEST_F(TreeTest, UserSelectionIsToldAndItsDescriptionShown)
     browser->setItemDescription("PixelFormat", "about others");
     EXPECT_EQ(description->toPlainText(), "<b>plain</b>\ntext");
     EXPECT_EQ(title->text(), "ExposureTime");
+    child<QPlainTextEdit>("descriptionText")->selectAll();
+    browser->setItemDescription("ExposureTime", "<b>plain</b>\ntext");
+    EXPECT_TRUE(description->textCursor().hasSelection()) << "the same text is left alone";
     browser->setItemDescription("PixelFormat", "");
     for (const auto& [name, words] : std::map<const char*, const char*> {
              { "Camera", "" }, { "PixelFormat", "The camera does not describe this feature" } }) {
@@ -217,9 +227,11 @@ TEST_F(TreeTest, SizesAndColumnsAreTheApplications)
     EXPECT_EQ(tree()->columnWidth(0), 180);
     EXPECT_EQ(tree()->columnWidth(1), 130);
     EXPECT_EQ(window()->size(), QSize(500, 400));
+    child<QWidget>("filterField")->setFocus();
     browser->hideDialog();
     EXPECT_FALSE(browser->isVisible());
     browser->showDialog();
+    EXPECT_EQ(window()->focusWidget(), child<QWidget>("filterField"));
     EXPECT_TRUE(browser->isVisible() && window()->windowType() == Qt::Window);
     EXPECT_TRUE(journal.take().empty());
 
