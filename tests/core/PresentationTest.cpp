@@ -1,13 +1,11 @@
 #include "CoreFixture.h"
 
+#include <fstream>
 #include <stdexcept>
 #include <vector>
 
 namespace featurebrowser {
 namespace {
-
-constexpr std::uint16_t address = REPRESENTATION_ADDRESS;
-constexpr std::uint16_t ipv4 = REPRESENTATION_IPV4;
 
 /// One record, the line that adds it to the tree and the line that updates it.
 struct PresentationCase {
@@ -37,69 +35,29 @@ Item makeRecord(const PresentationCase& c)
     return item;
 }
 
-const std::string nul("\0", 1);
-
-const std::vector<PresentationCase> presentationCases = {
-    { 1, 0, "Reserved", "1", "", "" },
-    { 9, 0, "Unknown", "1", "", "" },
-    { 255, 0, "Unknown", "1", "", "" },
-    // Plain integers: leading digits when added, strict when updated.
-    { 2, 0, "Width", "42", "Int(#, 42, ~, 2, @$", "Integer(#, 42, ~, @)" },
-    { 2, 0, "Width", "", "Int(#, 0, ~, 2, @$", "Integer(#, 0, ~, @)" },
-    { 2, 0, "Width", "abc", "Int(#, 0, ~, 2, @$", "Integer(#, 9223372036854775807, ~, @)" },
-    { 2, 0, "Width", "  012abc", "Int(#, 12, ~, 2, @$", "Integer(#, 12, ~, @)" },
-    { 2, 5, "Width", "-9223372036854775808", "Int(#, -9223372036854775808, ~, 2, @$",
-        "Integer(#, -9223372036854775808, ~, @)" },
-    { 2, 0, "Width", "99999999999999999999", "Int(#, 9223372036854775807, ~, 2, @$",
-        "out of range: stoll" },
-    // Integers shown as addresses; the case of the name's parts counts.
-    { 2, address, "WidthmacgeV", "7", "Int(#, 7, ~, 2, @$", "Integer(#, 7, ~, @)" },
-    { 2, 5, "GevMAC", "7", "Int(#, 7, ~, 2, @$", "Integer(#, 7, ~, @)" },
-    { 2, address, "GevMACAddress", "258x", R"(String(#, "mac 258", 2, 0, @, 2$)",
-        R"(Text(#, "mac 258", 3, [], @))" },
-    { 2, address, "DeviceMAC", "0", R"(String(#, "mac 0", 2, 0, @, 2$)",
-        R"(Text(#, "mac 0", 3, [], @))" },
-    { 2, address, "DeviceMAC", "", "", "" },
-    { 2, address, "DeviceMAC", "x", "invalid: stoll", "invalid: stoll" },
-    { 2, address, "DeviceMAC", "9223372036854775808", "out of range: stoll",
-        "out of range: stoll" },
-    { 2, address, "MyGevIP", "3232235777", R"(String(#, "192.168.1.1", 2, 0, @, 1$)",
-        R"(Text(#, "192.168.1.1", 3, [], @))" },
-    { 2, address, "MyGevIP", "", R"(String(#, "", 2, 0, @, 1$)", R"(Text(#, "", 3, [], @))" },
-    { 2, ipv4, "MAC", "0", R"(String(#, "0.0.0.0", 2, 0, @, 1$)",
-        R"(Text(#, "0.0.0.0", 3, [], @))" },
-    { 2, ipv4, "Mask", "", R"(String(#, "", 2, 0, @, 1$)", R"(Text(#, "", 3, [], @))" },
-    { 2, ipv4, "Mask", "4294967297", R"(String(#, "0.0.0.1", 2, 0, @, 1$)",
-        R"(Text(#, "0.0.0.1", 3, [], @))" },
-    { 2, ipv4, "Mask", "-1", R"(String(#, "255.255.255.255", 2, 0, @, 1$)",
-        R"(Text(#, "255.255.255.255", 3, [], @))" },
-    { 2, ipv4, "Mask", " 10abc", R"(String(#, "0.0.0.10", 2, 0, @, 1$)",
-        R"(Text(#, "0.0.0.10", 3, [], @))" },
-    { 2, ipv4, "Mask", "x", "invalid: stoul", "invalid: stoul" },
-    { 2, ipv4, "Mask", "18446744073709551616", "out of range: stoul", "out of range: stoul" },
-    // Floats: the whole name decides about the slider.
-    { 3, 0, "ExposureTime", "2.5mm", "Double(#, 2.5, ~, 2, 1, @$", "Double(#, 2.5, ~, @)" },
-    { 3, 0, "exposureTime", "", "Double(#, 0, ~, 2, 0, @$", "Double(#, 0, ~, @)" },
-    { 3, 0, "ExposureTimeAbs", "x", "Double(#, 0, ~, 2, 0, @$", "Double(#, 0, ~, @)" },
-    // Texts: up to the first NUL when added, whole when updated.
-    { 4, 0, "ID", "one" + nul + "two", R"(String(#, "one", 2, 32, @, 0$)",
-        R"(Text(#, "one\0two", 3, [], @))" },
-    { 8, 0, "Model", "100%", R"(String(#, "100%", 2, 32, @, 0$)", R"(Text(#, "100%", 9, [], @))" },
-    { 5, 0, "Mode", "12", R"(Enum(#, 12, ["a" "b" "a"], 2, false, false, true$)",
-        R"(Text(#, "12", 6, ["a" "b" "a"], @))" },
-    { 5, 0, "Mode", " -x", R"(Enum(#, 0, ["a" "b" "a"], 2, false, false, true$)",
-        R"(Text(#, " -x", 6, ["a" "b" "a"], @))" },
-    { 5, 0, "Mode", "4294967297", R"(Enum(#, 2147483647, ["a" "b" "a"], 2, false, false, true$)",
-        R"(Text(#, "4294967297", 6, ["a" "b" "a"], @))" },
-    { 6, 0, "Run", "Go" + nul, R"(Command(#, "Go\0", 2, @$)", R"(Text(#, "Go\0", 7, [], @))" },
-    { 7, 0, "Flag", "1", R"(Enum(#, 1, ["a" "b" "a"], 2, false, true, true$)",
-        R"(Text(#, "1", 8, ["a" "b" "a"], @))" },
-};
-
 std::string replaced(std::string text, const std::string& what, const std::string& by)
 {
     const auto at = text.find(what);
     return at == std::string::npos ? text : text.replace(at, what.size(), by);
+}
+
+std::vector<PresentationCase> presentationCases()
+{
+    std::vector<PresentationCase> cases;
+    std::ifstream file(RECORDS);
+    for (std::string line; std::getline(file, line);) {
+        if (line.empty() || line[0] == '#') {
+            continue;
+        }
+        std::vector<std::string> columns;
+        for (line += " | "; !line.empty(); line.erase(0, line.find(" | ") + 3)) {
+            const std::string column = line.substr(0, line.find(" | "));
+            columns.push_back(column == "-" ? "" : column);
+        }
+        cases.push_back({ std::stoi(columns.at(0)), std::stoi(columns.at(1)), columns.at(2),
+            replaced(columns.at(3), "\\0", std::string("\0", 1)), columns.at(4), columns.at(5) });
+    }
+    return cases;
 }
 
 /// The whole journal line of a pattern: # stands for category and name, ~ for the limits, @ for the
@@ -134,7 +92,9 @@ template <class Act> std::string outcome(Act act)
 TEST_F(CoreTest, EveryKindOfRecordIsAddedAndUpdatedAsItIsShown)
 {
     m_script.selectorState = SELECTOR_BOTH;
-    for (const PresentationCase& c : presentationCases) {
+    const std::vector<PresentationCase> cases = presentationCases();
+    EXPECT_EQ(cases.size(), 35U);
+    for (const PresentationCase& c : cases) {
         SCOPED_TRACE(std::to_string(c.type) + " " + c.name + " '" + c.valueText + "'");
         const Item item = makeRecord(c);
         m_script.features = { makeItem(FEATURE_CATEGORY, "Cat", ""), item };

@@ -8,7 +8,7 @@ TEST(Command, RunsAtTheKeyOrAClickAndShowsTheWholeCameraAnew)
 {
     Browser b;
     const auto executed = [](const std::string& name) {
-        return Lines { "Error 0 Executed Command [" + name + "]", "AllConfigChanged" };
+        return Lines { "Error 0 Executed Command [" + name + "]", "AllConfig" };
     };
     const long before = b.integer("TriggerCount");
     b.choose("TriggerMode", "On");
@@ -43,7 +43,7 @@ TEST(Command, RunsAtTheKeyOrAClickAndShowsTheWholeCameraAnew)
     EXPECT_NE(heard[0].find(" Command [UserSetSave] failed! - error: "), std::string::npos)
         << heard[0];
     EXPECT_NE(heard[0].rfind("Error 0", 0), 0U);
-    EXPECT_EQ(heard[1], "AllConfigChanged");
+    EXPECT_EQ(heard[1], "AllConfig");
 }
 
 // With a receiver the application starts the acquisition, without one the browser does; either way

@@ -389,7 +389,6 @@ TEST_F(ComfortTest, TheTreeLooksTheSameWhenItIsBuiltAnew)
     addInteger("A1", "Below", 1);
     EXPECT_TRUE(tree()->isExpanded(row("A")) && !tree()->isExpanded(row("A1")))
         << "the first level is open";
-    tree()->expand(row("A1"));
     tree()->collapse(row("B"));
     tree()->setCurrentIndex(row("C20", 0));
     browser->setItemDescription("C20", "about");
@@ -399,19 +398,19 @@ TEST_F(ComfortTest, TheTreeLooksTheSameWhenItIsBuiltAnew)
     EXPECT_GT(scrolled, 0);
     journal.hearsSelection = true;
     for (int times = 0; times < 2; ++times) {
+        tree()->setExpanded(row("A1"), times == 0);
         journal.take();
         browser->clearFeatureItems();
         browser->clearFeatureItems(); // emptied twice: what it looked like before still holds
         build(40);
         QApplication::processEvents();
         EXPECT_TRUE(tree()->isExpanded(row("A")) && !tree()->isExpanded(row("B")));
-        EXPECT_TRUE(tree()->isExpanded(row("A1")));
+        EXPECT_EQ(tree()->isExpanded(row("A1")), times == 0);
         EXPECT_EQ(tree()->currentIndex(), row("C20", 0));
         EXPECT_EQ(scroll->value(), scrolled);
         EXPECT_EQ(role("C20", "description"), QVariant("about"));
         EXPECT_EQ(child<QPlainTextEdit>("descriptionText")->toPlainText(), "about");
         EXPECT_TRUE(journal.take().empty());
-        tree()->expand(row("A1"));
     }
     scroll->setValue(0);
     find("A");

@@ -396,7 +396,7 @@ TEST_F(EditingTest, ASliderWritesSparselyAndItsLastValueAlways)
     EXPECT_EQ(slider->value(), 399);
     press(Qt::Key_Up);
     slider->setFocus();
-    press(Qt::Key_Left); // in the pause after the first
+    press(Qt::Key_Down); // in the pause after the first
     EXPECT_EQ(text->text(), "9800");
     EXPECT_EQ(journal.take().size(), 1U);
     EXPECT_TRUE(written("Double ExposureTime 9800"));

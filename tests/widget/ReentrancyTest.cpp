@@ -15,46 +15,43 @@ protected:
 
 } // namespace
 
-TEST_F(ReentrancyTest, AHandlerMayEmptyAndRefillTheTree)
+TEST_F(ReentrancyTest, AHandlerMayRefillTheTreeShowABoxOrEditTheRow)
 {
-    journal.answer = [this](const std::string&) {
-        browser->clearFeatureItems();
-        addInteger("", "Width");
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    struct Case {
+        std::function<void(const std::string&)> answer;
+        Qt::Key key;
+        Lines events;
+        const char* value;
     };
-    edit("Width", "32", Qt::Key_Tab);
-    EXPECT_EQ(journal.take(), Lines { "Int Width 32" });
-    EXPECT_EQ(text("Width"), "1");
-}
-
-TEST_F(ReentrancyTest, AMessageBoxInAHandlerCausesNoSecondEvent)
-{
-    journal.answer = [this](const std::string&) {
-        QDialog box;
-        QTimer timer;
-        QObject::connect(&timer, &QTimer::timeout, &box, [this, &box] {
-            setInteger("Width", 64);
-            box.accept();
-        });
-        timer.start(50);
-        box.exec();
-    };
-    edit("Width", "64");
-    EXPECT_EQ(journal.take(), Lines { "Int Width 64" });
-    EXPECT_EQ(text("Width"), "64");
-}
-
-TEST_F(ReentrancyTest, ARowCanBeEditedWhileItsEventIsHandled)
-{
-    journal.answer = [this](const std::string& line) {
-        if (line == "Int Width 32") {
-            edit("Width", "48");
-        }
-        setInteger("Width", 48);
-    };
-    edit("Width", "32");
-    EXPECT_EQ(journal.take(), (Lines { "Int Width 32", "Int Width 48" }));
-    EXPECT_EQ(text("Width"), "48");
+    const Case refills { [this](const std::string&) {
+                            setFloat("ExposureTime", 7);
+                            browser->clearFeatureItems();
+                            addInteger("", "Width");
+                            QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                        },
+        Qt::Key_Tab, { "Int Width 32" }, "1" };
+    const Case showsABox { [this](const std::string&) {
+                              QDialog box;
+                              QTimer::singleShot(0, &box, [this, &box] {
+                                  setInteger("Width", 64);
+                                  box.accept();
+                              });
+                              box.exec();
+                          },
+        Qt::Key_Return, { "Int Width 32" }, "64" };
+    const Case edits { [this](const std::string& line) {
+                          if (line == "Int Width 32") {
+                              edit("Width", "48");
+                          }
+                          setInteger("Width", 48);
+                      },
+        Qt::Key_Return, { "Int Width 32", "Int Width 48" }, "48" };
+    for (const Case& c : { showsABox, edits, refills }) {
+        journal.answer = c.answer;
+        edit("Width", "32", c.key);
+        EXPECT_EQ(journal.take(), c.events);
+        EXPECT_EQ(text("Width"), c.value);
+    }
 }
 
 TEST_F(ReentrancyTest, AHandlerMayEmptyTheTreeBeforeTheNextRowIsEdited)

@@ -1,6 +1,6 @@
 // Takes the pictures of docs/: `screenshots FOLDER`. Shows the browser in the middle of its work,
 // on a light and on a dark palette.
-#include "Browser.h"
+#include "../tests/system/Browser.h"
 
 #include <QApplication>
 #include <QDir>
