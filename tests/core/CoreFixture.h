@@ -10,12 +10,14 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <sstream>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace featurebrowser {
 
@@ -34,6 +36,36 @@ inline Item makeItem(FEATURE_TYPE type, const std::string& name, const std::stri
     item->displayFlag = 1;
     item->depth = depth.value_or(type == FEATURE_CATEGORY ? 0 : 1);
     return item;
+}
+
+/// `text` with `by` for the first `what`.
+inline std::string replaced(std::string text, const std::string& what, const std::string& by)
+{
+    const auto at = text.find(what);
+    return at == std::string::npos ? text : text.replace(at, what.size(), by);
+}
+
+using Columns = std::vector<std::string>;
+
+/// The rows of Tables.txt below a heading; - is an empty column.
+inline std::vector<Columns> table(const std::string& heading)
+{
+    std::vector<Columns> rows;
+    std::ifstream file(TABLES);
+    bool isHere = false;
+    for (std::string line; std::getline(file, line);) {
+        isHere = line.rfind("== ", 0) == 0 ? line.rfind("== " + heading, 0) == 0 : isHere;
+        if (!isHere || line.find(" | ") == std::string::npos || line[0] == '=') {
+            continue;
+        }
+        rows.emplace_back();
+        for (line += " | "; !line.empty(); line.erase(0, line.find(" | ") + 3)) {
+            const std::string column = line.substr(0, line.find(" | "));
+            rows.back().push_back(column == "-" ? "" : column);
+        }
+    }
+    EXPECT_FALSE(rows.empty()) << heading;
+    return rows;
 }
 
 class CoreTest : public ::testing::Test {

@@ -1,6 +1,5 @@
 #include "CoreFixture.h"
 
-#include <fstream>
 #include <stdexcept>
 #include <vector>
 
@@ -35,31 +34,6 @@ Item makeRecord(const PresentationCase& c)
     return item;
 }
 
-std::string replaced(std::string text, const std::string& what, const std::string& by)
-{
-    const auto at = text.find(what);
-    return at == std::string::npos ? text : text.replace(at, what.size(), by);
-}
-
-std::vector<PresentationCase> presentationCases()
-{
-    std::vector<PresentationCase> cases;
-    std::ifstream file(RECORDS);
-    for (std::string line; std::getline(file, line);) {
-        if (line.empty() || line[0] == '#') {
-            continue;
-        }
-        std::vector<std::string> columns;
-        for (line += " | "; !line.empty(); line.erase(0, line.find(" | ") + 3)) {
-            const std::string column = line.substr(0, line.find(" | "));
-            columns.push_back(column == "-" ? "" : column);
-        }
-        cases.push_back({ std::stoi(columns.at(0)), std::stoi(columns.at(1)), columns.at(2),
-            replaced(columns.at(3), "\\0", std::string("\0", 1)), columns.at(4), columns.at(5) });
-    }
-    return cases;
-}
-
 /// The whole journal line of a pattern: # stands for category and name, ~ for the limits, @ for the
 /// flags, $ for the selector's role and text. Patterns without arguments stay as they are.
 std::string expand(std::string pattern, bool adding, const PresentationCase& c)
@@ -92,9 +66,9 @@ template <class Act> std::string outcome(Act act)
 TEST_F(CoreTest, EveryKindOfRecordIsAddedAndUpdatedAsItIsShown)
 {
     m_script.selectorState = SELECTOR_BOTH;
-    const std::vector<PresentationCase> cases = presentationCases();
-    EXPECT_EQ(cases.size(), 35U);
-    for (const PresentationCase& c : cases) {
+    for (const Columns& row : table("records")) {
+        const PresentationCase c { std::stoi(row.at(0)), std::stoi(row.at(1)), row.at(2),
+            replaced(row.at(3), "\\0", std::string("\0", 1)), row.at(4), row.at(5) };
         SCOPED_TRACE(std::to_string(c.type) + " " + c.name + " '" + c.valueText + "'");
         const Item item = makeRecord(c);
         m_script.features = { makeItem(FEATURE_CATEGORY, "Cat", ""), item };
@@ -144,39 +118,19 @@ TEST_F(CoreTest, CategoriesNestByDepthAndFeaturesStandInTheInnermostOne)
     EXPECT_EQ(linesWith("widget.add", text), tree + tree);
 }
 
-struct ReadOnlyCase {
-    FEATURE_TYPE type;
-    std::uint16_t accessMode;
-    std::uint8_t lockedFlag;
-    bool readOnly;
-    std::int32_t intWritable;
-};
-
-const std::vector<ReadOnlyCase> readOnlyCases = {
-    { FEATURE_INTEGER, ACCESS_READ_WRITE, 0, false, 1 },
-    { FEATURE_INTEGER, ACCESS_READ_WRITE, 0, true, 0 },
-    { FEATURE_FLOAT, ACCESS_READ_WRITE, 0, false, 0 },
-    { FEATURE_STRING, ACCESS_READ_WRITE, 2, false, 0 },
-    { FEATURE_STRING, ACCESS_READ_WRITE, 1, true, 1 },
-    { FEATURE_FLOAT, 0, 0, true, 1 },
-    { FEATURE_INTEGER, 0x524F, 0, true, 1 },
-    { FEATURE_FLOAT, 0x4F52, 0, false, 1 },
-    { FEATURE_READ_ONLY_STRING, ACCESS_READ_WRITE, 0, true, 1 },
-};
-
 TEST_F(CoreTest, ReadOnlyRuleIsTheSameWhenAddedAndWhenUpdated)
 {
-    for (const ReadOnlyCase& c : readOnlyCases) {
-        const Item item = makeItem(c.type, "F", "1");
-        item->accessMode = c.accessMode;
-        item->lockedFlag = c.lockedFlag;
-        item->intWritable = c.intWritable;
+    for (const Columns& row : table("read-only")) {
+        const Item item = makeItem(static_cast<FEATURE_TYPE>(std::stoi(row.at(0))), "F", "1");
+        item->accessMode = static_cast<std::uint16_t>(std::stoi(row.at(1), nullptr, 16));
+        item->lockedFlag = static_cast<std::uint8_t>(std::stoi(row.at(2)));
+        item->intWritable = std::stoi(row.at(3));
         item->displayFlag = 2; // not 1: not set
         m_script.features = { makeItem(FEATURE_CATEGORY, "Cat", ""), item };
-        const std::string text = linesWith(c.readOnly ? "true, false" : "false, false",
+        const std::string text = linesWith(row.at(4) + ", false",
             journalOf([](auto& browser, auto&) { browser.LoadFeatureBrowser(); }));
-        EXPECT_NE(text.find("widget.add"), std::string::npos) << c.type << ' ' << c.accessMode;
-        EXPECT_NE(text.find("widget.modify"), std::string::npos) << c.type << ' ' << c.accessMode;
+        EXPECT_NE(text.find("widget.add"), std::string::npos) << row.at(0) << ' ' << row.at(1);
+        EXPECT_NE(text.find("widget.modify"), std::string::npos) << row.at(0) << ' ' << row.at(1);
     }
 }
 
