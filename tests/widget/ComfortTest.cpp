@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QGuiApplication>
@@ -36,7 +37,9 @@ protected:
     /// The menu's words; chooses `words` in it.
     QString choose(const std::string& name, const QString& words = {}) const
     {
-        Q_EMIT tree()->customContextMenuRequested(tree()->visualRect(row(name)).center());
+        const QPoint at = tree()->visualRect(row(name)).center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, tree()->viewport()->mapToGlobal(at));
+        QApplication::sendEvent(tree()->viewport(), &event);
         auto* menu = child<QMenu>("rowMenu");
         EXPECT_TRUE(menu->isVisible());
         QStringList all;

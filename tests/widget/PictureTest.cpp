@@ -13,6 +13,17 @@ class PaintCounter : public QObject {
 public:
     int count = 0;
     QRegion region;
+
+    /// Whether nothing is painted any more, in the end.
+    bool rests() const
+    {
+        return QTest::qWaitFor(
+            [this, before = -1]() mutable {
+                QTest::qWait(120);
+                return std::exchange(before, count) == count;
+            },
+            20000);
+    }
     bool eventFilter(QObject*, QEvent* event) override
     {
         if (event->type() == QEvent::Paint) {
@@ -185,7 +196,9 @@ TEST_F(PictureTest, EveryStateOfARowHasItsInks)
     select("ExposureTime");
     EXPECT_EQ(branches("Camera")[0], 'C');
     EXPECT_EQ(branches("ExposureTime"), "B");
-    EXPECT_EQ(inksIn(picture(child<QWidget>("messageCallout"))), "TWw");
+    const QImage callout = picture(child<QWidget>("messageCallout"));
+    EXPECT_EQ(inksIn(callout), "TWw");
+    EXPECT_EQ(callout.pixel(0, callout.height() / 2), inks.at('W').rgb()) << "its frame";
     EXPECT_NE(picture("PixelFormat", 0), picture("Width", 0));
 }
 
@@ -325,15 +338,22 @@ TEST_F(PictureTest, AWrittenValueIsMarkedForAWhile)
     EXPECT_TRUE(QTest::qWaitFor([&] { return counter.count > 3; }, 20000)) << "it fades";
     tree()->viewport()->removeEventFilter(&counter);
     EXPECT_TRUE(QTest::qWaitFor([&] { return picture("Width", 0) == plain; }, 20000));
-    QApplication::processEvents();
     tree()->viewport()->installEventFilter(&counter);
+    EXPECT_TRUE(counter.rests()) << "in the end";
+}
+
+TEST_F(PictureTest, AnUpdatePaintsItsRowOnly)
+{
+    PaintCounter counter;
+    tree()->viewport()->installEventFilter(&counter);
+    EXPECT_TRUE(counter.rests());
+    counter.count = 0;
     counter.region = {};
     const QRect changed = tree()->visualRect(row("ReverseX"));
     setChoice("ReverseX", "1", { "A", "B" });
-    QApplication::processEvents();
-    const QRect painted = counter.region.boundingRect();
-    EXPECT_EQ(painted, QRect(0, changed.top(), tree()->viewport()->width(), changed.height()))
-        << "an update paints its row only";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return counter.count > 0; }));
+    EXPECT_EQ(counter.region.boundingRect(),
+        QRect(0, changed.top(), tree()->viewport()->width(), changed.height()));
 }
 
 TEST_F(PictureTest, ALineOfValuesShowsHowTheyWent)
