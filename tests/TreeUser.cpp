@@ -1,6 +1,7 @@
 #include "TreeUser.h"
 
 #include <QApplication>
+#include <QLabel>
 
 #include <stdexcept>
 
@@ -20,6 +21,13 @@ QVariant TreeUser::role(const std::string& name, const char* roleName) const
 std::string TreeUser::text(const std::string& name) const
 {
     return role(name, "value").toString().toStdString();
+}
+
+std::string TreeUser::message() const
+{
+    QApplication::processEvents();
+    const auto* label = child<QLabel>("messageText");
+    return label->isVisible() ? label->text().toStdString() : std::string();
 }
 
 void TreeUser::select(const std::string& name) const

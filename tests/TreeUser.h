@@ -19,6 +19,7 @@ public:
     QModelIndex row(const std::string& name, int column = 0) const;
     QVariant role(const std::string& name, const char* roleName) const;
     std::string text(const std::string& name) const;
+    std::string message() const; ///< of the callout; empty when none is to be seen
 
     void select(const std::string& name) const;
     static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});

@@ -6,21 +6,15 @@
 namespace featurebrowser {
 namespace {
 
-/// One record, the line that adds it to the tree and the line that updates it.
-struct PresentationCase {
-    int type;
-    int representation;
-    std::string name;
-    std::string valueText;
-    std::string added;
-    std::string updated;
-};
+/// A record, the line that adds it to the tree and the line that updates it, by their columns.
+enum Column { typeOf, representationOf, nameOf, valueTextOf, addedBy, updatedBy };
 
-Item makeRecord(const PresentationCase& c)
+Item makeRecord(const Columns& c)
 {
-    Item item = makeItem(FEATURE_INTEGER, c.name, c.valueText);
-    item->type = static_cast<std::uint8_t>(c.type);
-    item->representation = static_cast<std::uint16_t>(c.representation);
+    Item item = makeItem(
+        FEATURE_INTEGER, c.at(nameOf), replaced(c.at(valueTextOf), "\\0", std::string("\0", 1)));
+    item->type = static_cast<std::uint8_t>(std::stoi(c.at(typeOf)));
+    item->representation = static_cast<std::uint16_t>(std::stoi(c.at(representationOf)));
     item->level = LEVEL_EXPERT;
     item->intMin = -5;
     item->intMax = 1L << 40;
@@ -36,17 +30,16 @@ Item makeRecord(const PresentationCase& c)
 
 /// The whole journal line of a pattern: # stands for category and name, ~ for the limits, @ for the
 /// flags, $ for the selector's role and text. Patterns without arguments stay as they are.
-std::string expand(std::string pattern, bool adding, const PresentationCase& c)
+std::string expand(std::string pattern, bool adding, const Columns& c)
 {
     if (pattern.find('#') == std::string::npos) {
         return pattern;
     }
-    const std::string name = '"' + c.name + '"';
+    const std::string name = '"' + c.at(nameOf) + '"';
     pattern = replaced(
-        pattern, "~", c.type == FEATURE_FLOAT ? "0.5, 9.5, 0.25" : "-5, 1099511627776, 4000000000");
+        pattern, "~", c.at(typeOf) == "3" ? "0.5, 9.5, 0.25" : "-5, 1099511627776, 4000000000");
     pattern = replaced(pattern, "(#", adding ? "Feature(\"Cat\", " + name : '(' + name);
-    pattern
-        = replaced(pattern, "@", c.type == FEATURE_READ_ONLY_STRING ? "true, true" : "false, true");
+    pattern = replaced(pattern, "@", c.at(typeOf) == "8" ? "true, true" : "false, true");
     return (adding ? "widget.add" : "widget.modify") + replaced(pattern, "$", R"(, 3, "Sel"))")
         + '\n';
 }
@@ -66,10 +59,8 @@ template <class Act> std::string outcome(Act act)
 TEST_F(CoreTest, EveryKindOfRecordIsAddedAndUpdatedAsItIsShown)
 {
     m_script.selectorState = SELECTOR_BOTH;
-    for (const Columns& row : table("records")) {
-        const PresentationCase c { std::stoi(row.at(0)), std::stoi(row.at(1)), row.at(2),
-            replaced(row.at(3), "\\0", std::string("\0", 1)), row.at(4), row.at(5) };
-        SCOPED_TRACE(std::to_string(c.type) + " " + c.name + " '" + c.valueText + "'");
+    for (const Columns& c : table("records")) {
+        SCOPED_TRACE(c.at(typeOf) + " " + c.at(nameOf) + " '" + c.at(valueTextOf) + "'");
         const Item item = makeRecord(c);
         m_script.features = { makeItem(FEATURE_CATEGORY, "Cat", ""), item };
         m_script.onRead = [](auto&) { return false; }; // nothing may be updated then
@@ -77,13 +68,13 @@ TEST_F(CoreTest, EveryKindOfRecordIsAddedAndUpdatedAsItIsShown)
             return linesWith(R"("Cat", ")",
                 journalOf([&](auto& browser, auto&) { browser.LoadFeatureBrowser(); }));
         });
-        EXPECT_EQ(added, expand(c.added, true, c));
+        EXPECT_EQ(added, expand(c.at(addedBy), true, c));
         m_script.onRead = [](auto&) { return true; };
         const std::string updated = outcome([&] {
             return linesWith("widget.",
-                journalOf([&](auto& browser, auto&) { browser.RefreshFeature(c.name); }));
+                journalOf([&](auto& browser, auto&) { browser.RefreshFeature(c.at(nameOf)); }));
         });
-        EXPECT_EQ(updated, expand(c.updated, false, c));
+        EXPECT_EQ(updated, expand(c.at(updatedBy), false, c));
     }
 }
 

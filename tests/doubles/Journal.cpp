@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <map>
 
 namespace doubles {
 
@@ -15,19 +16,10 @@ void append(std::string& line, const std::string& text)
 {
     line += '"';
     for (const char c : text) {
-        switch (c) {
-        case '\n':
-            line += "\\n";
-            break;
-        case '\r':
-            line += "\\r";
-            break;
-        case '\0':
-            line += "\\0";
-            break;
-        default:
-            line += c;
-        }
+        static const std::map<char, const char*> escapes { { '\n', "\\n" }, { '\r', "\\r" },
+            { '\0', "\\0" } };
+        const auto escape = escapes.find(c);
+        line += escape == escapes.end() ? std::string(1, c) : escape->second;
     }
     line += '"';
 }

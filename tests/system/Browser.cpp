@@ -2,9 +2,6 @@
 
 #include "featurebrowser/ZQCameraRepository.h"
 
-#include <QApplication>
-#include <QLabel>
-
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -31,13 +28,6 @@ Browser::Browser(bool hasReceiver)
 }
 
 Browser::~Browser() = default;
-
-std::string Browser::message() const
-{
-    QApplication::processEvents();
-    const auto* label = child<QLabel>("messageText");
-    return label->isVisible() ? label->text().toStdString() : std::string();
-}
 
 long Browser::integer(const char* name)
 {

@@ -23,8 +23,6 @@ public:
     QWidget* window() const override { return m_browser->GetWidget(); }
 
     bool isReadOnly(const char* name) const { return role(name, "readOnly").toBool(); }
-    /// The message at a row; empty when none is to be seen.
-    std::string message() const;
 
     /// The camera's own values, past the browser.
     long integer(const char* name);

@@ -3,7 +3,6 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QFile>
-#include <QLabel>
 
 namespace featurebrowser {
 
@@ -102,13 +101,6 @@ void WidgetTest::setChoice(
 void WidgetTest::setStates(std::map<std::string, FEATURE_STATE> states) const
 {
     browser->modifyFeatureStates(states);
-}
-
-std::string WidgetTest::message() const
-{
-    QApplication::processEvents();
-    const auto* label = child<QLabel>("messageText");
-    return label->isVisible() ? label->text().toStdString() : std::string();
 }
 
 std::string WidgetTest::said(const std::string& name, int role) const

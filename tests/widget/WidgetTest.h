@@ -32,7 +32,6 @@ protected:
     void setChoice(const std::string& name, const char* index, std::list<std::string> entries,
         bool readOnly = false) const;
     void setStates(std::map<std::string, FEATURE_STATE> states) const;
-    std::string message() const; ///< of the callout; empty when none is to be seen
     std::string said(const std::string& name, int role = Qt::ToolTipRole) const;
     bool isShown(const std::string& name) const;
     void find(const char* what) const; ///< in the field for it
