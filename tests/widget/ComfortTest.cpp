@@ -204,6 +204,8 @@ TEST_F(ComfortTest, MenuCopiesAndCollapses)
     for (const QStringList& menu : table("menus")) {
         EXPECT_EQ(choose(menu[0].toStdString()).toStdString(), menu[1].toStdString());
     }
+    setChoice("GainSelector", "1", { "Red", "Green" }, true);
+    EXPECT_FALSE(choose("GainSelector").contains(showEntries)) << "it cannot be switched";
     Q_EMIT tree()->customContextMenuRequested({ 5, tree()->viewport()->height() - 2 });
     EXPECT_EQ(child<QMenu>("rowMenu"), nullptr) << "no row there";
     find("ain");

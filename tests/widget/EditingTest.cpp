@@ -385,6 +385,8 @@ TEST_F(EditingTest, ASliderWritesSparselyAndItsLastValueAlways)
     slider = text->parentWidget()->findChild<QSlider*>();
     ASSERT_TRUE(slider != nullptr && slider->isVisible());
     EXPECT_EQ(slider->accessibleName(), "Slider of ExposureTime");
+    QApplication::processEvents();
+    EXPECT_GT(slider->x(), text->geometry().right());
     EXPECT_EQ(slider->minimum(), 0);
     EXPECT_EQ(slider->maximum(), 600);
     EXPECT_EQ(slider->pageStep(), 60);

@@ -187,6 +187,8 @@ TEST_F(TreeTest, UserSelectionIsToldAndItsDescriptionShown)
     browser->setItemDescription("PixelFormat", "about others");
     EXPECT_EQ(description->toPlainText(), "<b>plain</b>\ntext");
     EXPECT_EQ(title->text(), "ExposureTime");
+    QApplication::processEvents();
+    EXPECT_TRUE(title->width() > 200 && title->geometry().bottom() <= description->y());
     child<QPlainTextEdit>("descriptionText")->selectAll();
     browser->setItemDescription("ExposureTime", "<b>plain</b>\ntext");
     EXPECT_TRUE(description->textCursor().hasSelection()) << "the same text is left alone";
