@@ -42,18 +42,20 @@ const std::vector<std::string> kinds { "Integer", "IntReg", "MaskedIntReg", "Flo
 
 const std::vector<std::string> references { "pValue", "pAddress", "pIndex", "pLength", "pMin",
     "pMax", "pInc", "pVariable", "pIsImplemented", "pIsAvailable", "pIsLocked", "pSelected",
-    "pInvalidator", "pCommandValue", "pValueIndexed", "pValueDefault", "pFeature", "pPort" };
+    "pInvalidator", "pCommandValue", "pValueIndexed", "pValueDefault", "pFeature", "pPort",
+    "pValueCopy", "pError" };
 
 const std::vector<std::string> properties { "Value", "Address", "Length", "Min", "Max", "Inc",
     "AccessMode", "ImposedAccessMode", "Sign", "Endianess", "LSB", "MSB", "Bit", "CommandValue",
     "OnValue", "OffValue", "Formula", "FormulaTo", "FormulaFrom", "Expression", "Constant",
     "Representation", "Visibility", "ValueIndexed", "ValueDefault", "Cachable", "Unit",
-    "ValidValueSet", "ChunkID" };
+    "ValidValueSet", "ChunkID", "SwapEndianess", "Slope", "Extension" };
 
 const std::vector<std::string> texts { "0", "1", "-1", "4", "8", "7", "31", "0xFF", "RW", "RO",
     "WO", "BigEndian", "Signed", "9223372036854775807", "-9223372036854775808", "1e308", "NaN", "",
     "x", "A", "A+B", "A/B", "A%B", "A**B", "(A=B)?A:B", "A/(A-B)", "A<<B", "~A", "FROM/A", "TO/A",
-    "SQRT(A)", "A/", "(A", "1;2;4", "Guru", "IPV4Address", "2000000" };
+    "SQRT(A)", "A/", "(A", "1;2;4", "Guru", "IPV4Address", "2000000", "A.Min+B.Max", "C", "A+C",
+    "A>>B", "ROUND(A,2)", "ABS(-A)", "A**B**A", "A.Inc", "Yes", "Varying" };
 
 std::string name(std::size_t number)
 {

@@ -4,6 +4,7 @@
 #include "description/ReferenceWalk.h"
 #include "description/RegisterPlace.h"
 #include "nodemap/AccessMode.h"
+#include "nodemap/NodeFacts.h"
 
 #include "featurebrowser/FeatureItem.h"
 #include "featurebrowser/FeatureTypes.h"
@@ -98,7 +99,7 @@ void addChainFacts(
         const DescriptionNode& link = description.node(index);
         feature.endsInRegister = isRegister(link.kind);
         feature.isConverted = feature.isConverted || isConverter(link.kind);
-        feature.isIndexed = feature.isIndexed || link.element.child("pIndex");
+        feature.isIndexed = feature.isIndexed || isIndexed(link);
         if (link.kind == NodeKind::StringReg) {
             feature.textRegister = index;
         }

@@ -103,7 +103,7 @@ std::vector<std::size_t> FeatureReader::presentSources(const Feature& feature)
         return sources;
     }
     for (const std::size_t link : valueChain(m_description, feature.index)) {
-        if (!m_description.node(link).element.child("pIndex")) {
+        if (!isIndexed(m_description.node(link))) {
             continue;
         }
         const Result<std::size_t> source = m_nodes.source(link);

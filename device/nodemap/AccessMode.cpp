@@ -5,6 +5,7 @@
 #include "featurebrowser/FeatureItem.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace zqcameralib {
 
@@ -22,8 +23,6 @@ Access operator&(const Access& a, const Access& b)
     return { a.read && b.read, a.write && b.write };
 }
 
-/// Nodes that a value passes through; a longer chain is not evaluated.
-constexpr int maxChain = 450;
 /// Nodes looked at that a value needs.
 constexpr std::size_t maxWalked = 300;
 
@@ -76,28 +75,55 @@ bool canReadAll(const Description& description, const DescriptionNode& node)
     return canRead;
 }
 
-/// Of the node and of those that its value passes through.
-Access accessOf(const Description& description, std::size_t index, int depth = 0)
-{
-    const DescriptionNode& node = description.node(index);
-    Access access = ownAccess(node);
-    if (depth > maxChain || !canReadAll(description, node)) {
-        return { false, false };
+/// What nodes grant together with those that their values pass through; each node once.
+class AccessWalk {
+public:
+    explicit AccessWalk(const Description& description)
+        : m_description(description)
+    {
     }
-    Access sources { false, false };
-    bool hasSource = false;
-    node.forEachTarget(passesValueOn, [&](std::size_t target) {
-        hasSource = true;
-        sources = sources | accessOf(description, target, depth + 1);
-    });
-    return hasSource ? access & sources : access;
-}
+
+    Access of(std::size_t index)
+    {
+        const auto known = m_known.find(index);
+        if (known != m_known.end()) {
+            return known->second;
+        }
+        m_known[index] = {}; // it may lead back to itself
+        const Access access = find(index);
+        m_known[index] = access;
+        return access;
+    }
+
+private:
+    Access find(std::size_t index)
+    {
+        const DescriptionNode& node = m_description.node(index);
+        const Access own = ownAccess(node);
+        if (node.isBroken()) {
+            return own;
+        }
+        if (!canReadAll(m_description, node)) {
+            return { false, false };
+        }
+        Access sources { false, false };
+        bool hasSource = false;
+        node.forEachTarget(passesValueOn, [&](std::size_t target) {
+            hasSource = true;
+            sources = sources | of(target);
+        });
+        return hasSource ? own & sources : own;
+    }
+
+    const Description& m_description;
+    std::unordered_map<std::size_t, Access> m_known;
+};
 
 } // namespace
 
 std::uint16_t staticAccess(const Description& description, std::size_t node)
 {
-    const Access access = accessOf(description, node);
+    const Access access = AccessWalk(description).of(node);
     if (access.read && access.write) {
         return ACCESS_READ_WRITE;
     }

@@ -99,6 +99,12 @@ void addPlace(const Description& description, const pugi::xml_node& reg, Registe
 
 } // namespace
 
+bool isIndexed(const DescriptionNode& node)
+{
+    return (node.kind == NodeKind::Integer || node.kind == NodeKind::Float)
+        && node.element.child("pIndex");
+}
+
 ValueFacts valueFacts(const Description& description, std::size_t node)
 {
     const pugi::xml_node& element = description.node(node).element;
@@ -106,7 +112,7 @@ ValueFacts valueFacts(const Description& description, std::size_t node)
     facts.value = sourceIn(description, element, "pValue", "Value");
     facts.text = childText(element, "Value");
     addCopies(description, element, facts);
-    if (element.child("pIndex")) {
+    if (isIndexed(description.node(node))) {
         addIndexed(description, element, facts);
     }
     facts.minimum = sourceIn(description, element, "pMin", "Min");

@@ -56,6 +56,9 @@ struct RegisterFacts {
     unsigned lsb = 0, msb = 0;
 };
 
+/// Whether the node's value is one of several, at the value of an index.
+bool isIndexed(const DescriptionNode& node);
+
 // Of a checked description.
 ValueFacts valueFacts(const Description& description, std::size_t node);
 RegisterFacts registerFacts(const Description& description, std::size_t node);

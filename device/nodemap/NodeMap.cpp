@@ -221,6 +221,9 @@ Result<Number> NodeMap::valueOf(std::size_t index)
     const RegisterFacts& facts = registerFactsOf(index);
     const std::uint8_t* data = bytes.value().data();
     const std::size_t size = bytes.value().size();
+    if (!(kind == NodeKind::FloatReg ? holdsReal(size) : holdsInteger(facts, size))) {
+        return Status(notEvaluable, "its register has an impossible length now");
+    }
     return kind == NodeKind::FloatReg ? Number::of(decodeReal(facts, data, size))
                                       : Number::of(decodeInteger(facts, data, size));
 }

@@ -79,7 +79,7 @@ Result<Limits> NodeMap::registerLimits(std::size_t index)
         const double most = size.value() == sizeof(float) ? double(FLT_MAX) : DBL_MAX;
         limits.minimum = Number::of(-most);
         limits.maximum = Number::of(most);
-    } else if (size.value() != 0) {
+    } else if (holdsInteger(registerFactsOf(index), size.value())) {
         const IntegerRange range = integerRange(registerFactsOf(index), size.value());
         limits.minimum = Number::of(range.minimum);
         limits.maximum = Number::of(range.maximum);

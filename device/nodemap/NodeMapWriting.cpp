@@ -22,6 +22,42 @@ Status doesNotFit(const Number& value)
         "it is converted into " + textOf(value) + ", which its register does not hold" };
 }
 
+std::int64_t integerOr(const std::optional<Number>& number, std::int64_t otherwise)
+{
+    return number ? number->rounded().value_or(otherwise) : otherwise;
+}
+
+/// The integers that a node takes: from its minimum on, or around 0 where it has none.
+struct Grid {
+    explicit Grid(const Limits& limits)
+        : least(integerOr(limits.minimum, INT64_MIN))
+        , most(integerOr(limits.maximum, INT64_MAX))
+        , origin(integerOr(limits.minimum, 0))
+        , step(std::max<std::int64_t>(integerOr(limits.increment, 1), 1))
+    {
+    }
+
+    bool holds(std::int64_t value) const
+    {
+        const std::uint64_t beyond
+            = static_cast<std::uint64_t>(value) - static_cast<std::uint64_t>(origin);
+        return beyond % static_cast<std::uint64_t>(step) == 0;
+    }
+
+    /// `value` lies between the limits.
+    std::int64_t nearest(double value) const
+    {
+        const double steps
+            = std::clamp(std::round((value - double(origin)) / double(step)), -9.2e18, 9.2e18);
+        const auto onGrid = static_cast<std::int64_t>(static_cast<std::uint64_t>(origin)
+            + static_cast<std::uint64_t>(static_cast<std::int64_t>(steps))
+                * static_cast<std::uint64_t>(step));
+        return onGrid > most ? onGrid - step : onGrid;
+    }
+
+    std::int64_t least, most, origin, step;
+};
+
 } // namespace
 
 Status NodeMap::check(std::size_t node, const Number& value)
@@ -151,17 +187,11 @@ Result<Number> NodeMap::onGrid(std::size_t index, const Number& value)
     if (!limits.isOk()) {
         return limits.status();
     }
-    const auto least = limits.value().minimum ? limits.value().minimum->rounded() : std::nullopt;
-    const auto most = limits.value().maximum ? limits.value().maximum->rounded() : std::nullopt;
-    if ((least && *nearest < *least) || (most && *nearest > *most)) {
+    const Grid grid(limits.value());
+    if (*nearest < grid.least || *nearest > grid.most) {
         return doesNotFit(value);
     }
-    const std::int64_t step
-        = limits.value().increment ? limits.value().increment->rounded().value_or(1) : 1;
-    const std::int64_t origin = least.value_or(0);
-    const std::uint64_t beyond
-        = static_cast<std::uint64_t>(*nearest) - static_cast<std::uint64_t>(origin);
-    if (step <= 1 || beyond % static_cast<std::uint64_t>(step) == 0) {
+    if (grid.holds(*nearest)) {
         return Number::of(*nearest);
     }
     const RegisterPort::FailureScope failures(m_port);
@@ -169,26 +199,21 @@ Result<Number> NodeMap::onGrid(std::size_t index, const Number& value)
     if (failures.hasFailed()) {
         return failures.status();
     }
-    if (present.isOk() && present.value().integer == *nearest) {
-        return present;
-    }
-    const std::uint64_t size = static_cast<std::uint64_t>(step);
-    const double exact = value.asReal() - static_cast<double>(origin);
-    const auto steps = static_cast<std::uint64_t>(std::max(0.0, std::round(exact / double(size))));
-    const auto onGrid
-        = static_cast<std::int64_t>(static_cast<std::uint64_t>(origin) + steps * size);
-    const bool isBeyond = most && onGrid > *most;
-    return Number::of(isBeyond ? onGrid - step : onGrid);
+    const bool isPresent = present.isOk() && present.value().integer == *nearest;
+    return isPresent ? present : Number::of(grid.nearest(value.asReal()));
 }
 
 Status NodeMap::putRegister(std::size_t index, const Number& value, Sending sending)
 {
     const Result<std::size_t> size = readLength(index);
-    if (!size.isOk() || size.value() == 0) {
-        return size.isOk() ? Status(notEvaluable, "its register has no bytes now") : size.status();
+    if (!size.isOk()) {
+        return size.status();
     }
     const RegisterFacts& facts = registerFactsOf(index);
     const bool isFloat = node(index).kind == NodeKind::FloatReg;
+    if (!(isFloat ? holdsReal(size.value()) : holdsInteger(facts, size.value()))) {
+        return { notEvaluable, "its register has an impossible length now" };
+    }
     const auto integer = value.rounded();
     if (isFloat) {
         const bool isSingle = size.value() == sizeof(float);

@@ -43,6 +43,17 @@ void store(const RegisterFacts& facts, std::uint64_t word, std::uint8_t* bytes, 
 
 } // namespace
 
+bool holdsInteger(const RegisterFacts& facts, std::size_t length)
+{
+    return length >= 1 && length <= 8
+        && (!facts.isBitField || std::max(facts.lsb, facts.msb) < 8 * length);
+}
+
+bool holdsReal(std::size_t length)
+{
+    return length == sizeof(float) || length == sizeof(double);
+}
+
 IntegerRange integerRange(const RegisterFacts& facts, std::size_t length)
 {
     const unsigned width = bitsOf(facts, length).width;

@@ -12,7 +12,13 @@ struct IntegerRange {
     std::int64_t maximum = INT64_MAX;
 };
 
-// Registers of 1 to 8 bytes, as they lie in the camera.
+// Registers of a possible length, as they lie in the camera.
+
+/// Whether an integer register may have that many bytes; a camera, or a user, may tell another
+/// length than the description was checked with.
+bool holdsInteger(const RegisterFacts& facts, std::size_t length);
+/// The same for a float.
+bool holdsReal(std::size_t length);
 
 IntegerRange integerRange(const RegisterFacts& facts, std::size_t length);
 std::int64_t decodeInteger(
@@ -21,7 +27,6 @@ std::int64_t decodeInteger(
 void encodeInteger(
     const RegisterFacts& facts, std::int64_t value, std::uint8_t* bytes, std::size_t length);
 
-/// `length`: 4 or 8 bytes.
 double decodeReal(const RegisterFacts& facts, const std::uint8_t* bytes, std::size_t length);
 void encodeReal(const RegisterFacts& facts, double value, std::uint8_t* bytes, std::size_t length);
 

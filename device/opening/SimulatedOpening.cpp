@@ -19,7 +19,7 @@ void addCommand(CommandBehaviour& behaviour, ZQCamera::Impl& camera, const Featu
     const RegisterFacts facts
         = registerFacts(description, valueChain(description, feature.commandRegister).back());
     const std::optional<Number> run = valueFacts(description, feature.index).command.constant;
-    if (!run || place.size > sizeof(std::int64_t)) {
+    if (!run || !holdsInteger(facts, place.size)) {
         return;
     }
     std::vector<std::uint8_t> bits(place.size);

@@ -92,6 +92,11 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
         { named("Integer", "<pValue>L</pValue>") + intReg("L", 8, length("9")),
             "it needs L, which cannot be read" },
         { named("Integer", "<pValue>F</pValue>"), "its value depends on itself" },
+        { placed("IntReg", "<pValue>F</pValue><pValue>F</pValue>" + length("4")),
+            "its value depends on itself" },
+        { named("Float", "<Value>1</Value><pMin>M</pMin>")
+                + knife("SwissKnife", "M", { "F.Min" }, "F.Min"),
+            "it refers to F.Min, which does not exist" },
         { chain(399), "" },
         { chain(400), "it takes too long to evaluate" },
     };
