@@ -161,6 +161,10 @@ std::unique_ptr<Description> Description::parse(std::string text, std::string& e
     if (!description->load(text, error)) {
         return nullptr;
     }
+    // Real descriptions have a node in 60 to 300 bytes.
+    constexpr std::size_t bytesPerNode = 120;
+    description->m_nodes.reserve(text.size() / bytesPerNode);
+    description->m_byName.reserve(text.size() / bytesPerNode);
     description->collectNodes();
     if (description->find("Root") == absent) {
         error = "not a camera description: no root category";
@@ -188,7 +192,6 @@ bool Description::load(const std::string& text, std::string& error)
         error = "not a camera description: no RegisterDescription element";
         return false;
     }
-    forEachBelow(root(), joinTexts);
     return true;
 }
 
@@ -200,7 +203,10 @@ std::size_t Description::find(std::string_view name) const
 
 void Description::collectNodes()
 {
-    forEachBelow(root(), [this](const pugi::xml_node& element) { addNode(element); });
+    forEachBelow(root(), [this](const pugi::xml_node& element) {
+        joinTexts(element);
+        addNode(element);
+    });
 }
 
 void Description::addNode(const pugi::xml_node& element)

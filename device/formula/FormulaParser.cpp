@@ -19,28 +19,35 @@ constexpr int maxDepth = 1500;
 /// A long row of operators is evaluated as deep as it is long.
 constexpr std::size_t maxTerms = 4000;
 
-struct Sign {
-    std::string_view text;
+struct Function {
+    std::string_view name;
     Operation operation;
 };
 
-/// Operators of two operands that group to the left, by rising precedence. Of two signs that begin
-/// alike, the longer one stands first.
-const std::array<std::vector<Sign>, 10> levels { {
-    { { "||", Operation::Or } },
-    { { "&&", Operation::And } },
-    { { "|", Operation::BitOr } },
-    { { "^", Operation::BitXor } },
-    { { "&", Operation::BitAnd } },
-    { { "=", Operation::Equal }, { "<>", Operation::Unequal } },
-    { { "<=", Operation::LessOrEqual }, { ">=", Operation::GreaterOrEqual },
-        { "<", Operation::Less }, { ">", Operation::Greater } },
-    { { "<<", Operation::ShiftLeft }, { ">>", Operation::ShiftRight } },
-    { { "+", Operation::Add }, { "-", Operation::Subtract } },
-    { { "*", Operation::Multiply }, { "/", Operation::Divide }, { "%", Operation::Remainder } },
+/// Of two signs that begin alike, the longer one stands first.
+const std::array<FormulaParser::Operator, 19> operators { {
+    { "||", Operation::Or, 0 },
+    { "|", Operation::BitOr, 2 },
+    { "&&", Operation::And, 1 },
+    { "&", Operation::BitAnd, 4 },
+    { "^", Operation::BitXor, 3 },
+    { "=", Operation::Equal, 5 },
+    { "<>", Operation::Unequal, 5 },
+    { "<=", Operation::LessOrEqual, 6 },
+    { "<<", Operation::ShiftLeft, 7 },
+    { "<", Operation::Less, 6 },
+    { ">=", Operation::GreaterOrEqual, 6 },
+    { ">>", Operation::ShiftRight, 7 },
+    { ">", Operation::Greater, 6 },
+    { "+", Operation::Add, 8 },
+    { "-", Operation::Subtract, 8 },
+    { "**", Operation::Power, 10 },
+    { "*", Operation::Multiply, 9 },
+    { "/", Operation::Divide, 9 },
+    { "%", Operation::Remainder, 9 },
 } };
 
-const std::array<Sign, 17> functions { {
+const std::array<Function, 17> functions { {
     { "SGN", Operation::Sgn },
     { "NEG", Operation::Negate },
     { "ABS", Operation::Abs },
@@ -63,18 +70,6 @@ const std::array<Sign, 17> functions { {
 bool isWordPart(char c)
 {
     return g_ascii_isalnum(c) || c == '_' || c == '.';
-}
-
-/// Signs of which the first characters are another sign.
-bool isPartOfLonger(std::string_view rest, std::string_view sign)
-{
-    for (const std::string_view longer : { "||", "&&", "<=", ">=", "<>", "<<", ">>", "**" }) {
-        if (longer.size() > sign.size() && longer.substr(0, sign.size()) == sign
-            && rest.substr(0, longer.size()) == longer) {
-            return true;
-        }
-    }
-    return false;
 }
 
 /// Counts how deep a rule calls itself, while it lives.
@@ -125,28 +120,19 @@ std::size_t FormulaParser::choice()
     return add(Operation::Choice, condition, whenTrue, whenFalse);
 }
 
-std::size_t FormulaParser::binary(std::size_t level)
-{
-    if (level == levels.size()) {
-        return power();
-    }
-    std::size_t left = binary(level + 1);
-    while (const std::optional<Operation> operation = takeOperator(level)) {
-        const std::size_t right = binary(level + 1);
-        left = add(*operation, left, right);
-    }
-    return left;
-}
-
-std::size_t FormulaParser::power()
+std::size_t FormulaParser::binary(int weakest)
 {
     const Nesting nesting(m_depth);
-    const std::size_t base = unary();
-    if (m_depth > maxDepth || !take("**")) {
-        return base;
+    std::size_t left = unary();
+    for (const Operator* next = nextOperator(); next != nullptr && next->strength >= weakest;
+         next = nextOperator()) {
+        m_at += next->sign.size();
+        // Powers group to the right, all others to the left.
+        const std::size_t right
+            = binary(next->operation == Operation::Power ? next->strength : next->strength + 1);
+        left = add(next->operation, left, right);
     }
-    const std::size_t exponent = power();
-    return add(Operation::Power, base, exponent);
+    return left;
 }
 
 std::size_t FormulaParser::unary()
@@ -216,7 +202,7 @@ std::size_t FormulaParser::call(std::string_view name)
         return addConstant(Number::of(name == "E" ? M_E : M_PI));
     }
     const auto* const function = std::find_if(functions.begin(), functions.end(),
-        [name](const Sign& known) { return known.text == name; });
+        [name](const Function& known) { return known.name == name; });
     if (function == functions.end()) {
         return fail("there is no function " + std::string(name));
     }
@@ -264,21 +250,22 @@ std::size_t FormulaParser::fail(const std::string& why)
     return 0;
 }
 
-std::optional<FormulaOperation> FormulaParser::takeOperator(std::size_t level)
+const FormulaParser::Operator* FormulaParser::nextOperator()
 {
-    for (const Sign& sign : levels.at(level)) {
-        if (take(sign.text)) {
-            return sign.operation;
-        }
-    }
-    return std::nullopt;
+    skipBlanks();
+    const std::string_view rest = m_text.substr(m_at, 2);
+    const auto* const found
+        = std::find_if(operators.begin(), operators.end(), [rest](const Operator& known) {
+              return !rest.empty() && rest[0] == known.sign[0]
+                  && rest.substr(0, known.sign.size()) == known.sign;
+          });
+    return found == operators.end() ? nullptr : found;
 }
 
 bool FormulaParser::take(std::string_view sign)
 {
     skipBlanks();
-    const std::string_view rest = m_text.substr(m_at);
-    if (rest.substr(0, sign.size()) != sign || isPartOfLonger(rest, sign)) {
+    if (m_text.substr(m_at, sign.size()) != sign) {
         return false;
     }
     m_at += sign.size();

@@ -2,7 +2,7 @@
 
 #include "formula/Formula.h"
 
-#include <optional>
+#include <string_view>
 
 namespace zqcameralib {
 
@@ -16,13 +16,19 @@ public:
 
     Result<Formula> parse();
 
+    /// One between two operands; the stronger one binds them first.
+    struct Operator {
+        std::string_view sign;
+        FormulaOperation operation;
+        int strength;
+    };
+
 private:
     using Operation = FormulaOperation;
 
     /// Each gives the index of a term; after the first fault, what they give has no meaning.
     std::size_t choice();
-    std::size_t binary(std::size_t level);
-    std::size_t power();
+    std::size_t binary(int weakest);
     std::size_t unary();
     std::size_t primary();
     std::size_t number();
@@ -33,7 +39,8 @@ private:
     std::size_t add(Operation operation, std::size_t a = 0, std::size_t b = 0, std::size_t c = 0);
     std::size_t addConstant(const Number& value);
     std::size_t fail(const std::string& why);
-    std::optional<Operation> takeOperator(std::size_t level);
+    /// The one that follows, or null; it is not taken yet.
+    const Operator* nextOperator();
     bool take(std::string_view sign);
     void expect(std::string_view sign);
     void skipBlanks();
