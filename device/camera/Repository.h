@@ -67,6 +67,7 @@ private:
     bool takesOver(const zqcameralib::Feature& feature) const;
     void addRecord(const zqcameralib::Feature& feature);
     void dropEmptyCategories();
+    void setCategoryLevels();
     bool readRecord(Record& record);
     bool isStillFresh(Record& record);
     bool touchesVariableAddress(const zqcameralib::Feature& feature) const;

@@ -130,6 +130,7 @@ int ZQCameraRepository::Impl::readAll()
         m_loadRegisters = distinct(std::move(recorder.read));
     }
     dropEmptyCategories();
+    setCategoryLevels();
     m_previous.clear();
     m_previousStates.clear();
     m_changesAtLoad = port.changes();
@@ -201,6 +202,24 @@ void ZQCameraRepository::Impl::dropEmptyCategories()
             continue;
         }
         depthBehind = item.depth;
+    }
+}
+
+/// A category is seen as soon as anything in it is.
+void ZQCameraRepository::Impl::setCategoryLevels()
+{
+    std::vector<FeatureItem*> around;
+    for (const ItemPointer& item : m_items) {
+        around.resize(std::min<std::size_t>(around.size(), item->depth));
+        if (item->type == FEATURE_CATEGORY) {
+            item->level = LEVEL_GURU;
+            around.push_back(item.get());
+        }
+        for (FeatureItem* category : around) {
+            category->level = item->type == FEATURE_CATEGORY
+                ? category->level
+                : std::min(category->level, item->level);
+        }
     }
 }
 

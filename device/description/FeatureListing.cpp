@@ -2,8 +2,6 @@
 
 #include "featurebrowser/FeatureTypes.h"
 
-#include <algorithm>
-
 namespace zqcameralib {
 
 namespace {
@@ -29,7 +27,6 @@ public:
             m_list.clear();
         }
         addCategories(root, 0);
-        setCategoryLevels();
         return std::move(m_list);
     }
 
@@ -59,23 +56,6 @@ private:
     void addFeature(std::size_t node, std::uint8_t depth)
     {
         m_list.push_back({ node, depth, false, levelOf(m_description.node(node).element) });
-    }
-
-    /// A category is seen as soon as anything in it is.
-    void setCategoryLevels()
-    {
-        std::vector<std::size_t> open; // the categories around, by depth
-        for (std::size_t i = 0; i < m_list.size(); ++i) {
-            open.resize(std::min<std::size_t>(open.size(), m_list[i].depth));
-            if (m_list[i].isCategory) {
-                open.push_back(i);
-                continue;
-            }
-            for (const std::size_t category : open) {
-                std::uint8_t& level = m_list[category].level;
-                level = level == 0 ? m_list[i].level : std::min(level, m_list[i].level);
-            }
-        }
     }
 
     void addFeatures(std::size_t category, std::uint8_t depth)

@@ -12,7 +12,7 @@ struct ListedNode {
     std::size_t node; ///< index in the description
     std::uint8_t depth; ///< 0 for a top-level category
     bool isCategory;
-    /// featurebrowser::TYPE_LEVEL; of a category the lowest of those of its features.
+    /// featurebrowser::TYPE_LEVEL of a feature; a category has that of what is in it.
     std::uint8_t level;
 };
 

@@ -18,9 +18,13 @@ bool canWrite(const DescriptionNode& node)
     return mode == "RW" || mode == "WO";
 }
 
-bool changesByItself(const DescriptionNode& node)
+bool changesByItself(const Description& description, const DescriptionNode& node)
 {
     const pugi::xml_node reg = node.registerElement();
+    const std::size_t port = node.target(ReferenceTag::Port);
+    if (port != Description::absent && description.node(port).refersBy(ReferenceTag::Invalidator)) {
+        return true;
+    }
     return node.refersBy(ReferenceTag::Invalidator) || reg.child("PollingTime")
         || childText(reg, "Cachable") == "NoCache";
 }
@@ -39,6 +43,17 @@ ChangingNodes::ChangingNodes(const Description& description)
             m_written.emplace(place->first, place->last);
         }
     }
+    NodeWalk written(m_isFeature.size());
+    for (std::size_t i = 0; i < m_isFeature.size(); ++i) {
+        if (m_isFeature[i]) {
+            written.reach(i);
+        }
+    }
+    written.run([&](std::size_t node) {
+        description.node(node).forEachTarget(
+            passesWriteOn, [&written](std::size_t target) { written.reach(target); });
+    });
+    m_isFeature = written.isReached();
     const std::size_t acquisition = description.find("TLParamsLocked");
     if (acquisition != Description::absent) {
         m_isFeature[acquisition] = true;
@@ -59,7 +74,8 @@ bool ChangingNodes::isChanged(std::size_t index) const
         return m_isFeature[index] && node.element.child("Value");
     }
     const auto place = fixedPlace(node);
-    return !place || changesByItself(node) || m_written.count({ place->first, place->last }) != 0;
+    return !place || changesByItself(m_description, node)
+        || m_written.count({ place->first, place->last }) != 0;
 }
 
 } // namespace zqcameralib

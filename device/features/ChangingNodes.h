@@ -24,7 +24,7 @@ private:
 
     const Description& m_description;
     std::set<std::pair<std::uint64_t, std::uint64_t>> m_written; ///< registers: first and last byte
-    std::vector<bool> m_isFeature; ///< by node: whether a user can set it
+    std::vector<bool> m_isFeature; ///< by node: whether it is one, or written through one
 };
 
 } // namespace zqcameralib

@@ -1,6 +1,9 @@
 #include "features/Conditions.h"
 
 #include "description/ReferenceWalk.h"
+#include "nodemap/AccessMode.h"
+
+#include "featurebrowser/FeatureItem.h"
 
 #include <algorithm>
 
@@ -63,16 +66,58 @@ Truth Conditions::ask(const Condition& condition)
     }
     const RegisterPort::FailureScope failures(m_port);
     RegisterPort::Recorder recorder(m_port);
-    const Result<Number> value = m_nodes.number(condition.target);
-    const Truth truth = !value.isOk() ? Truth::Unknown
-        : value.value().isZero()      ? Truth::No
-                                      : Truth::Yes;
-    m_why = value.status().text();
+    const Truth truth = find(condition);
     // What failed is asked again: each feature that needs it has to come out as unread.
     if (!failures.hasFailed() && m_snapshot == m_port.snapshotNumber()) {
         m_answers.emplace(condition.target, Answer { truth, m_why, std::move(recorder.read) });
     }
     return truth;
+}
+
+const AccessConditions& Conditions::conditionsOf(std::size_t node)
+{
+    const auto [known, isNew] = m_conditions.try_emplace(node);
+    if (isNew) {
+        known->second = accessConditions(m_description, node);
+    }
+    return known->second;
+}
+
+Truth Conditions::isThere(std::size_t node)
+{
+    if (std::find(m_asking.begin(), m_asking.end(), node) != m_asking.end()) {
+        return Truth::Yes; // two nodes that decide about each other
+    }
+    const std::uint16_t access = staticAccess(m_description, node);
+    if (access == featurebrowser::ACCESS_WRITE_ONLY
+        || access == featurebrowser::ACCESS_NOT_AVAILABLE) {
+        m_why = "it needs " + std::string(m_description.node(node).name) + ", which cannot be read";
+        return Truth::Unknown;
+    }
+    m_asking.push_back(node);
+    const AccessConditions& conditions = conditionsOf(node);
+    Truth truth = allHold(conditions.implementedIf);
+    truth = truth == Truth::Yes ? allHold(conditions.availableIf) : truth;
+    m_asking.pop_back();
+    return truth;
+}
+
+/// What is not there decides for what is safe: neither implemented nor available, but locked.
+Truth Conditions::find(const Condition& condition)
+{
+    const Truth isThere = this->isThere(condition.target);
+    if (isThere == Truth::No) {
+        return condition.tag == ReferenceTag::IsLocked ? Truth::Yes : Truth::No;
+    }
+    if (isThere == Truth::Unknown) {
+        return isThere;
+    }
+    const Result<Number> value = m_nodes.number(condition.target);
+    m_why = value.status().text();
+    if (!value.isOk()) {
+        return Truth::Unknown;
+    }
+    return value.value().isZero() ? Truth::No : Truth::Yes;
 }
 
 Truth Conditions::allHold(const std::vector<Condition>& conditions)

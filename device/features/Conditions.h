@@ -39,8 +39,9 @@ class Conditions {
 public:
     enum class Truth { No, Yes, Unknown };
 
-    Conditions(NodeMap& nodes, RegisterPort& port)
-        : m_nodes(nodes)
+    Conditions(const Description& description, NodeMap& nodes, RegisterPort& port)
+        : m_description(description)
+        , m_nodes(nodes)
         , m_port(port)
     {
     }
@@ -51,6 +52,9 @@ public:
     Truth allHold(const std::vector<Condition>& conditions);
     /// Yes where one says yes, else Unknown where one cannot be evaluated.
     Truth anyHolds(const std::vector<Condition>& conditions);
+    /// Whether a node can be read: it and all that it needs are implemented and available, and none
+    /// of it can only be written.
+    Truth isThere(std::size_t node);
     /// Why the last answer was Unknown.
     const std::string& why() const { return m_why; }
 
@@ -61,9 +65,15 @@ private:
         Registers read;
     };
 
+    Truth find(const Condition& condition);
+    const AccessConditions& conditionsOf(std::size_t node);
+
+    const Description& m_description;
     NodeMap& m_nodes;
     RegisterPort& m_port;
     std::string m_why;
+    std::vector<std::size_t> m_asking; ///< nodes that are being looked at
+    std::unordered_map<std::size_t, AccessConditions> m_conditions; ///< by node
     std::uint64_t m_snapshot = 0;
     std::unordered_map<std::size_t, Answer> m_answers; ///< by the node that decides
 };

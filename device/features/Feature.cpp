@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 namespace zqcameralib {
 
@@ -78,8 +79,10 @@ std::uint16_t representation(std::string_view name, std::string_view text)
             { "IPAddress", "SubnetMask", "Gateway", "GevMCDA", "GevSCDA", "MulticastAddress" })) {
         return REPRESENTATION_IPV4;
     }
+    const auto contains = [name](const char* part) { return name.find(part) != name.npos; };
+    // One that the core would show as an IPv4 address stays a number.
     const bool isMac = endsWithAny(name, { "MACAddress" })
-        || (text == "MACAddress" && name.find("MAC") != std::string_view::npos);
+        || (text == "MACAddress" && (contains("MAC") || !contains("Gev")));
     return isMac ? REPRESENTATION_ADDRESS : REPRESENTATION_NUMBER;
 }
 
@@ -90,6 +93,25 @@ bool readsChunkOrEventPort(const Description& description, std::size_t node)
     return std::any_of(sources.begin(), sources.end(), [&description](std::size_t source) {
         return isOnChunkOrEventPort(description, description.node(source));
     });
+}
+
+/// Of each kind the first on the way of the value counts; behind a formula, another one.
+void addLimits(
+    Feature& feature, const Description& description, const std::vector<std::size_t>& chain)
+{
+    for (const auto& [reference, number] :
+        { std::pair("pMin", "Min"), { "pMax", "Max" }, { "pInc", "Inc" } }) {
+        bool isKnown = false;
+        for (const std::size_t index : chain) {
+            const DescriptionNode& link = description.node(index);
+            isKnown = isKnown && !isConverter(link.kind);
+            const std::size_t limit = description.find(childText(link.element, reference));
+            if (!isKnown && limit != Description::absent) {
+                feature.limits.push_back(limit);
+            }
+            isKnown = isKnown || link.element.child(reference) || link.element.child(number);
+        }
+    }
 }
 
 void addChainFacts(
@@ -186,6 +208,7 @@ Feature describe(const Description& description, const ListedNode& listed)
     }
     feature.isSelector = feature.node->refersBy(ReferenceTag::Selected);
     addChainFacts(feature, description, chain);
+    addLimits(feature, description, chain);
     feature.isChunkOrEventData = readsChunkOrEventPort(description, listed.node);
     if (feature.type == FEATURE_COMMAND) {
         addCommandFacts(feature, description);

@@ -43,6 +43,8 @@ struct Feature {
     bool isConverted = false;
     /// Where the value comes from depends on an index.
     bool isIndexed = false;
+    /// Nodes that tell limits or increments of the value.
+    std::vector<std::size_t> limits;
     /// Texts: the register that holds them, or Description::absent.
     std::size_t textRegister = Description::absent;
     /// The value comes with images or events (chunk and event ports): no register can be read.

@@ -1,6 +1,7 @@
 #include "features/FeatureReader.h"
 
 #include "base/NumberText.h"
+#include "base/StatusCodes.h"
 #include "description/ReferenceWalk.h"
 #include "features/FeatureLimits.h"
 #include "nodemap/AccessMode.h"
@@ -131,15 +132,14 @@ FEATURE_STATE FeatureReader::state(const Feature& feature)
     FEATURE_STATE state = stateBy(feature.conditions);
     for (const std::size_t source : presentSources(feature)) {
         if (state == FEATURE_AVAILABLE) {
-            const auto [known, isNew] = m_sourceConditions.try_emplace(source);
-            if (isNew) {
-                known->second = accessConditions(m_description, source);
-            }
-            state = stateBy(known->second);
+            state = stateBy(accessConditions(m_description, source));
         }
     }
-    if (state == FEATURE_AVAILABLE && m_port.backend().isReadOnly()
-        && feature.type != FEATURE_CATEGORY && feature.access != ACCESS_READ_ONLY) {
+    const bool canBeLocked = feature.type != FEATURE_CATEGORY && feature.access != ACCESS_READ_ONLY;
+    if (state == FEATURE_LOCKED && !canBeLocked) {
+        state = FEATURE_AVAILABLE;
+    }
+    if (state == FEATURE_AVAILABLE && m_port.backend().isReadOnly() && canBeLocked) {
         state = FEATURE_LOCKED;
     }
     return failures.hasFailed() ? FEATURE_READ_FAILED : state;
@@ -201,8 +201,27 @@ Result<std::string> FeatureReader::readRegister(const Feature& feature)
                         : bytes.status();
 }
 
+Status FeatureReader::limitsStatus(const Feature& feature)
+{
+    for (const std::size_t limit : feature.limits) {
+        const std::string name(m_description.node(limit).name);
+        switch (m_conditions.isThere(limit)) {
+        case Truth::Yes:
+            break;
+        case Truth::No:
+            return { notEvaluable, "its limit " + name + " is not available now" };
+        default:
+            return { notEvaluable, m_conditions.why() };
+        }
+    }
+    return {};
+}
+
 Status FeatureReader::readLimits(const Feature& feature, Item& item)
 {
+    if (Status status = limitsStatus(feature); !status.isOk()) {
+        return status;
+    }
     if (feature.type == FEATURE_INTEGER) {
         const Result<IntegerLimits> limits = integerLimits(m_nodes, feature);
         if (!limits.isOk()) {
@@ -248,6 +267,9 @@ Result<std::string> FeatureReader::readValue(const Feature& feature)
         const bool isNeither
             = feature.type == FEATURE_BOOLEAN && m_nodes.rawNumber(feature.index).isOk();
         return isNeither ? Result<std::string>(std::string()) : value.status();
+    }
+    if (!value.value().isFinite()) {
+        return Status(notEvaluable, "its register holds no finite number");
     }
     return feature.type == FEATURE_FLOAT ? floatText(value.value().asReal())
                                          : integerText(value.value().integer);

@@ -21,7 +21,7 @@ public:
         : m_description(description)
         , m_nodes(nodes)
         , m_port(port)
-        , m_conditions(nodes, port)
+        , m_conditions(description, nodes, port)
     {
     }
 
@@ -36,6 +36,9 @@ public:
     /// What can be done with the value now, as state() says and beyond:
     /// featurebrowser::ACCESS_MODE.
     std::uint16_t presentAccess(const Feature& feature);
+
+    /// Whether the limits of a number can be told: a failure names the one that cannot.
+    Status limitsStatus(const Feature& feature);
 
     /// Why the last state() or read() ended in FEATURE_READ_FAILED although the camera answered.
     const std::string& reason() const { return m_reason; }
@@ -70,7 +73,6 @@ private:
     Conditions m_conditions;
     std::string m_reason;
     std::unique_ptr<ChangingNodes> m_changing; ///< made when first needed
-    std::unordered_map<std::size_t, AccessConditions> m_sourceConditions;
 };
 
 /// A record with everything that is known without asking the camera.

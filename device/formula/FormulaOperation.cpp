@@ -213,6 +213,11 @@ bool worksOnBits(Operation operation)
         || operation == Operation::ShiftLeft || operation == Operation::ShiftRight;
 }
 
+std::optional<std::int64_t> wholePart(const Number& value)
+{
+    return value.isReal ? Number::of(std::trunc(value.real)).rounded() : value.integer;
+}
+
 bool isOnlyOfReals(Operation operation)
 {
     return operation == Operation::Exp || operation == Operation::Ln || operation == Operation::Lg
@@ -227,8 +232,8 @@ Result<Number> applyOperation(Operation operation, const Number& a, const Number
         return compared(operation, a, b);
     }
     if (worksOnBits(operation)) {
-        const auto left = a.rounded();
-        const auto right = b.rounded();
+        const auto left = wholePart(a);
+        const auto right = wholePart(b);
         return left && right ? ofIntegers(operation, *left, *right)
                              : Status(notEvaluable, "its formula takes bits of no integer now");
     }

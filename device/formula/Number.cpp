@@ -15,7 +15,8 @@ bool isHexadecimal(std::string_view text)
     return text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
 }
 
-/// All 64 bits count: what is beyond the largest signed number is a negative one.
+/// All 64 bits of a hexadecimal number count: what is beyond the largest signed one is negative. A
+/// decimal one beyond is real.
 std::optional<Number> parseDigits(std::string_view digits, int base, bool isNegative)
 {
     std::uint64_t bits = 0;
@@ -23,6 +24,9 @@ std::optional<Number> parseDigits(std::string_view digits, int base, bool isNega
     const std::from_chars_result result = std::from_chars(digits.data(), end, bits, base);
     if (result.ec != std::errc() || result.ptr != end) {
         return std::nullopt;
+    }
+    if (base == 10 && bits > static_cast<std::uint64_t>(INT64_MAX)) {
+        return Number::of(isNegative ? -static_cast<double>(bits) : static_cast<double>(bits));
     }
     return Number::of(static_cast<std::int64_t>(isNegative ? 0U - bits : bits));
 }
@@ -80,7 +84,9 @@ std::optional<Number> parseNumber(const char* first, const char* last)
         return parseDigits(text.substr(2), 16, isNegative);
     }
     const bool isInteger = text.find_first_not_of("0123456789") == std::string_view::npos;
-    return isInteger ? parseDigits(text, 10, isNegative) : parseReal(text, isNegative);
+    const std::optional<Number> integer
+        = isInteger ? parseDigits(text, 10, isNegative) : std::nullopt;
+    return integer ? integer : parseReal(text, isNegative);
 }
 
 } // namespace zqcameralib

@@ -259,7 +259,7 @@ Result<Number> FormulaProgram::run(
         const FormulaSymbol& symbol = part.symbols[index];
         switch (symbol.kind) {
         case Kind::Input:
-            return input;
+            return asOperand(input);
         case Kind::Constant:
             return symbol.constant;
         case Kind::Expression:

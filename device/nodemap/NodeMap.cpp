@@ -1,6 +1,7 @@
 #include "nodemap/NodeMap.h"
 
 #include "base/StatusCodes.h"
+#include "description/ReferenceWalk.h"
 #include "nodemap/AccessMode.h"
 #include "nodemap/NodeMapFacts.h"
 #include "nodemap/RegisterCodec.h"
@@ -231,8 +232,13 @@ Result<Number> NodeMap::valueOf(std::size_t index)
 Result<Number> NodeMap::evaluated(
     std::size_t node, FormulaProgram::Entry entry, const Number& input)
 {
-    return programOf(node).run(
-        entry, input, [this](const FormulaSymbol& symbol) { return symbolValue(symbol); });
+    const FormulaProgram& program = programOf(node);
+    return program.run(entry, input, [&](const FormulaSymbol& symbol) {
+        const bool isNumeric = program.arithmetic() == Arithmetic::Real
+            && symbol.kind == FormulaSymbol::Kind::Value
+            && this->node(symbol.index).kind == NodeKind::Enumeration;
+        return isNumeric ? numericValue(symbol.index) : symbolValue(symbol);
+    });
 }
 
 Result<Number> NodeMap::symbolValue(const FormulaSymbol& symbol)
@@ -266,6 +272,16 @@ Result<Number> NodeMap::convertedFrom(std::size_t converter)
 }
 
 Status NodeMap::reportedError(std::size_t index)
+{
+    for (const std::size_t link : valueChain(m_description, index)) {
+        if (Status status = errorOf(link); !status.isOk()) {
+            return status;
+        }
+    }
+    return {};
+}
+
+Status NodeMap::errorOf(std::size_t index)
 {
     const std::size_t reporting = node(index).target(ReferenceTag::Error);
     if (reporting == Description::absent) {

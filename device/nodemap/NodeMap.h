@@ -52,7 +52,8 @@ public:
     /// Of any register, in bytes.
     Result<std::size_t> length(std::size_t node);
 
-    /// What the camera says of the node by pError; a success when it says nothing.
+    /// What the camera says by pError of the node and of those that its value comes from; a success
+    /// when it says nothing.
     Status reportedError(std::size_t node);
 
 private:
@@ -66,6 +67,7 @@ private:
     const FormulaProgram& programOf(std::size_t node);
     const DescriptionNode& node(std::size_t index) const { return m_description.node(index); }
 
+    Status errorOf(std::size_t node);
     Result<NumberSource*> selectedSource(std::size_t node);
     Result<Number> sourceNumber(const NumberSource& source, bool asReal = false);
     Result<Number> numericValue(std::size_t enumeration);
@@ -79,6 +81,7 @@ private:
     Result<Limits> limitsOf(std::size_t node);
     Result<Limits> ownLimits(std::size_t node);
     Result<Limits> registerLimits(std::size_t node);
+    Limits entryLimits(std::size_t enumeration) const;
     Limits converterLimits(std::size_t converter, const Limits& raw);
     bool isFalling(std::size_t converter, const Limits& raw, const Limits& converted);
 

@@ -2,7 +2,9 @@
 #include "nodemap/NodeMapFacts.h"
 #include "nodemap/RegisterCodec.h"
 
+#include <algorithm>
 #include <cfloat>
+#include <cmath>
 #include <utility>
 
 namespace zqcameralib {
@@ -33,7 +35,25 @@ Result<Limits> NodeMap::limitsOf(std::size_t index)
     if (isIntegerRegister(kind) || kind == NodeKind::FloatReg) {
         return registerLimits(index);
     }
-    return Limits {};
+    if (kind == NodeKind::Boolean) {
+        return Limits { Number::of(std::int64_t(0)), Number::of(std::int64_t(1)), std::nullopt };
+    }
+    return kind == NodeKind::Enumeration ? entryLimits(index) : Limits {};
+}
+
+/// From the lowest to the highest value of its entries.
+Limits NodeMap::entryLimits(std::size_t enumeration) const
+{
+    Limits limits;
+    for (const pugi::xml_node& entry : node(enumeration).element.children("EnumEntry")) {
+        const std::string_view text = childText(entry, "Value");
+        const auto value = parseNumber(text.data(), text.data() + text.size());
+        if (value) {
+            limits.minimum = limits.minimum ? std::min(*limits.minimum, *value) : *value;
+            limits.maximum = limits.maximum ? std::max(*limits.maximum, *value) : *value;
+        }
+    }
+    return limits;
 }
 
 /// What the node says itself goes before what its source says.
@@ -95,7 +115,8 @@ Limits NodeMap::converterLimits(std::size_t converter, const Limits& raw)
         return {};
     }
     const auto converted = [&](const std::optional<Number>& limit) -> std::optional<Number> {
-        if (!limit) {
+        // What any float fits into is no limit.
+        if (!limit || (limit->isReal && std::fabs(limit->real) >= double(FLT_MAX))) {
             return std::nullopt;
         }
         const Result<Number> value
@@ -124,8 +145,9 @@ bool NodeMap::isFalling(std::size_t converter, const Limits& raw, const Limits& 
     const bool isAtTop = converted.maximum.has_value();
     const Number& end = isAtTop ? *raw.maximum : *raw.minimum;
     const double beside = end.asReal() + (isAtTop ? -1.0 : 1.0) * (end.isReal ? 1e-3 : 1.0);
-    const Number probe
-        = end.isReal ? Number::of(beside) : Number::of(end.integer + (isAtTop ? -1 : 1));
+    const auto next = static_cast<std::int64_t>(
+        static_cast<std::uint64_t>(end.integer) + (isAtTop ? -1ULL : 1ULL));
+    const Number probe = end.isReal ? Number::of(beside) : Number::of(next);
     const Result<Number> value = evaluated(converter, FormulaProgram::Entry::FromRegister, probe);
     if (!value.isOk()) {
         return false;

@@ -49,10 +49,11 @@ struct Grid {
     {
         const double steps
             = std::clamp(std::round((value - double(origin)) / double(step)), -9.2e18, 9.2e18);
-        const auto onGrid = static_cast<std::int64_t>(static_cast<std::uint64_t>(origin)
-            + static_cast<std::uint64_t>(static_cast<std::int64_t>(steps))
-                * static_cast<std::uint64_t>(step));
-        return onGrid > most ? onGrid - step : onGrid;
+        const auto size = static_cast<std::uint64_t>(step);
+        const std::uint64_t onGrid = static_cast<std::uint64_t>(origin)
+            + static_cast<std::uint64_t>(static_cast<std::int64_t>(steps)) * size;
+        const bool isBeyond = static_cast<std::int64_t>(onGrid) > most;
+        return static_cast<std::int64_t>(isBeyond ? onGrid - size : onGrid);
     }
 
     std::int64_t least, most, origin, step;

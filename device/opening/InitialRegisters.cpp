@@ -22,7 +22,7 @@ public:
     Chooser(ZQCamera::Impl& camera, RegisterMemory& memory)
         : m_camera(camera)
         , m_port(camera.port())
-        , m_conditions(camera.nodes(), camera.port())
+        , m_conditions(camera.description(), camera.nodes(), camera.port())
         , m_memory(memory)
     {
         for (const DescriptionNode& node : camera.description().nodes()) {

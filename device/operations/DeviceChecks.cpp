@@ -130,7 +130,9 @@ bool DeviceOperations::isPresent(const Feature& feature, const Number& value)
 Status DeviceOperations::checkInteger(const Feature& feature, std::int64_t value)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    const Result<IntegerLimits> told = integerLimits(m_camera.nodes(), feature);
+    const Status canTell = m_camera.reader().limitsStatus(feature);
+    const Result<IntegerLimits> told = canTell.isOk() ? integerLimits(m_camera.nodes(), feature)
+                                                      : Result<IntegerLimits>(canTell);
     if (failures.hasFailed() || !told.isOk()) {
         return failures.hasFailed() ? failures.status() : limitsUnknown(feature, told.status());
     }
@@ -164,7 +166,9 @@ Status DeviceOperations::checkInteger(const Feature& feature, std::int64_t value
 Status DeviceOperations::checkFloat(const Feature& feature, double value)
 {
     const RegisterPort::FailureScope failures(m_camera.port());
-    const Result<FloatLimits> told = floatLimits(m_camera.nodes(), feature);
+    const Status canTell = m_camera.reader().limitsStatus(feature);
+    const Result<FloatLimits> told
+        = canTell.isOk() ? floatLimits(m_camera.nodes(), feature) : Result<FloatLimits>(canTell);
     if (failures.hasFailed() || !told.isOk()) {
         return failures.hasFailed() ? failures.status() : limitsUnknown(feature, told.status());
     }

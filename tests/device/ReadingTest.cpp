@@ -180,6 +180,8 @@ TEST(Record, AddressesAreTranslatedByWhatTheDescriptionSays)
             { "GevMACAddress", "HexNumber", REPRESENTATION_ADDRESS },
             { "DeviceMACAddress", "HexNumber", REPRESENTATION_ADDRESS },
             { "GevMACAddressLow", "HexNumber", REPRESENTATION_NUMBER },
+            { "deviceMacAddress", "MACAddress", REPRESENTATION_ADDRESS },
+            { "GevMac", "MACAddress", REPRESENTATION_NUMBER },
             { "GevIP", "IPV4Address", REPRESENTATION_IPV4 },
             { "GevCurrentIPAddress", "HexNumber", REPRESENTATION_IPV4 },
             { "GevPersistentSubnetMask", "HexNumber", REPRESENTATION_IPV4 },

@@ -48,6 +48,7 @@ const std::string limited
 const std::string constant = "<Constant Name=\"C\">";
 const std::string free64 = " RO -9223372036854775808..9223372036854775807/1";
 const std::string unread = " 0";
+const std::string zero = knife("IntSwissKnife", "Zero", {}, "0");
 
 struct Meaning {
     const char* what;
@@ -74,7 +75,7 @@ const std::vector<Meaning> meanings {
         5, "51 1 RO" },
     { "entry that there is not", ofX("IntSwissKnife", "X.Enum.No", "Mode") + mode, 5, unread },
     { "number of an entry where a float is needed", ofX("SwissKnife", "X * 2", "Mode") + mode, 5,
-        "10 1 RO" },
+        "5 1 RO" },
     { "float over an enumeration",
         node("Float", "F", "<pValue>Mode</pValue>") + mode + intReg("R", 0), 5, "2.5 1 RW" },
     { "expression of an expression",
@@ -151,6 +152,33 @@ const std::vector<Meaning> meanings {
     { "and none",
         overR("Integer", "<pError>Fault</pError>") + node("Integer", "Fault", "<Value>0</Value>"),
         9, "9 1 RW" },
+    { "the camera reports an error of what is behind",
+        node("Integer", "F", "<pValue>I</pValue>")
+            + node("Integer", "I", "<pValue>R</pValue><pError>R</pError>") + intReg("R", 0),
+        1, unread },
+    { "no number in a float's register", reg("FloatReg", "F", 0), 0x7FC00000, unread },
+    { "limit that is not there",
+        overR("Integer", "<pMax>M</pMax>") + intReg("M", 8, "<pIsAvailable>Zero</pIsAvailable>")
+            + zero,
+        1, unread },
+    { "available by what is not there",
+        overR("Integer", "<pIsAvailable>N</pIsAvailable>")
+            + knife("IntSwissKnife", "N", { "M" }, "1")
+            + intReg("M", 8, "<pIsImplemented>Zero</pIsImplemented>") + zero,
+        1, " 0 NA" },
+    { "available by what can only be written",
+        overR("Integer", "<pIsAvailable>W</pIsAvailable>")
+            + intReg("W", 8, "<AccessMode>WO</AccessMode>"),
+        1, unread },
+    { "available by each other",
+        overR("Integer", "<pIsAvailable>G</pIsAvailable>")
+            + node("Integer", "G", "<pValue>R</pValue><pIsAvailable>F</pIsAvailable>"),
+        1, "1 1 RW" },
+    { "decimal beyond 64 bits", ofX("SwissKnife", "18446744073709551616 / X", "R"), 2,
+        "9223372036854775808 1 RO" },
+    { "bits of a real number", ofX("SwissKnife", "(X + 0.7) & 7", "R"), 5, "5 1 RO" },
+    { "limits by entries", node("Integer", "F", "<pValue>Mode</pValue>") + mode + intReg("R", 0), 5,
+        "5 1 RW 0..5/1" },
     { "bytes that the port swaps",
         node("IntReg", "F",
             "<Address>0</Address><Length>4</Length><AccessMode>RW</AccessMode>"
@@ -285,7 +313,7 @@ TEST(Standard, WhatCanComeIsListedFromTheStart)
 {
     // With all registers zero.
     TestCamera camera(openSimulated(
-        TestCamera::description("Mode Comes Never Deep",
+        TestCamera::description("Mode Comes Never Deep Kept Later",
             node("Integer", "Mode", "<pValue>R</pValue>") + intReg("R", 0)
                 + intReg("Comes", 4, "<pIsImplemented>Mode</pIsImplemented>")
                 + intReg("Never", 8, "<pIsImplemented>Fixed</pIsImplemented>")
@@ -293,9 +321,12 @@ TEST(Standard, WhatCanComeIsListedFromTheStart)
                 + node("Category", "Deep",
                     "<pIsAvailable>Mode</pIsAvailable><Visibility>Guru</Visibility><pFeature>In</"
                     "pFeature>")
+                + node("Integer", "Kept", "<pValue>Constant</pValue>")
+                + node("Integer", "Constant", "<Value>0</Value>")
+                + intReg("Later", 20, "<pIsImplemented>Constant</pIsImplemented>")
                 + intReg("In", 16, "<Visibility>Expert</Visibility>")),
         nullptr));
-    EXPECT_EQ(camera.listed(), "Main:0 Mode:1 Comes:1 Deep:1 In:2");
+    EXPECT_EQ(camera.listed(), "Main:0 Mode:1 Comes:1 Deep:1 In:2 Kept:1 Later:1");
     EXPECT_EQ(camera.item("Deep").level, LEVEL_EXPERT);
     EXPECT_EQ(camera.state("Comes") + camera.state("In"), 2 * FEATURE_NOT_AVAILABLE);
     EXPECT_EQ(camera.set("Comes", 1), notAvailable);
@@ -304,6 +335,16 @@ TEST(Standard, WhatCanComeIsListedFromTheStart)
     EXPECT_EQ(camera.set("Mode", 1), STATUS_OK);
     EXPECT_EQ(camera.set("Comes", 1) + camera.set("In", 2), STATUS_OK);
     EXPECT_EQ(camera.read("Comes") + camera.read("In"), "12");
+}
+
+TEST(Standard, ALockTakesNothingFromWhatIsReadOnly)
+{
+    TestCamera camera("A B",
+        intReg("A", 0, "<pIsLocked>One</pIsLocked><AccessMode>RO</AccessMode>")
+            + intReg("B", 4, "<pIsLocked>Gone</pIsLocked>") + knife("IntSwissKnife", "One", {}, "1")
+            + intReg("Gone", 8, "<pIsAvailable>Zero</pIsAvailable>") + zero);
+    EXPECT_EQ(camera.state("A"), FEATURE_AVAILABLE);
+    EXPECT_EQ(camera.state("B"), FEATURE_LOCKED); // nobody can tell that it is not
 }
 
 TEST(Standard, UnitAndRepresentationComeFromWhereTheValueComes)

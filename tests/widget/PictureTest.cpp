@@ -3,11 +3,20 @@
 #include <QAbstractButton>
 #include <QImage>
 #include <QPaintEvent>
+#include <QStyle>
 #include <QStyleFactory>
 
 namespace featurebrowser {
 
 namespace {
+
+/// A widget does not take the style that it is given.
+void useStyle(QWidget& widget, const char* name)
+{
+    QStyle* style = QStyleFactory::create(QLatin1String(name));
+    style->setParent(&widget);
+    widget.setStyle(style);
+}
 
 class PaintCounter : public QObject {
 public:
@@ -49,7 +58,7 @@ protected:
         font.setPixelSize(20);
         font.setStyleStrategy(QFont::NoAntialias);
         window()->setFont(font);
-        tree()->setStyle(QStyleFactory::create("windows")); // selects in a plain colour
+        useStyle(*tree(), "windows"); // selects in a plain colour
         usePalette(Qt::white, Qt::black);
         select("GevMACAddress"); // a selected row looks different
     }
@@ -247,7 +256,7 @@ TEST_F(PictureTest, SignsBoxesAndButtonsHaveTheirShapes)
     button->setFocus();
     EXPECT_NE(picture(button), plain);
 
-    tree()->setStyle(QStyleFactory::create("fusion")); // the other draws two of them alike
+    useStyle(*tree(), "fusion"); // the other draws two of them alike
     const int side = tree()->style()->pixelMetric(QStyle::PM_IndicatorWidth);
     for (const auto& [index, form] : { std::pair("0", "#####/#...#/#...#/#...#/#####BD"),
              { "1", "#####/#..##/#####/###.#/#####BDT" },
