@@ -73,9 +73,9 @@ bool ChangingNodes::isChanged(std::size_t index) const
     if (!isRegister(node.kind)) {
         return m_isFeature[index] && node.element.child("Value");
     }
-    const auto place = fixedPlace(node);
-    return !place || changesByItself(m_description, node)
-        || m_written.count({ place->first, place->last }) != 0;
+    const auto place = fixedPlace(node); // what a place depends on is looked at by itself
+    return canWrite(node) || changesByItself(m_description, node)
+        || (place && m_written.count({ place->first, place->last }) != 0);
 }
 
 } // namespace zqcameralib
