@@ -50,6 +50,11 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
         { placed("IntReg", length("8")), "" },
         { placed("IntReg", length("9")), badLength },
         { placed("IntReg", length("four")), badLength },
+        { placed("IntReg", length("-1")), badLength },
+        { placed("StringReg", length("9223372036854775807")), badLength },
+        { placed("IntReg", "<pLength>L</pLength>")
+                + node("Integer", "L", "<Value>-9223372036854775808</Value>"),
+            badLength },
         { placed("IntReg", "<pLength>L</pLength>")
                 + "<Integer Name=\"L\"><Value>8</Value></Integer>",
             "" },
@@ -65,6 +70,7 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
         { placed("MaskedIntReg", "<LSB>0</LSB><MSB>32</MSB>"), badBits },
         { placed("MaskedIntReg", "<LSB>-1</LSB><MSB>3</MSB>"), badBits },
         { placed("MaskedIntReg", "<Bit>32</Bit>"), badBits },
+        { reg("StructReg", "S", 0, named("StructEntry", "<LSB>40</LSB><MSB>99</MSB>")), badBits },
         { "<StructEntry Name=\"F\"><Bit>1</Bit></StructEntry>", "it stands outside of a register" },
         { named("IntReg", "<Address>0</Address>"), noPort },
         { named("IntReg", "<Address>0</Address><pPort>Main</pPort>"), noPort },
@@ -99,12 +105,16 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
             "it refers to F.Min, which does not exist" },
         { chain(399), "" },
         { chain(400), "it takes too long to evaluate" },
+        { chain(50000), "it needs N1, which cannot be read" },
+        { named("Integer", "<pValue>K60</pValue>") + doubling(60),
+            "it needs K60, which cannot be read" },
     };
     for (const Case& test : cases) {
+        SCOPED_TRACE(test.node.substr(0, 1000));
         TestCamera camera("F", test.node);
         const std::string reason = std::string("Cannot be read: ") + test.why + ".";
-        EXPECT_EQ(camera.item("F").description, *test.why == '\0' ? "" : reason) << test.node;
-        EXPECT_EQ(camera.state("F") == FEATURE_READ_FAILED, *test.why != '\0') << test.node;
+        EXPECT_EQ(camera.item("F").description, *test.why == '\0' ? "" : reason);
+        EXPECT_EQ(camera.state("F") == FEATURE_READ_FAILED, *test.why != '\0');
     }
 }
 

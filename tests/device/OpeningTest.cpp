@@ -82,22 +82,14 @@ std::string nested(int depth)
         repeated(depth, [](int) { return "<a>"; }) + repeated(depth, [](int) { return "</a>"; }));
 }
 
-/// So many features with a limit that takes 65,535 visits.
-std::string costly(int features)
+/// So many features with a limit or condition that takes 65,535 visits.
+std::string costly(int features, const std::string& tag = "pMin")
 {
-    std::string members;
-    std::string nodes = node("Integer", "K0", "<Value>1</Value>");
-    for (int i = 1; i < 16; ++i) {
-        const std::string next = "K" + std::to_string(i - 1);
-        nodes += node("IntSwissKnife", "K" + std::to_string(i),
-            node("pVariable", "A", next) + node("pVariable", "B", next) + "<Formula>A+B</Formula>");
-    }
-    for (int i = 0; i < features; ++i) {
-        const std::string name = "F" + std::to_string(i);
-        members += name + " ";
-        nodes += node("Integer", name, "<Value>1</Value><pMin>K15</pMin>");
-    }
-    return TestCamera::description(members, nodes);
+    const auto name = [](int i) { return "F" + std::to_string(i); };
+    return TestCamera::description(repeated(features, [&](int i) { return name(i) + " "; }),
+        doubling(15) + repeated(features, [&](int i) {
+            return node("Integer", name(i), "<Value>1</Value>" + element(tag, "K15"));
+        }));
 }
 
 TEST_F(Opening, RefusesWhatIsNoDescriptionInOneClearLine)
@@ -123,6 +115,10 @@ TEST_F(Opening, RefusesWhatIsNoDescriptionInOneClearLine)
         { write("rootless.xml", "<RegisterDescription/>"),
             "not a camera description: no root category" },
         { write("costly.xml", costly(31)), "the description takes too long to evaluate" },
+        { write("locked.xml", costly(31, "pIsLocked")),
+            "the description takes too long to evaluate" },
+        { write("deepest.xml", nested(100000)),
+            "not a camera description: elements nested too deeply" },
         { write("deep.xml", nested(34)), "not a camera description: elements nested too deeply" },
         { write("many.xml", many(400001)),
             "the description is too large: more than 400000 elements" },

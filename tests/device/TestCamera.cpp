@@ -52,6 +52,15 @@ std::string repeated(int count, const std::function<std::string(int)>& make)
     return text;
 }
 
+std::string doubling(int levels)
+{
+    return node("Integer", "K0", "<Value>1</Value>") + repeated(levels, [](int i) {
+        const std::string last = "K" + std::to_string(i);
+        return node("IntSwissKnife", "K" + std::to_string(i + 1),
+            node("pVariable", "A", last) + node("pVariable", "B", last) + "<Formula>A+B</Formula>");
+    });
+}
+
 std::string TestCamera::description(const std::string& members, const std::string& nodes)
 {
     std::string features;

@@ -1,14 +1,11 @@
 #pragma once
 
+#include "CameraUser.h"
 #include "camera/Camera.h"
 #include "opening/SimulatedOpening.h"
 
-#include "featurebrowser/ZQCameraDevice.h"
-#include "featurebrowser/ZQCameraRepository.h"
-
 #include <gtest/gtest.h>
 
-#include <array>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -16,7 +13,7 @@
 #include <vector>
 
 /// A camera made of a few nodes written in the test, with its device and loaded repository.
-class TestCamera {
+class TestCamera : public CameraUser {
 public:
     /// `nodes` are the elements below the root category, which holds the category "Main"; `members`
     /// are its features, blank separated.
@@ -47,32 +44,6 @@ public:
         }
         return *found;
     }
-    /// Reads the feature from the camera; its value text.
-    std::string read(const std::string& name)
-    {
-        const auto found = repository.GetFeature(name);
-        return repository.ReadFeature(found) ? found->valueText : "(read failed)";
-    }
-    template <class Number> int set(const char* name, Number value, int checked = 1)
-    {
-        if constexpr (std::is_floating_point_v<Number>) {
-            return device.SetFloatValue(name, value);
-        } else {
-            return device.SetIntegerValue(name, value, checked);
-        }
-    }
-    int set(const char* name, const char* text) { return device.SetStringValue(name, text); }
-    featurebrowser::FEATURE_STATE state(const std::string& name)
-    {
-        return repository.GetFeatureStates()[name];
-    }
-    std::string errorText(int code)
-    {
-        std::array<char, featurebrowser::errorTextSize> name {};
-        std::array<char, featurebrowser::errorTextSize> text {};
-        device.GetErrorText(code, name.data(), text.data());
-        return text.data();
-    }
     /// The last byte of a 4-byte register; -1 when it cannot be read.
     int registerAt(std::uint64_t address);
     std::string listed() const;
@@ -83,6 +54,9 @@ public:
     featurebrowser::ZQCameraDevice device;
     featurebrowser::ZQCameraRepository& repository;
     zqcameralib::RegisterPort& port;
+
+private:
+    featurebrowser::ZQCameraDevice& used() override { return device; }
 };
 
 /// Tests with the descriptions of real cameras: the files of the folder that ZQ_CAMERA_DESCRIPTIONS
@@ -112,3 +86,5 @@ std::string knife(const std::string& kind, const std::string& name,
 std::string summary(const featurebrowser::FeatureItem& item);
 /// What `make` makes of 0 to `count` - 1.
 std::string repeated(int count, const std::function<std::string(int)>& make);
+/// Integers K0 to K`levels`, each of which takes the one before twice.
+std::string doubling(int levels);
