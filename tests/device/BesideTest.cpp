@@ -83,7 +83,7 @@ public:
 };
 
 /// A decides about Maybe, B where Moved is.
-class Beside : public testing::Test {
+class Beside : public testing::Test, protected CameraUser {
 protected:
     static Result<std::unique_ptr<ZQCamera::Impl>> open()
     {
@@ -107,7 +107,7 @@ protected:
         return text;
     }
 
-    FEATURE_STATE state(const char* name) { return m_repository.GetFeatureStates()[name]; }
+    ZQCameraDevice& used() override { return m_device; }
 
     std::unique_ptr<ZQCamera> m_camera = std::make_unique<ZQCamera>(std::move(open().value()));
     ZQCameraDevice m_device { m_camera.get(), nullptr };
@@ -147,9 +147,9 @@ TEST_F(Beside, AWriteHasEverythingReadAgainAndACancelTheLoad)
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(task->poll(), State::Running);
     }
-    m_device.SetIntegerValue("B", 20, 0);
+    set("B", 20, 0);
     EXPECT_EQ(m_tardy.reads, 2);
-    m_device.SetIntegerValue("B", 20, 1);
+    set("B", 20);
     EXPECT_EQ(task->wait(std::chrono::seconds(10)), State::Done);
     const int reads = m_tardy.reads;
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
@@ -215,7 +215,7 @@ TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
     EXPECT_EQ(m_repository.Load(), cameraLost);
     EXPECT_FALSE(m_repository.isLoaded());
     EXPECT_EQ(state("A"), FEATURE_READ_FAILED);
-    EXPECT_EQ(m_device.SetIntegerValue("A", 1, 1), cameraLost);
+    EXPECT_EQ(set("A", 1), cameraLost);
     for (const auto& vain : { m_repository.ReadAhead(), m_device.ReconnectBeside() }) {
         EXPECT_EQ(vain->poll(), State::Failed);
         EXPECT_EQ(vain->error(), "gone");

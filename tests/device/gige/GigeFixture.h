@@ -1,19 +1,17 @@
 #pragma once
 
+#include "../CameraUser.h"
 #include "FakeCamera.h"
 #include "FaultProxy.h"
 
 #include "featurebrowser/ZQCamera.h"
-#include "featurebrowser/ZQCameraDevice.h"
-#include "featurebrowser/ZQCameraRepository.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <stdexcept>
 
 /// A camera process, a proxy before it, and the real camera side on the other end.
-class GigeFixture : public testing::Test {
+class GigeFixture : public testing::Test, protected CameraUser {
 protected:
     static constexpr const char* directly = FakeCamera::usualAddress;
 
@@ -51,13 +49,7 @@ protected:
         return eventually([this] { return m_device->Reconnect() == featurebrowser::STATUS_OK; });
     }
 
-    std::string text(int code)
-    {
-        std::array<char, featurebrowser::errorTextSize> name {};
-        std::array<char, featurebrowser::errorTextSize> words {};
-        m_device->GetErrorText(code, name.data(), words.data());
-        return words.data();
-    }
+    featurebrowser::ZQCameraDevice& used() override { return *m_device; }
 
     std::unique_ptr<FakeCamera> m_fake = std::make_unique<FakeCamera>(ZQ_SIMULATED_CAMERA_XML);
     FaultProxy m_proxy { 7 };

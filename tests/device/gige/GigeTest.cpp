@@ -27,7 +27,7 @@ TEST_F(GigE, ACameraUnderControlOpensForReadingOnlyOrNotAtAll)
     EXPECT_EQ(device.SetIntegerValue("Width", 64, 1), accessDenied);
     EXPECT_EQ(device.GetRepository()->GetFeature("Width")->lockedFlag, 1);
     EXPECT_FALSE(m_camera->isReadOnly());
-    EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), STATUS_OK);
+    EXPECT_EQ(set("Width", 64), STATUS_OK);
 }
 
 TEST_F(GigE, ACameraTakenByAnotherApplicationIsRetakenWhenThatIsDone)
@@ -43,11 +43,11 @@ TEST_F(GigE, ACameraTakenByAnotherApplicationIsRetakenWhenThatIsDone)
     m_proxy.set({});
 
     // A real camera refuses the write, this one does not answer it at all.
-    EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), cameraLost);
+    EXPECT_EQ(set("Width", 64), cameraLost);
     EXPECT_NE(m_device->Reconnect(), STATUS_OK);
     other.reset();
     EXPECT_TRUE(recovers());
-    EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), STATUS_OK);
+    EXPECT_EQ(set("Width", 64), STATUS_OK);
 }
 
 TEST_F(GigE, FourBytesOfAnOlderDescriptionAreReadAndWrittenAsRegisters)
@@ -55,7 +55,7 @@ TEST_F(GigE, FourBytesOfAnOlderDescriptionAreReadAndWrittenAsRegisters)
     open();
     const auto loaded = m_proxy.requests();
     EXPECT_LT(m_proxy.registerRequests() * 10, loaded); // opening asks for some
-    const std::string width = m_repository->GetFeature("Width")->valueText;
+    const std::string width = value("Width");
 
     const std::unique_ptr<FakeCamera> older = olderSchema();
     m_proxy.switchTo("127.0.0.4");
@@ -63,12 +63,12 @@ TEST_F(GigE, FourBytesOfAnOlderDescriptionAreReadAndWrittenAsRegisters)
     const auto before = std::pair(m_proxy.requests(), m_proxy.registerRequests());
     EXPECT_EQ(m_repository->Load(), STATUS_OK);
     EXPECT_GT((m_proxy.registerRequests() - before.second) * 2, m_proxy.requests() - before.first);
-    EXPECT_EQ(m_repository->GetFeature("Width")->valueText, width);
+    EXPECT_EQ(value("Width"), width);
     const auto asked = m_proxy.registerRequests();
-    EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), STATUS_OK);
+    EXPECT_EQ(set("Width", 64), STATUS_OK);
     EXPECT_GT(m_proxy.registerRequests(), asked);
     EXPECT_EQ(m_repository->Load(), STATUS_OK);
-    EXPECT_EQ(m_repository->GetFeature("Width")->valueText, "64");
+    EXPECT_EQ(value("Width"), "64");
 }
 
 TEST_F(GigE, DiscoveryListsTheCameraAndItsIdOpensIt)

@@ -147,7 +147,7 @@ protected:
     void note(int status)
     {
         if (status != STATUS_OK) {
-            m_words = text(status);
+            m_words = errorText(status);
             EXPECT_FALSE(m_words.empty());
         }
     }
@@ -158,7 +158,7 @@ protected:
         Values all;
         for (const auto& item : m_repository->GetFeatureList()) {
             if (item->displayFlag == 1 && item->name != "GevCCP"
-                && m_repository->GetFeatureStates()[item->name] != FEATURE_READ_FAILED) {
+                && state(item->name) != FEATURE_READ_FAILED) {
                 all[item->name] = item->valueText;
             }
         }
@@ -187,7 +187,7 @@ protected:
         for (const auto& item : m_repository->GetFeatureList()) {
             const bool done = timed([&] { return m_repository->ReadFeature(item); });
             if (!done) {
-                EXPECT_EQ(m_repository->GetFeatureStates()[item->name], FEATURE_READ_FAILED);
+                EXPECT_EQ(state(item->name), FEATURE_READ_FAILED);
                 note(m_device->GetLastError());
             }
         }
@@ -219,21 +219,20 @@ protected:
     /// A camera that is lost is so for every operation, in the same words.
     void expectLost()
     {
-        long width = 0;
-        EXPECT_EQ(m_device->GetIntegerValue("Width", &width), cameraLost);
-        EXPECT_EQ(m_device->SetIntegerValue("Width", 64, 1), cameraLost);
+        EXPECT_EQ(get("Width"), cameraLost);
+        EXPECT_EQ(set("Width", 64), cameraLost);
         EXPECT_EQ(m_repository->UpdateFeatureStates(), cameraLost);
         note(cameraLost);
         EXPECT_NE(m_words.find(FaultProxy::address), std::string::npos) << m_words;
-        EXPECT_EQ(m_repository->GetFeatureStates()["Width"], FEATURE_READ_FAILED);
-        EXPECT_EQ(m_repository->GetFeature("Width")->valueText, m_right.at("Width"));
+        EXPECT_EQ(state("Width"), FEATURE_READ_FAILED);
+        EXPECT_EQ(value("Width"), m_right.at("Width"));
     }
 
     /// Afterwards the record holds what the camera has, or is marked.
     void edit()
     {
         for (const long width : { 64L, 96L, 128L }) {
-            note(timed([&] { return m_device->SetIntegerValue("Width", width, 1); }));
+            note(timed([&] { return set("Width", width); }));
             timed([&] { return m_repository->ReadFeature(m_repository->GetFeature("Width")); });
             for (const auto& other : m_repository->GetInvalidatedFeatures("Width")) {
                 timed([&] { return m_repository->ReadFeature(other); });
@@ -303,7 +302,7 @@ void Matrix::run(const Fault& fault, Phase phase)
     const Clock::time_point end = Clock::now();
     EXPECT_TRUE(eventually([this] {
         return timed([this] { return m_device->Reconnect(); }) == STATUS_OK;
-    })) << text(m_device->GetLastError());
+    })) << errorText(m_device->GetLastError());
     const int recovery = milliseconds(end);
     readAll();
     EXPECT_FALSE(m_camera->isLost());
@@ -311,7 +310,7 @@ void Matrix::run(const Fault& fault, Phase phase)
     long width = 0;
     EXPECT_EQ(m_device->GetIntegerValue("Width", &width), STATUS_OK);
     ASSERT_TRUE(m_repository->GetFeature("Width"));
-    EXPECT_EQ(m_repository->GetFeature("Width")->valueText, std::to_string(width));
+    EXPECT_EQ(value("Width"), std::to_string(width));
     std::printf("[  FAULT   ] %-20s %-12s blocked %4d ms, back after %4d ms: %s\n", fault.name,
         phaseNames[static_cast<std::size_t>(phase)], m_longest, recovery, m_words.c_str());
     close(); // before the scene

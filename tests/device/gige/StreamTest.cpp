@@ -36,8 +36,7 @@ TEST_F(Streams, StartStopEndWithTheCameraAndStartAnewWhenItIsFound)
     EXPECT_TRUE(framesCome(1));
 
     m_fake->kill();
-    long width = 0;
-    EXPECT_EQ(m_device->GetIntegerValue("Width", &width), cameraLost);
+    EXPECT_EQ(get("Width"), cameraLost);
     EXPECT_TRUE(eventually([this] { return !m_acquisition->isRunning(); }));
     EXPECT_NE(m_acquisition->problem(), "");
     m_fake->start();
@@ -61,8 +60,7 @@ TEST_F(Streams, StartAnewOnTheSameConnectionAfterControlIsRetaken)
     ASSERT_EQ(start(hold, 2), STATUS_OK);
     EXPECT_TRUE(framesCome(1));
     m_proxy.set(Faults::requestsLost());
-    long width = 0;
-    EXPECT_EQ(m_device->GetIntegerValue("Width", &width), cameraLost);
+    EXPECT_EQ(get("Width"), cameraLost);
     m_proxy.set({});
     EXPECT_TRUE(recovers());
     isHeld = false;
@@ -107,8 +105,8 @@ TEST_F(Streams, ReachAnOrdinaryUserWholeUnlessTheReceiveBufferIsTooSmall)
     }
     ASSERT_EQ(m_device->SetEnumValue("PixelFormat", "Mono16", 0), STATUS_OK);
     for (const long side : { 64L, 2048L }) {
-        ASSERT_EQ(m_device->SetIntegerValue("Width", side, 1), STATUS_OK);
-        ASSERT_EQ(m_device->SetIntegerValue("Height", side, 1), STATUS_OK);
+        ASSERT_EQ(set("Width", side), STATUS_OK);
+        ASSERT_EQ(set("Height", side), STATUS_OK);
         ASSERT_EQ(start(), STATUS_OK);
         const bool isEnough = grantedBuffer(64 << 20) >= payload();
         EXPECT_NE(problemHas("rmem_max"), isEnough) << m_acquisition->problem();
