@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cerrno>
+#include <functional>
 #include <stdexcept>
 
 #include <fuzzer/FuzzedDataProvider.h>
@@ -112,36 +113,22 @@ void act(Input& input, featurebrowser::ZQFeatureBrowser& browser,
 {
     doubles::script().visible = input.ConsumeBool();
     const std::string name = anyName(input);
-    switch (input.ConsumeIntegralInRange(0, 12)) {
-    case 0:
-        return events.FeatureIntModified(name, input.ConsumeIntegral<long>());
-    case 1:
-        return events.FeatureEnumModified(name, anyText(input), input.ConsumeIntegral<int>());
-    case 2:
-        return events.FeatureBoolModified(name, input.ConsumeIntegral<int>());
-    case 3:
-        return events.FeatureStringModified(name, anyText(input));
-    case 4:
-        return events.FeatureIPModified(name, anyText(input));
-    case 5:
-        return events.FeatureDoubleModified(name, input.ConsumeFloatingPoint<double>());
-    case 6:
-        return events.FeatureExecCommand(name);
-    case 7:
-        return events.ItemSelectionChanged(name);
-    case 8:
-        return browser.RefreshFeature(name);
-    case 9:
-        return browser.RefreshStates();
-    case 10:
-        browser.ReloadFeatureBrowser();
-        return;
-    case 11:
-        browser.LoadFeatureBrowser();
-        return;
-    default:
-        return browser.ClearFeatureBrowser();
-    }
+    const std::array<std::function<void()>, 13> actions {
+        [&] { events.FeatureIntModified(name, input.ConsumeIntegral<long>()); },
+        [&] { events.FeatureEnumModified(name, anyText(input), input.ConsumeIntegral<int>()); },
+        [&] { events.FeatureBoolModified(name, input.ConsumeIntegral<int>()); },
+        [&] { events.FeatureStringModified(name, anyText(input)); },
+        [&] { events.FeatureIPModified(name, anyText(input)); },
+        [&] { events.FeatureDoubleModified(name, input.ConsumeFloatingPoint<double>()); },
+        [&] { events.FeatureExecCommand(name); },
+        [&] { events.ItemSelectionChanged(name); },
+        [&] { browser.RefreshFeature(name); },
+        [&] { browser.RefreshStates(); },
+        [&] { browser.ReloadFeatureBrowser(); },
+        [&] { browser.LoadFeatureBrowser(); },
+        [&] { browser.ClearFeatureBrowser(); },
+    };
+    actions.at(input.ConsumeIntegralInRange<std::size_t>(0, 12))();
 }
 
 } // namespace

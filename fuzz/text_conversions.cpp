@@ -23,6 +23,13 @@ void require(bool condition)
         std::abort();
 }
 
+/// What the journal tells between the two.
+std::string noted(const std::string& start, char end)
+{
+    const std::size_t begin = doubles::journal().find(start) + start.size();
+    return doubles::journal().substr(begin, doubles::journal().find(end, begin) - begin);
+}
+
 /// Shows `text` as an IPv4 address, whatever number it holds; "" when it holds none.
 std::string shownAddress(ZQFeatureBrowser& browser, FeatureItem& item, const std::string& text)
 {
@@ -34,9 +41,7 @@ std::string shownAddress(ZQFeatureBrowser& browser, FeatureItem& item, const std
     } catch (const std::logic_error&) { // std::invalid_argument, std::out_of_range
         return {};
     }
-    const std::string start = R"(widget.modifyText("IP", ")";
-    const std::size_t begin = doubles::journal().find(start) + start.size();
-    return doubles::journal().substr(begin, doubles::journal().find('"', begin) - begin);
+    return noted(R"(widget.modifyText("IP", ")", '"');
 }
 
 /// The number that the device gets when a user enters `text` as an address.
@@ -45,9 +50,7 @@ std::string writtenAddress(const std::string& text)
     doubles::script().onRead = [](auto&) { return false; }; // the display is not of interest
     doubles::journal().clear();
     doubles::script().shownTo->FeatureIPModified("IP", text);
-    const std::string start = "device.SetIntegerValue(\"IP\", ";
-    const std::size_t begin = doubles::journal().find(start) + start.size();
-    return doubles::journal().substr(begin, doubles::journal().find(',', begin) - begin);
+    return noted("device.SetIntegerValue(\"IP\", ", ',');
 }
 
 } // namespace

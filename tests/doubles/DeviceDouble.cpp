@@ -43,11 +43,8 @@ int answer(const std::string& operation, const Arguments&... arguments)
 
 template <class Value> int read(const std::optional<Value>& scripted, Value* result)
 {
-    if (!scripted) {
-        return -1;
-    }
-    *result = *scripted;
-    return 0;
+    *result = scripted.value_or(*result);
+    return scripted ? 0 : -1;
 }
 
 } // namespace

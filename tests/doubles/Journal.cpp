@@ -1,7 +1,5 @@
 #include "Journal.h"
 
-#include <array>
-#include <charconv>
 #include <map>
 
 namespace doubles {
@@ -27,17 +25,6 @@ void append(std::string& line, const std::string& text)
 void append(std::string& line, const std::shared_ptr<featurebrowser::FeatureItem>& item)
 {
     append(line, item ? item->name : "(null)");
-}
-
-void append(std::string& line, double value)
-{
-    std::array<char, 32> text {};
-    line.append(text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr);
-}
-
-void append(std::string& line, bool value)
-{
-    line += value ? "true" : "false";
 }
 
 } // namespace doubles

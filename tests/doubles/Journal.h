@@ -2,6 +2,8 @@
 
 #include "featurebrowser/FeatureItem.h"
 
+#include <array>
+#include <charconv>
 #include <list>
 #include <map>
 #include <memory>
@@ -16,23 +18,23 @@ namespace doubles {
 
 void append(std::string& line, const std::string& text); ///< quoted, control characters escaped
 void append(std::string& line, const std::shared_ptr<featurebrowser::FeatureItem>& item);
-void append(std::string& line, double value); ///< shortest text that reads back
-void append(std::string& line, bool value);
-inline void append(std::string& line, const char* text)
-{
-    append(line, std::string(text));
-}
 
-template <class Number, std::enable_if_t<std::is_integral_v<Number>, int> = 0>
-void append(std::string& line, Number value)
+/// Numbers as the shortest text that reads back.
+template <class Value, std::enable_if_t<std::is_arithmetic_v<Value>, int> = 0>
+void append(std::string& line, Value value)
 {
-    line += std::to_string(value);
+    if constexpr (std::is_same_v<Value, bool>) {
+        line += value ? "true" : "false";
+    } else {
+        std::array<char, 32> text {};
+        line.append(text.data(), std::to_chars(text.begin(), text.end(), value).ptr);
+    }
 }
 
 template <class Enum, std::enable_if_t<std::is_enum_v<Enum>, int> = 0>
 void append(std::string& line, Enum value)
 {
-    line += std::to_string(static_cast<int>(value));
+    append(line, static_cast<int>(value));
 }
 
 template <class Key, class Value>

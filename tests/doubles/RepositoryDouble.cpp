@@ -18,15 +18,6 @@ ZQCameraRepository::ZQCameraRepository(std::unique_ptr<Impl> impl)
 }
 ZQCameraRepository::~ZQCameraRepository() = default;
 
-} // namespace featurebrowser
-
-std::unique_ptr<featurebrowser::ZQCameraRepository> doubles::makeRepository()
-{
-    return std::make_unique<featurebrowser::ZQCameraRepository>(nullptr);
-}
-
-namespace featurebrowser {
-
 bool ZQCameraRepository::isLoaded()
 {
     note("repository.isLoaded");
@@ -90,3 +81,8 @@ std::map<std::string, FEATURE_STATE>& ZQCameraRepository::GetFeatureStates()
 }
 
 } // namespace featurebrowser
+
+std::unique_ptr<featurebrowser::ZQCameraRepository> doubles::makeRepository()
+{
+    return std::make_unique<featurebrowser::ZQCameraRepository>(nullptr);
+}
