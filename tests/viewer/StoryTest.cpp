@@ -12,7 +12,6 @@
 
 #include <csignal>
 #include <cstdlib>
-#include <set>
 #include <thread>
 
 #include <sys/wait.h>
@@ -36,53 +35,53 @@ protected:
     FaultProxy m_proxy { 4 };
 };
 
-std::string textsOf(const QWidget& window)
-{
-    std::string texts;
-    for (const QLabel* label : window.findChildren<QLabel*>()) {
-        texts += label->isVisible() ? label->text().toStdString() + "\n" : "";
+/// The window on the way to a camera.
+class Opening : public OpeningWindow {
+public:
+    Opening()
+        : OpeningWindow(QString::fromUtf8(FaultProxy::address), zqcameralib::CameraAccess::Control)
+    {
+        start();
+        show();
     }
-    return texts;
-}
-
-/// Presses the visible button whose text contains `text`.
-void press(const QWidget& window, const char* text)
-{
-    for (QPushButton* button : window.findChildren<QPushButton*>()) {
-        if (button->isVisible() && button->text().remove(QLatin1Char('&')) == QLatin1String(text)) {
-            return button->click();
+    std::string texts() const
+    {
+        std::string texts;
+        for (const QLabel* label : findChildren<QLabel*>()) {
+            texts += label->isVisible() ? label->text().toStdString() + "\n" : "";
         }
+        return texts;
     }
-    FAIL() << "no button " << text;
-}
+    bool says(const std::string& text) const
+    {
+        return waitFor([&] { return texts().find(text) != std::string::npos; });
+    }
+
+    /// Presses the visible button of this text.
+    void press(const char* text)
+    {
+        for (QPushButton* button : findChildren<QPushButton*>()) {
+            if (button->isVisible()
+                && button->text().remove(QLatin1Char('&')) == QLatin1String(text)) {
+                return button->click();
+            }
+        }
+        FAIL() << "no button " << text;
+    }
+};
 
 TEST_F(Story, OpeningTellsHowFarItIsAndWhyItFailsAndCanBeTriedAgain)
 {
-    OpeningWindow opening(
-        QString::fromUtf8(FaultProxy::address), zqcameralib::CameraAccess::Control);
     harm(Faults::requestsLost());
-    opening.start();
-    opening.show();
-    EXPECT_TRUE(waitFor([&] { return textsOf(opening).find("Connecting") != std::string::npos; }));
-    EXPECT_TRUE(waitFor([&] {
-        return textsOf(opening).find("127.0.0.2: no camera answers there") != std::string::npos;
-    })) << textsOf(opening);
+    Opening opening;
+    EXPECT_TRUE(opening.says("Connecting"));
+    EXPECT_TRUE(opening.says("127.0.0.2: no camera answers there")) << opening.texts();
 
     harm(Faults::slow(8ms));
-    press(opening, "Try again");
-    std::set<std::string> steps;
-    EXPECT_TRUE(waitFor(
-        [&] {
-            steps.insert(textsOf(opening));
-            return opening.result() == QDialog::Accepted;
-        },
-        30000));
-    const auto wasShown = [&steps](const char* text) {
-        return std::any_of(steps.begin(), steps.end(),
-            [text](const auto& step) { return step.find(text) != std::string::npos; });
-    };
-    EXPECT_TRUE(wasShown("Reading the camera's description"));
-    EXPECT_TRUE(wasShown("Reading the features"));
+    opening.press("Try again");
+    EXPECT_TRUE(opening.says("Reading the camera's description"));
+    EXPECT_TRUE(opening.says("Reading the features"));
+    EXPECT_TRUE(waitFor([&] { return opening.result() == QDialog::Accepted; }, 30000));
     const auto camera = opening.takeCamera();
     ASSERT_TRUE(camera);
     EXPECT_TRUE(camera->repository().isLoaded());
@@ -91,12 +90,9 @@ TEST_F(Story, OpeningTellsHowFarItIsAndWhyItFailsAndCanBeTriedAgain)
 TEST_F(Story, OpeningIsCancelledAtOnceWhateverTheCameraDoes)
 {
     harm(Faults::slow(8ms));
-    OpeningWindow opening(
-        QString::fromUtf8(FaultProxy::address), zqcameralib::CameraAccess::Control);
-    opening.start();
-    opening.show();
-    EXPECT_TRUE(waitFor([&] { return textsOf(opening).find("Reading") != std::string::npos; }));
-    press(opening, "Cancel");
+    Opening opening;
+    EXPECT_TRUE(opening.says("Reading"));
+    opening.press("Cancel");
     EXPECT_FALSE(opening.isVisible());
     EXPECT_FALSE(opening.takeCamera());
 }
