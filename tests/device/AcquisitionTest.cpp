@@ -1,3 +1,4 @@
+#include "Eventually.h"
 #include "TestCamera.h"
 #include "base/StatusCodes.h"
 #include "memory/SimulatedFrames.h"
@@ -5,43 +6,35 @@
 #include "featurebrowser/ZQAcquisition.h"
 
 #include <atomic>
-#include <condition_variable>
 #include <limits>
-#include <mutex>
-#include <thread>
 
 using namespace featurebrowser;
 
 namespace {
 
-/// Lets a test wait for frames.
+/// Lets a test wait for frames; the last one is told when no more come.
 class Frames {
 public:
     ZQAcquisition::FrameHandler handler()
     {
         return [this](const ZQFrame& frame) {
-            const std::lock_guard<std::mutex> lock(m_mutex);
             m_last = frame;
             m_firstByte = frame.size == 0 ? 0 : frame.data[0];
             m_thread = std::this_thread::get_id();
             ++m_count;
-            m_arrived.notify_all();
         };
     }
     /// How many there are by then.
     int waitFor(int count)
     {
-        std::unique_lock<std::mutex> lock(m_mutex);
-        m_arrived.wait_for(lock, std::chrono::seconds(10), [&] { return m_count >= count; });
+        eventually([&] { return m_count >= count; });
         return m_count;
     }
 
-    std::mutex m_mutex;
-    std::condition_variable m_arrived;
     ZQFrame m_last;
     int m_firstByte = 0;
-    int m_count = 0;
     std::thread::id m_thread;
+    std::atomic<int> m_count { 0 };
 };
 
 TEST(Acquisition, DeliversImagesOfTheCamerasSizeOnAThreadOfItsOwn)
@@ -86,9 +79,7 @@ TEST(Acquisition, EndsByItselfAfterTheFramesAskedFor)
         Frames frames;
         for (int total = count; total <= 2 * count; total += count) {
             ASSERT_EQ(acquisition.start(frames.handler()), STATUS_OK);
-            while (acquisition.isRunning()) {
-                std::this_thread::sleep_for(std::chrono::milliseconds(1));
-            }
+            EXPECT_TRUE(eventually([&] { return !acquisition.isRunning(); }));
             EXPECT_EQ(frames.waitFor(total), total) << mode;
             EXPECT_NE(camera.device.IsGrabbing(), 0);
         }

@@ -18,9 +18,6 @@ const std::string littleEndian = "<Endianess>LittleEndian</Endianess>";
 /// "Last" is listed first, so that tree order differs from the order of discovery.
 TestCamera makeCamera()
 {
-    const auto starter = [](const char* name, const char* behind, const char* value) {
-        return node("Command", name, element("pValue", behind) + element("CommandValue", value));
-    };
     return { "Last Width Offset Sel Gain Lone UserSetLoad Low High AcquisitionStart "
              "AcquisitionStop Locked",
         intReg("WidthReg", 0) + intReg("GainReg", 4, "<pAddress>SelOffset</pAddress>")
@@ -32,8 +29,8 @@ TestCamera makeCamera()
             + knife("IntSwissKnife", "OffsetFree", { "Offset" }, "100-Offset")
             + knife("IntSwissKnife", "Last", { "Free" }, "Free*2")
             + knife("IntSwissKnife", "SelOffset", { "SelReg" }, "SelReg*4")
-            + starter("UserSetLoad", "Lone", "1") + starter("AcquisitionStart", "StartReg", "1")
-            + starter("AcquisitionStop", "StartReg", "2") + R"(
+            + command("UserSetLoad", "Lone", "1") + command("AcquisitionStart", "StartReg", "1")
+            + command("AcquisitionStop", "StartReg", "2") + R"(
 <Integer Name="Width"><pValue>WidthReg</pValue><pMax>OffsetFree</pMax></Integer>
 <Integer Name="Offset"><Value>0</Value><pMax>Free</pMax></Integer>
 <Integer Name="Sel"><pValue>SelReg</pValue><pSelected>Gain</pSelected></Integer>

@@ -12,10 +12,6 @@ using namespace zqcameralib;
 
 namespace {
 
-const auto command = [](const char* name, const char* behind, const char* value) {
-    return node("Command", name, element("pValue", behind) + element("CommandValue", value));
-};
-
 const std::string nodes = intReg("Reg", 0) + reg("FloatReg", "FReg", 4, "<Length>8</Length>")
     + reg("StringReg", "Text", 16) + intReg("BoolReg", 24) + intReg("EnumReg", 28)
     + intReg("RunReg", 32) + intReg("ReadOnly", 36, "<AccessMode>RO</AccessMode>")

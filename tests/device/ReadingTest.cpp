@@ -107,7 +107,6 @@ const std::vector<ValueCase> valueCases {
         " 0 WO 0..4294967295/1" },
     { "read-only behind", overR("Integer", "", readOnly), { 0, 0, 0, 1 },
         "1 1 RO 0..4294967295/1" },
-    { "formula without a value", ofR("SwissKnife", "1/R"), { 0, 0, 0, 0 }, " 0 RO" },
     { "division that would trap",
         knife("IntSwissKnife", "F", { "R", "M" }, "R/M + 5%M") + intReg("R", 0, length8)
             + "<Integer Name=\"M\"><Value>-1</Value></Integer>",
@@ -115,9 +114,6 @@ const std::vector<ValueCase> valueCases {
         "9223372036854775807 1 RO -9223372036854775808..9223372036854775807/1" },
     { "integer formula without a value", ofR("IntSwissKnife", "7 % (1/R) + 1"), { 0, 0, 0, 0 },
         " 0 RO -9223372036854775808..9223372036854775807/1" },
-    { "integer division in the branch not taken",
-        ofR("IntSwissKnife", "(R=0) ? 5 : ((R=1) ? 6 : (7/R + 8%(R-1)))"), { 0, 0, 0, 1 },
-        "6 1 RO -9223372036854775808..9223372036854775807/1" },
     { "division in a converter's branch not taken",
         overR("IntConverter",
             "<pVariable Name=\"X\">R</pVariable><FormulaTo>FROM</FormulaTo>"

@@ -33,6 +33,11 @@ std::string reg(
     return node(kind, name, content + more);
 }
 
+std::string command(const std::string& name, const std::string& behind, const std::string& value)
+{
+    return node("Command", name, element("pValue", behind) + element("CommandValue", value));
+}
+
 std::string knife(const std::string& kind, const std::string& name,
     const std::vector<std::string>& nodes, const std::string& formula)
 {
@@ -98,8 +103,8 @@ TestCamera TestCamera::ofFile(const std::string& path)
 
 TestCamera TestCamera::simulated()
 {
-    std::string error;
-    return TestCamera(ZQCamera::OpenSimulated(error));
+    std::string none;
+    return TestCamera(ZQCamera::OpenSimulated(none));
 }
 
 int TestCamera::registerAt(std::uint64_t address)

@@ -79,6 +79,8 @@ inline std::string intReg(const std::string& name, unsigned address, const std::
 {
     return reg("IntReg", name, address, more);
 }
+/// A command that writes the value to the node behind it.
+std::string command(const std::string& name, const std::string& behind, const std::string& value);
 /// A formula over nodes by their names.
 std::string knife(const std::string& kind, const std::string& name,
     const std::vector<std::string>& nodes, const std::string& formula);

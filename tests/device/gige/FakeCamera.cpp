@@ -131,25 +131,21 @@ bool FakeCamera::isInstalled()
 
 namespace {
 
-/// The usual description with other words in it.
-std::string changedDescription(std::initializer_list<std::pair<const char*, const char*>> changes)
+using Changes = std::initializer_list<std::pair<const char*, const char*>>;
+
+/// A camera on 127.0.0.4 whose description has other words in it.
+std::unique_ptr<FakeCamera> changed(const Changes& changes, const char* serial)
 {
     std::stringstream text;
     text << std::ifstream(ZQ_SIMULATED_CAMERA_XML).rdbuf();
-    std::string changed = text.str();
+    std::string description = text.str();
     for (const auto& [from, to] : changes) {
-        changed = std::regex_replace(changed, std::regex(from), to);
+        description = std::regex_replace(description, std::regex(from), to);
     }
-    return changed;
-}
-
-std::unique_ptr<FakeCamera> serving(
-    const std::string& description, const char* address, const char* serial)
-{
     const std::string path
         = std::filesystem::temp_directory_path() / std::to_string(getpid()).append(".xml");
     std::ofstream(path) << description;
-    auto camera = std::make_unique<FakeCamera>(path, 0, address, serial);
+    auto camera = std::make_unique<FakeCamera>(path, 0, "127.0.0.4", serial);
     std::filesystem::remove(path); // it has been read
     return camera;
 }
@@ -158,14 +154,10 @@ std::unique_ptr<FakeCamera> serving(
 
 std::unique_ptr<FakeCamera> otherModel()
 {
-    return serving(
-        changedDescription({ { "<pFeature>Gamma</pFeature>", "" }, { "AreaScan2K", "Another" } }),
-        "127.0.0.4", "GV02");
+    return changed({ { "<pFeature>Gamma</pFeature>", "" }, { "AreaScan2K", "Another" } }, "GV02");
 }
 
 std::unique_ptr<FakeCamera> olderSchema()
 {
-    return serving(
-        changedDescription({ { "SchemaMinorVersion=\"1\"", "SchemaMinorVersion=\"0\"" } }),
-        "127.0.0.4", "GV03");
+    return changed({ { "SchemaMinorVersion=\"1\"", "SchemaMinorVersion=\"0\"" } }, "GV03");
 }

@@ -1,23 +1,10 @@
 #pragma once
 
-#include <chrono>
+#include "../Eventually.h"
+
 #include <memory>
 #include <string>
 #include <sys/types.h>
-#include <thread>
-
-/// Waits many seconds at most for something; whether it came.
-template <typename Condition> bool eventually(Condition condition)
-{
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    return true;
-}
 
 /// Aravis' GigE Vision fake camera as a process of its own, so that it can die, stall and come
 /// back. Whatever does not happen within some seconds is thrown as std::runtime_error.
