@@ -22,7 +22,7 @@ void add(All& all, const std::string& what, const std::string& members, const st
 void addComposed(All& all)
 {
     std::mt19937 random(7);
-    for (int i = 0; i < 1500; ++i) {
+    for (int i = 0; i < 400; ++i) {
         std::vector<std::uint8_t> bytes(200);
         std::generate(bytes.begin(), bytes.end(), std::ref(random));
         all.push_back({ "composed " + std::to_string(i),

@@ -30,6 +30,26 @@ TEST_F(GigE, ACameraUnderControlOpensForReadingOnlyOrNotAtAll)
     EXPECT_EQ(set("Width", 64), STATUS_OK);
 }
 
+TEST_F(GigE, ACameraTakenByAnotherApplicationIsRetakenWhenThatIsDone)
+{
+    open();
+    m_proxy.set(Faults::requestsLost()); // also those that keep the control
+    std::string error;
+    std::unique_ptr<ZQCamera> other;
+    ASSERT_TRUE(eventually([&] {
+        other = ZQCamera::Open(directly, CameraAccess::Control, error);
+        return other != nullptr;
+    })) << error;
+    m_proxy.set({});
+
+    // A real camera refuses the write, this one does not answer it at all.
+    EXPECT_EQ(set("Width", 64), cameraLost);
+    EXPECT_NE(m_device->Reconnect(), STATUS_OK);
+    other.reset();
+    EXPECT_TRUE(recovers());
+    EXPECT_EQ(set("Width", 64), STATUS_OK);
+}
+
 TEST_F(GigE, FourBytesOfAnOlderDescriptionAreReadAndWrittenAsRegisters)
 {
     open();

@@ -30,12 +30,22 @@ TEST(DeviceErrors, SayInWordsOfTheUserWhatTheLibraryTells)
         = "the camera stopped answering while it was opened; packets to or from it get lost";
     const char* const undelivered = "the camera's description did not arrive; packets to or from "
                                     "it get lost, or it has none that can be read";
+    const char* const busy = "the camera is busy";
+    const char* const nowhere = "the camera has no such register";
+    const char* const unwritable = "the camera does not let the register be written";
+    const char* const unusual = "the camera does not take such an access";
     const char* const denied = "access denied by the camera; another application may control it";
     const std::tuple<int, const char*, const char*> cases[] {
         { ARV_DEVICE_ERROR_TIMEOUT, silent, stopped },
         { ARV_DEVICE_ERROR_NOT_CONNECTED, silent, stopped },
         { ARV_DEVICE_ERROR_GENICAM_NOT_FOUND, "its own", undelivered },
+        { ARV_DEVICE_ERROR_PROTOCOL_ERROR_BUSY, busy, busy },
         { ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED, denied, denied },
+        { ARV_DEVICE_ERROR_PROTOCOL_ERROR_INVALID_ADDRESS, nowhere, nowhere },
+        { ARV_DEVICE_ERROR_PROTOCOL_ERROR_WRITE_PROTECT, unwritable, unwritable },
+        { ARV_DEVICE_ERROR_PROTOCOL_ERROR_INVALID_PARAMETER, unusual, unusual },
+        { ARV_DEVICE_ERROR_PROTOCOL_ERROR_BAD_ALIGNMENT, unusual, unusual },
+        { ARV_DEVICE_ERROR_PROTOCOL_ERROR_NOT_IMPLEMENTED, unusual, unusual },
         { ARV_DEVICE_ERROR_NOT_FOUND, "its own", "its own" },
     };
     for (const auto& [code, access, opening] : cases) {
