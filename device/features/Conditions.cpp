@@ -74,13 +74,14 @@ Truth Conditions::ask(const Condition& condition)
     return truth;
 }
 
-const AccessConditions& Conditions::conditionsOf(std::size_t node)
+const Conditions::Known& Conditions::known(std::size_t node)
 {
-    const auto [known, isNew] = m_conditions.try_emplace(node);
+    const auto [place, isNew] = m_known.try_emplace(node);
     if (isNew) {
-        known->second = accessConditions(m_description, node);
+        place->second
+            = { staticAccess(m_description, node), accessConditions(m_description, node) };
     }
-    return known->second;
+    return place->second;
 }
 
 Truth Conditions::isThere(std::size_t node)
@@ -88,14 +89,14 @@ Truth Conditions::isThere(std::size_t node)
     if (std::find(m_asking.begin(), m_asking.end(), node) != m_asking.end()) {
         return Truth::Yes; // two nodes that decide about each other
     }
-    const std::uint16_t access = staticAccess(m_description, node);
+    const std::uint16_t access = known(node).access;
     if (access == featurebrowser::ACCESS_WRITE_ONLY
         || access == featurebrowser::ACCESS_NOT_AVAILABLE) {
         m_why = "it needs " + std::string(m_description.node(node).name) + ", which cannot be read";
         return Truth::Unknown;
     }
     m_asking.push_back(node);
-    const AccessConditions& conditions = conditionsOf(node);
+    const AccessConditions& conditions = known(node).conditions;
     Truth truth = allHold(conditions.implementedIf);
     truth = truth == Truth::Yes ? allHold(conditions.availableIf) : truth;
     m_asking.pop_back();

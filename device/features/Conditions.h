@@ -66,14 +66,19 @@ private:
     };
 
     Truth find(const Condition& condition);
-    const AccessConditions& conditionsOf(std::size_t node);
+    /// What never changes about a node that is asked for.
+    struct Known {
+        std::uint16_t access = 0; ///< featurebrowser::ACCESS_MODE
+        AccessConditions conditions;
+    };
+    const Known& known(std::size_t node);
 
     const Description& m_description;
     NodeMap& m_nodes;
     RegisterPort& m_port;
     std::string m_why;
     std::vector<std::size_t> m_asking; ///< nodes that are being looked at
-    std::unordered_map<std::size_t, AccessConditions> m_conditions; ///< by node
+    std::unordered_map<std::size_t, Known> m_known; ///< by node
     std::uint64_t m_snapshot = 0;
     std::unordered_map<std::size_t, Answer> m_answers; ///< by the node that decides
 };

@@ -180,6 +180,17 @@ Result<Number> NodeMap::number(std::size_t index)
     if (Status status = visit.status(); !status.isOk()) {
         return status;
     }
+    const auto known = m_found.find(index);
+    if (known != m_found.end()) {
+        return known->second;
+    }
+    Result<Number> value = findNumber(index);
+    m_found.emplace(index, value);
+    return value;
+}
+
+Result<Number> NodeMap::findNumber(std::size_t index)
+{
     if (node(index).isBroken()) {
         return Status(notEvaluable, node(index).broken);
     }

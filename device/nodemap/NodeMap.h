@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace zqcameralib {
@@ -73,6 +74,7 @@ private:
     Result<Number> numericValue(std::size_t enumeration);
     Result<Number> booleanNumber(std::size_t node);
     Result<Number> commandIsDone(std::size_t node);
+    Result<Number> findNumber(std::size_t node);
     Result<Number> valueOf(std::size_t node);
     Result<Number> evaluated(std::size_t node, FormulaProgram::Entry entry, const Number& input);
     Result<Number> symbolValue(const FormulaSymbol& symbol);
@@ -102,6 +104,8 @@ private:
     std::vector<std::unique_ptr<Facts>> m_facts; ///< by node, made when first needed
     int m_depth = 0;
     std::uint64_t m_visits = 0; ///< of nodes, since the outermost call
+    /// Values found since the outermost call, which many nodes may need; none after a write.
+    std::unordered_map<std::size_t, Result<Number>> m_found;
 };
 
 } // namespace zqcameralib

@@ -20,7 +20,12 @@ public:
     explicit Visit(NodeMap& nodes);
     Visit(const Visit&) = delete;
     Visit& operator=(const Visit&) = delete;
-    ~Visit() { --m_nodes.m_depth; }
+    ~Visit()
+    {
+        if (--m_nodes.m_depth == 0) {
+            m_nodes.m_found.clear();
+        }
+    }
 
     Status status() const;
 

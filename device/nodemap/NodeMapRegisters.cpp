@@ -78,6 +78,7 @@ Status NodeMap::writeBytes(std::size_t index, const std::vector<std::uint8_t>& b
     if (!place.isOk()) {
         return place.status();
     }
+    m_found.clear();
     if (place.value().size != bytes.size()) { // the length has changed since
         return { notEvaluable, "its register has another length now" };
     }

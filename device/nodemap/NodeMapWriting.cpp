@@ -128,6 +128,7 @@ Status NodeMap::putSource(std::size_t index, const Number& value, Sending sendin
         }
     } else if (sending == Sending::Everything) {
         target.constant = value;
+        m_found.clear();
     }
     for (const std::size_t copy : valueFactsOf(index).copies) {
         if (Status status = put(copy, value, sending); !status.isOk()) {

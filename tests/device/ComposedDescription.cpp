@@ -108,7 +108,7 @@ void useEverything(zqcameralib::ZQCamera& camera)
         device.SetEnumValue(
             name, item->enumEntries.empty() ? "E" : item->enumEntries.front().c_str(), 0);
         device.ExecuteCommand(name, 0); // without waiting for it
-        if (left > 1900) {
+        if (left > 1990) {
             repository.GetInvalidatedFeatures(name);
             repository.GetSelectedFeatures(name);
         }

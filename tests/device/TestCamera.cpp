@@ -123,7 +123,7 @@ std::string TestCamera::listed() const
     return text;
 }
 
-bool TestCamera::changesByItself(const std::string& name)
+bool TestCamera::changesByItself(const std::string& name) const
 {
     const Description& description = camera->impl().description();
     const auto sources = reachable(description, description.find(name), isValueSource, 100);

@@ -48,7 +48,7 @@ public:
     int registerAt(std::uint64_t address);
     std::string listed() const;
     /// Whether the description says that the feature, or what it is read from, has to be polled.
-    bool changesByItself(const std::string& name);
+    bool changesByItself(const std::string& name) const;
 
     std::unique_ptr<zqcameralib::ZQCamera> camera;
     featurebrowser::ZQCameraDevice device;

@@ -35,7 +35,7 @@ TEST(DeviceErrors, SayInWordsOfTheUserWhatTheLibraryTells)
     const char* const unwritable = "the camera does not let the register be written";
     const char* const unusual = "the camera does not take such an access";
     const char* const denied = "access denied by the camera; another application may control it";
-    const std::tuple<int, const char*, const char*> cases[] {
+    const std::vector<std::tuple<int, const char*, const char*>> cases {
         { ARV_DEVICE_ERROR_TIMEOUT, silent, stopped },
         { ARV_DEVICE_ERROR_NOT_CONNECTED, silent, stopped },
         { ARV_DEVICE_ERROR_GENICAM_NOT_FOUND, "its own", undelivered },
