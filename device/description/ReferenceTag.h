@@ -59,15 +59,9 @@ inline constexpr ReferenceTags isLimit { ReferenceTag::Min, ReferenceTag::Max, R
 /// Whether it decides if the node is implemented, available or locked.
 inline constexpr ReferenceTags isCondition { ReferenceTag::IsImplemented, ReferenceTag::IsAvailable,
     ReferenceTag::IsLocked };
-/// Whether a node cannot be evaluated without it.
-inline constexpr ReferenceTags isEvaluated
-    = isValueReference | isLimit | isCondition | ReferenceTags { ReferenceTag::Port };
-/// Whether several of them in one node have a meaning.
-inline constexpr ReferenceTags isRepeatable { ReferenceTag::ValueIndexed, ReferenceTag::Address,
-    ReferenceTag::Index, ReferenceTag::Variable };
 /// Whether it says nothing about values: the node does not change when the other does.
 inline constexpr ReferenceTags isOnlyNaming { ReferenceTag::Port, ReferenceTag::Feature,
-    ReferenceTag::Alias, ReferenceTag::CastAlias, ReferenceTag::Error, ReferenceTag::Terminal };
+    ReferenceTag::Alias, ReferenceTag::CastAlias, ReferenceTag::Terminal };
 
 /// For walks that follow the references of one tag.
 constexpr ReferenceTags only(ReferenceTag tag)

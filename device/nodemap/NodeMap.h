@@ -31,9 +31,9 @@ public:
     /// The value of anything that is a number: an integer, or a real one where it is a float. Of an
     /// enumeration the value of its entry; of a Boolean 1 or 0, or a failure when it is neither on
     /// nor off; of a command whether it is done.
-    Result<Number> number(std::size_t node);
+    Result<Number> number(std::size_t index);
     /// Of an Integer or Float, or one of the nodes that those consist of.
-    Result<Limits> limits(std::size_t node);
+    Result<Limits> limits(std::size_t index);
     /// The value of an Enumeration or Boolean as its source holds it.
     Result<Number> rawNumber(std::size_t node);
     /// Where the value comes from at present; Description::absent when it is kept here.
@@ -46,16 +46,16 @@ public:
     Status execute(std::size_t command);
 
     /// Of a String or StringReg, up to the first NUL.
-    Result<std::string> text(std::size_t node);
-    Status setText(std::size_t node, const std::string& text);
+    Result<std::string> text(std::size_t index);
+    Status setText(std::size_t index, const std::string& text);
     /// Of a Register, at most that many.
-    Result<std::vector<std::uint8_t>> bytes(std::size_t node, std::size_t most);
+    Result<std::vector<std::uint8_t>> bytes(std::size_t index, std::size_t most);
     /// Of any register, in bytes.
-    Result<std::size_t> length(std::size_t node);
+    Result<std::size_t> length(std::size_t index);
 
     /// What the camera says by pError of the node and of those that its value comes from; a success
     /// when it says nothing.
-    Status reportedError(std::size_t node);
+    Status reportedError(std::size_t index);
 
 private:
     enum class Sending { Nothing, Everything };
@@ -68,36 +68,36 @@ private:
     const FormulaProgram& programOf(std::size_t node);
     const DescriptionNode& node(std::size_t index) const { return m_description.node(index); }
 
-    Status errorOf(std::size_t node);
+    Status errorOf(std::size_t index);
     Result<NumberSource*> selectedSource(std::size_t node);
     Result<Number> sourceNumber(const NumberSource& source, bool asReal = false);
     Result<Number> numericValue(std::size_t enumeration);
     Result<Number> booleanNumber(std::size_t node);
     Result<Number> commandIsDone(std::size_t node);
-    Result<Number> findNumber(std::size_t node);
-    Result<Number> valueOf(std::size_t node);
+    Result<Number> findNumber(std::size_t index);
+    Result<Number> valueOf(std::size_t index);
     Result<Number> evaluated(std::size_t node, FormulaProgram::Entry entry, const Number& input);
     Result<Number> symbolValue(const FormulaSymbol& symbol);
     Result<Number> convertedFrom(std::size_t converter);
 
-    Result<Limits> limitsOf(std::size_t node);
-    Result<Limits> ownLimits(std::size_t node);
-    Result<Limits> registerLimits(std::size_t node);
+    Result<Limits> limitsOf(std::size_t index);
+    Result<Limits> ownLimits(std::size_t index);
+    Result<Limits> registerLimits(std::size_t index);
     Limits entryLimits(std::size_t enumeration) const;
     Limits converterLimits(std::size_t converter, const Limits& raw);
     bool isFalling(std::size_t converter, const Limits& raw, const Limits& converted);
 
-    Status put(std::size_t node, const Number& value, Sending sending);
-    Status putSource(std::size_t node, const Number& value, Sending sending);
+    Status put(std::size_t index, const Number& value, Sending sending);
+    Status putSource(std::size_t index, const Number& value, Sending sending);
     Status putConverted(std::size_t converter, const Number& value, Sending sending);
-    Status putRegister(std::size_t node, const Number& value, Sending sending);
-    Result<Number> onGrid(std::size_t node, const Number& value);
+    Status putRegister(std::size_t index, const Number& value, Sending sending);
+    Result<Number> onGrid(std::size_t index, const Number& value);
 
-    Result<Register> place(std::size_t node);
+    Result<Register> place(std::size_t index);
     Result<std::size_t> readLength(std::size_t node);
-    Result<std::vector<std::uint8_t>> readBytes(std::size_t node);
-    Status writeBytes(std::size_t node, const std::vector<std::uint8_t>& bytes);
-    Result<std::vector<std::uint8_t>> bytesToChange(std::size_t node);
+    Result<std::vector<std::uint8_t>> readBytes(std::size_t index);
+    Status writeBytes(std::size_t index, const std::vector<std::uint8_t>& bytes);
+    Result<std::vector<std::uint8_t>> bytesToChange(std::size_t index);
 
     const Description& m_description;
     RegisterPort& m_port;

@@ -74,7 +74,7 @@ TEST(Dependents, FollowEachReferenceInItsDirection)
              { "pInvalidator", "Owner", "" }, { "pSelected", "", "Target" },
              { "pValue", "Owner", "Target" }, { "pValueCopy", "Owner", "Target" },
              { "pValueIndexed", "Owner", "Target" }, { "pValueDefault", "Owner", "Target" },
-             { "pAlias", "", "" }, { "pError", "", "" }, { "pPort", "", "" } }) {
+             { "pAlias", "", "" }, { "pError", "Owner", "" }, { "pPort", "", "" } }) {
         TestCamera camera(
             "Owner Target", integer("Owner", element(tag, "Target")) + integer("Target", ""));
         EXPECT_EQ(names(camera.repository.GetInvalidatedFeatures("Target")), ofTarget) << tag;
