@@ -123,30 +123,27 @@ Truth Conditions::find(const Condition& condition)
 
 Truth Conditions::allHold(const std::vector<Condition>& conditions)
 {
-    std::string why;
-    for (const Condition& condition : conditions) {
-        const Truth truth = ask(condition);
-        if (truth == Truth::No) {
-            return truth;
-        }
-        why = truth == Truth::Unknown ? m_why : why;
-    }
-    m_why = why;
-    return why.empty() ? Truth::Yes : Truth::Unknown;
+    return combined(conditions, Truth::No, Truth::Yes);
 }
 
 Truth Conditions::anyHolds(const std::vector<Condition>& conditions)
 {
+    return combined(conditions, Truth::Yes, Truth::No);
+}
+
+Truth Conditions::combined(
+    const std::vector<Condition>& conditions, Truth deciding, Truth otherwise)
+{
     std::string why;
     for (const Condition& condition : conditions) {
         const Truth truth = ask(condition);
-        if (truth == Truth::Yes) {
+        if (truth == deciding) {
             return truth;
         }
         why = truth == Truth::Unknown ? m_why : why;
     }
     m_why = why;
-    return why.empty() ? Truth::No : Truth::Unknown;
+    return why.empty() ? otherwise : Truth::Unknown;
 }
 
 } // namespace zqcameralib

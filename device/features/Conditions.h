@@ -66,6 +66,8 @@ private:
     };
 
     Truth find(const Condition& condition);
+    /// `deciding` where one says so, else Unknown where one cannot be evaluated, else `otherwise`.
+    Truth combined(const std::vector<Condition>& conditions, Truth deciding, Truth otherwise);
     /// What never changes about a node that is asked for.
     struct Known {
         std::uint16_t access = 0; ///< featurebrowser::ACCESS_MODE

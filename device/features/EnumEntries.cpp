@@ -24,7 +24,7 @@ std::vector<EnumEntry> enumEntries(const Description& description, std::size_t e
     for (const pugi::xml_node& element :
         description.node(enumeration).element.children("EnumEntry")) {
         const std::string_view text = childText(element, "Value");
-        const auto value = parseNumber(text.data(), text.data() + text.size());
+        const auto value = parseNumber(text);
         if (!value) {
             continue;
         }

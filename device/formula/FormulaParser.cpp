@@ -182,7 +182,7 @@ std::size_t FormulaParser::number()
         }
     }
     const std::string_view text = m_text.substr(first, m_at - first);
-    const std::optional<Number> value = parseNumber(text.data(), text.data() + text.size());
+    const std::optional<Number> value = parseNumber(text);
     return value ? addConstant(*value) : fail("\"" + std::string(text) + "\" is no number");
 }
 

@@ -70,9 +70,8 @@ bool operator<(const Number& a, const Number& b)
     return a.isReal || b.isReal ? a.asReal() < b.asReal() : a.integer < b.integer;
 }
 
-std::optional<Number> parseNumber(const char* first, const char* last)
+std::optional<Number> parseNumber(std::string_view text)
 {
-    std::string_view text(first, static_cast<std::size_t>(last - first));
     const bool isNegative = !text.empty() && text[0] == '-';
     if (isNegative || (!text.empty() && text[0] == '+')) {
         text.remove_prefix(1);

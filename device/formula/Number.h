@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 namespace zqcameralib {
 
@@ -27,6 +28,6 @@ bool operator<(const Number& a, const Number& b);
 
 /// The whole text as a number of a description: decimal, with 0x hexadecimal, or a float, with or
 /// without a sign. Nothing when it is none or has more than 64 bits. Leading zeros mean nothing.
-std::optional<Number> parseNumber(const char* first, const char* last);
+std::optional<Number> parseNumber(std::string_view text);
 
 } // namespace zqcameralib

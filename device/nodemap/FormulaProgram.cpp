@@ -39,7 +39,7 @@ std::optional<Number> entryValue(const DescriptionNode& enumeration, std::string
     for (const pugi::xml_node& entry : enumeration.element.children("EnumEntry")) {
         if (entry.attribute("Name").value() == name) {
             const std::string_view text = childText(entry, "Value");
-            return parseNumber(text.data(), text.data() + text.size());
+            return parseNumber(text);
         }
     }
     return std::nullopt;
@@ -151,7 +151,7 @@ private:
         }
         if (tag == "Constant") {
             const std::string_view text = elementText(element);
-            const auto number = parseNumber(text.data(), text.data() + text.size());
+            const auto number = parseNumber(text);
             return number ? constant(*number)
                           : Status(notEvaluable, "its constant " + symbol + " is no number");
         }

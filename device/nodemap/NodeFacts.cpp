@@ -8,8 +8,7 @@ namespace {
 
 std::optional<Number> numberIn(const pugi::xml_node& element)
 {
-    const std::string_view text = elementText(element);
-    return parseNumber(text.data(), text.data() + text.size());
+    return parseNumber(elementText(element));
 }
 
 std::int64_t integerIn(const pugi::xml_node& element, std::int64_t whenAbsent)
@@ -43,7 +42,7 @@ void addIndexed(const Description& description, const pugi::xml_node& element, V
                 source.constant = numberIn(child);
             }
             const std::string_view at = child.attribute("Index").value();
-            const auto number = parseNumber(at.data(), at.data() + at.size());
+            const auto number = parseNumber(at);
             facts.indexed.emplace(number ? number->integer : 0, source);
         }
     }
@@ -90,7 +89,7 @@ void addPlace(const Description& description, const pugi::xml_node& reg, Registe
         } else if (tag == "pIndex") {
             RegisterFacts::Step step { description.find(elementText(child)), {} };
             const std::string_view offset = child.attribute("Offset").value();
-            step.size.constant = parseNumber(offset.data(), offset.data() + offset.size());
+            step.size.constant = parseNumber(offset);
             step.size.node = description.find(child.attribute("pOffset").value());
             facts.steps.push_back(step);
         }

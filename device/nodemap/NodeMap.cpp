@@ -308,7 +308,7 @@ Status NodeMap::errorOf(std::size_t index)
     std::string name = "error " + std::to_string(error.value().integer);
     for (const pugi::xml_node& entry : node(reporting).element.children("EnumEntry")) {
         const std::string_view text = childText(entry, "Value");
-        if (parseNumber(text.data(), text.data() + text.size()) == error.value()) {
+        if (parseNumber(text) == error.value()) {
             name = entry.attribute("Name").value();
         }
     }

@@ -47,7 +47,7 @@ Limits NodeMap::entryLimits(std::size_t enumeration) const
     Limits limits;
     for (const pugi::xml_node& entry : node(enumeration).element.children("EnumEntry")) {
         const std::string_view text = childText(entry, "Value");
-        const auto value = parseNumber(text.data(), text.data() + text.size());
+        const auto value = parseNumber(text);
         if (value) {
             limits.minimum = limits.minimum ? std::min(*limits.minimum, *value) : *value;
             limits.maximum = limits.maximum ? std::max(*limits.maximum, *value) : *value;
