@@ -172,8 +172,8 @@ std::size_t FormulaParser::primary()
 std::size_t FormulaParser::number()
 {
     const std::size_t first = m_at;
-    const bool isHexadecimal
-        = g_ascii_tolower(m_text.substr(m_at).size() > 1 ? m_text[m_at + 1] : 0) == 'x';
+    const std::string_view prefix = m_text.substr(m_at, 2);
+    const bool isHexadecimal = prefix == "0x" || prefix == "0X";
     while (m_at < m_text.size() && isWordPart(m_text[m_at])) {
         const bool isExponent = !isHexadecimal && g_ascii_tolower(m_text[m_at]) == 'e';
         ++m_at;
