@@ -34,12 +34,27 @@ void eraseBeforeFirstTag(std::string& text)
     text.erase(0, text.find('<'));
 }
 
+bool isControl(char c)
+{
+    return static_cast<unsigned char>(c) < 0x20U && c != '\t' && c != '\n' && c != '\r';
+}
+
+/// Most descriptions are, and are searched faster than validated.
+bool isPlainAscii(std::string_view text)
+{
+    unsigned int faults = 0;
+    for (const char c : text) {
+        faults |= (static_cast<unsigned char>(c) & 0x80U) | (isControl(c) ? 1U : 0U);
+    }
+    return faults == 0;
+}
+
 /// What is not text in XML would stop the parsers below; it becomes question marks.
 void replaceInvalidBytes(std::string& text)
 {
-    const auto isControl = [](char c) {
-        return static_cast<unsigned char>(c) < 0x20U && c != '\t' && c != '\n' && c != '\r';
-    };
+    if (isPlainAscii(text)) {
+        return;
+    }
     std::replace_if(text.begin(), text.end(), isControl, '?');
     const char* invalid = nullptr;
     const char* rest = text.data();

@@ -111,11 +111,11 @@ std::size_t FormulaParser::choice()
         return fail("it is nested too deeply");
     }
     const std::size_t condition = binary(0);
-    if (!take("?")) {
+    if (!take('?')) {
         return condition;
     }
     const std::size_t whenTrue = choice();
-    expect(":");
+    expect(':');
     const std::size_t whenFalse = choice();
     return add(Operation::Choice, condition, whenTrue, whenFalse);
 }
@@ -141,22 +141,22 @@ std::size_t FormulaParser::unary()
     if (m_depth > maxDepth) {
         return fail("it is nested too deeply");
     }
-    if (take("-")) {
+    if (take('-')) {
         return add(Operation::Negate, unary());
     }
-    if (take("+")) {
+    if (take('+')) {
         return add(Operation::Identity, unary());
     }
-    return take("~") ? add(Operation::BitNot, unary()) : primary();
+    return take('~') ? add(Operation::BitNot, unary()) : primary();
 }
 
 std::size_t FormulaParser::primary()
 {
     skipBlanks();
     const char next = isAtEnd() ? '\0' : m_text[m_at];
-    if (take("(")) {
+    if (take('(')) {
         const std::size_t inner = choice();
-        expect(")");
+        expect(')');
         return inner;
     }
     if (g_ascii_isdigit(next) || next == '.') {
@@ -193,12 +193,12 @@ std::size_t FormulaParser::word()
         ++m_at;
     }
     const std::string_view name = m_text.substr(first, m_at - first);
-    return take("(") ? call(name) : symbol(name);
+    return take('(') ? call(name) : symbol(name);
 }
 
 std::size_t FormulaParser::call(std::string_view name)
 {
-    if ((name == "PI" || name == "E") && take(")")) {
+    if ((name == "PI" || name == "E") && take(')')) {
         return addConstant(Number::of(name == "E" ? M_E : M_PI));
     }
     const auto* const function = std::find_if(functions.begin(), functions.end(),
@@ -207,12 +207,12 @@ std::size_t FormulaParser::call(std::string_view name)
         return fail("there is no function " + std::string(name));
     }
     const std::size_t argument = choice();
-    if (function->operation == Operation::Round && take(",")) {
+    if (function->operation == Operation::Round && take(',')) {
         const std::size_t digits = choice();
-        expect(")");
+        expect(')');
         return add(Operation::RoundTo, argument, digits);
     }
-    expect(")");
+    expect(')');
     return add(function->operation, argument);
 }
 
@@ -254,28 +254,28 @@ const FormulaParser::Operator* FormulaParser::nextOperator()
 {
     skipBlanks();
     const std::string_view rest = m_text.substr(m_at, 2);
+    if (rest.empty() || rest[0] == ')') { // mostly
+        return nullptr;
+    }
     const auto* const found
         = std::find_if(operators.begin(), operators.end(), [rest](const Operator& known) {
-              return !rest.empty() && rest[0] == known.sign[0]
-                  && rest.substr(0, known.sign.size()) == known.sign;
+              return rest[0] == known.sign[0] && rest.substr(0, known.sign.size()) == known.sign;
           });
     return found == operators.end() ? nullptr : found;
 }
 
-bool FormulaParser::take(std::string_view sign)
+bool FormulaParser::take(char sign)
 {
     skipBlanks();
-    if (m_text.substr(m_at, sign.size()) != sign) {
-        return false;
-    }
-    m_at += sign.size();
-    return true;
+    const bool isThere = m_at < m_text.size() && m_text[m_at] == sign;
+    m_at += isThere ? 1 : 0;
+    return isThere;
 }
 
-void FormulaParser::expect(std::string_view sign)
+void FormulaParser::expect(char sign)
 {
     if (!take(sign)) {
-        fail("\"" + std::string(sign) + "\" is missing");
+        fail(std::string("\"") + sign + "\" is missing");
     }
 }
 

@@ -41,8 +41,8 @@ private:
     std::size_t fail(const std::string& why);
     /// The one that follows, or null; it is not taken yet.
     const Operator* nextOperator();
-    bool take(std::string_view sign);
-    void expect(std::string_view sign);
+    bool take(char sign);
+    void expect(char sign);
     void skipBlanks();
     bool isAtEnd();
 
