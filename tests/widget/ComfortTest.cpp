@@ -354,9 +354,11 @@ TEST_F(ComfortTest, AMatrixReadsEveryEntryAndSetsTheSelectorBack)
     EXPECT_FALSE(dialog->isVisible());
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(child<QDialog>("selectorMatrix"), nullptr);
+    setChoice("GainSelector", "0", { "Red", "Green" });
     for (const std::size_t last : { 1U, 3U }) {
         journal.take();
-        journal.answer = [this, last](const std::string&) {
+        journal.answer = [this, last](const std::string& event) {
+            confirm(event);
             if (journal.lines.size() == last) {
                 delete child<QDialog>("selectorMatrix");
             }
@@ -465,8 +467,10 @@ TEST_F(ComfortTest, WordsAreOfTheDesktopsLanguage)
     edit("Width", "1 ms");
     EXPECT_EQ(message(), "„1 ms“ ist keine Zahl; die Einheit dieser Einstellung ist nicht bekannt");
     press(Qt::Key_Escape);
+    journal.answer = nullptr;
     edit("Width", "2");
-    EXPECT_EQ(message(), "Die Kamera hat diesen Wert nicht bestätigt");
+    EXPECT_EQ(message(),
+        "Die Kamera hat „2“ nicht bestätigt; die Zeile zeigt den letzten bekannten Wert");
     QLocale::setDefault(QLocale::c());
     EXPECT_EQ(qApp->findChildren<QTranslator*>("zqfeaturebrowserwidget").size(), 1);
     qDeleteAll(qApp->findChildren<QTranslator*>());

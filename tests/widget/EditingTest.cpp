@@ -34,6 +34,7 @@ protected:
 
 TEST_F(EditingTest, WhatIsTypedIsOneEventOrAMessage)
 {
+    journal.answer = nullptr; // so that each value is another one
     browser->setItemDescription("ExposureTime", "Exposure time (in microseconds).");
     for (const QStringList& row : table("typed")) {
         edit(row[0].toStdString(), row[1].toUtf8());
@@ -265,6 +266,7 @@ TEST_F(EditingTest, ArrowsStepAFloatAsItsSliderAndWriteNothingBeforeItIsAccepted
         EXPECT_EQ(text(name), row[6].toStdString()) << row.join('|').toStdString();
     }
     browser->setNumberOfSteps(0); // is one
+    setFloat("Gain", 7, 3, 8);
     edit("Gain", " 0 ", Qt::Key_Up);
     press(Qt::Key_Return);
     EXPECT_EQ(journal.take(), Lines { "Double Gain 8" });

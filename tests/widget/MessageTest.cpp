@@ -23,7 +23,7 @@ TEST_F(MessageTest, ARejectionStaysAtItsRowUntilTheNextGoodValue)
     };
     edit("Width", "5");
     EXPECT_EQ(text("Width"), "640");
-    EXPECT_EQ(message(), "Error writing value\nValue must be <b>16</b>");
+    EXPECT_EQ(message(), "Error writing value\nValue must be <b>16</b>\nEntered: 5");
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_EQ(row("Width").data(Qt::AccessibleDescriptionRole).toString(),
         "Width\n" + QString::fromStdString(message()));
@@ -64,18 +64,22 @@ TEST_F(MessageTest, WhatIsNotConfirmedAsEnteredIsSaidAtItsRow)
         const char *value, *message;
     };
     for (const Case& c : std::vector<Case> {
-             { "Width", "48", [] {}, "48", "The camera has not confirmed this value" },
-             { "Width", "48", [] {}, "48", "The camera has not confirmed this value" },
-             { "Width", "7", [] { throw std::out_of_range("stoll"); }, "7",
-                 "Internal error: stoll" },
-             { "Width", "8", [] { throw 1; }, "8", // NOLINT(hicpp-exception-baseclass)
-                 "Internal error" },
+             { "Width", "48", [] {}, "640",
+                 "The camera has not confirmed “48”; the row shows the last known value" },
+             { "Width", "48", [] {}, "640",
+                 "The camera has not confirmed “48”; the row shows the last known value" },
+             { "Width", "7", [] { throw std::out_of_range("stoll"); }, "640",
+                 "Internal error: stoll\nEntered: 7" },
+             { "Width", "8", [] { throw 1; }, "640", // NOLINT(hicpp-exception-baseclass)
+                 "Internal error\nEntered: 8" },
              { "DeviceUserID", "right", accept("left"), "left",
                  "The camera has not taken “right”; the row shows what it holds" },
              { "DeviceUserID", "right", accept("right"), "right", "" },
              { "ExposureTime", "7000",
                  [this] { browser->setDefaultValue("ExposureTime", 5000.0, "Error\n"); }, "5000",
-                 "Error" } }) {
+                 "Error\nEntered: 7000" },
+             { "ExposureTime", "7000.2", [this] { setFloat("ExposureTime", 7000); }, "7000",
+                 "The camera has put “7000.2” onto “7000”" } }) {
         journal.answer = [&c](const std::string&) { c.answer(); };
         edit(c.name, c.typed);
         EXPECT_EQ(journal.take().size(), 1U) << "trying again is possible";
@@ -101,7 +105,7 @@ TEST_F(MessageTest, WhatIsNotConfirmedAsEnteredIsSaidAtItsRow)
     journal.take();
     browser->showDialog(nullptr, 0, 0, {}, {});
     edit("Width", "64");
-    EXPECT_EQ(message(), "Not written: nothing is connected to this browser");
+    EXPECT_EQ(message(), "“64” was not written: nothing is connected to this browser");
     EXPECT_TRUE(journal.take().empty());
     browser->showDialog(&journal, 0, 0, {}, {});
     journal.answer = [](const std::string&) { throw std::runtime_error("no"); };

@@ -330,7 +330,7 @@ TEST_F(PictureTest, TextsStandInOneLineAndAreMirroredInTheirPlaceOnly)
 TEST_F(PictureTest, AWrittenValueIsMarkedForAWhile)
 {
     journal.answer = [this](const std::string&) {
-        setInteger("Width", 640);
+        setInteger("Width", 512);
         setChoice("PixelFormat", "1", { "A", "B" });
     };
     select("ExposureTime");

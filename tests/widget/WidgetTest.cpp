@@ -59,6 +59,30 @@ void WidgetTest::show()
     tree()->setFocus();
     QApplication::processEvents();
     journal.take();
+    journal.answer = [this](const std::string& event) { confirm(event); };
+}
+
+void WidgetTest::confirm(const std::string& event) const
+{
+    const QStringList parts = QString::fromStdString(event).split(' ');
+    const std::string name = parts.value(1).toStdString();
+    const std::string value = parts.mid(2).join(' ').toStdString();
+    const auto limit = [&](const char* roleName) { return role(name, roleName); };
+    if (parts[0] == "Int") {
+        setInteger(name, parts[2].toLong(), limit("minimum").toLongLong(),
+            limit("maximum").toLongLong(), limit("increment").toUInt());
+    } else if (parts[0] == "Double") {
+        setFloat(name, parts[2].toDouble(), limit("minimum").toDouble(),
+            limit("maximum").toDouble(), limit("increment").toDouble());
+    } else if (parts[0] == "Enum" || parts[0] == "Bool") {
+        std::list<std::string> entries;
+        for (const QString& entry : limit("entries").toStringList()) {
+            entries.push_back(entry.toStdString());
+        }
+        setChoice(name, parts.back().toUtf8(), entries);
+    } else if (parts[0] == "String" || parts[0] == "IP") {
+        setText(name, value.c_str());
+    }
 }
 
 void WidgetTest::addInteger(const std::string& category, const std::string& name, long value,

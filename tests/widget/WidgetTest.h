@@ -20,6 +20,9 @@ protected:
     static std::vector<QStringList> table(const char* heading);
 
     void show();
+    /// Answers an event as a camera that takes every value. The journal does so unless a test wants
+    /// something else to happen.
+    void confirm(const std::string& event) const;
     void addInteger(const std::string& category, const std::string& name, long value = 1,
         TYPE_LEVEL level = LEVEL_BEGINNER, const std::string& selectors = "") const;
     void addSelector(const std::string& category, const std::string& name,

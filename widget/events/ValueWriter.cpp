@@ -9,19 +9,16 @@ namespace featurebrowser {
 
 namespace {
 
-// Numbers may come back rounded to what the camera can hold; texts and entries may not.
-bool mustComeBack(const FeatureRow& row)
+bool isNumber(const FeatureRow& row)
 {
-    return row.kind != RowKind::Integer && row.kind != RowKind::Float;
+    return row.kind == RowKind::Integer || row.kind == RowKind::Float;
 }
 
+/// What the row would show had the camera taken the value.
 QString enteredText(const FeatureRow& row, const EditValue& entered)
 {
-    if (const auto* text = std::get_if<std::string>(&entered)) {
-        return toText(*text);
-    }
-    const auto* index = std::get_if<EntryIndex>(&entered);
-    return index != nullptr ? entryTexts(row).value(index->index) : QString();
+    const auto value = withEntered(row.value, entered);
+    return value ? heldText(*value) : QString();
 }
 
 } // namespace
@@ -44,7 +41,7 @@ void ValueWriter::run(Write& write, const ReceiverEvent& event)
         std::remove(followers.begin(), followers.end(), write.result.name), followers.end());
 }
 
-void ValueWriter::write(const std::string& name, const EditValue& value)
+void ValueWriter::write(const std::string& name, const EditValue& value, Entry entry)
 {
     FeatureRow* row = m_model.find(name);
     if (row == nullptr || !row->isEditable() || !fits(*row, value)) {
@@ -52,29 +49,42 @@ void ValueWriter::write(const std::string& name, const EditValue& value)
     }
     Write write;
     write.result.name = name;
-    const auto event = eventFor(*row, value);
-    m_model.setValue(*row, *withEntered(row->value, value), row->readOnly, true);
-    run(write, event);
-    judge(write, value);
+    if (row->hasValue) {
+        write.result.before = row->value;
+    }
+    run(write, eventFor(*row, value));
+    judge(write, value, entry);
     Q_EMIT written(write.result);
 }
 
 // The row may have gone meanwhile, so it is looked up again.
-void ValueWriter::judge(const Write& write, const EditValue& entered)
+void ValueWriter::judge(Write& write, const EditValue& entered, Entry entry)
 {
     FeatureRow* row = m_model.find(write.result.name);
-    if (row == nullptr || write.complained) {
+    if (row == nullptr) {
         return;
     }
-    if (!m_events.hasReceiver()) {
-        showMessage(row->name, tr("Not written: nothing is connected to this browser"));
-    } else if (!write.answered) {
-        showMessage(row->name, tr("The camera has not confirmed this value"));
-        row->ownExtras().isUnconfirmed = true;
-    } else if (mustComeBack(*row) && !holds(*row, entered)) {
+    const QString wanted = enteredText(*row, entered);
+    const bool isOther = !row->hasValue || valueText(*row) != wanted;
+    write.result.isTaken
+        = write.answered && !write.complained && (isNumber(*row) || holds(*row, entered));
+    if (write.complained) {
+        m_model.setMessage(
+            *row, row->extras().message + QLatin1Char('\n') + tr("Entered: %1").arg(wanted));
+    } else if (!m_events.hasReceiver()) {
         showMessage(row->name,
-            tr("The camera has not taken “%1”; the row shows what it holds")
-                .arg(enteredText(*row, entered)));
+            tr("“%1” was not written: nothing is connected to this browser").arg(wanted));
+    } else if (!write.answered) {
+        showMessage(row->name,
+            tr("The camera has not confirmed “%1”; the row shows the last known value")
+                .arg(wanted));
+        row->ownExtras().isUnconfirmed = true;
+    } else if (!write.result.isTaken) {
+        showMessage(row->name,
+            tr("The camera has not taken “%1”; the row shows what it holds").arg(wanted));
+    } else if (isOther && entry == Entry::Meant) {
+        showMessage(
+            row->name, tr("The camera has put “%1” onto “%2”").arg(wanted, valueText(*row)));
     } else {
         m_model.setMessage(*row, {});
     }

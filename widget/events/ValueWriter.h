@@ -10,6 +10,8 @@ namespace featurebrowser {
 struct WriteResult {
     std::string name;
     bool isCommand = false;
+    RowValue before; ///< what the row held; none where it showed no value, and for commands
+    bool isTaken = false; ///< the camera side has answered with the entered value or one near it
     std::vector<std::string> followers; ///< other rows whose value, limits or read-only state moved
 };
 
@@ -23,8 +25,15 @@ public:
     /// `model` and `events` are not owned and have to outlive the writer.
     ValueWriter(FeatureModel& model, EventPort& events, QObject* parent);
 
-    /// Shows the value as entered and raises its event.
-    void write(const std::string& name, const EditValue& value);
+    /// How a value comes about.
+    enum class Entry {
+        Meant, ///< the user wants exactly this one
+        Passing ///< one of many on the way, for example of a slider
+    };
+
+    /// Raises the event of the value. The row goes on showing what it holds until the camera side
+    /// says what it holds now; where that is not what was entered, a message at the row says so.
+    void write(const std::string& name, const EditValue& value, Entry entry = Entry::Meant);
     /// Presses the button of a command.
     void press(const std::string& name);
     /// Changes a boolean to its other entry.
@@ -47,7 +56,7 @@ private:
     };
 
     void run(Write& write, const ReceiverEvent& event);
-    void judge(const Write& write, const EditValue& entered);
+    void judge(Write& write, const EditValue& entered, Entry entry);
 
     FeatureModel& m_model;
     EventPort& m_events;

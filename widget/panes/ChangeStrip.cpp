@@ -46,7 +46,7 @@ void ChangeStrip::showResult(const WriteResult& result)
     const int count = static_cast<int>(m_rows.size());
     const QString name = toText(row->name);
     QString text = result.isCommand ? name : name + QStringLiteral(" = ") + valueText(*row);
-    if (row->hasMessage()) {
+    if (!result.isCommand && !result.isTaken) {
         text = tr("%1 was not accepted as entered").arg(name);
     }
     if (count > 0) {

@@ -76,27 +76,26 @@ QString exactFloatText(double value)
                                                  : formatted(value, std::chars_format::fixed);
 }
 
-QString valueText(const FeatureRow& row)
+QString heldText(const RowValue& value)
 {
-    if (row.isCategory()) {
-        return {};
-    }
-    if (!row.hasValue) {
-        return noValueText();
-    }
-    if (const auto* integer = std::get_if<IntegerValue>(&row.value)) {
+    if (const auto* integer = std::get_if<IntegerValue>(&value)) {
         return QString::number(integer->value);
     }
-    if (const auto* number = std::get_if<FloatValue>(&row.value)) {
+    if (const auto* number = std::get_if<FloatValue>(&value)) {
         return floatText(number->value);
     }
-    if (const auto* text = std::get_if<TextValue>(&row.value)) {
+    if (const auto* text = std::get_if<TextValue>(&value)) {
         return toText(text->text);
     }
-    if (const auto* choice = std::get_if<ChoiceValue>(&row.value)) {
+    if (const auto* choice = std::get_if<ChoiceValue>(&value)) {
         return choiceText(*choice);
     }
     return {};
+}
+
+QString valueText(const FeatureRow& row)
+{
+    return row.isCategory() || row.hasValue ? heldText(row.value) : noValueText();
 }
 
 QString editText(const FeatureRow& row)

@@ -14,6 +14,9 @@ QString floatText(double value);
 /// The shortest text that reads back to exactly the same double: what an editor starts with.
 QString exactFloatText(double value);
 
+/// A value as rows show it, without the unit; empty for none.
+QString heldText(const RowValue& value);
+
 /// What the Value column shows, without the unit; empty for categories.
 QString valueText(const FeatureRow& row);
 

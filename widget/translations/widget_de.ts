@@ -1,317 +1,325 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
-    <context>
-        <name>featurebrowser::AddressEditor</name>
-        <message>
-            <source>“%1” is not an IPv4 address: four numbers from 0 to 255 with points between</source>
-            <translation>„%1“ ist keine IPv4-Adresse: vier Zahlen von 0 bis 255 mit Punkten dazwischen</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::BrowserWindow</name>
-        <message>
-            <source>Camera features</source>
-            <translation>Kameraeinstellungen</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::ChangeStrip</name>
-        <message>
-            <source>Go to the next changed feature (F4)</source>
-            <translation>Zur nächsten geänderten Einstellung (F4)</translation>
-        </message>
-        <message>
-            <source>%1 was not accepted as entered</source>
-            <translation>%1 wurde nicht wie eingegeben übernommen</translation>
-        </message>
-        <message numerus="yes">
-            <source>%n feature(s) followed</source>
-            <translation>
-                <numerusform>%n Einstellung folgte</numerusform>
-                <numerusform>%n Einstellungen folgten</numerusform>
-            </translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::DescriptionPane</name>
-        <message>
-            <source>Description</source>
-            <translation>Beschreibung</translation>
-        </message>
-        <message>
-            <source>Select a feature to read about it here</source>
-            <translation>Wählen Sie eine Einstellung, um hier über sie zu lesen</translation>
-        </message>
-        <message>
-            <source>The camera does not describe this feature</source>
-            <translation>Die Kamera beschreibt diese Einstellung nicht</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::EventPort</name>
-        <message>
-            <source>Internal error: %1</source>
-            <translation>Interner Fehler: %1</translation>
-        </message>
-        <message>
-            <source>Internal error</source>
-            <translation>Interner Fehler</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::FeatureModel</name>
-        <message>
-            <source>Feature</source>
-            <translation>Einstellung</translation>
-        </message>
-        <message>
-            <source>Value</source>
-            <translation>Wert</translation>
-        </message>
-        <message numerus="yes">
-            <source>selects %n</source>
-            <translation>
-                <numerusform>wählt %n aus</numerusform>
-                <numerusform>wählt %n aus</numerusform>
-            </translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::FeatureTreeView</name>
-        <message>
-            <source>Camera features</source>
-            <translation>Kameraeinstellungen</translation>
-        </message>
-        <message>
-            <source>Nothing found for “%1” at this level</source>
-            <translation>Auf dieser Stufe nichts zu „%1“ gefunden</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::FilterBar</name>
-        <message>
-            <source>Show the features that the visibility level hides</source>
-            <translation>Die Einstellungen zeigen, die die Stufe verbirgt</translation>
-        </message>
-        <message>
-            <source>Expand all categories</source>
-            <translation>Alle Kategorien aufklappen</translation>
-        </message>
-        <message>
-            <source>Collapse all categories</source>
-            <translation>Alle Kategorien zuklappen</translation>
-        </message>
-        <message>
-            <source>Find a feature (Ctrl+F)</source>
-            <translation>Einstellung suchen (Strg+F)</translation>
-        </message>
-        <message>
-            <source>Find a feature</source>
-            <translation>Einstellung suchen</translation>
-        </message>
-        <message>
-            <source>Finds names, values, entries and descriptions</source>
-            <translation>Findet Namen, Werte, Einträge und Beschreibungen</translation>
-        </message>
-        <message>
-            <source>Visibility level</source>
-            <translation>Sichtbarkeitsstufe</translation>
-        </message>
-        <message>
-            <source>Show features of this level and below</source>
-            <translation>Einstellungen bis zu dieser Stufe zeigen</translation>
-        </message>
-        <message>
-            <source>Beginner</source>
-            <translation>Einsteiger</translation>
-        </message>
-        <message>
-            <source>Expert</source>
-            <translation>Experte</translation>
-        </message>
-        <message>
-            <source>Guru</source>
-            <translation>Guru</translation>
-        </message>
-        <message numerus="yes">
-            <source>Show %n more</source>
-            <comment>features found beyond the visibility level</comment>
-            <translation>
-                <numerusform>%n weitere zeigen</numerusform>
-                <numerusform>%n weitere zeigen</numerusform>
-            </translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::FloatEditor</name>
-        <message>
-            <source>Slider of %1</source>
-            <translation>Schieberegler von %1</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::MessageCallout</name>
-        <message>
-            <source>Dismiss this message</source>
-            <translation>Meldung schließen</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::NumberInput</name>
-        <message>
-            <source>“%1” is not a number</source>
-            <translation>„%1“ ist keine Zahl</translation>
-        </message>
-        <message>
-            <source>“%1” is not a number; the unit of this feature is not known</source>
-            <translation>„%1“ ist keine Zahl; die Einheit dieser Einstellung ist nicht bekannt</translation>
-        </message>
-        <message>
-            <source>“%1” does not fit a feature in %2</source>
-            <translation>„%1“ passt nicht zu einer Einstellung in %2</translation>
-        </message>
-        <message>
-            <source>“%1” can be read in two ways: write %2 or %3</source>
-            <translation>„%1“ lässt sich auf zwei Arten lesen: schreiben Sie %2 oder %3</translation>
-        </message>
-        <message>
-            <source>“%1” is beyond the range of numbers</source>
-            <translation>„%1“ liegt außerhalb des Zahlenbereichs</translation>
-        </message>
-        <message>
-            <source>“%1” is not a whole number</source>
-            <translation>„%1“ ist keine ganze Zahl</translation>
-        </message>
-        <message>
-            <source>“%1” does not fit into 64 bits</source>
-            <translation>„%1“ passt nicht in 64 Bit</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::PinStrip</name>
-        <message>
-            <source>Pinned features</source>
-            <translation>Angeheftete Einstellungen</translation>
-        </message>
-        <message>
-            <source>Unpin %1</source>
-            <translation>%1 lösen</translation>
-        </message>
-        <message>
-            <source>Unpin</source>
-            <translation>Lösen</translation>
-        </message>
-        <message>
-            <source>Recent values of %1</source>
-            <translation>Letzte Werte von %1</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::RowMenu</name>
-        <message>
-            <source>Copy &amp;name</source>
-            <translation>&amp;Namen kopieren</translation>
-        </message>
-        <message>
-            <source>Copy category as &amp;text</source>
-            <translation>Kategorie als &amp;Text kopieren</translation>
-        </message>
-        <message>
-            <source>Copy &amp;value</source>
-            <translation>&amp;Wert kopieren</translation>
-        </message>
-        <message>
-            <source>&amp;Copy name=value</source>
-            <translation>Name=Wert &amp;kopieren</translation>
-        </message>
-        <message>
-            <source>&amp;Unpin</source>
-            <translation>&amp;Lösen</translation>
-        </message>
-        <message>
-            <source>&amp;Pin to the top</source>
-            <translation>Oben &amp;anheften</translation>
-        </message>
-        <message>
-            <source>Show all entries of this &amp;selector…</source>
-            <translation>Alle &amp;Einträge dieses Selektors zeigen …</translation>
-        </message>
-        <message>
-            <source>Collapse &amp;others</source>
-            <translation>Ü&amp;brige zuklappen</translation>
-        </message>
-        <message>
-            <source>&amp;Expand all</source>
-            <translation>Alle &amp;aufklappen</translation>
-        </message>
-        <message>
-            <source>Collapse &amp;all</source>
-            <translation>Alle &amp;zuklappen</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::RowRoles</name>
-        <message>
-            <source>Locked: cannot be changed now, for example while acquiring</source>
-            <translation>Gesperrt: zurzeit nicht änderbar, zum Beispiel während der Aufnahme</translation>
-        </message>
-        <message>
-            <source>Not available in the camera's present configuration</source>
-            <translation>In der jetzigen Konfiguration der Kamera nicht verfügbar</translation>
-        </message>
-        <message>
-            <source>The last attempt to read it from the camera failed</source>
-            <translation>Das letzte Lesen aus der Kamera ist fehlgeschlagen</translation>
-        </message>
-        <message>
-            <source>Read-only</source>
-            <translation>Nur lesbar</translation>
-        </message>
-        <message>
-            <source>Selected by %1</source>
-            <translation>Ausgewählt durch %1</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::SelectorMatrix</name>
-        <message>
-            <source>All entries of %1</source>
-            <translation>Alle Einträge von %1</translation>
-        </message>
-        <message>
-            <source>Read by switching %1 through its entries; it is set back afterwards.</source>
-            <translation>Gelesen, indem %1 durch seine Einträge geschaltet wird; danach wird er zurückgestellt.</translation>
-        </message>
-        <message>
-            <source>&amp;Read again</source>
-            <translation>&amp;Neu lesen</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::TextEditor</name>
-        <message>
-            <source>Bytes of the text and the most that the camera takes</source>
-            <translation>Bytes des Textes und wie viele die Kamera höchstens nimmt</translation>
-        </message>
-        <message>
-            <source>The text has %1 bytes; the camera takes at most %2</source>
-            <translation>Der Text hat %1 Bytes; die Kamera nimmt höchstens %2</translation>
-        </message>
-    </context>
-    <context>
-        <name>featurebrowser::ValueWriter</name>
-        <message>
-            <source>Not written: nothing is connected to this browser</source>
-            <translation>Nicht geschrieben: mit dieser Ansicht ist nichts verbunden</translation>
-        </message>
-        <message>
-            <source>The camera has not confirmed this value</source>
-            <translation>Die Kamera hat diesen Wert nicht bestätigt</translation>
-        </message>
-        <message>
-            <source>The camera has not taken “%1”; the row shows what it holds</source>
-            <translation>Die Kamera hat „%1“ nicht übernommen; die Zeile zeigt, was sie enthält</translation>
-        </message>
-    </context>
+<context>
+    <name>featurebrowser::AddressEditor</name>
+    <message>
+        <source>“%1” is not an IPv4 address: four numbers from 0 to 255 with points between</source>
+        <translation>„%1“ ist keine IPv4-Adresse: vier Zahlen von 0 bis 255 mit Punkten dazwischen</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::BrowserWindow</name>
+    <message>
+        <source>Camera features</source>
+        <translation>Kameraeinstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::ChangeStrip</name>
+    <message>
+        <source>Go to the next changed feature (F4)</source>
+        <translation>Zur nächsten geänderten Einstellung (F4)</translation>
+    </message>
+    <message>
+        <source>%1 was not accepted as entered</source>
+        <translation>%1 wurde nicht wie eingegeben übernommen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature(s) followed</source>
+        <translation>
+            <numerusform>%n Einstellung folgte</numerusform>
+            <numerusform>%n Einstellungen folgten</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::DescriptionPane</name>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Select a feature to read about it here</source>
+        <translation>Wählen Sie eine Einstellung, um hier über sie zu lesen</translation>
+    </message>
+    <message>
+        <source>The camera does not describe this feature</source>
+        <translation>Die Kamera beschreibt diese Einstellung nicht</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::EventPort</name>
+    <message>
+        <source>Internal error: %1</source>
+        <translation>Interner Fehler: %1</translation>
+    </message>
+    <message>
+        <source>Internal error</source>
+        <translation>Interner Fehler</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::FeatureModel</name>
+    <message>
+        <source>Feature</source>
+        <translation>Einstellung</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message numerus="yes">
+        <source>selects %n</source>
+        <translation>
+            <numerusform>wählt %n aus</numerusform>
+            <numerusform>wählt %n aus</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::FeatureTreeView</name>
+    <message>
+        <source>Camera features</source>
+        <translation>Kameraeinstellungen</translation>
+    </message>
+    <message>
+        <source>Nothing found for “%1” at this level</source>
+        <translation>Auf dieser Stufe nichts zu „%1“ gefunden</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::FilterBar</name>
+    <message>
+        <source>Show the features that the visibility level hides</source>
+        <translation>Die Einstellungen zeigen, die die Stufe verbirgt</translation>
+    </message>
+    <message>
+        <source>Expand all categories</source>
+        <translation>Alle Kategorien aufklappen</translation>
+    </message>
+    <message>
+        <source>Collapse all categories</source>
+        <translation>Alle Kategorien zuklappen</translation>
+    </message>
+    <message>
+        <source>Find a feature (Ctrl+F)</source>
+        <translation>Einstellung suchen (Strg+F)</translation>
+    </message>
+    <message>
+        <source>Find a feature</source>
+        <translation>Einstellung suchen</translation>
+    </message>
+    <message>
+        <source>Finds names, values, entries and descriptions</source>
+        <translation>Findet Namen, Werte, Einträge und Beschreibungen</translation>
+    </message>
+    <message>
+        <source>Visibility level</source>
+        <translation>Sichtbarkeitsstufe</translation>
+    </message>
+    <message>
+        <source>Show features of this level and below</source>
+        <translation>Einstellungen bis zu dieser Stufe zeigen</translation>
+    </message>
+    <message>
+        <source>Beginner</source>
+        <translation>Einsteiger</translation>
+    </message>
+    <message>
+        <source>Expert</source>
+        <translation>Experte</translation>
+    </message>
+    <message>
+        <source>Guru</source>
+        <translation>Guru</translation>
+    </message>
+    <message numerus="yes">
+        <source>Show %n more</source>
+        <comment>features found beyond the visibility level</comment>
+        <translation>
+            <numerusform>%n weitere zeigen</numerusform>
+            <numerusform>%n weitere zeigen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::FloatEditor</name>
+    <message>
+        <source>Slider of %1</source>
+        <translation>Schieberegler von %1</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::MessageCallout</name>
+    <message>
+        <source>Dismiss this message</source>
+        <translation>Meldung schließen</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::NumberInput</name>
+    <message>
+        <source>“%1” is not a number</source>
+        <translation>„%1“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>“%1” is not a number; the unit of this feature is not known</source>
+        <translation>„%1“ ist keine Zahl; die Einheit dieser Einstellung ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>“%1” does not fit a feature in %2</source>
+        <translation>„%1“ passt nicht zu einer Einstellung in %2</translation>
+    </message>
+    <message>
+        <source>“%1” can be read in two ways: write %2 or %3</source>
+        <translation>„%1“ lässt sich auf zwei Arten lesen: schreiben Sie %2 oder %3</translation>
+    </message>
+    <message>
+        <source>“%1” is beyond the range of numbers</source>
+        <translation>„%1“ liegt außerhalb des Zahlenbereichs</translation>
+    </message>
+    <message>
+        <source>“%1” is not a whole number</source>
+        <translation>„%1“ ist keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>“%1” does not fit into 64 bits</source>
+        <translation>„%1“ passt nicht in 64 Bit</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::PinStrip</name>
+    <message>
+        <source>Pinned features</source>
+        <translation>Angeheftete Einstellungen</translation>
+    </message>
+    <message>
+        <source>Unpin %1</source>
+        <translation>%1 lösen</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Lösen</translation>
+    </message>
+    <message>
+        <source>Recent values of %1</source>
+        <translation>Letzte Werte von %1</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::RowMenu</name>
+    <message>
+        <source>Copy &amp;name</source>
+        <translation>&amp;Namen kopieren</translation>
+    </message>
+    <message>
+        <source>Copy category as &amp;text</source>
+        <translation>Kategorie als &amp;Text kopieren</translation>
+    </message>
+    <message>
+        <source>Copy &amp;value</source>
+        <translation>&amp;Wert kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Copy name=value</source>
+        <translation>Name=Wert &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Unpin</source>
+        <translation>&amp;Lösen</translation>
+    </message>
+    <message>
+        <source>&amp;Pin to the top</source>
+        <translation>Oben &amp;anheften</translation>
+    </message>
+    <message>
+        <source>Show all entries of this &amp;selector…</source>
+        <translation>Alle &amp;Einträge dieses Selektors zeigen …</translation>
+    </message>
+    <message>
+        <source>Collapse &amp;others</source>
+        <translation>Ü&amp;brige zuklappen</translation>
+    </message>
+    <message>
+        <source>&amp;Expand all</source>
+        <translation>Alle &amp;aufklappen</translation>
+    </message>
+    <message>
+        <source>Collapse &amp;all</source>
+        <translation>Alle &amp;zuklappen</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::RowRoles</name>
+    <message>
+        <source>Locked: cannot be changed now, for example while acquiring</source>
+        <translation>Gesperrt: zurzeit nicht änderbar, zum Beispiel während der Aufnahme</translation>
+    </message>
+    <message>
+        <source>Not available in the camera&apos;s present configuration</source>
+        <translation>In der jetzigen Konfiguration der Kamera nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>The last attempt to read it from the camera failed</source>
+        <translation>Das letzte Lesen aus der Kamera ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Read-only</source>
+        <translation>Nur lesbar</translation>
+    </message>
+    <message>
+        <source>Selected by %1</source>
+        <translation>Ausgewählt durch %1</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::SelectorMatrix</name>
+    <message>
+        <source>All entries of %1</source>
+        <translation>Alle Einträge von %1</translation>
+    </message>
+    <message>
+        <source>Read by switching %1 through its entries; it is set back afterwards.</source>
+        <translation>Gelesen, indem %1 durch seine Einträge geschaltet wird; danach wird er zurückgestellt.</translation>
+    </message>
+    <message>
+        <source>&amp;Read again</source>
+        <translation>&amp;Neu lesen</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::TextEditor</name>
+    <message>
+        <source>Bytes of the text and the most that the camera takes</source>
+        <translation>Bytes des Textes und wie viele die Kamera höchstens nimmt</translation>
+    </message>
+    <message>
+        <source>The text has %1 bytes; the camera takes at most %2</source>
+        <translation>Der Text hat %1 Bytes; die Kamera nimmt höchstens %2</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::ValueWriter</name>
+    <message>
+        <source>The camera has not taken “%1”; the row shows what it holds</source>
+        <translation>Die Kamera hat „%1“ nicht übernommen; die Zeile zeigt, was sie enthält</translation>
+    </message>
+    <message>
+        <source>Entered: %1</source>
+        <translation>Eingegeben: %1</translation>
+    </message>
+    <message>
+        <source>“%1” was not written: nothing is connected to this browser</source>
+        <translation>„%1“ wurde nicht geschrieben: mit diesem Browser ist nichts verbunden</translation>
+    </message>
+    <message>
+        <source>The camera has not confirmed “%1”; the row shows the last known value</source>
+        <translation>Die Kamera hat „%1“ nicht bestätigt; die Zeile zeigt den letzten bekannten Wert</translation>
+    </message>
+    <message>
+        <source>The camera has put “%1” onto “%2”</source>
+        <translation>Die Kamera hat „%1“ auf „%2“ gesetzt</translation>
+    </message>
+</context>
 </TS>

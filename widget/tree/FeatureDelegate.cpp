@@ -133,7 +133,8 @@ void FeatureDelegate::editorLeft(RowEditor* editor, Leave how)
         close(editor);
     }
     if (isNew) {
-        m_writer.write(name, *value);
+        m_writer.write(name, *value,
+            how == Leave::KeepOpen ? ValueWriter::Entry::Passing : ValueWriter::Entry::Meant);
     }
     askForNeighbour(name, how);
 }
