@@ -58,6 +58,15 @@ void TreeUser::open(const std::string& name) const
     press(Qt::Key_F2);
 }
 
+void TreeUser::run(const std::string& command) const
+{
+    open(command);
+    if (child<QWidget>("commandQuestion")->isVisible()) {
+        press(Qt::Key_Left);
+        press(Qt::Key_Return);
+    }
+}
+
 void TreeUser::edit(const std::string& name, const char* text, Qt::Key key) const
 {
     open(name);

@@ -26,6 +26,8 @@ public:
     static void type(const char* text);
     /// Opens the row's editor by keyboard, presses its button, or opens its list.
     void open(const std::string& name) const;
+    /// Presses the button of a command and says yes where it asks.
+    void run(const std::string& command) const;
     /// Opens the row's editor, replaces its text and leaves it with `key`.
     void edit(const std::string& name, const char* text, Qt::Key key = Qt::Key_Return) const;
     /// Clicks into the middle, or beside the left edge.

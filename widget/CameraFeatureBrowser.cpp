@@ -258,4 +258,39 @@ void CameraFeatureBrowser::clearFeatureItems()
     m_impl->with([](BrowserWindow& window) { window.clear(); });
 }
 
+namespace {
+
+RowAccess accessOf(const FeatureItem& item, bool isOpenedForReading)
+{
+    switch (item.accessMode) {
+    case ACCESS_READ_ONLY:
+        return RowAccess::Read;
+    case ACCESS_WRITE_ONLY:
+        return RowAccess::Write;
+    case ACCESS_READ_WRITE:
+        return isOpenedForReading ? RowAccess::ReadAndWriteButOpenedForReading
+                                  : RowAccess::ReadAndWrite;
+    default:
+        return RowAccess::Unknown;
+    }
+}
+
+} // namespace
+
+void describeFeatures(QWidget* window, const std::list<std::shared_ptr<FeatureItem>>& features,
+    bool isOpenedForReading)
+{
+    auto* browser = qobject_cast<BrowserWindow*>(window);
+    if (browser == nullptr) {
+        return;
+    }
+    for (const auto& item : features) {
+        FeatureRow* row = browser->model().find(item->name);
+        if (row != nullptr) {
+            browser->model().describe(*row, item->description, accessOf(*item, isOpenedForReading));
+        }
+    }
+    browser->showDescription();
+}
+
 } // namespace featurebrowser

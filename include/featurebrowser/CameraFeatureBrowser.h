@@ -35,6 +35,11 @@ namespace featurebrowser {
 /// The features that the user has pinned are the property "pinnedFeatures" of GetWidget()
 /// (QByteArrayList of names, in order, notified by pinnedFeaturesChanged): an application may store
 /// it and set it again after loading.
+///
+/// Commands that throw settings away (DeviceReset, UserSetLoad and their like) ask at their row
+/// before they are run. Their names are the property "confirmedCommands" of GetWidget()
+/// (QStringList of wildcard patterns, case-insensitive), which an application may extend; with an
+/// empty list nothing asks.
 class ZQ_EXPORT CameraFeatureBrowser {
 public:
     /// `parent` may be null. The widget is not shown yet.
@@ -132,6 +137,16 @@ private:
     class Impl;
     std::unique_ptr<Impl> m_impl;
 };
+
+/// Tells the browser in `window` (CameraFeatureBrowser::GetWidget, ZQFeatureBrowser::GetWidget)
+/// what its features are for before the user selects them: from then on units stand at all values,
+/// the search finds words of all descriptions, and the reason why a row cannot be changed is the
+/// right one. `features`: the camera's records (ZQCameraRepository::GetFeatureList), of which
+/// description and access mode are copied. `isOpenedForReading`: the application may not change the
+/// camera (zqcameralib::ZQCamera::isReadOnly). Call it after each load. Does nothing with another
+/// widget, or for features that are not in the tree; user-interface thread.
+ZQ_EXPORT void describeFeatures(QWidget* window,
+    const std::list<std::shared_ptr<FeatureItem>>& features, bool isOpenedForReading = false);
 
 /// Selector role of a record: whether it selects others, is selected, both or neither.
 ZQ_EXPORT TYPE_SELECTOR getSelectorState(FeatureItem* item);

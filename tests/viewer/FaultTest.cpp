@@ -48,7 +48,7 @@ const std::vector<Trouble> troubles {
 const std::vector<Action> actions {
     { "F5", [](Viewer& viewer) { viewer.pressF5(); } },
     { "Edit", [](Viewer& viewer) { viewer.edit("Width", "128"); } },
-    { "Command", [](Viewer& viewer) { viewer.open("UserSetLoad"); } },
+    { "Command", [](Viewer& viewer) { viewer.run("UserSetLoad"); } },
     { "Reconnect", [](Viewer& viewer) { viewer.pressReconnect(); } },
 };
 

@@ -122,12 +122,12 @@ TEST_F(ComfortTest, AFilterThatFindsNothingSaysSo)
     press(Qt::Key_Down);
     EXPECT_EQ(tree()->currentIndex(), row("ReverseX", 1)) << "a category is no hit";
     find("e");
-    press(Qt::Key_Enter);
+    press(Qt::Key_Down);
     EXPECT_EQ(tree()->currentIndex(), row("ReverseX", 1)) << "a hit already";
     find("nowhere");
     press(Qt::Key_Return);
     EXPECT_FALSE(isShown("Width") || isShown("Camera"));
-    EXPECT_TRUE(ink() && tree()->currentIndex().isValid());
+    EXPECT_TRUE(ink() && !tree()->currentIndex().isValid());
     browser->clearFeatureItems();
     find("");
     EXPECT_FALSE(ink()) << "an empty tree has lost nothing";
@@ -428,21 +428,42 @@ TEST_F(ComfortTest, StatesAndContextsAreSaidInWords)
         { "ReverseX", FEATURE_READ_FAILED } });
     browser->setItemDescription("Width", "Unit: px");
     addInteger("Camera", "<img src='x'>");
-    const std::string gone = "Not available in the camera's present configuration";
+    const std::list<std::shared_ptr<FeatureItem>> items { std::make_shared<FeatureItem>(),
+        std::make_shared<FeatureItem>(), std::make_shared<FeatureItem>() };
+    items.front()->name = "DeviceUserID";
+    items.front()->accessMode = ACCESS_WRITE_ONLY;
+    items.back()->name = "AcquisitionStart";
+    items.back()->accessMode = ACCESS_READ_WRITE;
+    describeFeatures(window(), items, true);
+    browser->modifyFeature("AcquisitionStart", "Start", CAM_TYPE_COMMAND, {}, true, true);
     for (const auto& [name, words] :
-        std::map<std::string, std::string> { { "Camera", "" }, { "PixelFormat", "" },
-            { "Width", "\nLocked: cannot be changed now, for example while acquiring" },
-            { "Gain", "\n" + gone + "\nSelected by GainSelector" },
-            { "ReverseX", "\nThe last attempt to read it from the camera failed" },
-            { "GevMACAddress", "\nRead-only" } }) {
+        std::map<std::string, std::string> { { "Camera", "" }, { "PixelFormat", "\nMono8" },
+            { "Width",
+                "\n640 px\nLocked: cannot be changed now, for example while acquiring\n"
+                "Range: 16 … 4096 px\nStep: 16 px" },
+            { "Gain",
+                "\n2.5\nNot available in the camera's present configuration\nRange: 0 … 48\n"
+                "Selected by: GainSelector" },
+            { "ReverseX", "\nFalse\nUnread: the last attempt to read it from the camera failed" },
+            { "DeviceUserID",
+                "\nleft\nWrite-only: the camera does not tell its value\nLength: at most 8 bytes" },
+            { "AcquisitionStart", "\nThe camera is opened for reading only" },
+            { "GevMACAddress", "\n00:00:00:00:00:01\nRead-only" } }) {
         EXPECT_EQ(said(name, Qt::AccessibleDescriptionRole), name + words);
         EXPECT_EQ(said(name),
             "<div style='white-space:pre-wrap'>"
                 + QString::fromStdString(name + words).toHtmlEscaped().toStdString() + "</div>");
     }
-    EXPECT_EQ(said("Width", Qt::AccessibleTextRole), "Width, 640 px");
-    EXPECT_EQ(row("Width", 1).data(Qt::AccessibleTextRole), QVariant("640 px"));
-    EXPECT_EQ(said("Camera", Qt::AccessibleTextRole), "Camera");
+    browser->modifyFeature("ReverseX", "1", CAM_TYPE_BOOLEAN, { "False", "True" }, false, true);
+    setStates({});
+    for (const auto& [name, words] : { std::pair("Width", "Width, 640 px, editable"),
+             { "ReverseX", "ReverseX, checked, editable" },
+             { "AcquisitionStart", "AcquisitionStart, button, read-only" },
+             { "Camera", "Camera" } }) {
+        EXPECT_EQ(said(name, Qt::AccessibleTextRole), words);
+    }
+    EXPECT_EQ(row("Width", 1).data(Qt::AccessibleTextRole), QVariant("640 px, editable"));
+    EXPECT_EQ(row("ReverseX", 1).data(Qt::CheckStateRole), QVariant(Qt::Checked));
     EXPECT_EQ(row("Width").data(Qt::DecorationRole), QVariant());
     EXPECT_EQ(said("<img src='x'>").find("<img"), std::string::npos);
     browser->showDialog(&journal, 0, 0, {}, { { "Width", FEATURE_READ_FAILED } });

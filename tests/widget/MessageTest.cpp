@@ -26,7 +26,7 @@ TEST_F(MessageTest, ARejectionStaysAtItsRowUntilTheNextGoodValue)
     EXPECT_EQ(message(), "Error writing value\nValue must be <b>16</b>\nEntered: 5");
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_EQ(row("Width").data(Qt::AccessibleDescriptionRole).toString(),
-        "Width\n" + QString::fromStdString(message()));
+        "Width\n640\nRange: 16 … 4096\nStep: 16\n" + QString::fromStdString(message()));
     EXPECT_FALSE(child<QAbstractButton>("dismissButton")->icon().isNull());
 
     QTest::mouseClick(child<QAbstractButton>("dismissButton"), Qt::LeftButton);
@@ -143,6 +143,7 @@ TEST_F(MessageTest, ACalloutStandsBesideItsRowAndLeavesWithIt)
     type("Width");
     EXPECT_EQ(message(), "") << "its row is filtered away";
     find("");
+    tree()->scrollToBottom();
     EXPECT_NE(message(), "");
     browser->clearFeatureItems();
     EXPECT_EQ(message(), "") << "its row is gone";

@@ -321,7 +321,7 @@ TEST_F(PictureTest, TextsStandInOneLineAndAreMirroredInTheirPlaceOnly)
     browser->setDefaultValue("Width", 640L, "no");
     window()->resize(1800, 700);
     EXPECT_NE(message(), "");
-    EXPECT_EQ(child<QWidget>("messageCallout")->x(), 8);
+    EXPECT_LT(child<QWidget>("messageCallout")->geometry().center().x(), 900);
     window()->setLayoutDirection(Qt::LeftToRight);
     EXPECT_NE(message(), "");
     EXPECT_GT(child<QWidget>("messageCallout")->x(), 100);

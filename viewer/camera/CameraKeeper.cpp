@@ -186,13 +186,16 @@ bool CameraKeeper::show()
         return false;
     }
     // What the camera implements can change; a row that is not listed any more may not stay.
+    m_camera.describe(m_browser);
     return names() == m_shown || rebuild();
 }
 
 bool CameraKeeper::rebuild()
 {
     m_shown = names();
-    return m_browser.LoadFeatureBrowser() == 0;
+    const bool isShown = m_browser.LoadFeatureBrowser() == 0;
+    m_camera.describe(m_browser);
+    return isShown;
 }
 
 std::vector<std::string> CameraKeeper::names()

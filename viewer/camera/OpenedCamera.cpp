@@ -1,5 +1,7 @@
 #include "camera/OpenedCamera.h"
 
+#include "featurebrowser/CameraFeatureBrowser.h"
+
 #include <QCoreApplication>
 
 #include <array>
@@ -69,6 +71,11 @@ QString OpenedCamera::reason(const FeatureItem& unread)
         break;
     }
     return status != STATUS_OK ? errorText(status) : tr("see the marked rows");
+}
+
+void OpenedCamera::describe(ZQFeatureBrowser& browser)
+{
+    describeFeatures(browser.GetWidget(), repository().GetFeatureList(), m_camera->isReadOnly());
 }
 
 OpenedCamera::Reading OpenedCamera::reading()

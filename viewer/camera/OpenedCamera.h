@@ -3,6 +3,7 @@
 #include "featurebrowser/ZQCamera.h"
 #include "featurebrowser/ZQCameraDevice.h"
 #include "featurebrowser/ZQCameraRepository.h"
+#include "featurebrowser/ZQFeatureBrowser.h"
 
 #include <QString>
 
@@ -33,6 +34,9 @@ public:
         bool isComplete = false;
         QString text; ///< for the user
     };
+    /// Tells the browser what its features are for; after each load.
+    void describe(featurebrowser::ZQFeatureBrowser& browser);
+
     /// How the last loading of the repository went.
     Reading reading();
 

@@ -23,6 +23,7 @@ ViewerWindow::ViewerWindow(OpenedCamera& camera, TYPE_LEVEL level)
 {
     arrange();
     m_browser.LoadFeatureBrowser();
+    m_camera.describe(m_browser);
     m_browser.ShowStandalone(0, 0, {}, level);
     resize(760, 860);
     m_keeper = std::make_unique<CameraKeeper>(m_camera, m_browser, *m_tasks);

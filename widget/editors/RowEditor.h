@@ -46,6 +46,7 @@ public:
     void update(const FeatureRow& row);
     /// The entered value; nothing, and why, when it is none.
     virtual std::optional<EditValue> value(QString& problem) const = 0;
+    virtual void startWith(const QString&) { }
 
 Q_SIGNALS:
     void left(featurebrowser::RowEditor* editor, featurebrowser::Leave how);

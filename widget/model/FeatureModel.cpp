@@ -132,8 +132,25 @@ void FeatureModel::setKind(FeatureRow& row, RowKind kind)
 void FeatureModel::setDescription(FeatureRow& row, std::string text)
 {
     RowExtras& extras = row.ownExtras();
-    extras.unit = unitFromDescription(toText(text));
+    if (extras.about.empty()) {
+        extras.unit = unitFromDescription(toText(text));
+    }
     extras.description = std::move(text);
+    emitChanged(row);
+}
+
+void FeatureModel::describe(FeatureRow& row, const std::string& about, RowAccess access)
+{
+    const RowExtras& known = row.extras();
+    if (row.access == access && known.about == about) {
+        return;
+    }
+    row.access = access;
+    if (known.about != about) {
+        RowExtras& extras = row.ownExtras();
+        extras.unit = unitFromDescription(toText(about));
+        extras.about = about;
+    }
     emitChanged(row);
 }
 

@@ -50,6 +50,8 @@ public:
     Change setValue(FeatureRow& row, RowValue value, bool readOnly, bool hasValue);
     void setKind(FeatureRow& row, RowKind kind);
     void setDescription(FeatureRow& row, std::string text);
+    /// Tells what a row is for, and what the camera lets one do with it, before it is selected.
+    void describe(FeatureRow& row, const std::string& about, RowAccess access);
     void setMessage(FeatureRow& row, const QString& message);
     void setStates(const std::map<std::string, FEATURE_STATE>& states);
 

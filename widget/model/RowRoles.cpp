@@ -1,5 +1,6 @@
 #include "model/RowRoles.h"
 
+#include "text/RowFacts.h"
 #include "text/ValueText.h"
 
 #include <QCoreApplication>
@@ -36,33 +37,53 @@ QVariant limitRole(const FeatureRow& row, int role)
     return {};
 }
 
-QString stateText(int state)
-{
-    switch (state) {
-    case FEATURE_LOCKED:
-        return Words::tr("Locked: cannot be changed now, for example while acquiring");
-    case FEATURE_NOT_AVAILABLE:
-        return Words::tr("Not available in the camera's present configuration");
-    case FEATURE_READ_FAILED:
-        return Words::tr("The last attempt to read it from the camera failed");
-    default:
-        return {};
-    }
-}
-
 QVariant displayText(const FeatureRow& row, int column)
 {
     return column == NameColumn ? toText(row.name) : valueText(row);
 }
 
-// Read aloud, the name alone would say too little.
+Qt::CheckState checkState(const FeatureRow& row)
+{
+    const int index = std::get<ChoiceValue>(row.value).index;
+    return !row.hasValue || index < 0 || index > 1 ? Qt::PartiallyChecked
+        : index == 1                               ? Qt::Checked
+                                                   : Qt::Unchecked;
+}
+
+QString stateWord(const FeatureRow& row)
+{
+    switch (row.state) {
+    case FEATURE_NOT_AVAILABLE:
+        return Words::tr("not available");
+    case FEATURE_READ_FAILED:
+        return Words::tr("unread");
+    case FEATURE_LOCKED:
+        return Words::tr("locked");
+    default:
+        return row.isEditable() ? Words::tr("editable") : Words::tr("read-only");
+    }
+}
+
+QString spokenValue(const FeatureRow& row)
+{
+    if (row.kind == RowKind::Command) {
+        return Words::tr("button");
+    }
+    if (row.kind == RowKind::Boolean && row.hasValue) {
+        return checkState(row) == Qt::Checked ? Words::tr("checked") : Words::tr("not checked");
+    }
+    return valueWithUnit(row);
+}
+
+// Read aloud, the name alone would say too little: "Width, 512 px, editable".
 QVariant accessibleText(const FeatureRow& row, int column)
 {
     if (row.isCategory()) {
         return displayText(row, column);
     }
-    const QString value = valueWithUnit(row);
-    return column == NameColumn ? toText(row.name) + QStringLiteral(", ") + value : value;
+    const QString separator = QStringLiteral(", ");
+    const QString value = spokenValue(row) + separator + stateWord(row);
+    return column == NameColumn ? toText(row.name) + separator + value : value;
 }
 
 // A tool tip takes text that looks like markup for markup, so text from the camera is escaped.
@@ -110,24 +131,6 @@ QHash<int, QByteArray> rowRoleNames(QHash<int, QByteArray> names)
     return names;
 }
 
-QString rowExplanation(const FeatureRow& row)
-{
-    QStringList lines { toText(row.name) };
-    if (!row.isCategory() && !row.isEditable()) {
-        lines.append(Words::tr("Read-only"));
-    }
-    if (row.state != FEATURE_AVAILABLE) {
-        lines.append(stateText(row.state));
-    }
-    if (!row.extras().selectors.empty()) {
-        lines.append(Words::tr("Selected by %1").arg(toText(row.extras().selectors)));
-    }
-    if (row.hasMessage()) {
-        lines.append(row.extras().message);
-    }
-    return lines.join(QLatin1Char('\n'));
-}
-
 QVariant rowData(const FeatureRow& row, int column, int role)
 {
     switch (role) {
@@ -135,6 +138,8 @@ QVariant rowData(const FeatureRow& row, int column, int role)
         return displayText(row, column);
     case Qt::AccessibleTextRole:
         return accessibleText(row, column);
+    case Qt::CheckStateRole:
+        return column == ValueColumn && row.kind == RowKind::Boolean ? checkState(row) : QVariant();
     case Qt::ToolTipRole:
         return toolTip(row);
     case Qt::AccessibleDescriptionRole:

@@ -31,8 +31,4 @@ QHash<int, QByteArray> rowRoleNames(QHash<int, QByteArray> names);
 /// What a row answers for one of these roles or of Qt's.
 QVariant rowData(const FeatureRow& row, int column, int role);
 
-/// Why the row is as it looks, for its tool tip and for screen readers: full name, read-only, state
-/// and message, one to a line. Plain text.
-QString rowExplanation(const FeatureRow& row);
-
 } // namespace featurebrowser

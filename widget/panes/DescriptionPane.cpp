@@ -1,9 +1,16 @@
 #include "panes/DescriptionPane.h"
 
+#include "look/ThemeColors.h"
+#include "text/RowFacts.h"
+
+#include <QFormLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QScrollArea>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace featurebrowser {
 
@@ -19,12 +26,24 @@ QString tidyLines(QString text)
     return text.replace(lineEnd, QStringLiteral("\n")).trimmed();
 }
 
+QLabel* plainLabel(const QString& text, QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setWordWrap(true);
+    return label;
+}
+
 } // namespace
 
 DescriptionPane::DescriptionPane(QWidget* parent)
     : QWidget(parent)
     , m_title(new QLabel(this))
     , m_text(new QPlainTextEdit(this))
+    , m_body(new QBoxLayout(QBoxLayout::TopToBottom))
+    , m_facts(new QWidget)
+    , m_form(new QFormLayout(m_facts))
 {
     setObjectName(QStringLiteral("descriptionPane"));
     m_title->setTextFormat(Qt::PlainText);
@@ -43,7 +62,19 @@ DescriptionPane::DescriptionPane(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 4, 0, 0);
     layout->addWidget(m_title);
-    layout->addWidget(m_text);
+    auto* scroll = new QScrollArea(this);
+    scroll->setObjectName(QStringLiteral("factsArea"));
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(m_facts);
+    m_form->setContentsMargins(2, 2, 2, 2);
+    m_form->setVerticalSpacing(2);
+    m_form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    m_body->setContentsMargins(0, 0, 0, 0);
+    m_body->addWidget(m_text, 1);
+    m_body->addWidget(scroll, 1);
+    layout->addLayout(m_body, 1);
     showRow(nullptr);
 }
 
@@ -51,13 +82,53 @@ void DescriptionPane::showRow(const FeatureRow* row)
 {
     m_title->setText(row != nullptr ? toText(row->name) : QString());
     m_title->setVisible(row != nullptr);
-    const QString text = row != nullptr ? tidyLines(toText(row->extras().description)) : QString();
+    const RowExtras none;
+    const RowExtras& extras = row != nullptr ? row->extras() : none;
+    const QString text
+        = tidyLines(toText(extras.about.empty() ? extras.description : extras.about));
     m_text->setPlaceholderText(row == nullptr ? tr("Select a feature to read about it here")
             : row->isCategory()               ? QString()
                                               : tr("The camera does not describe this feature"));
     if (text != m_text->toPlainText()) {
         m_text->setPlainText(text);
     }
+    showFacts(row);
+}
+
+void DescriptionPane::showFacts(const FeatureRow* row)
+{
+    const auto facts = row != nullptr ? rowFacts(*row) : std::vector<RowFact>();
+    QStringList shown;
+    for (const RowFact& fact : facts) {
+        shown << fact.label << fact.text;
+    }
+    if (std::exchange(m_shown, shown) == shown) {
+        return; // the user may have selected something in it
+    }
+    while (m_form->rowCount() > 0) {
+        m_form->removeRow(0);
+    }
+    for (const RowFact& fact : facts) {
+        if (fact.label.isEmpty()) {
+            m_form->addRow(plainLabel(fact.text, m_facts));
+            continue;
+        }
+        auto* label = plainLabel(fact.label, m_facts);
+        label->setWordWrap(false);
+        QPalette dim = palette();
+        dim.setColor(QPalette::WindowText, colors::dim(palette()));
+        label->setPalette(dim);
+        m_form->addRow(label, plainLabel(fact.text, m_facts));
+    }
+    m_facts->parentWidget()->parentWidget()->setVisible(!facts.empty());
+}
+
+// Beside the text where there is room for both.
+void DescriptionPane::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    const bool isWide = width() > fontMetrics().averageCharWidth() * 70;
+    m_body->setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
 } // namespace featurebrowser

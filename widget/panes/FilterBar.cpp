@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -13,11 +14,15 @@ namespace featurebrowser {
 FilterBar::FilterBar(QWidget* parent)
     : QWidget(parent)
     , m_field(new QLineEdit(this))
+    , m_hits(new QLabel(this))
     , m_reveal(new QPushButton(this))
     , m_levels(new QComboBox(this))
 {
     makeField();
     makeLevels();
+    m_hits->setObjectName(QStringLiteral("hitLabel"));
+    m_hits->setTextFormat(Qt::PlainText);
+    m_hits->hide();
     m_reveal->setObjectName(QStringLiteral("revealButton"));
     m_reveal->setToolTip(tr("Show the features that the visibility level hides"));
     m_reveal->hide();
@@ -36,6 +41,7 @@ FilterBar::FilterBar(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     layout->addWidget(m_field, 1);
+    layout->addWidget(m_hits);
     layout->addWidget(m_reveal);
     layout->addWidget(expand);
     layout->addWidget(collapse);
@@ -48,7 +54,9 @@ void FilterBar::makeField()
     m_field->setObjectName(QStringLiteral("filterField"));
     m_field->setPlaceholderText(tr("Find a feature (Ctrl+F)"));
     m_field->setAccessibleName(tr("Find a feature"));
-    m_field->setToolTip(tr("Finds names, values, entries and descriptions"));
+    m_field->setToolTip(tr("Finds words of names, categories, values, entries and descriptions. "
+                           "Enter goes to the next "
+                           "hit, Shift+Enter back, Down into the tree."));
     m_field->setClearButtonEnabled(true);
     m_field->installEventFilter(this);
     connect(m_field, &QLineEdit::textChanged, this, &FilterBar::textChanged);
@@ -89,6 +97,14 @@ void FilterBar::setLevel(TYPE_LEVEL level)
     m_levels->setCurrentIndex(m_levels->findData(level));
 }
 
+void FilterBar::setHits(int count, int current)
+{
+    m_hits->setVisible(!text().trimmed().isEmpty());
+    m_hits->setText(current < 0
+            ? tr("%n hit(s)", nullptr, count)
+            : tr("%1 of %2").arg(QString::number(current + 1), QString::number(count)));
+}
+
 void FilterBar::setHitsAboveLevel(int count)
 {
     m_reveal->setVisible(count > 0);
@@ -100,16 +116,19 @@ bool FilterBar::eventFilter(QObject* object, QEvent* event)
     if (event->type() != QEvent::KeyPress) {
         return QWidget::eventFilter(object, event);
     }
-    switch (static_cast<QKeyEvent*>(event)->key()) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    switch (key->key()) {
     case Qt::Key_Escape:
         if (m_field->text().isEmpty()) {
             return false;
         }
         m_field->clear();
         return true;
-    case Qt::Key_Down:
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        Q_EMIT hitWanted(!key->modifiers().testFlag(Qt::ShiftModifier));
+        return true;
+    case Qt::Key_Down:
         Q_EMIT finished();
         return true;
     default:

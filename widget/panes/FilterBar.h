@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -21,6 +22,9 @@ public:
     QString text() const;
     TYPE_LEVEL level() const;
     void setLevel(TYPE_LEVEL level);
+    /// How many features the text finds, and which of them is current (from 0, -1 = none). Without
+    /// a text nothing is shown.
+    void setHits(int count, int current);
     /// How many features the text finds beyond the level; 0 hides the button that reveals them.
     void setHitsAboveLevel(int count);
 
@@ -30,6 +34,8 @@ Q_SIGNALS:
     void levelChosen(featurebrowser::TYPE_LEVEL level);
     void expandAll();
     void collapseAll();
+    /// Enter: the next hit, with Shift the one before; the field keeps the focus.
+    void hitWanted(bool forward);
     /// The user has found what was looked for and goes on in the tree.
     void finished();
 
@@ -41,6 +47,7 @@ private:
     void makeLevels();
 
     QLineEdit* m_field;
+    QLabel* m_hits;
     QPushButton* m_reveal;
     QComboBox* m_levels;
     TYPE_LEVEL m_level = LEVEL_GURU;

@@ -27,11 +27,21 @@ enum class RowKind : std::uint8_t {
     ReadOnlyText
 };
 
+/// What the camera lets one do with a feature, whatever its state.
+enum class RowAccess : std::uint8_t {
+    Unknown,
+    Read,
+    Write,
+    ReadAndWrite,
+    ReadAndWriteButOpenedForReading ///< the application has opened the camera for reading only
+};
+
 /// What only few rows have, kept out of the row so that large trees stay small.
 struct RowExtras {
     std::string selectors; ///< names of the features that select this one, comma separated
-    std::string description;
-    QString unit; ///< as the description names it
+    std::string about; ///< what the feature is for, known from the start
+    std::string description; ///< as told when the row was selected
+    QString unit; ///< as about or description names it
     QString message; ///< why the last edit did not go as the user wanted; empty = it did
     bool isUnconfirmed = false; ///< the message only says that no answer has come yet
 };
@@ -48,6 +58,7 @@ struct FeatureRow {
     std::uint8_t level = LEVEL_BEGINNER;
     std::uint8_t state = FEATURE_AVAILABLE;
     std::uint8_t selector = SELECTOR_NONE;
+    RowAccess access = RowAccess::Unknown;
     bool readOnly = false;
     bool hasValue = true;
     bool logarithmic = false;

@@ -3,6 +3,7 @@
 #include <QRegularExpression>
 
 #include <array>
+#include <vector>
 
 namespace featurebrowser {
 
@@ -44,19 +45,37 @@ constexpr std::array<Unit, 26> units { {
     { u"Mbps", "megabits per second|Mbit/s", 'm', 0 },
 } };
 
-const Unit* findUnit(const QString& text)
+/// A unit as texts of features share it.
+struct KnownUnit {
+    const Unit* unit;
+    QString symbol;
+    QRegularExpression words;
+};
+
+const std::vector<KnownUnit>& knownUnits()
 {
-    for (const Unit& unit : units) {
-        if (text == QString::fromUtf16(unit.symbol)) {
-            return &unit;
+    static const std::vector<KnownUnit> known = [] {
+        std::vector<KnownUnit> all;
+        for (const Unit& unit : units) {
+            const QString words = QStringLiteral("\\A(?:%1)\\z").arg(QString::fromUtf8(unit.words));
+            all.push_back({ &unit, QString::fromUtf16(unit.symbol),
+                QRegularExpression(words, QRegularExpression::CaseInsensitiveOption) });
+        }
+        return all;
+    }();
+    return known;
+}
+
+const KnownUnit* findUnit(const QString& text)
+{
+    for (const KnownUnit& known : knownUnits()) {
+        if (text == known.symbol) {
+            return &known;
         }
     }
-    for (const Unit& unit : units) {
-        const QRegularExpression words(
-            QStringLiteral("\\A(?:%1)\\z").arg(QString::fromUtf8(unit.words)),
-            QRegularExpression::CaseInsensitiveOption);
-        if (words.match(text).hasMatch()) {
-            return &unit;
+    for (const KnownUnit& known : knownUnits()) {
+        if (known.words.match(text).hasMatch()) {
+            return &known;
         }
     }
     return nullptr;
@@ -64,8 +83,8 @@ const Unit* findUnit(const QString& text)
 
 QString knownUnit(const QString& text)
 {
-    const Unit* unit = findUnit(text.trimmed());
-    return unit != nullptr ? QString::fromUtf16(unit->symbol) : QString();
+    const KnownUnit* known = findUnit(text.trimmed());
+    return known != nullptr ? known->symbol : QString();
 }
 
 } // namespace
@@ -100,12 +119,13 @@ std::optional<int> unitExponent(const QString& from, const QString& to)
     if (from == to && !to.isEmpty()) {
         return 0;
     }
-    const Unit* source = findUnit(from);
-    const Unit* target = findUnit(to);
-    if (source == nullptr || target == nullptr || source->quantity != target->quantity) {
+    const KnownUnit* source = findUnit(from);
+    const KnownUnit* target = findUnit(to);
+    if (source == nullptr || target == nullptr
+        || source->unit->quantity != target->unit->quantity) {
         return std::nullopt;
     }
-    return source->exponent - target->exponent;
+    return source->unit->exponent - target->unit->exponent;
 }
 
 } // namespace featurebrowser

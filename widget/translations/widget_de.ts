@@ -34,6 +34,21 @@
     </message>
 </context>
 <context>
+    <name>featurebrowser::CommandQuestion</name>
+    <message>
+        <source>&amp;Run it</source>
+        <translation>&amp;Ausführen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1 can throw away what is not saved. Run it?</source>
+        <translation>%1 kann Nichtgespeichertes verwerfen. Ausführen?</translation>
+    </message>
+</context>
+<context>
     <name>featurebrowser::DescriptionPane</name>
     <message>
         <source>Description</source>
@@ -87,6 +102,10 @@
         <source>Nothing found for “%1” at this level</source>
         <translation>Auf dieser Stufe nichts zu „%1“ gefunden</translation>
     </message>
+    <message>
+        <source>Nothing found for “%1”</source>
+        <translation>Nichts gefunden für „%1“</translation>
+    </message>
 </context>
 <context>
     <name>featurebrowser::FilterBar</name>
@@ -109,10 +128,6 @@
     <message>
         <source>Find a feature</source>
         <translation>Einstellung suchen</translation>
-    </message>
-    <message>
-        <source>Finds names, values, entries and descriptions</source>
-        <translation>Findet Namen, Werte, Einträge und Beschreibungen</translation>
     </message>
     <message>
         <source>Visibility level</source>
@@ -141,6 +156,21 @@
             <numerusform>%n weitere zeigen</numerusform>
             <numerusform>%n weitere zeigen</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Finds words of names, categories, values, entries and descriptions. Enter goes to the next hit, Shift+Enter back, Down into the tree.</source>
+        <translation>Findet Wörter in Namen, Kategorien, Werten, Einträgen und Beschreibungen. Eingabe geht zum nächsten Treffer, Umschalt+Eingabe zurück, Pfeil ab in den Baum.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hit(s)</source>
+        <translation>
+            <numerusform>%n Treffer</numerusform>
+            <numerusform>%n Treffer</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
     </message>
 </context>
 <context>
@@ -208,6 +238,92 @@
     </message>
 </context>
 <context>
+    <name>featurebrowser::RowFacts</name>
+    <message>
+        <source>from %1</source>
+        <translation>ab %1</translation>
+    </message>
+    <message>
+        <source>up to %1</source>
+        <translation>bis %1</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>Bereich</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>Schritt</translation>
+    </message>
+    <message>
+        <source>The camera is opened for reading only</source>
+        <translation>Die Kamera ist nur zum Lesen geöffnet</translation>
+    </message>
+    <message>
+        <source>Locked: cannot be changed now, for example while acquiring</source>
+        <translation>Gesperrt: kann jetzt nicht geändert werden, zum Beispiel während der Aufnahme</translation>
+    </message>
+    <message>
+        <source>Cannot be run</source>
+        <translation>Kann nicht ausgeführt werden</translation>
+    </message>
+    <message>
+        <source>Read-only</source>
+        <translation>Nur lesbar</translation>
+    </message>
+    <message>
+        <source>read-only</source>
+        <translation>nur lesbar</translation>
+    </message>
+    <message>
+        <source>write-only</source>
+        <translation>nur schreibbar</translation>
+    </message>
+    <message>
+        <source>read and write</source>
+        <translation>les- und schreibbar</translation>
+    </message>
+    <message>
+        <source>Not available in the camera&apos;s present configuration</source>
+        <translation>In der jetzigen Konfiguration der Kamera nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Unread: the last attempt to read it from the camera failed</source>
+        <translation>Nicht gelesen: der letzte Versuch, es von der Kamera zu lesen, ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Write-only: the camera does not tell its value</source>
+        <translation>Nur schreibbar: die Kamera nennt den Wert nicht</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Länge</translation>
+    </message>
+    <message numerus="yes">
+        <source>at most %n byte(s)</source>
+        <translation>
+            <numerusform>höchstens %n Byte</numerusform>
+            <numerusform>höchstens %n Byte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Access</source>
+        <translation>Zugriff</translation>
+    </message>
+    <message>
+        <source>Entries</source>
+        <translation>Einträge</translation>
+    </message>
+    <message>
+        <source>Selected by</source>
+        <translation>Ausgewählt durch</translation>
+    </message>
+</context>
+<context>
     <name>featurebrowser::RowMenu</name>
     <message>
         <source>Copy &amp;name</source>
@@ -253,24 +369,36 @@
 <context>
     <name>featurebrowser::RowRoles</name>
     <message>
-        <source>Locked: cannot be changed now, for example while acquiring</source>
-        <translation>Gesperrt: zurzeit nicht änderbar, zum Beispiel während der Aufnahme</translation>
+        <source>not available</source>
+        <translation>nicht verfügbar</translation>
     </message>
     <message>
-        <source>Not available in the camera&apos;s present configuration</source>
-        <translation>In der jetzigen Konfiguration der Kamera nicht verfügbar</translation>
+        <source>unread</source>
+        <translation>nicht gelesen</translation>
     </message>
     <message>
-        <source>The last attempt to read it from the camera failed</source>
-        <translation>Das letzte Lesen aus der Kamera ist fehlgeschlagen</translation>
+        <source>locked</source>
+        <translation>gesperrt</translation>
     </message>
     <message>
-        <source>Read-only</source>
-        <translation>Nur lesbar</translation>
+        <source>editable</source>
+        <translation>änderbar</translation>
     </message>
     <message>
-        <source>Selected by %1</source>
-        <translation>Ausgewählt durch %1</translation>
+        <source>read-only</source>
+        <translation>nur lesbar</translation>
+    </message>
+    <message>
+        <source>button</source>
+        <translation>Schaltfläche</translation>
+    </message>
+    <message>
+        <source>checked</source>
+        <translation>angekreuzt</translation>
+    </message>
+    <message>
+        <source>not checked</source>
+        <translation>nicht angekreuzt</translation>
     </message>
 </context>
 <context>

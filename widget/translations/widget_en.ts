@@ -31,5 +31,22 @@
             <numerusform>Show %n more</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n hit(s)</source>
+        <translation>
+            <numerusform>%n hit</numerusform>
+            <numerusform>%n hits</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::RowFacts</name>
+    <message numerus="yes">
+        <source>at most %n byte(s)</source>
+        <translation>
+            <numerusform>at most %n byte</numerusform>
+            <numerusform>at most %n bytes</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

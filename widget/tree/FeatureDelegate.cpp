@@ -26,7 +26,7 @@ void FeatureDelegate::paint(
     const FeatureRow& row = *FeatureModel::row(index);
     const QString context
         = index.column() == NameColumn ? selectorContext(m_model, row) : QString();
-    const RowSurroundings around { context, m_filterText, m_marks.strength(&row) };
+    const RowSurroundings around { context, m_filterWords, m_marks.strength(&row) };
     RowPainter(*painter, cell, row, around).paint(index.column());
 }
 
@@ -76,6 +76,13 @@ void FeatureDelegate::rowChanged(const FeatureRow& row)
         open->update(row);
     } else {
         revert();
+    }
+}
+
+void FeatureDelegate::startWith(const QString& text)
+{
+    if (RowEditor* open = editor()) {
+        open->startWith(text);
     }
 }
 

@@ -20,13 +20,15 @@ public:
     FeatureDelegate(
         FeatureModel& model, ValueWriter& writer, const ChangeMarks& marks, QObject* parent);
 
-    /// The text whose matches are marked in the rows.
-    void setFilterText(const QString& text) { m_filterText = text; }
+    /// The words whose matches are marked in the rows.
+    void setFilterWords(const QStringList& words) { m_filterWords = words; }
     void setSliderSteps(int steps) { m_sliderSteps = steps; }
     /// The open editor; null when there is none.
     RowEditor* editor() const { return m_editor.data(); }
     /// Brings the open editor in line with its row, which has changed.
     void rowChanged(const FeatureRow& row);
+    /// Puts a text into the editor that has just been opened, as if it were typed.
+    void startWith(const QString& text);
     /// Ends the open edit, if any, without writing.
     void revert();
     /// Ends the open edit, if any, as a click elsewhere does.
@@ -58,7 +60,7 @@ private:
     FeatureModel& m_model;
     ValueWriter& m_writer;
     const ChangeMarks& m_marks;
-    QString m_filterText;
+    QStringList m_filterWords;
     mutable QPointer<RowEditor> m_editor;
     int m_sliderSteps = 1000;
 };

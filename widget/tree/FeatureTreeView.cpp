@@ -2,7 +2,9 @@
 
 #include "events/ValueWriter.h"
 #include "look/ThemeColors.h"
+#include "text/ValueText.h"
 #include "tree/FeatureDelegate.h"
+#include "tree/RowButton.h"
 #include "tree/RowPainter.h"
 
 #include <QAccessible>
@@ -11,9 +13,36 @@
 #include <QResizeEvent>
 #include <QScrollBar>
 
+#include <algorithm>
 #include <utility>
 
 namespace featurebrowser {
+
+namespace {
+
+/// How wide the content of the row's value cell is painted.
+int shownWidth(const QTreeView& view, const FeatureRow& row)
+{
+    const QString text = valueWithUnit(row);
+    if (row.isButton()) {
+        QStyleOptionViewItem cell;
+        cell.initFrom(&view);
+        cell.widget = &view;
+        cell.rect = { 0, 0, view.width(), view.fontMetrics().height() };
+        const int words
+            = row.kind == RowKind::Boolean ? 8 + view.fontMetrics().horizontalAdvance(text) : 0;
+        return buttonRect(cell, row).right() + words;
+    }
+    return view.fontMetrics().horizontalAdvance(text);
+}
+
+/// Itself, or what it stands in.
+bool isOut(const FeatureRow& row)
+{
+    return row.hidden || (row.parent != nullptr && isOut(*row.parent));
+}
+
+} // namespace
 
 FeatureTreeView::FeatureTreeView(FeatureModel* model, ValueWriter* writer, QWidget* parent)
     : QTreeView(parent)
@@ -33,6 +62,7 @@ FeatureTreeView::FeatureTreeView(FeatureModel* model, ValueWriter* writer, QWidg
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
     setVerticalScrollMode(ScrollPerPixel);
+    connect(this, &QTreeView::collapsed, this, &FeatureTreeView::leaveRowsBelow);
     connect(m_delegate, &FeatureDelegate::neighbourWanted, this, &FeatureTreeView::editNeighbour);
     connect(m_marks, &ChangeMarks::strengthChanged, this,
         [this](const FeatureRow* row) { updateRow(*row); });
@@ -50,10 +80,11 @@ FeatureTreeView::FeatureTreeView(FeatureModel* model, ValueWriter* writer, QWidg
 void FeatureTreeView::setFilter(const RowFilter& filter)
 {
     m_filter = filter;
-    m_delegate->setFilterText(filter.text());
+    m_delegate->setFilterWords(filter.words());
     applyFilter();
     viewport()->update(); // the same rows may show longer hits
     if (filter.text().isEmpty()) {
+        returnToLeftRow();
         closeHits();
     } else {
         openHits();
@@ -121,11 +152,39 @@ void FeatureTreeView::scrollLater(int place)
     Q_EMIT scrollWanted(place);
 }
 
+int FeatureTreeView::currentHit() const
+{
+    const auto found = std::find(m_hits.shown.begin(), m_hits.shown.end(), currentRow());
+    return found == m_hits.shown.end() ? -1 : static_cast<int>(found - m_hits.shown.begin());
+}
+
+void FeatureTreeView::goToHit(bool forward)
+{
+    const auto& hits = m_hits.shown;
+    if (hits.empty()) {
+        return;
+    }
+    const int count = static_cast<int>(hits.size());
+    const int current = currentHit();
+    int next
+        = current < 0 ? (forward ? 0 : count - 1) : (current + (forward ? 1 : -1) + count) % count;
+    if (current < 0 && forward) {
+        const auto named = std::find_if(hits.begin(), hits.end(),
+            [this](const FeatureRow* row) { return m_filter.isNameOf(*row); });
+        next = named == hits.end() ? 0 : static_cast<int>(named - hits.begin());
+    }
+    showRow(*hits[static_cast<std::size_t>(next)]);
+}
+
 void FeatureTreeView::focusFirstHit()
 {
     setFocus(Qt::ShortcutFocusReason);
     const FeatureRow* current = currentRow();
-    if (current != nullptr && !current->hidden && !current->isCategory()) {
+    if (current != nullptr && !current->isCategory()) {
+        return;
+    }
+    if (!m_filter.text().isEmpty()) {
+        goToHit(true);
         return;
     }
     QModelIndex index = indexAt(QPoint(viewport()->width() / 2, 0));
@@ -137,23 +196,59 @@ void FeatureTreeView::focusFirstHit()
     }
 }
 
+// A row that is not to be seen is never current: keys would act on it.
+void FeatureTreeView::leaveHiddenRow()
+{
+    const FeatureRow* current = currentRow();
+    if (current != nullptr && isOut(*current)) {
+        m_delegate->revert();
+        const std::string left = current->name;
+        setCurrentIndex({});
+        m_left = left;
+    }
+}
+
+void FeatureTreeView::returnToLeftRow()
+{
+    const FeatureRow* left = m_left.empty() ? nullptr : m_features->find(m_left);
+    if (left != nullptr && !isOut(*left) && !currentIndex().isValid()) {
+        showRow(*left);
+    }
+}
+
+void FeatureTreeView::leaveRowsBelow(const QModelIndex& category)
+{
+    const FeatureRow* const closed = FeatureModel::row(category);
+    const FeatureRow* row = currentRow();
+    while (row != nullptr && row != closed) {
+        row = row->parent;
+    }
+    if (row != nullptr && row != currentRow()) {
+        m_delegate->revert();
+        setCurrentIndex(category);
+    }
+}
+
 void FeatureTreeView::paintEvent(QPaintEvent* event)
 {
     QTreeView::paintEvent(event);
-    if (m_hits.shown > 0 || m_filter.text().isEmpty() || m_filterStale) {
+    if (!m_hits.shown.empty() || m_filter.text().isEmpty() || m_filterStale) {
         return;
     }
     QPainter painter(viewport());
     painter.setPen(colors::dim(palette()));
     painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12),
         static_cast<int>(Qt::AlignHCenter | Qt::AlignTop) | Qt::TextWordWrap,
-        tr("Nothing found for “%1” at this level").arg(m_filter.text()));
+        (m_hits.aboveLevel > 0 ? tr("Nothing found for “%1” at this level")
+                               : tr("Nothing found for “%1”"))
+            .arg(m_filter.text()));
 }
 
 void FeatureTreeView::applyFilter()
 {
     m_filterStale = false;
     m_hits = showHits(*this, *m_features, m_filter);
+    leaveHiddenRow();
 }
 
 void FeatureTreeView::doItemsLayout()
@@ -171,6 +266,9 @@ void FeatureTreeView::reset()
     m_onScreen.clear();
     m_marks->clear();
     m_openedForHits.clear();
+    m_hits = {};
+    m_left.clear();
+    m_typed.end();
     m_pressed = QModelIndex();
     m_layoutPending = true;
     QTreeView::reset();
@@ -224,6 +322,17 @@ QRect FeatureTreeView::rowRect(const FeatureRow& row)
     return m_onScreen.rectOf(row);
 }
 
+int FeatureTreeView::valueWidth(const QRect& area)
+{
+    int longest = 0;
+    for (const FeatureRow* row : m_onScreen.rowsIn(area)) {
+        longest = std::max(longest, shownWidth(*this, *row));
+    }
+    const QRect column(columnViewportPosition(ValueColumn), 0, columnWidth(ValueColumn), 1);
+    const int start = QStyle::visualRect(layoutDirection(), viewport()->rect(), column).left();
+    return start + 2 * cellMargin + longest;
+}
+
 void FeatureTreeView::scrollContentsBy(int dx, int dy)
 {
     m_onScreen.invalidate();
@@ -253,6 +362,7 @@ void FeatureTreeView::resizeEvent(QResizeEvent* event)
 void FeatureTreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTreeView::currentChanged(current, previous);
+    m_left.clear();
     if (!m_isQuiet && current.internalPointer() != previous.internalPointer()) {
         Q_EMIT currentRowChanged(current.isValid() ? FeatureModel::row(current) : nullptr);
     }

@@ -2,6 +2,7 @@
 
 #include "model/FeatureModel.h"
 #include "model/RowFilter.h"
+#include "model/TypedName.h"
 #include "tree/ChangeMarks.h"
 #include "tree/RowHider.h"
 #include "tree/RowsOnScreen.h"
@@ -29,8 +30,12 @@ public:
     const RowFilter& filter() const { return m_filter; }
     /// Shows and hides rows at once.
     void setFilter(const RowFilter& filter);
-    /// Rows that the filter text finds but the level hides.
-    int hitsAboveLevel() const { return m_hits.aboveLevel; }
+    /// What the filter's text finds.
+    const FilterHits& hits() const { return m_hits; }
+    /// Place of the current row among the hits, from 0; -1 when it is none.
+    int currentHit() const;
+    /// Makes the next hit (or the one before) current: first the one whose name the text is.
+    void goToHit(bool forward);
     /// The row of the current index; null when there is none.
     FeatureRow* currentRow() const;
     /// Makes the row current, its ancestors expanded, and scrolls to it.
@@ -44,10 +49,16 @@ public:
     void focusFirstHit();
     /// Opens the row's editor, presses its button, toggles it, or opens and closes a category.
     void activate(const FeatureRow& row);
+    /// Commands whose names fit one of these wildcard patterns are not run before
+    /// confirmationWanted has been answered by the user.
+    QStringList confirmedCommands;
     /// Goes to the next (or previous) row that can be edited and opens its editor.
     void editNeighbour(const FeatureRow& row, bool forward);
     /// Where the row is on the screen over all columns; empty when it is not there.
     QRect rowRect(const FeatureRow& row);
+
+    /// Where the longest value of the rows in an area ends, from the leading edge of the viewport.
+    int valueWidth(const QRect& area);
 
     void doItemsLayout() override;
     void reset() override;
@@ -58,6 +69,8 @@ Q_SIGNALS:
     void scrollWanted(int place);
     /// Another row became current through the user; null = none.
     void currentRowChanged(featurebrowser::FeatureRow* row);
+    /// The user wants to run a command that throws work away.
+    void confirmationWanted(const featurebrowser::FeatureRow& row);
     /// Escape, where it has nothing else to end.
     void dismissed();
     /// The rows on the screen have moved.
@@ -67,6 +80,7 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyboardSearch(const QString& typed) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -82,6 +96,11 @@ private:
     void applyFilter();
     void openHits();
     void closeHits();
+    void leaveHiddenRow();
+    void returnToLeftRow();
+    void leaveRowsBelow(const QModelIndex& category);
+    bool activateByKey(const QKeyEvent& event);
+    bool editByKey(const QKeyEvent& event);
     void explain(const FeatureRow& row);
     bool isOnButton(const QModelIndex& index, const QPoint& position) const;
     void updateRow(const FeatureRow& row);
@@ -94,6 +113,8 @@ private:
     bool m_isQuiet = false; ///< a row becomes current without the user
     RowFilter m_filter;
     FilterHits m_hits;
+    std::string m_left; ///< the current row before the filter hid it
+    TypedName m_typed;
     std::unordered_set<std::string> m_openedForHits; ///< categories that were closed before
     bool m_filterStale = false; ///< rows were added that have not been filtered
     bool m_layoutPending = true; ///< everything is painted again soon

@@ -5,12 +5,28 @@
 #include "tree/FeatureDelegate.h"
 #include "tree/RowButton.h"
 
+#include <QClipboard>
+#include <QDir>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QToolTip>
 
+#include <algorithm>
+
 namespace featurebrowser {
+
+namespace {
+
+/// What numbers can begin with beside digits.
+bool isSign(QChar c, const FeatureRow& row)
+{
+    const bool isNumber = row.kind == RowKind::Integer || row.kind == RowKind::Float;
+    return isNumber && QStringLiteral("-.,\u2212").contains(c);
+}
+
+} // namespace
 
 void FeatureTreeView::activate(const FeatureRow& row)
 {
@@ -20,7 +36,11 @@ void FeatureTreeView::activate(const FeatureRow& row)
     } else if (!row.isEditable()) {
         explain(row);
     } else if (row.kind == RowKind::Command) {
-        m_writer->press(row.name);
+        if (QDir::match(confirmedCommands, toText(row.name))) {
+            Q_EMIT confirmationWanted(row);
+        } else {
+            m_writer->press(row.name);
+        }
     } else if (row.kind == RowKind::Boolean) {
         m_writer->toggle(row.name);
     } else {
@@ -56,17 +76,94 @@ void FeatureTreeView::editNeighbour(const FeatureRow& row, bool forward)
 
 void FeatureTreeView::keyPressEvent(QKeyEvent* event)
 {
-    const FeatureRow* row = currentRow();
-    const bool activates = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter
-        || event->key() == Qt::Key_F2 || event->key() == Qt::Key_Space;
-    if (row != nullptr && activates && event->modifiers() == Qt::NoModifier) {
-        activate(*row);
+    if (activateByKey(*event) || editByKey(*event)) {
         return;
     }
     if (event->key() == Qt::Key_Escape) {
+        m_typed.end();
         Q_EMIT dismissed();
     }
     QTreeView::keyPressEvent(event);
+}
+
+// Returns whether the key is done with. A key that is held acts once.
+bool FeatureTreeView::activateByKey(const QKeyEvent& event)
+{
+    const bool isBlank = event.key() == Qt::Key_Space;
+    const bool activates = isBlank || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter
+        || event.key() == Qt::Key_F2;
+    const bool isKeypad = event.modifiers() == Qt::KeypadModifier;
+    if (!activates || (event.modifiers() != Qt::NoModifier && !isKeypad)) {
+        return false;
+    }
+    if (event.isAutoRepeat()) {
+        return true;
+    }
+    if (isBlank && m_typed.isCollecting()) {
+        keyboardSearch(event.text());
+        return true;
+    }
+    m_typed.end();
+    const FeatureRow* row = currentRow();
+    if (row == nullptr) {
+        return isBlank; // else Enter is a dialog's
+    }
+    if (viewport()->rect().contains(visualRect(currentIndex()).center())) {
+        activate(*row);
+    } else {
+        scrollTo(currentIndex()); // first the user sees what it is about
+    }
+    return true;
+}
+
+// A number or a text from the clipboard is meant for the row's value.
+bool FeatureTreeView::editByKey(const QKeyEvent& event)
+{
+    const FeatureRow* row = currentRow();
+    if (row == nullptr || !row->isEditable() || row->isButton() || m_typed.isCollecting()) {
+        return false;
+    }
+    const bool isPasted = event.matches(QKeySequence::Paste);
+    const QString text = isPasted ? QGuiApplication::clipboard()->text() : event.text();
+    const bool isPlain = (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+    const bool isNumber
+        = isPlain && text.size() == 1 && (text.at(0).isDigit() || isSign(text.at(0), *row));
+    if (text.isEmpty() || row->kind == RowKind::Enumeration || !(isPasted || isNumber)) {
+        return false;
+    }
+    activate(*row);
+    m_delegate->startWith(text);
+    return true;
+}
+
+// Names only, whichever column is current.
+void FeatureTreeView::keyboardSearch(const QString& typed)
+{
+    if (!m_typed.isCollecting() && typed.trimmed().isEmpty()) {
+        return;
+    }
+    m_typed.add(typed);
+    QModelIndex start
+        = currentIndex().isValid() ? currentIndex().siblingAtColumn(NameColumn) : indexAt({ 0, 0 });
+    const QModelIndex first = m_features->index(0, NameColumn);
+    const auto following = [&](const QModelIndex& index) {
+        const QModelIndex below = indexBelow(index);
+        return below.isValid() ? below : isRowHidden(0, {}) ? indexBelow(first) : first;
+    };
+    if (m_typed.goesOn()) {
+        start = following(start);
+    }
+    QModelIndex index = start;
+    do {
+        if (!index.isValid()) {
+            return;
+        }
+        if (m_typed.fits(toText(FeatureModel::row(index)->name))) {
+            setCurrentIndex(index.siblingAtColumn(std::max(currentIndex().column(), 0)));
+            return;
+        }
+        index = following(index);
+    } while (index != start);
 }
 
 // With the focus the first row becomes current: nobody has selected it.

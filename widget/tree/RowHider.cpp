@@ -17,35 +17,40 @@ struct Hider {
     const RowFilter& filter;
     FilterHits hits;
 
-    bool showsFeature(const FeatureRow& row)
+    // `missing`: the words of the text that no category around the row has in its name.
+    bool showsFeature(const FeatureRow& row, RowFilter::Words missing)
     {
-        if (filter.passesLevel(row)) {
-            const bool isHit = filter.isHit(row);
-            hits.shown += isHit ? 1 : 0;
-            return isHit;
+        const bool passes = filter.passesLevel(row);
+        if (filter.text().isEmpty()) {
+            return passes;
         }
-        if (!filter.text().isEmpty() && filter.isHit(row)) {
+        if (missing != 0 && filter.inRow(row, missing) != missing) {
+            return false;
+        }
+        if (passes) {
+            hits.shown.push_back(&row);
+        } else {
             ++hits.aboveLevel;
         }
-        return false;
+        return passes;
     }
 
-    bool shows(FeatureRow& row)
+    bool shows(FeatureRow& row, RowFilter::Words missing)
     {
         if (!row.isCategory()) {
-            return showsFeature(row);
+            return showsFeature(row, missing);
         }
-        const bool some = applyBelow(row);
+        const bool some = applyBelow(row, missing & ~filter.inName(row, missing));
         const bool isEmpty = row.children.empty() && filter.text().isEmpty();
         return some || (isEmpty && filter.passesLevel(row));
     }
 
     // Returns whether one of the rows below is to be seen.
-    bool applyBelow(FeatureRow& parent)
+    bool applyBelow(FeatureRow& parent, RowFilter::Words missing)
     {
         bool some = false;
         for (const auto& child : parent.children) {
-            const bool shown = shows(*child);
+            const bool shown = shows(*child, missing);
             some = some || shown;
             if (std::exchange(child->hidden, !shown) == shown) {
                 view.setRowHidden(child->position, model.indexOf(&parent), !shown);
@@ -60,7 +65,7 @@ struct Hider {
 FilterHits showHits(QTreeView& view, FeatureModel& model, const RowFilter& filter)
 {
     Hider hider { view, model, filter, {} };
-    hider.applyBelow(model.root());
+    hider.applyBelow(model.root(), filter.allWords());
     return hider.hits;
 }
 

@@ -1,16 +1,19 @@
 #pragma once
 
+#include <vector>
+
 class QTreeView;
 
 namespace featurebrowser {
 
 class FeatureModel;
 class RowFilter;
+struct FeatureRow;
 
-/// How many features a filter has found.
+/// What the text of a filter has found; nothing when there is none.
 struct FilterHits {
-    int shown = 0;
-    int aboveLevel = 0; ///< found by the text, hidden by the level
+    std::vector<const FeatureRow*> shown; ///< features, in the order of the tree
+    int aboveLevel = 0; ///< hidden by the level
 };
 
 /// Shows and hides the view's rows as the filter wants it; touches only those that change.

@@ -124,18 +124,20 @@ void RowPainter::paintText(const QString& text, const QColor& color)
 
 void RowPainter::paintMatches(const QString& text)
 {
-    const QString& wanted = m_around.filterText;
-    if (wanted.isEmpty() || m_option.state.testFlag(QStyle::State_Selected)) {
+    if (m_option.state.testFlag(QStyle::State_Selected)) {
         return;
     }
     const QString shown = oneLine(text);
-    for (int at = shown.indexOf(wanted, 0, Qt::CaseInsensitive); at >= 0;
-         at = shown.indexOf(wanted, at + wanted.size(), Qt::CaseInsensitive)) {
-        const int start = m_option.fontMetrics.horizontalAdvance(shown.left(at));
-        const int width = m_option.fontMetrics.horizontalAdvance(shown.mid(at, wanted.size()));
-        const QRect match(m_rest.left() + start, m_rest.top() + 3, width, m_rest.height() - 6);
-        m_painter.fillRect(QStyle::visualRect(m_option.direction, m_option.rect, match & m_rest),
-            colors::matchBackground(m_option.palette));
+    for (const QString& wanted : m_around.filterWords) {
+        for (int at = shown.indexOf(wanted, 0, Qt::CaseInsensitive); at >= 0;
+             at = shown.indexOf(wanted, at + wanted.size(), Qt::CaseInsensitive)) {
+            const int start = m_option.fontMetrics.horizontalAdvance(shown.left(at));
+            const int width = m_option.fontMetrics.horizontalAdvance(shown.mid(at, wanted.size()));
+            const QRect match(m_rest.left() + start, m_rest.top() + 3, width, m_rest.height() - 6);
+            m_painter.fillRect(
+                QStyle::visualRect(m_option.direction, m_option.rect, match & m_rest),
+                colors::matchBackground(m_option.palette));
+        }
     }
 }
 

@@ -3,6 +3,7 @@
 #include "look/Glyphs.h"
 #include "row/FeatureRow.h"
 
+#include <QStringList>
 #include <QStyleOptionViewItem>
 
 namespace featurebrowser {
@@ -10,7 +11,7 @@ namespace featurebrowser {
 /// What a picture of a row shows and the row itself does not know.
 struct RowSurroundings {
     QString context; ///< what selects the row, or how many it selects
-    QString filterText; ///< the filter's text, whose matches are marked
+    QStringList filterWords; ///< whose matches are marked
     double changeStrength = 0; ///< how fresh the row's last change is, from 0 (none) to 1
 };
 

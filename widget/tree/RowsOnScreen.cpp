@@ -24,6 +24,20 @@ QRect RowsOnScreen::rectOf(const FeatureRow& row)
     return { 0, *found, m_view.viewport()->width(), m_height };
 }
 
+std::vector<const FeatureRow*> RowsOnScreen::rowsIn(const QRect& area)
+{
+    if (m_isStale) {
+        findRows();
+    }
+    std::vector<const FeatureRow*> rows;
+    for (auto row = m_tops.cbegin(); row != m_tops.cend(); ++row) {
+        if (row.value() <= area.bottom() && row.value() + m_height > area.top()) {
+            rows.push_back(row.key());
+        }
+    }
+    return rows;
+}
+
 void RowsOnScreen::findRows()
 {
     m_tops.clear();

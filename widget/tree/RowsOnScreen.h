@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QRect>
 
+#include <vector>
+
 class QTreeView;
 
 namespace featurebrowser {
@@ -25,6 +27,8 @@ public:
     void clear();
     /// The row over all columns, in the viewport's coordinates; empty when it is not there.
     QRect rectOf(const FeatureRow& row);
+    /// The rows that stand, at least partly, in an area of the viewport.
+    std::vector<const FeatureRow*> rowsIn(const QRect& area);
 
 private:
     void findRows();

@@ -8,6 +8,7 @@
 #include "panes/SelectorMatrix.h"
 #include "tree/FeatureDelegate.h"
 #include "tree/FeatureTreeView.h"
+#include "window/CommandQuestion.h"
 #include "window/MessageCallout.h"
 #include "window/RowMenu.h"
 
@@ -36,6 +37,16 @@ void BrowserWindow::setPinnedFeatures(const QByteArrayList& names)
     m_pins->pinOnly(names);
 }
 
+QStringList BrowserWindow::confirmedCommands() const
+{
+    return m_tree->confirmedCommands;
+}
+
+void BrowserWindow::setConfirmedCommands(const QStringList& patterns)
+{
+    m_tree->confirmedCommands = patterns;
+}
+
 void BrowserWindow::setLevel(TYPE_LEVEL level)
 {
     m_filterBar->setLevel(level);
@@ -57,7 +68,8 @@ void BrowserWindow::applyFilter()
     filter.level = m_filterBar->level();
     filter.setText(m_filterBar->text());
     m_tree->setFilter(filter);
-    m_filterBar->setHitsAboveLevel(m_tree->hitsAboveLevel());
+    m_filterBar->setHitsAboveLevel(m_tree->hits().aboveLevel);
+    showHits();
 }
 
 void BrowserWindow::filterTextChanged()
@@ -66,12 +78,37 @@ void BrowserWindow::filterTextChanged()
     m_callout->follow();
 }
 
+void BrowserWindow::showHits()
+{
+    m_filterBar->setHits(static_cast<int>(m_tree->hits().shown.size()), m_tree->currentHit());
+}
+
+void BrowserWindow::goToHit(bool forward)
+{
+    m_tree->goToHit(forward);
+    showHits();
+}
+
 void BrowserWindow::setDescription(FeatureRow& row, std::string text)
 {
     m_model->setDescription(row, std::move(text));
     const FeatureRow* current = m_tree->currentRow();
     if (current == nullptr || current == &row) {
         m_description->showRow(&row);
+    }
+}
+
+void BrowserWindow::showDescription()
+{
+    m_description->showRow(m_tree->currentRow());
+}
+
+void BrowserWindow::rowChanged(const QModelIndex& index)
+{
+    m_callout->follow();
+    m_question->follow();
+    if (FeatureModel::row(index) == m_tree->currentRow()) {
+        showDescription();
     }
 }
 
@@ -105,6 +142,8 @@ void BrowserWindow::written(const WriteResult& result)
 void BrowserWindow::rowSelected(FeatureRow* row)
 {
     m_description->showRow(row);
+    m_question->cancel();
+    showHits();
     if (row != nullptr && row->hasMessage()) {
         m_callout->showRow(row); // else one that stands at another row stays to be read
     }

@@ -12,6 +12,7 @@
 namespace featurebrowser {
 
 class ChangeStrip;
+class CommandQuestion;
 class DescriptionPane;
 class FeatureTreeView;
 class FilterBar;
@@ -31,6 +32,9 @@ class BrowserWindow : public QWidget {
     /// An older name of the same, for applications that use it.
     Q_PROPERTY(QByteArrayList favourites READ pinnedFeatures WRITE setPinnedFeatures NOTIFY
             pinnedFeaturesChanged)
+    /// Names of commands that ask before they are run, with wildcards: an application may extend or
+    /// empty it.
+    Q_PROPERTY(QStringList confirmedCommands READ confirmedCommands WRITE setConfirmedCommands)
 
 public:
     explicit BrowserWindow(QWidget* parent);
@@ -43,8 +47,13 @@ public:
     QByteArrayList pinnedFeatures() const;
     void setPinnedFeatures(const QByteArrayList& names);
 
+    QStringList confirmedCommands() const;
+    void setConfirmedCommands(const QStringList& patterns);
+
     void setLevel(TYPE_LEVEL level);
     void setDescription(FeatureRow& row, std::string text);
+    /// Shows anew what is known of the current row.
+    void showDescription();
     void setSliderSteps(int steps);
     /// The camera side says what the row holds.
     void setValue(FeatureRow& row, RowValue value, bool readOnly, bool hasValue);
@@ -71,6 +80,8 @@ private:
     void arrange();
     void applyFilter();
     void filterTextChanged();
+    void goToHit(bool forward);
+    void showHits();
     void levelChosen(TYPE_LEVEL level);
     void rowSelected(FeatureRow* row);
     void columnResized(int column, int width);
@@ -79,6 +90,7 @@ private:
     void showMenu(const QPoint& position);
     void showMatrix(const std::string& selector);
     void showRow(const FeatureRow& row);
+    void rowChanged(const QModelIndex& index);
 
     EventPort m_events;
     FeatureModel* m_model;
@@ -86,6 +98,7 @@ private:
     FilterBar* m_filterBar = nullptr;
     PinStrip* m_pins = nullptr;
     MessageCallout* m_callout = nullptr;
+    CommandQuestion* m_question = nullptr;
     ChangeStrip* m_changes = nullptr;
     DescriptionPane* m_description = nullptr;
     TreeMemory m_memory;

@@ -7,6 +7,7 @@
 #include "panes/FilterBar.h"
 #include "panes/PinStrip.h"
 #include "tree/FeatureTreeView.h"
+#include "window/CommandQuestion.h"
 #include "window/MessageCallout.h"
 
 #include <QHeaderView>
@@ -15,6 +16,28 @@
 #include <QVBoxLayout>
 
 namespace featurebrowser {
+
+namespace {
+
+/// Commands after which settings are lost or overwritten (SFNC 2.7: DeviceReset,
+/// DeviceFactoryReset, UserSetLoad, UserSetSave, SequencerSetLoad, SequencerSetSave,
+/// FileOperationExecute), and what older cameras call them.
+QStringList commandsThatThrowWorkAway()
+{
+    return { QStringLiteral("*DeviceReset"), QStringLiteral("*CameraReset"),
+        QStringLiteral("ResetDevice"), QStringLiteral("ResetCamera"),
+        QStringLiteral("*FactoryReset*"), QStringLiteral("*FactoryDefault*"),
+        QStringLiteral("*FactorySettings*"), QStringLiteral("*RestoreDefault*"),
+        QStringLiteral("*LoadDefault*"), QStringLiteral("*UserSet*Load*"),
+        QStringLiteral("*UserSet*Save*"), QStringLiteral("*UserSet*Delete*"),
+        QStringLiteral("*ConfigurationLoad*"), QStringLiteral("*ConfigurationSave*"),
+        QStringLiteral("*SettingsLoad*"), QStringLiteral("*SettingsSave*"),
+        QStringLiteral("*SequencerSetLoad*"), QStringLiteral("*SequencerSetSave*"),
+        QStringLiteral("*SequenceSetLoad*"), QStringLiteral("*SequenceSetStore*"),
+        QStringLiteral("*FileOperationExecute*"), QStringLiteral("*FirmwareUpdate*") };
+}
+
+} // namespace
 
 BrowserWindow::BrowserWindow(QWidget* parent)
     : QWidget(parent)
@@ -44,17 +67,22 @@ void BrowserWindow::makeTree()
 {
     m_tree = std::make_unique<FeatureTreeView>(m_model, m_writer, this);
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_tree->confirmedCommands = commandsThatThrowWorkAway();
     m_callout = new MessageCallout(m_tree.get());
+    m_question = new CommandQuestion(m_tree.get());
 }
 
 void BrowserWindow::connectTree()
 {
     connect(m_writer, &ValueWriter::messageShown, m_callout, &MessageCallout::showRow);
-    connect(m_model, &QAbstractItemModel::dataChanged, m_callout, &MessageCallout::follow);
+    connect(m_model, &QAbstractItemModel::dataChanged, this, &BrowserWindow::rowChanged);
     connect(m_model, &QAbstractItemModel::modelReset, m_callout, &MessageCallout::follow);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &BrowserWindow::rowsAdded);
     connect(m_tree.get(), &FeatureTreeView::dismissed, m_callout,
         [this] { m_callout->showRow(nullptr); });
+    connect(m_tree.get(), &FeatureTreeView::confirmationWanted, m_question, &CommandQuestion::ask);
+    connect(m_question, &CommandQuestion::confirmed, m_writer, &ValueWriter::press);
+    connect(m_model, &QAbstractItemModel::modelReset, m_question, &CommandQuestion::follow);
     connect(m_tree.get(), &FeatureTreeView::currentRowChanged, this, &BrowserWindow::rowSelected);
     connect(m_tree.get(), &QWidget::customContextMenuRequested, this, &BrowserWindow::showMenu);
     connect(m_tree->header(), &QHeaderView::sectionResized, this,
@@ -68,6 +96,7 @@ void BrowserWindow::connectFilterBar()
     connect(m_filterBar, &FilterBar::levelChosen, this, &BrowserWindow::levelChosen);
     connect(m_filterBar, &FilterBar::expandAll, m_tree.get(), &QTreeView::expandAll);
     connect(m_filterBar, &FilterBar::collapseAll, m_tree.get(), &QTreeView::collapseAll);
+    connect(m_filterBar, &FilterBar::hitWanted, this, &BrowserWindow::goToHit);
     connect(m_filterBar, &FilterBar::finished, m_tree.get(), [this] { m_tree->focusFirstHit(); });
 }
 
@@ -79,6 +108,8 @@ void BrowserWindow::makeShortcuts()
         connect(shortcut, &QShortcut::activated, this, action);
     };
     add(QKeySequence::Find, [this] { m_filterBar->focusField(); });
+    add(QKeySequence::FindNext, [this] { goToHit(true); });
+    add(QKeySequence::FindPrevious, [this] { goToHit(false); });
     add(Qt::Key_F4, [this] { m_changes->goToNext(); });
 }
 

@@ -1,0 +1,96 @@
+#include "window/RowCallout.h"
+
+#include "look/Glyphs.h"
+#include "look/ThemeColors.h"
+#include "tree/FeatureTreeView.h"
+
+#include <QLayout>
+#include <QPainter>
+#include <QStyle>
+
+#include <algorithm>
+
+namespace featurebrowser {
+
+RowCallout::RowCallout(FeatureTreeView* tree)
+    : QFrame(tree->viewport())
+    , m_tree(tree)
+{
+    connect(tree, &FeatureTreeView::moved, this, &RowCallout::follow);
+    hide();
+}
+
+int RowCallout::signWidth() const
+{
+    return fontMetrics().height() + 14;
+}
+
+void RowCallout::setRow(const FeatureRow* row)
+{
+    m_rowName = row != nullptr ? row->name : std::string();
+    follow();
+}
+
+void RowCallout::follow()
+{
+    if (m_rowName.empty() && isHidden()) {
+        return;
+    }
+    const FeatureRow* row = m_rowName.empty() ? nullptr : m_tree->features().find(m_rowName);
+    if (row == nullptr || !isWanted(*row)) {
+        m_rowName.clear();
+        hide();
+        return;
+    }
+    const QRect area = m_tree->rowRect(*row);
+    if (area.isEmpty() || row->hidden) {
+        hide();
+        return;
+    }
+    showContent(*row);
+    setGeometry(place(area));
+    show();
+    raise();
+}
+
+int RowCallout::heightFor(int width) const
+{
+    return std::max(layout()->hasHeightForWidth() ? layout()->heightForWidth(width) : 0,
+        layout()->minimumSize().height());
+}
+
+// What other rows show stays to be read as far as there is room.
+QRect RowCallout::place(const QRect& row) const
+{
+    const QSize room = m_tree->viewport()->size();
+    const int unit = fontMetrics().averageCharWidth();
+    const int wide = std::min(room.width() - 16, unit * 90);
+    const int behind = m_tree->valueWidth(row.adjusted(0, 0, 0, 3 * row.height())) + 2 * unit;
+    const int rest = room.width() - behind - 8;
+    QRect area;
+    if (rest >= std::max(unit * 34, layout()->minimumSize().width())) {
+        area = { behind, row.top(), std::min(rest, wide), heightFor(std::min(rest, wide)) };
+        area.moveTop(std::max(0, std::min(row.top(), room.height() - area.height())));
+    } else {
+        const int height = heightFor(wide);
+        const bool isBelow = row.bottom() + 2 + height <= room.height() || row.top() < height;
+        area = { room.width() - wide - 8, isBelow ? row.bottom() + 2 : row.top() - height - 1, wide,
+            height };
+    }
+    return QStyle::visualRect(layoutDirection(), m_tree->viewport()->rect(), area);
+}
+
+void RowCallout::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const QColor alarm = colors::alarm(palette());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(alarm, 1));
+    painter.setBrush(colors::alarmBackground(palette()));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+    const int side = fontMetrics().height();
+    const QRect sign(8, 7, side, side);
+    drawGlyph(painter, Glyph::Warning, QStyle::visualRect(layoutDirection(), rect(), sign), alarm);
+}
+
+} // namespace featurebrowser
