@@ -443,7 +443,7 @@ TEST_F(ComfortTest, StatesAndContextsAreSaidInWords)
                 "Range: 16 … 4096 px\nStep: 16 px" },
             { "Gain",
                 "\n2.5\nNot available in the camera's present configuration\nRange: 0 … 48\n"
-                "Selected by: GainSelector" },
+                "Selected by: GainSelector = Green" },
             { "ReverseX", "\nFalse\nUnread: the last attempt to read it from the camera failed" },
             { "DeviceUserID",
                 "\nleft\nWrite-only: the camera does not tell its value\nLength: at most 8 bytes" },
@@ -527,7 +527,18 @@ TEST_F(ComfortTest, EveryPartSaysWhatItIs)
     browser.reset(new CameraFeatureBrowser(nullptr));
     const QSize unit(window()->fontMetrics().height(), window()->fontMetrics().height());
     EXPECT_TRUE(window()->width() > 30 * unit.width() && window()->height() > 30 * unit.height());
-    EXPECT_EQ(tree()->columnWidth(0), 19 * unit.width());
+    browser->showDialog(nullptr, 300, 400, {}, {});
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window()));
+    EXPECT_LE(window()->width(), 300) << "fits into a narrow dock";
+    for (const int width : { 300, 900 }) {
+        window()->resize(width, 400);
+        QApplication::processEvents();
+        EXPECT_NEAR(tree()->columnWidth(0), 0.46 * tree()->viewport()->width(), 1);
+    }
+    tree()->header()->resizeSection(0, 200);
+    window()->resize(450, 400);
+    QApplication::processEvents();
+    EXPECT_NEAR(tree()->columnWidth(0), 100, 10) << "the share that the user has chosen";
     EXPECT_FALSE(child<QSplitter>()->isCollapsible(0));
 }
 

@@ -117,12 +117,17 @@ TEST_F(MessageTest, ACalloutStandsBesideItsRowAndLeavesWithIt)
 {
     const auto* callout = child<QFrame>("messageCallout");
     const auto area = [this](const char* name) { return tree()->visualRect(row(name)); };
-    for (const char* name : { "Width", "ReverseX" }) {
+    for (const char* name : { "Width", "ExposureTime" }) {
         browser->setDefaultValue(name, 640L, "no");
         EXPECT_NE(message(), "");
-        EXPECT_GT(callout->y(), area(name).bottom());
-        EXPECT_LT(callout->y(), area(name).bottom() + area(name).height());
+        EXPECT_GE(callout->y(), area(name).top()) << "beside the value";
+        EXPECT_LT(callout->y(), area(name).bottom());
+        EXPECT_GT(callout->x(), tree()->visualRect(row(name, 1)).left() + 40);
     }
+    window()->resize(320, 700);
+    QApplication::processEvents();
+    EXPECT_GT(callout->y(), area("ExposureTime").bottom()) << "no room there";
+    EXPECT_LT(callout->y(), area("ExposureTime").bottom() + area("ExposureTime").height());
     EXPECT_LT(callout->geometry().right(), tree()->viewport()->width());
     EXPECT_GT(callout->x(), 0);
 

@@ -44,7 +44,7 @@ public:
 };
 
 /// The colours of a light palette, by the letters of the tests.
-const std::map<char, QColor> inks { { 'B', Qt::white }, { 'C', "#e8e8e8" }, { 'T', Qt::black },
+const std::map<char, QColor> inks { { 'B', Qt::white }, { 'C', "#e2e2e2" }, { 'T', Qt::black },
     { 'D', "#5b5b5b" }, { 'W', QColor::fromHsl(6, 200, 95) }, { 'w', "#f1dbd9" },
     { 'M', "#f7db69" }, { 'H', Qt::blue }, { 'h', Qt::yellow } };
 
@@ -219,7 +219,7 @@ TEST_F(PictureTest, ADarkPaletteHasItsOwnColours)
     browser->setDefaultValue("DeviceUserID", 640L, "no");
     usePalette(Qt::black, Qt::white);
     for (const auto& [name, column, color, isThere] :
-        { std::tuple("Camera", 0, QColor("#161616"), true), { "ExposureTime", 1, "#a3a3a3", true },
+        { std::tuple("Camera", 0, QColor("#1c1c1c"), true), { "ExposureTime", 1, "#a3a3a3", true },
             { "DeviceUserID", 1, QColor::fromHsl(6, 200, 165), true },
             { "DeviceUserID", 1, inks.at('W'), false }, { "ReverseX", 0, "#806806", true } }) {
         EXPECT_EQ(runs(picture(name, column), color) > 0, isThere)
@@ -231,7 +231,10 @@ TEST_F(PictureTest, SignsBoxesAndButtonsHaveTheirShapes)
 {
     const auto sign = [this](const char* name) {
         const QImage cell = picture(name, 1);
-        return cell.copy(cell.width() - 32, 0, 32, cell.height());
+        const bool isList = name == std::string("PixelFormat"); // its arrow stands at the value
+        const int left
+            = isList ? 6 + tree()->fontMetrics().horizontalAdvance("Mono8") : cell.width() - 32;
+        return cell.copy(left, 0, 32, cell.height());
     };
     setStates({ { "Width", FEATURE_LOCKED }, { "ExposureTime", FEATURE_NOT_AVAILABLE },
         { "DeviceUserID", FEATURE_READ_FAILED } });

@@ -23,9 +23,10 @@ QColor dim(const QPalette& palette)
     return mix(palette.color(QPalette::Text), palette.color(QPalette::Base), 0.36);
 }
 
-QColor categoryBackground(const QPalette& palette)
+QColor categoryBackground(const QPalette& palette, bool isTopLevel)
 {
-    return mix(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.09);
+    return mix(
+        palette.color(QPalette::Base), palette.color(QPalette::Text), isTopLevel ? 0.11 : 0.05);
 }
 
 QColor alarm(const QPalette& palette)

@@ -9,7 +9,8 @@ namespace featurebrowser::colors {
 
 /// Second-rank text: contexts, units, read-only values. Still readable.
 QColor dim(const QPalette& palette);
-QColor categoryBackground(const QPalette& palette);
+/// Categories within others are lighter.
+QColor categoryBackground(const QPalette& palette, bool isTopLevel);
 /// For frames and signs of rejected edits and failed reads.
 QColor alarm(const QPalette& palette);
 QColor alarmBackground(const QPalette& palette);

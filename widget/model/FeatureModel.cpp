@@ -1,5 +1,6 @@
 #include "model/FeatureModel.h"
 
+#include "model/SelectorContext.h"
 #include "text/UnitText.h"
 
 #include <utility>
@@ -218,7 +219,18 @@ int FeatureModel::columnCount(const QModelIndex&) const
 
 QVariant FeatureModel::data(const QModelIndex& index, int role) const
 {
-    return index.isValid() ? rowData(*row(index), index.column(), role) : QVariant();
+    if (!index.isValid()) {
+        return {};
+    }
+    const FeatureRow& feature = *row(index);
+    if (role != Qt::ToolTipRole && role != Qt::AccessibleDescriptionRole) {
+        return rowData(feature, index.column(), role);
+    }
+    const QString text = rowExplanation(feature, allFacts(*this, feature));
+    // A tool tip takes text that looks like markup for markup, so text from the camera is escaped.
+    return role == Qt::ToolTipRole
+        ? QStringLiteral("<div style='white-space:pre-wrap'>%1</div>").arg(text.toHtmlEscaped())
+        : text;
 }
 
 QVariant FeatureModel::headerData(int section, Qt::Orientation orientation, int role) const

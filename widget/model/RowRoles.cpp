@@ -1,6 +1,5 @@
 #include "model/RowRoles.h"
 
-#include "text/RowFacts.h"
 #include "text/ValueText.h"
 
 #include <QCoreApplication>
@@ -86,13 +85,6 @@ QVariant accessibleText(const FeatureRow& row, int column)
     return column == NameColumn ? toText(row.name) + separator + value : value;
 }
 
-// A tool tip takes text that looks like markup for markup, so text from the camera is escaped.
-QVariant toolTip(const FeatureRow& row)
-{
-    const QString text = rowExplanation(row).toHtmlEscaped();
-    return QStringLiteral("<div style='white-space:pre-wrap'>%1</div>").arg(text);
-}
-
 QVariant ownRole(const FeatureRow& row, int role)
 {
     switch (role) {
@@ -140,10 +132,6 @@ QVariant rowData(const FeatureRow& row, int column, int role)
         return accessibleText(row, column);
     case Qt::CheckStateRole:
         return column == ValueColumn && row.kind == RowKind::Boolean ? checkState(row) : QVariant();
-    case Qt::ToolTipRole:
-        return toolTip(row);
-    case Qt::AccessibleDescriptionRole:
-        return rowExplanation(row);
     default:
         return role >= NameRole && role <= SelectorsRole ? ownRole(row, role) : QVariant();
     }

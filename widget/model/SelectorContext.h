@@ -1,11 +1,12 @@
 #pragma once
 
 #include "model/FeatureModel.h"
+#include "text/RowFacts.h"
 
 namespace featurebrowser {
 
-/// For a feature that others select, what it is selected by at the moment, for example
-/// "GainSelector = Red"; for a selector, how many features it selects; empty for all other rows.
-QString selectorContext(const FeatureModel& model, const FeatureRow& row);
+/// As rowFacts, with what selects the row, and where that stands ("GainSelector = Red"), and what
+/// the row selects.
+std::vector<RowFact> allFacts(const FeatureModel& model, const FeatureRow& row);
 
 } // namespace featurebrowser

@@ -1,7 +1,7 @@
 #include "panes/DescriptionPane.h"
 
 #include "look/ThemeColors.h"
-#include "text/RowFacts.h"
+#include "model/SelectorContext.h"
 
 #include <QFormLayout>
 #include <QLabel>
@@ -37,11 +37,13 @@ QLabel* plainLabel(const QString& text, QWidget* parent)
 
 } // namespace
 
-DescriptionPane::DescriptionPane(QWidget* parent)
+DescriptionPane::DescriptionPane(const FeatureModel* model, QWidget* parent)
     : QWidget(parent)
+    , m_model(model)
     , m_title(new QLabel(this))
     , m_text(new QPlainTextEdit(this))
     , m_body(new QBoxLayout(QBoxLayout::TopToBottom))
+    , m_factsArea(new QScrollArea(this))
     , m_facts(new QWidget)
     , m_form(new QFormLayout(m_facts))
 {
@@ -62,18 +64,17 @@ DescriptionPane::DescriptionPane(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 4, 0, 0);
     layout->addWidget(m_title);
-    auto* scroll = new QScrollArea(this);
-    scroll->setObjectName(QStringLiteral("factsArea"));
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(m_facts);
+    m_factsArea->setObjectName(QStringLiteral("factsArea"));
+    m_factsArea->setFrameShape(QFrame::NoFrame);
+    m_factsArea->setWidgetResizable(true);
+    m_factsArea->setFocusPolicy(Qt::NoFocus);
+    m_factsArea->setWidget(m_facts);
     m_form->setContentsMargins(2, 2, 2, 2);
     m_form->setVerticalSpacing(2);
     m_form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     m_body->setContentsMargins(0, 0, 0, 0);
     m_body->addWidget(m_text, 1);
-    m_body->addWidget(scroll, 1);
+    m_body->addWidget(m_factsArea, 1);
     layout->addLayout(m_body, 1);
     showRow(nullptr);
 }
@@ -97,11 +98,12 @@ void DescriptionPane::showRow(const FeatureRow* row)
 
 void DescriptionPane::showFacts(const FeatureRow* row)
 {
-    const auto facts = row != nullptr ? rowFacts(*row) : std::vector<RowFact>();
+    const auto facts = row != nullptr ? allFacts(*m_model, *row) : std::vector<RowFact>();
     QStringList shown;
     for (const RowFact& fact : facts) {
         shown << fact.label << fact.text;
     }
+    m_factsArea->setVisible(!facts.empty());
     if (std::exchange(m_shown, shown) == shown) {
         return; // the user may have selected something in it
     }
@@ -120,7 +122,11 @@ void DescriptionPane::showFacts(const FeatureRow* row)
         label->setPalette(dim);
         m_form->addRow(label, plainLabel(fact.text, m_facts));
     }
-    m_facts->parentWidget()->parentWidget()->setVisible(!facts.empty());
+}
+
+QSize DescriptionPane::sizeHint() const
+{
+    return { fontMetrics().averageCharWidth() * 40, fontMetrics().lineSpacing() * 10 };
 }
 
 // Beside the text where there is room for both.

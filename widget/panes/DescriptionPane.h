@@ -1,6 +1,6 @@
 #pragma once
 
-#include "row/FeatureRow.h"
+#include "model/FeatureModel.h"
 
 #include <QWidget>
 
@@ -8,6 +8,7 @@ class QBoxLayout;
 class QFormLayout;
 class QLabel;
 class QPlainTextEdit;
+class QScrollArea;
 
 namespace featurebrowser {
 
@@ -17,10 +18,12 @@ class DescriptionPane : public QWidget {
     Q_OBJECT
 
 public:
-    explicit DescriptionPane(QWidget* parent = nullptr);
+    /// `model` is not owned and has to outlive the pane.
+    DescriptionPane(const FeatureModel* model, QWidget* parent);
 
     /// Null shows a hint instead.
     void showRow(const FeatureRow* row);
+    QSize sizeHint() const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -28,9 +31,11 @@ protected:
 private:
     void showFacts(const FeatureRow* row);
 
+    const FeatureModel* m_model;
     QLabel* m_title;
     QPlainTextEdit* m_text;
     QBoxLayout* m_body;
+    QScrollArea* m_factsArea;
     QWidget* m_facts;
     QFormLayout* m_form;
     QStringList m_shown; ///< labels and texts in the form

@@ -138,19 +138,18 @@ std::vector<RowFact> rowFacts(const FeatureRow& row)
         facts.push_back(
             { Words::tr("Entries"), entryTexts(row).join(QStringLiteral(", ")), false });
     }
-    facts.push_back({ Words::tr("Selected by"), toText(row.extras().selectors) });
     const auto isEmpty = [](const RowFact& fact) { return fact.text.isEmpty(); };
     facts.erase(std::remove_if(facts.begin(), facts.end(), isEmpty), facts.end());
     return facts;
 }
 
-QString rowExplanation(const FeatureRow& row)
+QString rowExplanation(const FeatureRow& row, const std::vector<RowFact>& facts)
 {
     QStringList lines { toText(row.name) };
     if (!row.isCategory() && row.kind != RowKind::Command) {
         lines.append(valueWithUnit(row));
     }
-    for (const RowFact& fact : rowFacts(row)) {
+    for (const RowFact& fact : facts) {
         if (fact.isBrief) {
             lines.append(
                 fact.label.isEmpty() ? fact.text : fact.label + QStringLiteral(": ") + fact.text);

@@ -19,11 +19,11 @@ struct RowFact {
     bool isBrief = true; ///< fits into a tool tip, and says there what nothing else does
 };
 
-/// Reason, range, step, unit, access, length, entries and selectors, as far as the row has them.
+/// Reason, range, step, unit, access, length and entries, as far as the row has them.
 std::vector<RowFact> rowFacts(const FeatureRow& row);
 
 /// Everything that the row itself may not have the room to show: its full name and value, the brief
 /// facts and the message, one to a line. Plain text.
-QString rowExplanation(const FeatureRow& row);
+QString rowExplanation(const FeatureRow& row, const std::vector<RowFact>& facts);
 
 } // namespace featurebrowser

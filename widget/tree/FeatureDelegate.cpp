@@ -3,7 +3,6 @@
 #include "editors/EditorFactory.h"
 #include "events/ValueWriter.h"
 #include "model/FeatureModel.h"
-#include "model/SelectorContext.h"
 #include "tree/ChangeMarks.h"
 #include "tree/RowPainter.h"
 
@@ -24,9 +23,7 @@ void FeatureDelegate::paint(
     QStyleOptionViewItem cell = option;
     initStyleOption(&cell, index);
     const FeatureRow& row = *FeatureModel::row(index);
-    const QString context
-        = index.column() == NameColumn ? selectorContext(m_model, row) : QString();
-    const RowSurroundings around { context, m_filterWords, m_marks.strength(&row) };
+    const RowSurroundings around { m_filterWords, m_marks.strength(&row) };
     RowPainter(*painter, cell, row, around).paint(index.column());
 }
 

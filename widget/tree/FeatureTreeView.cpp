@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QResizeEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -73,6 +74,8 @@ FeatureTreeView::FeatureTreeView(FeatureModel* model, ValueWriter* writer, QWidg
             verticalScrollBar()->setValue(place);
         },
         Qt::QueuedConnection);
+    connect(header(), &QHeaderView::sectionResized, this,
+        [this](int column, int, int width) { columnResized(column, width); });
     header()->setSectionsMovable(false);
     header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 6);
 }
@@ -322,6 +325,34 @@ QRect FeatureTreeView::rowRect(const FeatureRow& row)
     return m_onScreen.rectOf(row);
 }
 
+// The name column keeps its share of the width, so that values are to be seen in narrow windows.
+void FeatureTreeView::shareColumns()
+{
+    if (!header()->stretchLastSection()) {
+        return; // an application has fixed all widths
+    }
+    const QScopedValueRollback<bool> sharing(m_isSharing, true);
+    if (m_nameWidth > 0 && isVisible()) {
+        m_nameShare = static_cast<double>(std::exchange(m_nameWidth, 0)) / viewport()->width();
+    }
+    header()->resizeSection(
+        NameColumn, m_nameWidth > 0 ? m_nameWidth : qRound(m_nameShare * viewport()->width()));
+}
+
+void FeatureTreeView::columnResized(int column, int width)
+{
+    const bool follows = header()->stretchLastSection() && column == header()->count() - 1;
+    if (m_isSharing || follows) {
+        return;
+    }
+    if (column == NameColumn && isVisible()) {
+        m_nameShare = static_cast<double>(width) / viewport()->width();
+    } else if (column == NameColumn) {
+        m_nameWidth = width;
+    }
+    Q_EMIT columnChosen(column, width);
+}
+
 int FeatureTreeView::valueWidth(const QRect& area)
 {
     int longest = 0;
@@ -352,6 +383,7 @@ void FeatureTreeView::updateGeometries()
 void FeatureTreeView::resizeEvent(QResizeEvent* event)
 {
     QTreeView::resizeEvent(event);
+    shareColumns();
     const QRect current = visualRect(currentIndex());
     const bool wasInSight = current.top() >= 0 && current.bottom() <= event->oldSize().height();
     if (!current.isEmpty() && wasInSight && current.bottom() > viewport()->height()) {

@@ -67,6 +67,8 @@ public:
 
 Q_SIGNALS:
     void scrollWanted(int place);
+    /// The user has given a column another width.
+    void columnChosen(int column, int width);
     /// Another row became current through the user; null = none.
     void currentRowChanged(featurebrowser::FeatureRow* row);
     /// The user wants to run a command that throws work away.
@@ -94,6 +96,8 @@ protected:
 
 private:
     void applyFilter();
+    void shareColumns();
+    void columnResized(int column, int width);
     void openHits();
     void closeHits();
     void leaveHiddenRow();
@@ -118,6 +122,9 @@ private:
     std::unordered_set<std::string> m_openedForHits; ///< categories that were closed before
     bool m_filterStale = false; ///< rows were added that have not been filtered
     bool m_layoutPending = true; ///< everything is painted again soon
+    double m_nameShare = 0.46; ///< of the name column in the width
+    int m_nameWidth = 0; ///< wanted before the view had a place; 0 = none
+    bool m_isSharing = false; ///< columns follow the width, by themselves
     RowsOnScreen m_onScreen;
 };
 

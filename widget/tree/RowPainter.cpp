@@ -30,6 +30,11 @@ std::optional<Glyph> stateGlyph(const FeatureRow& row)
     }
 }
 
+bool isTopLevel(const FeatureRow& row)
+{
+    return row.parent == nullptr || row.parent->parent == nullptr;
+}
+
 bool opensList(const FeatureRow& row)
 {
     return row.kind == RowKind::Enumeration && row.isEditable();
@@ -48,7 +53,7 @@ RowPainter::RowPainter(QPainter& painter, const QStyleOptionViewItem& option, co
 {
     if (row.isCategory()) {
         m_option.font.setBold(true);
-    } else if (!row.isEditable()) {
+    } else if (isGone()) {
         m_option.font.setItalic(true);
     }
     m_option.fontMetrics = QFontMetrics(m_option.font);
@@ -74,7 +79,7 @@ QBrush RowPainter::rowBackground(
     const QPalette& palette, const FeatureRow& row, double changeStrength)
 {
     if (row.isCategory()) {
-        return colors::categoryBackground(palette);
+        return colors::categoryBackground(palette, isTopLevel(row));
     }
     if (row.hasMessage()) {
         return colors::alarmBackground(palette);
@@ -143,18 +148,21 @@ void RowPainter::paintMatches(const QString& text)
 
 void RowPainter::paintName()
 {
+    if (!m_row.extras().selectors.empty()) {
+        paintTie();
+    }
     const QString name = toText(m_row.name);
     paintMatches(name);
-    const bool gone = m_row.state == FEATURE_NOT_AVAILABLE;
-    paintText(name,
-        gone ? textColor()
-            : m_option.state.testFlag(QStyle::State_Selected)
-            ? m_option.palette.color(QPalette::HighlightedText)
-            : m_option.palette.color(QPalette::Text));
-    if (!m_around.context.isEmpty()) {
-        m_rest.setLeft(m_rest.left() + 2 * cellMargin);
-        paintText(m_around.context, dimColor());
-    }
+    const bool isSelected = m_option.state.testFlag(QStyle::State_Selected);
+    paintText(name, isGone() || isSelected ? textColor() : m_option.palette.color(QPalette::Text));
+}
+
+// A thin rule along the rows that a selector addresses.
+void RowPainter::paintTie()
+{
+    const QRect rule(m_rest.left() + 1, m_option.rect.top(), 1, m_option.rect.height());
+    m_painter.fillRect(QStyle::visualRect(m_option.direction, m_option.rect, rule), dimColor());
+    m_rest.setLeft(m_rest.left() + 2 * cellMargin);
 }
 
 void RowPainter::paintValue()
@@ -170,27 +178,39 @@ void RowPainter::paintValue()
     }
     const QString text = valueText(m_row);
     paintMatches(text);
+    const int arrow = opensList(m_row) ? signSide() + cellMargin : 0;
+    m_rest.setRight(m_rest.right() - arrow);
     paintText(text, textColor());
     const QString unit = rowUnit(m_row);
     if (m_row.hasValue && !unit.isEmpty()) {
         m_rest.setLeft(m_rest.left() + cellMargin);
         paintText(unit, dimColor());
     }
+    if (arrow > 0) {
+        paintSign(Glyph::Chevron, m_rest.left() + cellMargin, dimColor());
+    }
 }
 
-// At the trailing edge: why the row is as it is, and that it opens a list.
+int RowPainter::signSide() const
+{
+    return m_option.fontMetrics.height() - 2;
+}
+
+void RowPainter::paintSign(Glyph glyph, int left, const QColor& color)
+{
+    const int side = signSide();
+    const QRect area(left, m_rest.center().y() - side / 2, side, side);
+    drawGlyph(m_painter, glyph, QStyle::visualRect(m_option.direction, m_option.rect, area),
+        m_option.state.testFlag(QStyle::State_Selected) ? dimColor() : color);
+}
+
+// At the trailing edge: why the row is as it is.
 void RowPainter::paintSigns()
 {
-    const int side = m_option.fontMetrics.height() - 2;
-    const auto sign = [&](Glyph glyph, const QColor& color) {
-        const QRect area(m_rest.right() - side, m_rest.center().y() - side / 2, side, side);
-        drawGlyph(m_painter, glyph, QStyle::visualRect(m_option.direction, m_option.rect, area),
-            m_option.state.testFlag(QStyle::State_Selected) ? dimColor() : color);
-        m_rest.setRight(area.left() - cellMargin);
+    const auto sign = [this](Glyph glyph, const QColor& color) {
+        m_rest.setRight(m_rest.right() - signSide() - cellMargin);
+        paintSign(glyph, m_rest.right() + cellMargin, color);
     };
-    if (opensList(m_row)) {
-        sign(Glyph::Chevron, dimColor());
-    }
     if (const auto glyph = stateGlyph(m_row)) {
         sign(*glyph, *glyph == Glyph::Warning ? colors::alarm(m_option.palette) : dimColor());
     }

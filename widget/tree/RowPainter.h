@@ -10,7 +10,6 @@ namespace featurebrowser {
 
 /// What a picture of a row shows and the row itself does not know.
 struct RowSurroundings {
-    QString context; ///< what selects the row, or how many it selects
     QStringList filterWords; ///< whose matches are marked
     double changeStrength = 0; ///< how fresh the row's last change is, from 0 (none) to 1
 };
@@ -31,12 +30,16 @@ public:
 private:
     void paintBackground();
     void paintName();
+    void paintTie();
+    void paintSign(Glyph glyph, int left, const QColor& color);
+    int signSide() const;
     void paintValue();
     void paintSigns();
     void paintText(const QString& text, const QColor& color);
     void paintMatches(const QString& text);
     QColor textColor() const;
     QColor dimColor() const;
+    bool isGone() const { return m_row.state == FEATURE_NOT_AVAILABLE; }
 
     QPainter& m_painter;
     QStyleOptionViewItem m_option;

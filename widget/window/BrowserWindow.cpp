@@ -15,6 +15,7 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QScopedValueRollback>
+#include <QScreen>
 
 #include <algorithm>
 #include <utility>
@@ -156,9 +157,7 @@ void BrowserWindow::rowSelected(FeatureRow* row)
 
 void BrowserWindow::columnResized(int column, int width)
 {
-    const QHeaderView* header = m_tree->header();
-    const bool follows = header->stretchLastSection() && column == header->count() - 1;
-    if (m_isOwnChange || follows) {
+    if (m_isOwnChange) {
         return;
     }
     m_events.raise(
@@ -233,18 +232,22 @@ void BrowserWindow::present(Qt::WindowType type)
 void BrowserWindow::applySizes(int width, int height, const std::vector<int>& columns)
 {
     const QScopedValueRollback<bool> own(m_isOwnChange, true);
-    resize(width > 0 ? width : size().width(), height > 0 ? height : size().height());
+    QSize wanted(width > 0 ? width : size().width(), height > 0 ? height : size().height());
+    if (isWindow() && !isVisible()) { // never beyond the screen
+        wanted = wanted.boundedTo(screen()->availableSize());
+    }
+    resize(wanted);
     QHeaderView* header = m_tree->header();
     const int count = std::min(header->count(), static_cast<int>(columns.size()));
     for (int column = 0; column < count; ++column) {
-        const int wanted = columns[static_cast<std::size_t>(column)];
-        if (wanted <= 0) {
+        const int columnWidth = columns[static_cast<std::size_t>(column)];
+        if (columnWidth <= 0) {
             continue;
         }
         if (column == header->count() - 1) {
             header->setStretchLastSection(false);
         }
-        header->resizeSection(column, wanted);
+        header->resizeSection(column, columnWidth);
     }
 }
 

@@ -53,7 +53,7 @@ BrowserWindow::BrowserWindow(QWidget* parent)
     m_pins = new PinStrip(m_model, this);
     makeTree();
     m_changes = new ChangeStrip(m_model, this);
-    m_description = new DescriptionPane(this);
+    m_description = new DescriptionPane(m_model, this);
     arrange();
     connectTree();
     connectFilterBar();
@@ -85,8 +85,7 @@ void BrowserWindow::connectTree()
     connect(m_model, &QAbstractItemModel::modelReset, m_question, &CommandQuestion::follow);
     connect(m_tree.get(), &FeatureTreeView::currentRowChanged, this, &BrowserWindow::rowSelected);
     connect(m_tree.get(), &QWidget::customContextMenuRequested, this, &BrowserWindow::showMenu);
-    connect(m_tree->header(), &QHeaderView::sectionResized, this,
-        [this](int column, int, int width) { columnResized(column, width); });
+    connect(m_tree.get(), &FeatureTreeView::columnChosen, this, &BrowserWindow::columnResized);
 }
 
 void BrowserWindow::connectFilterBar()
@@ -134,7 +133,6 @@ void BrowserWindow::arrange()
     layout->addWidget(splitter, 1);
     const int unit = fontMetrics().height();
     resize(unit * 36, unit * 46);
-    m_tree->header()->resizeSection(NameColumn, unit * 19);
 }
 
 } // namespace featurebrowser

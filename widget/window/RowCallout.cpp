@@ -65,11 +65,15 @@ QRect RowCallout::place(const QRect& row) const
     const QSize room = m_tree->viewport()->size();
     const int unit = fontMetrics().averageCharWidth();
     const int wide = std::min(room.width() - 16, unit * 90);
-    const int behind = m_tree->valueWidth(row.adjusted(0, 0, 0, 3 * row.height())) + 2 * unit;
-    const int rest = room.width() - behind - 8;
+    QRect covered = row; // the more lines, the more rows beside it
+    int rest = 0;
+    for (int tries = 0; tries < 3; ++tries) {
+        rest = std::min(room.width() - m_tree->valueWidth(covered) - 2 * unit - 8, wide);
+        covered.setHeight(std::max(row.height(), heightFor(std::max(rest, 0))));
+    }
     QRect area;
-    if (rest >= std::max(unit * 34, layout()->minimumSize().width())) {
-        area = { behind, row.top(), std::min(rest, wide), heightFor(std::min(rest, wide)) };
+    if (rest >= std::max(unit * 24, layout()->minimumSize().width())) {
+        area = { m_tree->valueWidth(covered) + 2 * unit, row.top(), rest, heightFor(rest) };
         area.moveTop(std::max(0, std::min(row.top(), room.height() - area.height())));
     } else {
         const int height = heightFor(wide);
