@@ -40,6 +40,9 @@ namespace featurebrowser {
 /// before they are run. Their names are the property "confirmedCommands" of GetWidget()
 /// (QStringList of wildcard patterns, case-insensitive), which an application may extend; with an
 /// empty list nothing asks.
+///
+/// The line below the tree that tells what the last write has done is the property "statusLine" of
+/// GetWidget() (QWidget*): an application may move it into its own status bar, which then owns it.
 class ZQ_EXPORT CameraFeatureBrowser {
 public:
     /// `parent` may be null. The widget is not shown yet.

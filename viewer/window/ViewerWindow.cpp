@@ -50,6 +50,7 @@ void ViewerWindow::arrange()
     // The browser does not jump when a button comes or goes.
     statusBar()->setMinimumHeight(m_reconnect->sizeHint().height() + 6);
     statusBar()->addWidget(m_message, 1);
+    statusBar()->addWidget(m_browser.GetWidget()->property("statusLine").value<QWidget*>(), 1);
     statusBar()->addPermanentWidget(m_tasks);
     statusBar()->addPermanentWidget(m_reconnect);
     auto* reload = new QAction(tr("Read all features again"), this);
@@ -88,6 +89,7 @@ void ViewerWindow::showTitle()
 
 void ViewerWindow::showMessage(bool good, const QString& text)
 {
+    m_message->setVisible(!text.isEmpty());
     m_message->showText(good ? text : QStringLiteral("\u26A0 ") + text);
 }
 
@@ -102,13 +104,7 @@ void ViewerWindow::showWritten(const std::string& name)
         showMessage(false, tr("%1 was written, but could not be read back.").arg(shownName));
         m_isKeepersMessage = true; // who goes on to read it
     } else {
-        const QAbstractItemModel& model = *tree()->model();
-        const QHash<int, QByteArray> roles = model.roleNames();
-        const QModelIndexList rows = model.match(model.index(0, 0), roles.key("name"),
-            QByteArray::fromStdString(name), 1, Qt::MatchExactly | Qt::MatchRecursive);
-        showMessage(true,
-            QStringLiteral("%1 = %2").arg(shownName,
-                rows.isEmpty() ? QString() : rows.first().data(roles.key("value")).toString()));
+        showMessage(true, {}); // the browser's own line tells it
     }
     m_keeper->lookSoon();
 }

@@ -45,7 +45,7 @@ void ChangeStrip::showResult(const WriteResult& result)
     m_position = 0;
     const int count = static_cast<int>(m_rows.size());
     const QString name = toText(row->name);
-    QString text = result.isCommand ? name : name + QStringLiteral(" = ") + valueText(*row);
+    QString text = result.isCommand ? name : name + QStringLiteral(" = ") + valueWithUnit(*row);
     if (!result.isCommand && !result.isTaken) {
         text = tr("%1 was not accepted as entered").arg(name);
     }

@@ -8,13 +8,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyle>
 
 namespace featurebrowser {
 
 FilterBar::FilterBar(QWidget* parent)
     : QWidget(parent)
     , m_field(new QLineEdit(this))
-    , m_hits(new QLabel(this))
+    , m_hits(new QLabel(m_field))
     , m_reveal(new QPushButton(this))
     , m_levels(new QComboBox(this))
 {
@@ -22,6 +23,7 @@ FilterBar::FilterBar(QWidget* parent)
     makeLevels();
     m_hits->setObjectName(QStringLiteral("hitLabel"));
     m_hits->setTextFormat(Qt::PlainText);
+    m_hits->setForegroundRole(QPalette::Text);
     m_hits->hide();
     m_reveal->setObjectName(QStringLiteral("revealButton"));
     m_reveal->setToolTip(tr("Show the features that the visibility level hides"));
@@ -41,7 +43,6 @@ FilterBar::FilterBar(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     layout->addWidget(m_field, 1);
-    layout->addWidget(m_hits);
     layout->addWidget(m_reveal);
     layout->addWidget(expand);
     layout->addWidget(collapse);
@@ -103,6 +104,22 @@ void FilterBar::setHits(int count, int current)
     m_hits->setText(current < 0
             ? tr("%n hit(s)", nullptr, count)
             : tr("%1 of %2").arg(QString::number(current + 1), QString::number(count)));
+    placeHits();
+}
+
+// In the field, before its button, so that a narrow window has room for both.
+void FilterBar::placeHits()
+{
+    const bool isShown = !m_hits->isHidden();
+    m_hits->resize(m_hits->sizeHint());
+    const int button = m_field->height() + 2;
+    QRect area({}, m_hits->size());
+    area.moveCenter(m_field->rect().center());
+    area.moveRight(m_field->width() - button);
+    m_hits->setGeometry(QStyle::visualRect(layoutDirection(), m_field->rect(), area));
+    const int margin = isShown ? m_hits->width() + 4 : 0;
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    m_field->setTextMargins(isMirrored ? margin : 0, 0, isMirrored ? 0 : margin, 0);
 }
 
 void FilterBar::setHitsAboveLevel(int count)
@@ -113,6 +130,9 @@ void FilterBar::setHitsAboveLevel(int count)
 
 bool FilterBar::eventFilter(QObject* object, QEvent* event)
 {
+    if (event->type() == QEvent::Resize) {
+        placeHits();
+    }
     if (event->type() != QEvent::KeyPress) {
         return QWidget::eventFilter(object, event);
     }

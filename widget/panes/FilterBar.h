@@ -45,6 +45,7 @@ protected:
 private:
     void makeField();
     void makeLevels();
+    void placeHits();
 
     QLineEdit* m_field;
     QLabel* m_hits;

@@ -133,7 +133,9 @@ std::vector<RowFact> rowFacts(const FeatureRow& row)
         facts.push_back({ Words::tr("Length"), Words::tr("at most %n byte(s)", nullptr, length) });
     }
     facts.push_back({ Words::tr("Unit"), rowUnit(row), false });
-    facts.push_back({ Words::tr("Access"), accessText(row), false });
+    if (row.kind != RowKind::Command) {
+        facts.push_back({ Words::tr("Access"), accessText(row), false });
+    }
     if (row.kind == RowKind::Enumeration) {
         facts.push_back(
             { Words::tr("Entries"), entryTexts(row).join(QStringLiteral(", ")), false });

@@ -38,6 +38,11 @@ void BrowserWindow::setPinnedFeatures(const QByteArrayList& names)
     m_pins->pinOnly(names);
 }
 
+QWidget* BrowserWindow::statusLine() const
+{
+    return m_changes;
+}
+
 QStringList BrowserWindow::confirmedCommands() const
 {
     return m_tree->confirmedCommands;
@@ -126,7 +131,9 @@ void BrowserWindow::setValue(FeatureRow& row, RowValue value, bool readOnly, boo
 
 void BrowserWindow::written(const WriteResult& result)
 {
-    m_changes->showResult(result);
+    if (m_changes) {
+        m_changes->showResult(result);
+    }
     const auto mark = [this](const std::string& name) {
         if (const FeatureRow* row = m_model->find(name)) {
             m_tree->marks().mark(row);

@@ -5,6 +5,7 @@
 #include "window/TreeMemory.h"
 
 #include <QByteArrayList>
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
@@ -35,6 +36,8 @@ class BrowserWindow : public QWidget {
     /// Names of commands that ask before they are run, with wildcards: an application may extend or
     /// empty it.
     Q_PROPERTY(QStringList confirmedCommands READ confirmedCommands WRITE setConfirmedCommands)
+    /// The line about the last write: an application may move it into its status bar.
+    Q_PROPERTY(QWidget* statusLine READ statusLine)
 
 public:
     explicit BrowserWindow(QWidget* parent);
@@ -47,6 +50,7 @@ public:
     QByteArrayList pinnedFeatures() const;
     void setPinnedFeatures(const QByteArrayList& names);
 
+    QWidget* statusLine() const;
     QStringList confirmedCommands() const;
     void setConfirmedCommands(const QStringList& patterns);
 
@@ -99,7 +103,7 @@ private:
     PinStrip* m_pins = nullptr;
     MessageCallout* m_callout = nullptr;
     CommandQuestion* m_question = nullptr;
-    ChangeStrip* m_changes = nullptr;
+    QPointer<ChangeStrip> m_changes; ///< an application may have taken and deleted it
     DescriptionPane* m_description = nullptr;
     TreeMemory m_memory;
     bool m_isOwnChange = false; ///< selection and columns change by program, not by the user

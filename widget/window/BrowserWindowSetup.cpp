@@ -109,7 +109,11 @@ void BrowserWindow::makeShortcuts()
     add(QKeySequence::Find, [this] { m_filterBar->focusField(); });
     add(QKeySequence::FindNext, [this] { goToHit(true); });
     add(QKeySequence::FindPrevious, [this] { goToHit(false); });
-    add(Qt::Key_F4, [this] { m_changes->goToNext(); });
+    add(Qt::Key_F4, [this] {
+        if (m_changes) {
+            m_changes->goToNext();
+        }
+    });
 }
 
 void BrowserWindow::arrange()
