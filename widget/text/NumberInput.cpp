@@ -21,23 +21,45 @@ struct Parts {
     QString problem;
 };
 
+// Texts from documents bring signs and blanks of typesetting.
+QString plainSigns(QString text)
+{
+    for (const QChar minus : { QChar(0x2212), QChar(0x2013) }) {
+        text.replace(minus, QLatin1Char('-'));
+    }
+    for (const QChar blank : { QChar(0x00A0), QChar(0x202F) }) {
+        text.replace(blank, QLatin1Char(' '));
+    }
+    return text;
+}
+
+// Only blanks between groups of thousands go; others make it no number.
+QString withoutGroupBlanks(QString number)
+{
+    static const QRegularExpression grouped(
+        QStringLiteral("\\A[+-]?[1-9][0-9]{0,2}(?: [0-9]{3})+(?=\\z|[.,eE])"));
+    const QString groups = grouped.match(number).captured();
+    return number.replace(0, groups.size(), QString(groups).remove(QLatin1Char(' ')));
+}
+
 // A unit begins with a letter or sign that can be no part of a number; "1e3" and "0x1F" have none.
 Parts splitUnit(const QString& text, const QString& unit)
 {
     static const QRegularExpression split(QStringLiteral(
         "\\A\\s*([+-]?(?:0[xX][0-9A-Fa-f]+|inf|nan|[0-9.,' ]*[0-9.,](?:[eE][+-]?[0-9]+)?))"
         "\\s*([^0-9\\s].*?)?\\s*\\z"));
-    const auto match = split.match(text);
+    const auto match = split.match(plainSigns(text));
     if (!match.hasMatch()) {
         return { {}, 0, Words::tr("“%1” is not a number").arg(text.trimmed()) };
     }
+    const QString number = withoutGroupBlanks(match.captured(1));
     const QString typed = match.captured(2);
     if (typed.isEmpty()) {
-        return { match.captured(1), 0, {} };
+        return { number, 0, {} };
     }
     const auto exponent = unitExponent(typed, unit);
     if (exponent) {
-        return { match.captured(1), *exponent, {} };
+        return { number, *exponent, {} };
     }
     return { {}, 0,
         unit.isEmpty() ? Words::tr("“%1” is not a number; the unit of this feature is not known")
@@ -95,6 +117,14 @@ QString withPoint(QString number, QString& problem)
     return {};
 }
 
+QString outOfRange(const QString& text, bool isHex)
+{
+    const QString least = isHex ? QStringLiteral("0x0") : QStringLiteral("-9223372036854775808");
+    const QString most
+        = isHex ? QStringLiteral("0x7FFFFFFFFFFFFFFF") : QStringLiteral("9223372036854775807");
+    return Words::tr("“%1” must lie between %2 and %3").arg(text.trimmed(), least, most);
+}
+
 } // namespace
 
 NumberInput<double> readFloat(const QString& text, const QString& unit)
@@ -145,13 +175,15 @@ NumberInput<qint64> readInteger(const QString& text, const QString& unit)
     if (!isHex) {
         digits += QByteArray(parts.exponent, '0');
     }
-    if (match.captured(1) == QLatin1String("-")) {
+    const bool isNegative = match.captured(1) == QLatin1String("-");
+    if (isNegative) {
         digits.prepend('-');
     }
     bool isInRange = false;
     const qint64 value = digits.toLongLong(&isInRange, isHex ? 16 : 10);
-    if (!isInRange) {
-        return { {}, Words::tr("“%1” does not fit into 64 bits").arg(text.trimmed()) };
+    // Hexadecimal digits show the bits of a register: a minus has no place before them.
+    if (!isInRange || (isHex && isNegative)) {
+        return { {}, outOfRange(text, isHex) };
     }
     return { value, {} };
 }

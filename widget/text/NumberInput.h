@@ -13,8 +13,10 @@ template <typename T> struct NumberInput {
     QString problem; ///< for the user; empty when there is a value
 };
 
-/// Decimal or, with "0x", hexadecimal; a unit after it is converted to `unit`, the feature's own.
-/// Anything that is not a whole number of 64 bits is a problem, never another number.
+/// Decimal, also in groups of thousands with blanks between, or, with "0x" and without a minus,
+/// hexadecimal; a unit after it is converted to `unit`, the feature's own. Anything that is not a
+/// whole number of 64 bits is a problem, never another number. Minus signs and blanks may be those
+/// of typesetting.
 NumberInput<qint64> readInteger(const QString& text, const QString& unit);
 
 /// Decimal point or comma, groups of thousands, exponent, a unit as above. A text that can be read
