@@ -22,6 +22,16 @@ bool isPlainText(const FeatureRow& row)
     return row.kind == RowKind::Text || row.kind == RowKind::ReadOnlyText;
 }
 
+// A MAC address is a number to the camera and a text in its row.
+EditValue asHeld(const FeatureRow& row, const EditValue& value)
+{
+    const auto* number = std::get_if<qint64>(&value);
+    if (row.kind == RowKind::Mac && number != nullptr) {
+        return convertToMACAddress(static_cast<long>(*number));
+    }
+    return value;
+}
+
 } // namespace
 
 // The window is gone when the application's window that embedded it was destroyed first; all
@@ -52,7 +62,7 @@ public:
         const std::string& name, const EditValue& value, const std::string& message) const
     {
         withRow(name, [&](BrowserWindow& present, FeatureRow& row) {
-            if (auto reset = withEntered(row.value, value)) {
+            if (auto reset = withEntered(row.value, asHeld(row, value))) {
                 present.setValue(row, std::move(*reset), row.readOnly, true);
             }
             present.writer().showMessage(name, toText(message));

@@ -1,5 +1,7 @@
 #include "events/ValueEvent.h"
 
+#include "text/AddressInput.h"
+
 namespace featurebrowser {
 
 ReceiverEvent eventFor(const FeatureRow& row, const EditValue& value)
@@ -15,6 +17,9 @@ ReceiverEvent eventFor(const FeatureRow& row, const EditValue& value)
     case RowKind::Ipv4:
         return [name, entered = std::get<std::string>(value)](
                    auto& receiver) { receiver.FeatureIPModified(name, entered); };
+    case RowKind::Mac: // the camera holds it as a number
+        return [name, entered = macNumber(std::get<std::string>(value))](
+                   auto& receiver) { receiver.FeatureIntModified(name, entered); };
     case RowKind::Boolean:
         return [name, index = std::get<EntryIndex>(value).index](
                    auto& receiver) { receiver.FeatureBoolModified(name, index); };
