@@ -415,4 +415,48 @@ TEST_F(PictureTest, ALineOfValuesShowsHowTheyWent)
     EXPECT_TRUE(drawnIn(picture(lines["Recent values of DeviceUserID"])).isNull());
 }
 
+// Without the focus a field shows no cursor.
+TEST_F(PictureTest, AnEditorOpensWithTextAndUnitWhereTheyWere)
+{
+    setText("GevMACAddress", "00:00:00:00:00:01");
+    for (const char* name : { "Width", "ExposureTime" }) {
+        browser->setItemDescription(name, "Unit: ms");
+    }
+    for (const int size : { 12, 13, -20 }) { // below 0: from right to left
+        window()->setLayoutDirection(size < 0 ? Qt::RightToLeft : Qt::LeftToRight);
+        const auto place = [size](const QImage& cell, const QColor& color) {
+            const QImage seen = size < 0 ? cell.mirrored(true, false) : cell;
+            const int reach = cell.width() * 2 / 5; // nothing else is there
+            QRect drawn;
+            for (int i = 0; i < reach * cell.height(); ++i) {
+                const QPoint at(i % reach, i / reach);
+                drawn |= seen.pixel(at) == color.rgb() ? QRect(at, QSize(1, 1)) : QRect();
+            }
+            return drawn;
+        };
+        const auto isNear = [size](const QRect& a, const QRect& b) { // letters have parts of dots
+            const QPoint off = a.topLeft() - b.topLeft();
+            return size > 0 ? a == b : std::abs(off.x()) <= 1 && off.y() == 0;
+        };
+        QFont font = window()->font();
+        font.setPixelSize(std::abs(size));
+        window()->setFont(font);
+        for (const char* name : { "Width", "ExposureTime", "DeviceUserID", "GevMACAddress" }) {
+            select("Camera");
+            usePalette(Qt::white, Qt::black);
+            const QImage closed = picture(name, 1);
+            open(name);
+            press(Qt::Key_Home);
+            child<QWidget>("filterField")->setFocus(Qt::PopupFocusReason);
+            const QImage opened = picture(name, 1);
+            EXPECT_TRUE(isNear(place(opened, Qt::black), place(closed, Qt::black))) << name << size;
+            const QRect unit = place(closed, "#5b5b5b");
+            EXPECT_EQ(unit.isEmpty(), name[0] == 'D' || name[0] == 'G');
+            EXPECT_TRUE(isNear(place(opened, "#5b5b5b"), unit)) << name << size;
+            usePalette(Qt::black, Qt::white);
+            EXPECT_TRUE(isNear(place(picture(name, 1), "#a3a3a3"), unit)) << "follows the palette";
+        }
+    }
+}
+
 } // namespace featurebrowser

@@ -1,6 +1,8 @@
 // Nothing acts that the user does not see, or did not mean.
 #include "WidgetTest.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -177,6 +179,28 @@ TEST_F(SafetyTest, WhatThrowsWorkAwayIsAskedAtItsRow)
     window()->setProperty("confirmedCommands", QStringList());
     open("LoadIt");
     EXPECT_EQ(journal.take(), Lines { "Command LoadIt" });
+}
+
+TEST_F(SafetyTest, ANumberOrAPastedTextStartsTheEdit)
+{
+    const auto* tree = this->tree();
+    QGuiApplication::clipboard()->setText(" 48");
+    for (const auto& [name, keys, line] : std::vector<std::tuple<const char*, const char*, Lines>> {
+             { "Width", "64", { "Int Width 64" } },
+             { "ExposureTime", ".5", { "Double ExposureTime 0.5" } },
+             { "DeviceUserID", "7x", { "String DeviceUserID 7x" } },
+             { "Width", nullptr, { "Int Width 48" } }, { "GevMACAddress", "1", {} },
+             { "PixelFormat", "1", {} }, { "ReverseX", "1", {} } }) {
+        select(name);
+        keys != nullptr ? type(keys) : press(Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(isEditing(), !line.empty()) << name;
+        if (isEditing()) {
+            press(Qt::Key_Return);
+        }
+        EXPECT_EQ(journal.take(), line);
+        EXPECT_TRUE(tree->hasFocus());
+        press(Qt::Key_Escape);
+    }
 }
 
 } // namespace featurebrowser

@@ -1,41 +1,28 @@
 #include "editors/AddressEditor.h"
 
-#include "text/ValueText.h"
-
-#include <QLineEdit>
-#include <QRegularExpressionValidator>
+#include "look/UnitField.h"
+#include "text/AddressInput.h"
 
 namespace featurebrowser {
 
 AddressEditor::AddressEditor(const FeatureRow& row, QWidget* parent)
     : RowEditor(row, parent)
-    , m_field(makeTextField())
+    , m_isMac(row.kind == RowKind::Mac)
 {
-    static const QRegularExpression typing(QStringLiteral("[0-9.]{0,15}"));
-    m_field->setValidator(new QRegularExpressionValidator(typing, m_field));
-    addField(m_field);
-}
-
-void AddressEditor::showLimits(const FeatureRow&) { }
-
-void AddressEditor::showValue(const FeatureRow& row)
-{
-    m_field->setText(editText(row));
-    m_field->selectAll();
+    addField(makeTextField());
 }
 
 std::optional<EditValue> AddressEditor::value(QString& problem) const
 {
-    // No leading zeros: some readers take them for octal numbers.
-    static const QRegularExpression whole(
-        QStringLiteral("\\A(?:(?:25[0-5]|2[0-4][0-9]|1[0-9]{2}|[1-9]?[0-9])"
-                       "(?:\\.(?!\\z)|\\z)){4}\\z"));
-    const QString text = m_field->text();
-    if (whole.match(text).hasMatch()) {
-        return text.toStdString();
+    const QString text = textField()->text();
+    const auto address = m_isMac ? readMac(text) : readIpv4(text);
+    if (address) {
+        return *address;
     }
-    problem = tr("“%1” is not an IPv4 address: four numbers from 0 to 255 with points between")
-                  .arg(text);
+    const QString sentence = m_isMac
+        ? tr("“%1” is not a MAC address: six pairs of hexadecimal digits with colons between")
+        : tr("“%1” is not an IPv4 address: four numbers from 0 to 255 with points between");
+    problem = sentence.arg(text.trimmed());
     return std::nullopt;
 }
 

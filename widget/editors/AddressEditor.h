@@ -2,11 +2,10 @@
 
 #include "editors/RowEditor.h"
 
-class QLineEdit;
-
 namespace featurebrowser {
 
-/// IPv4 address field; lets only whole addresses out, written as four numbers from 0 to 255.
+/// Field for an IPv4 or a MAC address. Takes any text, and lets only whole addresses out, written
+/// as the camera side writes them.
 class AddressEditor : public RowEditor {
     Q_OBJECT
 
@@ -15,11 +14,10 @@ public:
     std::optional<EditValue> value(QString& problem) const override;
 
 protected:
-    void showLimits(const FeatureRow& row) override;
-    void showValue(const FeatureRow& row) override;
+    void showLimits(const FeatureRow&) override { }
 
 private:
-    QLineEdit* m_field;
+    bool m_isMac;
 };
 
 } // namespace featurebrowser

@@ -22,6 +22,7 @@ RowEditor* emptyEditor(const FeatureRow& row, int sliderSteps, QWidget* parent)
     case RowKind::Enumeration:
         return new ChoiceEditor(row, parent);
     case RowKind::Ipv4:
+    case RowKind::Mac:
         return new AddressEditor(row, parent);
     default:
         return nullptr;

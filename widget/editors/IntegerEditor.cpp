@@ -1,21 +1,20 @@
 #include "editors/IntegerEditor.h"
 
+#include "look/UnitField.h"
 #include "row/IntegerGrid.h"
 #include "text/NumberInput.h"
 #include "text/ValueText.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QWheelEvent>
 
 namespace featurebrowser {
 
-IntegerSpinBox::IntegerSpinBox(QWidget* parent)
+IntegerSpinBox::IntegerSpinBox(QLineEdit* field, QWidget* parent)
     : QAbstractSpinBox(parent)
 {
+    setLineEdit(field);
     setFrame(false);
-    connect(lineEdit(), &QLineEdit::textEdited, this, &IntegerSpinBox::edited);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
 }
 
 void IntegerSpinBox::setLimits(const IntegerValue& limits, const QString& unit)
@@ -24,17 +23,13 @@ void IntegerSpinBox::setLimits(const IntegerValue& limits, const QString& unit)
     m_unit = unit;
 }
 
-void IntegerSpinBox::setText(const QString& text)
-{
-    lineEdit()->setText(text);
-}
-
 void IntegerSpinBox::stepBy(int steps)
 {
     const auto now = readInteger(lineEdit()->text(), m_unit).value;
-    setText(QString::number(steppedOnGrid(now.value_or(m_limits.minimum), steps, m_limits)));
+    lineEdit()->setText(
+        QString::number(steppedOnGrid(now.value_or(m_limits.minimum), steps, m_limits)));
     selectAll();
-    Q_EMIT edited();
+    Q_EMIT stepped();
 }
 
 QAbstractSpinBox::StepEnabled IntegerSpinBox::stepEnabled() const
@@ -57,38 +52,27 @@ QValidator::State IntegerSpinBox::validate(QString&, int&) const
 
 void IntegerSpinBox::wheelEvent(QWheelEvent* event)
 {
-    if (hasFocus()) {
-        QAbstractSpinBox::wheelEvent(event);
-    } else {
-        event->ignore();
-    }
+    event->ignore();
 }
 
 IntegerEditor::IntegerEditor(const FeatureRow& row, QWidget* parent)
     : RowEditor(row, parent)
-    , m_box(new IntegerSpinBox(this))
-    , m_unitLabel(makeUnitLabel())
+    , m_box(new IntegerSpinBox(makeTextField(), this))
 {
-    addField(m_box)->addWidget(m_unitLabel);
-    connect(m_box, &IntegerSpinBox::edited, this, [this] { touch(); });
+    addField(m_box);
+    connect(m_box, &IntegerSpinBox::stepped, this, [this] { touch(); });
 }
 
 void IntegerEditor::showLimits(const FeatureRow& row)
 {
     m_unit = rowUnit(row);
-    showUnit(m_unitLabel, row);
+    textField()->setUnit(m_unit);
     m_box->setLimits(std::get<IntegerValue>(row.value), m_unit);
-}
-
-void IntegerEditor::showValue(const FeatureRow& row)
-{
-    m_box->setText(editText(row));
-    m_box->selectAll();
 }
 
 std::optional<EditValue> IntegerEditor::value(QString& problem) const
 {
-    const auto input = readInteger(m_box->text(), m_unit);
+    const auto input = readInteger(textField()->text(), m_unit);
     problem = input.problem;
     return input.value ? std::optional<EditValue>(*input.value) : std::nullopt;
 }

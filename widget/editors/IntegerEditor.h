@@ -7,19 +7,19 @@
 namespace featurebrowser {
 
 /// Spin box over the whole 64-bit range. Steps along the grid minimum + k * increment; typed values
-/// are taken as they are, decimal or "0x" hexadecimal: the camera judges them.
+/// are taken as they are, decimal or "0x" hexadecimal: the camera judges them. The wheel is left to
+/// the tree.
 class IntegerSpinBox : public QAbstractSpinBox {
     Q_OBJECT
 
 public:
-    explicit IntegerSpinBox(QWidget* parent);
+    IntegerSpinBox(QLineEdit* field, QWidget* parent);
 
     void setLimits(const IntegerValue& limits, const QString& unit);
-    void setText(const QString& text);
     void stepBy(int steps) override;
 
 Q_SIGNALS:
-    void edited();
+    void stepped();
 
 protected:
     StepEnabled stepEnabled() const override;
@@ -41,11 +41,9 @@ public:
 
 protected:
     void showLimits(const FeatureRow& row) override;
-    void showValue(const FeatureRow& row) override;
 
 private:
     IntegerSpinBox* m_box;
-    QLabel* m_unitLabel;
     QString m_unit;
 };
 

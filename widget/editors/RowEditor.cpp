@@ -1,13 +1,12 @@
 #include "editors/RowEditor.h"
 
+#include "look/UnitField.h"
 #include "text/ValueText.h"
 
 #include <QApplication>
 #include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
 
 namespace featurebrowser {
 
@@ -19,12 +18,19 @@ RowEditor::RowEditor(const FeatureRow& row, QWidget* parent)
     setAutoFillBackground(true);
 }
 
-QLineEdit* RowEditor::makeTextField()
+UnitField* RowEditor::makeTextField()
 {
-    auto* field = new QLineEdit(this);
-    field->setFrame(false);
-    connect(field, &QLineEdit::textEdited, this, [this] { touch(); });
-    return field;
+    m_textField = new UnitField(this);
+    connect(m_textField, &QLineEdit::textEdited, this, [this] { touch(); });
+    return m_textField;
+}
+
+void RowEditor::startWith(const QString& text)
+{
+    if (m_textField != nullptr) {
+        m_textField->selectAll();
+        m_textField->insert(text);
+    }
 }
 
 QHBoxLayout* RowEditor::addField(QWidget* field)
@@ -46,19 +52,10 @@ void RowEditor::update(const FeatureRow& row)
     }
 }
 
-QLabel* RowEditor::makeUnitLabel()
+void RowEditor::showValue(const FeatureRow& row)
 {
-    auto* label = new QLabel(this);
-    label->setTextFormat(Qt::PlainText);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    label->hide();
-    return label;
-}
-
-void RowEditor::showUnit(QLabel* label, const FeatureRow& row)
-{
-    label->setText(rowUnit(row));
-    label->setVisible(!label->text().isEmpty());
+    m_textField->setText(editText(row));
+    m_textField->selectAll();
 }
 
 void RowEditor::leave(Leave how)

@@ -7,10 +7,10 @@
 #include <optional>
 
 class QHBoxLayout;
-class QLabel;
-class QLineEdit;
 
 namespace featurebrowser {
+
+class UnitField;
 
 /// How a user leaves an editor.
 enum class Leave {
@@ -46,24 +46,24 @@ public:
     void update(const FeatureRow& row);
     /// The entered value; nothing, and why, when it is none.
     virtual std::optional<EditValue> value(QString& problem) const = 0;
-    virtual void startWith(const QString&) { }
+    /// Replaces the whole text, as if the user had typed or pasted this. Without a text, nothing.
+    virtual void startWith(const QString& text);
 
 Q_SIGNALS:
     void left(featurebrowser::RowEditor* editor, featurebrowser::Leave how);
 
 protected:
-    /// A label for the feature's unit, hidden while there is none.
-    QLabel* makeUnitLabel();
-    void showUnit(QLabel* label, const FeatureRow& row);
-    /// A text field without a frame; what the user types into it touches the value.
-    QLineEdit* makeTextField();
+    /// The editor's one text field; what the user types into it touches the value.
+    UnitField* makeTextField();
+    UnitField* textField() const { return m_textField; } ///< null before it is made
     /// `field` takes the focus and its keys, and the room that what else comes into the editor's
     /// layout leaves. Returns that layout.
     QHBoxLayout* addField(QWidget* field);
     void touch() { m_touched = true; }
     void leave(Leave how);
     virtual void showLimits(const FeatureRow& row) = 0;
-    virtual void showValue(const FeatureRow& row) = 0;
+    /// Fills the text field and selects its text.
+    virtual void showValue(const FeatureRow& row);
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
@@ -72,6 +72,7 @@ private:
 
     std::string m_rowName;
     RowKind m_kind;
+    UnitField* m_textField = nullptr;
     bool m_touched = false;
     bool m_complained = false;
     bool m_finished = false;

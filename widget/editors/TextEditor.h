@@ -3,7 +3,6 @@
 #include "editors/RowEditor.h"
 
 class QLabel;
-class QLineEdit;
 
 namespace featurebrowser {
 
@@ -18,12 +17,11 @@ public:
 
 protected:
     void showLimits(const FeatureRow& row) override;
-    void showValue(const FeatureRow& row) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void count();
 
-    QLineEdit* m_field;
     QLabel* m_counter;
     unsigned int m_maxLength = 0;
 };

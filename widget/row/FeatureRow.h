@@ -67,7 +67,7 @@ struct FeatureRow {
     bool isCategory() const { return kind == RowKind::Category; }
     /// Acts at once, without an editor.
     bool isButton() const { return kind == RowKind::Command || kind == RowKind::Boolean; }
-    bool isEditable() const { return !isCategory() && !readOnly && kind != RowKind::Mac; }
+    bool isEditable() const { return !isCategory() && !readOnly; }
     bool hasMessage() const { return !extras().message.isEmpty(); }
     /// Without them, empty ones.
     const RowExtras& extras() const;

@@ -1,5 +1,7 @@
 #include "row/SliderScale.h"
 
+#include "row/FloatGrid.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -28,18 +30,14 @@ double SliderScale::valueAt(int position) const
         return m_limits.minimum;
     }
     if (position >= m_steps) {
-        return m_limits.maximum;
+        return onFloatGrid(m_limits.maximum, m_limits);
     }
     double value = exactAt(position);
     const double room = (exactAt(position + 1.0) - exactAt(position - 1.0)) / 4;
     const int decimals = static_cast<int>(std::ceil(-std::log10(room)));
     const double power = std::pow(10.0, std::abs(decimals));
     value = decimals >= 0 ? std::round(value * power) / power : std::round(value / power) * power;
-    if (m_limits.increment > 0) {
-        const double count = std::round((value - m_limits.minimum) / m_limits.increment);
-        value = m_limits.minimum + count * m_limits.increment;
-    }
-    return std::clamp(value, m_limits.minimum, m_limits.maximum);
+    return onFloatGrid(std::clamp(value, m_limits.minimum, m_limits.maximum), m_limits);
 }
 
 int SliderScale::positionOf(double value) const
