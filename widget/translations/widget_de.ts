@@ -7,6 +7,10 @@
         <source>“%1” is not an IPv4 address: four numbers from 0 to 255 with points between</source>
         <translation>„%1“ ist keine IPv4-Adresse: vier Zahlen von 0 bis 255 mit Punkten dazwischen</translation>
     </message>
+    <message>
+        <source>“%1” is not a MAC address: six pairs of hexadecimal digits with colons between</source>
+        <translation>„%1“ ist keine MAC-Adresse: sechs Paare hexadezimaler Ziffern mit Doppelpunkten dazwischen</translation>
+    </message>
 </context>
 <context>
     <name>featurebrowser::BrowserWindow</name>
@@ -84,12 +88,13 @@
         <source>Value</source>
         <translation>Wert</translation>
     </message>
-    <message numerus="yes">
-        <source>selects %n</source>
-        <translation>
-            <numerusform>wählt %n aus</numerusform>
-            <numerusform>wählt %n aus</numerusform>
-        </translation>
+    <message>
+        <source>Selected by</source>
+        <translation>Ausgewählt durch</translation>
+    </message>
+    <message>
+        <source>Selects</source>
+        <translation>Wählt aus</translation>
     </message>
 </context>
 <context>
@@ -214,8 +219,8 @@
         <translation>„%1“ ist keine ganze Zahl</translation>
     </message>
     <message>
-        <source>“%1” does not fit into 64 bits</source>
-        <translation>„%1“ passt nicht in 64 Bit</translation>
+        <source>“%1” must lie between %2 and %3</source>
+        <translation>„%1“ muss zwischen %2 und %3 liegen</translation>
     </message>
 </context>
 <context>
@@ -317,10 +322,6 @@
     <message>
         <source>Entries</source>
         <translation>Einträge</translation>
-    </message>
-    <message>
-        <source>Selected by</source>
-        <translation>Ausgewählt durch</translation>
     </message>
 </context>
 <context>

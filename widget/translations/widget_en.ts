@@ -12,16 +12,6 @@
     </message>
 </context>
 <context>
-    <name>featurebrowser::FeatureModel</name>
-    <message numerus="yes">
-        <source>selects %n</source>
-        <translation>
-            <numerusform>selects %n</numerusform>
-            <numerusform>selects %n</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
     <name>featurebrowser::FilterBar</name>
     <message numerus="yes">
         <source>Show %n more</source>
