@@ -30,6 +30,13 @@ std::string categoryName(int i)
     return "Category" + std::to_string(i / featuresPerCategory);
 }
 
+std::string description(int i)
+{
+    return "How long part " + std::to_string(i)
+        + " of the sensor collects light before it is read out, for each image that is taken. "
+          "Unit: us";
+}
+
 double milliseconds(const std::function<void()>& work)
 {
     QElapsedTimer timer;
@@ -75,6 +82,8 @@ public:
     Side& operator=(const Side&) = delete;
     virtual ~Side() = default;
     virtual void fill(int rows) = 0;
+    /// Texts as cameras have them: 120 characters and a unit.
+    virtual void describe(int rows) = 0;
     virtual void update(int row, long value) = 0;
     virtual void setLevel(int level) = 0;
     virtual void find(const std::string& text) = 0;
@@ -98,6 +107,17 @@ public:
             m_browser.addIntFeature(categoryName(i), featureName(i), i, 0, 1000000, 1, level, false,
                 true, SELECTOR_NONE, "");
         }
+    }
+    void describe(int rows) override
+    {
+        std::list<std::shared_ptr<FeatureItem>> items;
+        for (int i = 0; i < rows; ++i) {
+            items.push_back(std::make_shared<FeatureItem>());
+            items.back()->name = featureName(i);
+            items.back()->description = description(i);
+            items.back()->accessMode = ACCESS_READ_WRITE;
+        }
+        describeFeatures(window(), items);
     }
     void update(int row, long value) override
     {
@@ -145,6 +165,11 @@ public:
             category->appendRow({ name, value });
             m_items.emplace(featureName(i), value);
         }
+    }
+    void describe(int rows) override
+    {
+        for (int i = 0; i < rows; ++i)
+            m_items.at(featureName(i))->setToolTip(QString::fromStdString(description(i)));
     }
     void update(int row, long value) override
     {
@@ -200,6 +225,10 @@ Figures measure(Side& side, int rows, bool shown)
         side.fill(rows);
         settle();
     });
+    const double describe = milliseconds([&] {
+        side.describe(rows);
+        settle();
+    });
     figures.bytesPerRow = static_cast<double>(allocated() - before) / rows;
     const double expand = milliseconds([&] {
         side.view()->expandAll();
@@ -213,6 +242,7 @@ Figures measure(Side& side, int rows, bool shown)
     add("fill", fill);
     add("update all, random order", update);
     add("fill + update all", fill + update);
+    add("describe all", describe);
     add("expand all", expand);
     side.view()->scrollToTop();
     settle();

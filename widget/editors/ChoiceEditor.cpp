@@ -2,11 +2,30 @@
 
 #include "text/ValueText.h"
 
+#include <QAbstractItemView>
+#include <QProxyStyle>
+#include <QScrollBar>
 #include <QWheelEvent>
 
 #include <utility>
 
 namespace featurebrowser {
+
+namespace {
+
+/// Lists that drop down and scroll; menus of hundreds of entries fill the screen.
+class ListStyle : public QProxyStyle {
+public:
+    explicit ListStyle(QObject* parent) { setParent(parent); }
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+        QStyleHintReturn* data) const override
+    {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+} // namespace
 
 void ChoiceBox::hidePopup()
 {
@@ -23,6 +42,7 @@ ChoiceEditor::ChoiceEditor(const FeatureRow& row, QWidget* parent)
     : RowEditor(row, parent)
     , m_box(new ChoiceBox(this))
 {
+    m_box->setStyle(new ListStyle(m_box));
     m_box->setFrame(false);
     m_box->setMaxVisibleItems(20);
     m_box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -52,6 +72,9 @@ void ChoiceEditor::showLimits(const FeatureRow& row)
     if (std::exchange(m_entries, entries) != entries) {
         m_box->clear();
         m_box->addItems(entries);
+        QAbstractItemView* list = m_box->view(); // as wide as its entries, not as its cell
+        list->setMinimumWidth(
+            list->sizeHintForColumn(0) + list->verticalScrollBar()->sizeHint().width() + 8);
     }
 }
 

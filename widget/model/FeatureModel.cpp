@@ -132,25 +132,22 @@ void FeatureModel::setKind(FeatureRow& row, RowKind kind)
 
 void FeatureModel::setDescription(FeatureRow& row, std::string text)
 {
-    RowExtras& extras = row.ownExtras();
-    if (extras.about.empty()) {
-        extras.unit = unitFromDescription(toText(text));
+    const QString unit = unitFromDescription(toText(text));
+    if (row.about().text.empty() && row.about().unit != unit) {
+        row.ownAbout().unit = unit;
     }
-    extras.description = std::move(text);
+    row.ownExtras().description = std::move(text);
     emitChanged(row);
 }
 
 void FeatureModel::describe(FeatureRow& row, const std::string& about, RowAccess access)
 {
-    const RowExtras& known = row.extras();
-    if (row.access == access && known.about == about) {
+    if (row.access == access && row.about().text == about) {
         return;
     }
     row.access = access;
-    if (known.about != about) {
-        RowExtras& extras = row.ownExtras();
-        extras.unit = unitFromDescription(toText(about));
-        extras.about = about;
+    if (row.about().text != about) {
+        row.ownAbout() = { about, unitFromDescription(toText(about)) };
     }
     emitChanged(row);
 }

@@ -114,8 +114,8 @@ RowFilter::Words RowFilter::inRow(const FeatureRow& row, Words wanted) const
         if ((wanted & ~found & bit) == 0) {
             continue;
         }
-        if (contains(row.extras().about, m_words[i])
-            || contains(row.extras().description, m_words[i]) || valueContains(row, m_words[i])) {
+        if (contains(row.about().text, m_words[i]) || contains(row.extras().description, m_words[i])
+            || valueContains(row, m_words[i])) {
             found |= bit;
         }
     }

@@ -32,6 +32,7 @@ QLabel* plainLabel(const QString& text, QWidget* parent)
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop | Qt::AlignLeading);
     return label;
 }
 
@@ -83,10 +84,11 @@ void DescriptionPane::showRow(const FeatureRow* row)
 {
     m_title->setText(row != nullptr ? toText(row->name) : QString());
     m_title->setVisible(row != nullptr);
-    const RowExtras none;
-    const RowExtras& extras = row != nullptr ? row->extras() : none;
-    const QString text
-        = tidyLines(toText(extras.about.empty() ? extras.description : extras.about));
+    QString text;
+    if (row != nullptr) {
+        const std::string& about = row->about().text;
+        text = tidyLines(toText(about.empty() ? row->extras().description : about));
+    }
     m_text->setPlaceholderText(row == nullptr ? tr("Select a feature to read about it here")
             : row->isCategory()               ? QString()
                                               : tr("The camera does not describe this feature"));

@@ -20,6 +20,20 @@ RowExtras& FeatureRow::ownExtras()
     return *m_extras;
 }
 
+const RowAbout& FeatureRow::about() const
+{
+    static const RowAbout none;
+    return m_about ? *m_about : none;
+}
+
+RowAbout& FeatureRow::ownAbout()
+{
+    if (!m_about) {
+        m_about = std::make_unique<RowAbout>();
+    }
+    return *m_about;
+}
+
 std::vector<std::string> selectorNames(const FeatureRow& row)
 {
     std::vector<std::string> names;

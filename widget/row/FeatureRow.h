@@ -39,11 +39,15 @@ enum class RowAccess : std::uint8_t {
 /// What only few rows have, kept out of the row so that large trees stay small.
 struct RowExtras {
     std::string selectors; ///< names of the features that select this one, comma separated
-    std::string about; ///< what the feature is for, known from the start
     std::string description; ///< as told when the row was selected
-    QString unit; ///< as about or description names it
     QString message; ///< why the last edit did not go as the user wanted; empty = it did
     bool isUnconfirmed = false; ///< the message only says that no answer has come yet
+};
+
+/// What the camera says of a feature. Most rows have it, and little else.
+struct RowAbout {
+    std::string text; ///< known from the start
+    QString unit; ///< as the text, or else the row's description, names it
 };
 
 /// One line of the tree: a category or a feature. Lives until the tree is cleared, always at the
@@ -73,8 +77,12 @@ struct FeatureRow {
     const RowExtras& extras() const;
     /// Makes them when there are none yet.
     RowExtras& ownExtras();
+    /// The same for what the camera says.
+    const RowAbout& about() const;
+    RowAbout& ownAbout();
 
 private:
+    std::unique_ptr<RowAbout> m_about;
     std::unique_ptr<RowExtras> m_extras;
 };
 

@@ -115,7 +115,7 @@ QString valueWithUnit(const FeatureRow& row)
 
 QString rowUnit(const FeatureRow& row)
 {
-    return row.extras().unit;
+    return row.about().unit;
 }
 
 QStringList entryTexts(const FeatureRow& row)
