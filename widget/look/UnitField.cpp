@@ -52,7 +52,7 @@ void UnitField::makeRoom()
     const int unit = unitWidth();
     const int lead = gap - ownMargin - (isMirrored ? cursorRoom : 0);
     constexpr int top = 1; // editors leave the cell's last line of dots free
-    setTextMargins(isMirrored ? unit : lead, top, isMirrored ? lead : unit, 0);
+    setTextMargins(isMirrored ? 0 : lead, top, isMirrored ? lead + unit : unit, 0);
     setAlignment((isMirrored ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute);
 }
 
@@ -87,8 +87,9 @@ void UnitField::paintEvent(QPaintEvent* event)
     painter.setPen(colors::dim(palette()));
     // As a line edit places its text.
     const int top = inside.top() + (inside.height() - fontMetrics().height() + 1) / 2;
-    const QRect area(inside.left() + text + gap, top, wanted - gap, fontMetrics().height());
-    painter.drawText(QStyle::visualRect(side(), inside, area),
+    // Behind the number in both directions: the two are read in one order.
+    const int left = (isMirrored ? inside.right() + 1 : inside.left() + text) + gap;
+    painter.drawText(QRect(left, top, wanted - gap, fontMetrics().height()),
         static_cast<int>(Qt::AlignLeft | Qt::TextSingleLine | Qt::TextDontClip), m_unit);
 }
 

@@ -32,7 +32,9 @@ QLabel* plainLabel(const QString& text, QWidget* parent)
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setWordWrap(true);
-    label->setAlignment(Qt::AlignTop | Qt::AlignLeading);
+    const bool isMirrored = parent->layoutDirection() == Qt::RightToLeft;
+    label->setAlignment(
+        Qt::AlignTop | Qt::AlignAbsolute | (isMirrored ? Qt::AlignRight : Qt::AlignLeft));
     return label;
 }
 

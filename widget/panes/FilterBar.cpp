@@ -8,7 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QStyle>
+#include <QToolButton>
 
 namespace featurebrowser {
 
@@ -110,16 +110,14 @@ void FilterBar::setHits(int count, int current)
 // In the field, before its button, so that a narrow window has room for both.
 void FilterBar::placeHits()
 {
-    const bool isShown = !m_hits->isHidden();
+    const auto* button = m_field->findChild<QToolButton*>();
+    const QRect taken = button != nullptr ? button->geometry() : QRect(m_field->width(), 0, 0, 0);
+    const bool isRight = taken.center().x() > m_field->width() / 2;
     m_hits->resize(m_hits->sizeHint());
-    const int button = m_field->height() + 2;
-    QRect area({}, m_hits->size());
-    area.moveCenter(m_field->rect().center());
-    area.moveRight(m_field->width() - button);
-    m_hits->setGeometry(QStyle::visualRect(layoutDirection(), m_field->rect(), area));
-    const int margin = isShown ? m_hits->width() + 4 : 0;
-    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    m_field->setTextMargins(isMirrored ? margin : 0, 0, isMirrored ? 0 : margin, 0);
+    m_hits->move(isRight ? taken.left() - m_hits->width() : taken.right() + 1,
+        (m_field->height() - m_hits->height()) / 2);
+    const int margin = m_hits->isHidden() ? 0 : m_hits->width() + 4;
+    m_field->setTextMargins(isRight ? 0 : margin, 0, isRight ? margin : 0, 0);
 }
 
 void FilterBar::setHitsAboveLevel(int count)

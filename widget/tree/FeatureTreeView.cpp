@@ -282,6 +282,11 @@ void FeatureTreeView::rowsInserted(const QModelIndex& parent, int start, int end
     m_filterStale = true;
     m_layoutPending = true;
     QTreeView::rowsInserted(parent, start, end);
+    for (int position = start; position <= end; ++position) {
+        if (FeatureModel::row(m_features->index(position, NameColumn, parent))->isCategory()) {
+            setFirstColumnSpanned(position, parent, true); // it has no value
+        }
+    }
     scheduleDelayedItemsLayout();
 }
 

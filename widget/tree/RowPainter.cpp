@@ -133,15 +133,17 @@ void RowPainter::paintMatches(const QString& text)
         return;
     }
     const QString shown = oneLine(text);
+    const int full = m_option.fontMetrics.horizontalAdvance(shown);
+    const QRect block(
+        m_rest.left(), m_rest.top() + 3, std::min(full, m_rest.width()), m_rest.height() - 6);
+    const QRect area = QStyle::visualRect(m_option.direction, m_option.rect, block);
     for (const QString& wanted : m_around.filterWords) {
         for (int at = shown.indexOf(wanted, 0, Qt::CaseInsensitive); at >= 0;
              at = shown.indexOf(wanted, at + wanted.size(), Qt::CaseInsensitive)) {
             const int start = m_option.fontMetrics.horizontalAdvance(shown.left(at));
             const int width = m_option.fontMetrics.horizontalAdvance(shown.mid(at, wanted.size()));
-            const QRect match(m_rest.left() + start, m_rest.top() + 3, width, m_rest.height() - 6);
-            m_painter.fillRect(
-                QStyle::visualRect(m_option.direction, m_option.rect, match & m_rest),
-                colors::matchBackground(m_option.palette));
+            const QRect match(area.left() + start, area.top(), width, area.height());
+            m_painter.fillRect(match & area, colors::matchBackground(m_option.palette));
         }
     }
 }
@@ -176,19 +178,34 @@ void RowPainter::paintValue()
         const QRect box = drawCheckBox(m_painter, m_option, m_row, dimColor());
         m_rest.setLeft(box.right() + cellMargin + 2);
     }
-    const QString text = valueText(m_row);
-    paintMatches(text);
     const int arrow = opensList(m_row) ? signSide() + cellMargin : 0;
     m_rest.setRight(m_rest.right() - arrow);
+    // A number and its unit are read in one order, whatever the direction of the window.
+    const bool isMirrored = m_option.direction == Qt::RightToLeft;
+    if (isMirrored) {
+        paintUnit();
+    }
+    const QString text = valueText(m_row);
+    paintMatches(text);
     paintText(text, textColor());
-    const QString unit = rowUnit(m_row);
-    if (m_row.hasValue && !unit.isEmpty()) {
-        m_rest.setLeft(m_rest.left() + cellMargin);
-        paintText(unit, dimColor());
+    if (!isMirrored) {
+        paintUnit();
     }
     if (arrow > 0) {
         paintSign(Glyph::Chevron, m_rest.left() + cellMargin, dimColor());
     }
+}
+
+void RowPainter::paintUnit()
+{
+    const QString unit = rowUnit(m_row);
+    if (!m_row.hasValue || unit.isEmpty()) {
+        return;
+    }
+    const bool isMirrored = m_option.direction == Qt::RightToLeft;
+    m_rest.setLeft(m_rest.left() + (isMirrored ? 0 : cellMargin));
+    paintText(unit, dimColor());
+    m_rest.setLeft(m_rest.left() + (isMirrored ? cellMargin : 0));
 }
 
 int RowPainter::signSide() const

@@ -34,6 +34,7 @@ private:
     void paintSign(Glyph glyph, int left, const QColor& color);
     int signSide() const;
     void paintValue();
+    void paintUnit();
     void paintSigns();
     void paintText(const QString& text, const QColor& color);
     void paintMatches(const QString& text);

@@ -240,8 +240,9 @@ void BrowserWindow::applySizes(int width, int height, const std::vector<int>& co
 {
     const QScopedValueRollback<bool> own(m_isOwnChange, true);
     QSize wanted(width > 0 ? width : size().width(), height > 0 ? height : size().height());
-    if (isWindow() && !isVisible()) { // never beyond the screen
-        wanted = wanted.boundedTo(screen()->availableSize());
+    if (isWindow() && !isVisible()) { // never beyond the screen, with its frame
+        const int frame = 2 * fontMetrics().height();
+        wanted = wanted.boundedTo(screen()->availableSize() - QSize(frame, frame));
     }
     resize(wanted);
     QHeaderView* header = m_tree->header();
