@@ -2,18 +2,25 @@
 
 #include "model/RowFilter.h"
 
+#include <QApplication>
+
+#include <algorithm>
+
 namespace featurebrowser {
 
 namespace {
 
-/// Longer than the interval of the desktop: a blank that comes late would press a button.
-constexpr qint64 pause = 1500; // ms
+/// Longer than most desktops want it: a blank that comes late would press a button.
+qint64 pause() // ms
+{
+    return std::max(1500, QApplication::keyboardInputInterval());
+}
 
 } // namespace
 
 bool TypedName::isCollecting() const
 {
-    return !m_text.isEmpty() && m_sinceLast.isValid() && m_sinceLast.elapsed() < pause;
+    return !m_text.isEmpty() && m_sinceLast.isValid() && m_sinceLast.elapsed() < pause();
 }
 
 void TypedName::add(const QString& typed)

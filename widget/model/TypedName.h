@@ -12,6 +12,8 @@ public:
     /// Whether a word is being typed: the last key is not long ago.
     bool isCollecting() const;
     void add(const QString& typed);
+    /// The user could not type on until now.
+    void wait() { m_sinceLast.start(); }
     void end() { m_text.clear(); }
     /// Whether a name begins with what was typed, or with the one letter that was typed repeatedly.
     bool fits(const QString& name) const;

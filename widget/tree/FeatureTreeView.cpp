@@ -400,6 +400,9 @@ void FeatureTreeView::currentChanged(const QModelIndex& current, const QModelInd
 {
     QTreeView::currentChanged(current, previous);
     m_left.clear();
+    if (!m_isTyping) {
+        m_typed.end();
+    }
     if (!m_isQuiet && current.internalPointer() != previous.internalPointer()) {
         Q_EMIT currentRowChanged(current.isValid() ? FeatureModel::row(current) : nullptr);
     }

@@ -119,6 +119,7 @@ private:
     FilterHits m_hits;
     std::string m_left; ///< the current row before the filter hid it
     TypedName m_typed;
+    bool m_isTyping = false; ///< a row becomes current by its typed name
     std::unordered_set<std::string> m_openedForHits; ///< categories that were closed before
     bool m_filterStale = false; ///< rows were added that have not been filtered
     bool m_layoutPending = true; ///< everything is painted again soon

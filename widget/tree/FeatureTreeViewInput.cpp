@@ -142,6 +142,7 @@ void FeatureTreeView::keyboardSearch(const QString& typed)
     if (!m_typed.isCollecting() && typed.trimmed().isEmpty()) {
         return;
     }
+    const QScopedValueRollback<bool> typing(m_isTyping, true);
     m_typed.add(typed);
     QModelIndex start
         = currentIndex().isValid() ? currentIndex().siblingAtColumn(NameColumn) : indexAt({ 0, 0 });
@@ -160,6 +161,7 @@ void FeatureTreeView::keyboardSearch(const QString& typed)
         }
         if (m_typed.fits(toText(FeatureModel::row(index)->name))) {
             setCurrentIndex(index.siblingAtColumn(std::max(currentIndex().column(), 0)));
+            m_typed.wait(); // the camera may have been read meanwhile
             return;
         }
         index = following(index);
