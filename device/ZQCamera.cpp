@@ -6,6 +6,10 @@
 #include "opening/SimulatedOpening.h"
 #include "simulation/SimulatedCamera.h"
 
+#include <arv.h>
+
+#include <sstream>
+
 namespace zqcameralib {
 
 namespace {
@@ -50,6 +54,21 @@ std::unique_ptr<ZQCamera> ZQCamera::Open(
 std::unique_ptr<ZQCameraOpening> ZQCamera::OpenBeside(const std::string& id, CameraAccess access)
 {
     return std::make_unique<ZQCameraOpening>(std::make_unique<ZQCameraOpening::Impl>(id, access));
+}
+
+std::string ZQCamera::description() const
+{
+    std::ostringstream text;
+    m_impl->description().root().print(text, " ");
+    return text.str();
+}
+
+std::string ZQCamera::versions()
+{
+    std::ostringstream text;
+    text << "ZQDeviceManager " ZQ_VERSION ", Aravis " << arv_get_major_version() << '.'
+         << arv_get_minor_version() << '.' << arv_get_micro_version();
+    return text.str();
 }
 
 bool ZQCamera::isLost() const

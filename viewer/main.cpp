@@ -1,4 +1,5 @@
 #include "batch/BatchRun.h"
+#include "batch/Report.h"
 #include "program/EndSignals.h"
 #include "program/ViewerApplication.h"
 #include "window/OpeningWindow.h"
@@ -90,6 +91,7 @@ int main(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 
+    std::signal(SIGPIPE, SIG_IGN); // who does not read on is told of as a full disk is
     CommandLine options;
     QString error;
     if (!readCommandLine(argc, argv, options, error)) {
@@ -97,6 +99,9 @@ int main(int argc, char** argv)
     }
     if (options.list) {
         return listCameras();
+    }
+    if (options.report) {
+        return printReport(options);
     }
     // Before the window system: what it prints would stand around the one line of a failure. A real
     // camera can take long, so that a window comes first where there is one.
@@ -108,7 +113,8 @@ int main(int argc, char** argv)
         }
     }
     if (!chooseDisplay(!options.needsNoWindow())) {
-        return fail(QStringLiteral("No display. --dump, --print and --screenshot need none."));
+        return fail(QStringLiteral("No display. --get, --set, --exec, --report, --dump, --print "
+                                   "and --screenshot need none."));
     }
     return options.needsNoWindow() ? runBatch(options, *camera, argc, argv)
                                    : runWindow(options, std::move(camera), argc, argv);

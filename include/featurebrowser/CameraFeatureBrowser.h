@@ -154,6 +154,11 @@ ZQ_EXPORT void describeFeatures(QWidget* window,
 /// Selector role of a record: whether it selects others, is selected, both or neither.
 ZQ_EXPORT TYPE_SELECTOR getSelectorState(FeatureItem* item);
 
+/// What the row of a record shows as its value, in UTF-8 and without the unit: an entry's name,
+/// an address, a number with 9 significant digits, a text in one line. For programs without a
+/// window.
+ZQ_EXPORT std::string getShownValue(const FeatureItem& item);
+
 /// MAC address text of the low 48 bits: six upper-case hex pairs with colons, most significant
 /// first.
 ZQ_EXPORT std::string convertToMACAddress(long address);

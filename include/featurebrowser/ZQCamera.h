@@ -57,6 +57,10 @@ public:
     /// Vendor and model as the camera gives them, for a window title. UTF-8.
     std::string vendor() const;
     std::string model() const;
+    /// The camera's GenICam description as XML in UTF-8, laid out anew.
+    std::string description() const;
+    /// What this library is built on, for reports: "ZQDeviceManager 1.3.0, Aravis 0.8.26".
+    static std::string versions();
 
     /// Whether the camera does not answer, or its control was lost. Meanwhile every operation fails
     /// at once with one and the same error, whose text tells which of these. Simulated cameras are

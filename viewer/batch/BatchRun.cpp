@@ -1,11 +1,13 @@
 #include "batch/BatchRun.h"
 
+#include "batch/CameraActions.h"
 #include "batch/TreeText.h"
 #include "window/ViewerWindow.h"
 
 #include <QApplication>
 #include <QBuffer>
 #include <QFile>
+#include <QLoggingCategory>
 #include <QTreeView>
 
 #include <array>
@@ -24,19 +26,6 @@ void failAfterTrace(const QString& error)
 {
     std::fputc('\n', stderr);
     fail(error);
-}
-
-/// All of it, or a line of words and false.
-bool print(const QByteArray& text)
-{
-    const auto size = static_cast<std::size_t>(text.size());
-    // What follows on standard error stands behind it, and a full disk shows.
-    if (std::fwrite(text.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0) {
-        return true;
-    }
-    failAfterTrace(QStringLiteral("Cannot write the output: %1.")
-                       .arg(QString::fromLocal8Bit(std::strerror(errno))));
-    return false;
 }
 
 QString line(const zqcameralib::CameraInfo& camera)
@@ -79,12 +68,41 @@ std::unique_ptr<ZQCamera> openCamera(const CommandLine& options, std::string& er
     return ZQCamera::OpenSimulated(error);
 }
 
+int showTree(const CommandLine& options, OpenedCamera& camera, int& argc, char** argv)
+{
+    // What Qt misses on a machine without a desktop is nothing to a program without a window.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
+    const QApplication application(argc, argv);
+    ViewerWindow window(camera, options.level);
+    const OpenedCamera::Reading reading = camera.reading();
+    if (!reading.isComplete) { // what can be read is printed all the same
+        failAfterTrace(reading.text);
+    }
+    const QAbstractItemModel& model = *window.tree()->model();
+    const bool done = (!options.dump || print(treeAsJson(model)))
+        && (!options.print || print(treeAsText(model)))
+        && (options.screenshot.isEmpty() || writePicture(window, options.screenshot));
+    return done ? 0 : 1;
+}
+
 } // namespace
 
 int fail(const QString& error)
 {
     std::fprintf(stderr, "zqviewer: %s\n", qUtf8Printable(error.simplified()));
     return 1;
+}
+
+bool print(const QByteArray& text)
+{
+    const auto size = static_cast<std::size_t>(text.size());
+    // What follows on standard error stands behind it, and a full disk or closed pipe shows.
+    if (std::fwrite(text.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0) {
+        return true;
+    }
+    fail(QStringLiteral("Cannot write the output: %1.")
+             .arg(QString::fromLocal8Bit(std::strerror(errno))));
+    return false;
 }
 
 int listCameras()
@@ -121,17 +139,14 @@ std::unique_ptr<OpenedCamera> openAndLoad(const CommandLine& options, QString& e
 
 int runBatch(const CommandLine& options, OpenedCamera& camera, int& argc, char** argv)
 {
-    const QApplication application(argc, argv);
-    ViewerWindow window(camera, options.level);
-    const OpenedCamera::Reading reading = camera.reading();
-    if (!reading.isComplete) { // what can be read is printed all the same
-        failAfterTrace(reading.text);
+    if (!options.actions.empty()) {
+        const int status = runActions(options.actions, camera);
+        if (status != 0 || !options.showsTree()) {
+            return status;
+        }
+        camera.repository().Load(); // what the actions have changed
     }
-    const QAbstractItemModel& model = *window.tree()->model();
-    const bool done = (!options.dump || print(treeAsJson(model)))
-        && (!options.print || print(treeAsText(model)))
-        && (options.screenshot.isEmpty() || writePicture(window, options.screenshot));
-    return done ? 0 : 1;
+    return showTree(options, camera, argc, argv);
 }
 
 } // namespace zqviewer

@@ -3,6 +3,8 @@
 #include "camera/OpenedCamera.h"
 #include "program/CommandLine.h"
 
+#include <QByteArray>
+
 #include <memory>
 
 namespace zqviewer {
@@ -11,6 +13,10 @@ namespace zqviewer {
 /// program that has failed.
 int fail(const QString& error);
 
+/// Writes all of it to standard output; where that fails, says why on standard error and returns
+/// false.
+bool print(const QByteArray& text);
+
 /// Prints the cameras found, one to a line. Returns the program's exit status.
 int listCameras();
 
@@ -18,8 +24,8 @@ int listCameras();
 /// that. Null, and one line in `error`, on failure.
 std::unique_ptr<OpenedCamera> openAndLoad(const CommandLine& options, QString& error);
 
-/// Prints the tree or writes the picture, as the options say. Returns the program's exit status.
-/// `argc` and `argv` as for QApplication, which must not exist yet.
+/// Carries out the actions, prints the tree or writes the picture, as the options say. Returns the
+/// program's exit status. `argc` and `argv` as for QApplication, which must not exist yet.
 int runBatch(const CommandLine& options, OpenedCamera& camera, int& argc, char** argv);
 
 } // namespace zqviewer

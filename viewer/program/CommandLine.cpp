@@ -18,6 +18,32 @@ QStringList withOptionalValues(QStringList arguments)
     return arguments;
 }
 
+/// Without the options that QApplication takes out of its arguments.
+QStringList withoutQtOptions(const QStringList& arguments)
+{
+    static const QStringList flags { QStringLiteral("reverse"), QStringLiteral("nograb"),
+        QStringLiteral("dograb"), QStringLiteral("sync"), QStringLiteral("widgetcount") };
+    static const QStringList withValue { QStringLiteral("platform"),
+        QStringLiteral("platformpluginpath"), QStringLiteral("platformtheme"),
+        QStringLiteral("plugin"), QStringLiteral("qwindowgeometry"), QStringLiteral("qwindowicon"),
+        QStringLiteral("qwindowtitle"), QStringLiteral("session"), QStringLiteral("display"),
+        QStringLiteral("geometry"), QStringLiteral("fontengine"), QStringLiteral("style"),
+        QStringLiteral("stylesheet"), QStringLiteral("qmljsdebugger") };
+    QStringList rest;
+    for (int i = 0; i < arguments.size(); ++i) {
+        const QString name = arguments[i]
+                                 .section(QLatin1Char('='), 0, 0)
+                                 .remove(QRegularExpression(QStringLiteral("^--?")));
+        const bool isOption = i > 0 && arguments[i].startsWith(QLatin1Char('-'));
+        if (isOption && withValue.contains(name)) {
+            i += arguments[i].contains(QLatin1Char('=')) ? 0 : 1;
+        } else if (!isOption || !flags.contains(name)) {
+            rest.append(arguments[i]);
+        }
+    }
+    return rest;
+}
+
 std::optional<TYPE_LEVEL> parseLevel(const QString& text)
 {
     const QStringList names { QStringLiteral("Beginner"), QStringLiteral("Expert"),
@@ -45,6 +71,22 @@ struct Options {
         QStringLiteral("ID") };
     const QCommandLineOption readOnly { QStringLiteral("read-only"),
         QStringLiteral("With --camera: only look, and leave the control to other applications.") };
+    const QCommandLineOption get { QStringLiteral("get"),
+        QStringLiteral(
+            "Print the value of a feature on a line of its own, as its row shows it, "
+            "without the unit. Like --set and --exec it can be given several times; they "
+            "are carried out in the order given, until one fails, without a display."),
+        QStringLiteral("NAME") };
+    const QCommandLineOption set { QStringLiteral("set"),
+        QStringLiteral("Write a feature: a number, an entry, true or false, an address, a text."),
+        QStringLiteral("NAME=VALUE") };
+    const QCommandLineOption run { QStringLiteral("exec"),
+        QStringLiteral("Run a command and wait until the camera says that it is done."),
+        QStringLiteral("COMMAND") };
+    const QCommandLineOption report { QStringLiteral("report"),
+        QStringLiteral("Print what a support engineer needs and exit: versions, the camera, every "
+                       "feature with its state, and the description; also of a camera or file that "
+                       "cannot be opened.") };
     const QCommandLineOption level { QStringLiteral("level"),
         QStringLiteral("Show features up to this visibility: Beginner, Expert or Guru (the "
                        "default)."),
@@ -61,25 +103,75 @@ struct Options {
         QStringLiteral("FILE.png") };
 };
 
+/// The description file, by option or by itself.
+QString descriptionOf(const QCommandLineParser& parser, const Options& options)
+{
+    const QStringList files = parser.positionalArguments();
+    return files.isEmpty() ? parser.value(options.simulate) : files.first();
+}
+
+/// What is wrong with the options that choose the camera.
+QString cameraProblem(const QCommandLineParser& parser, const Options& options)
+{
+    const QStringList files = parser.positionalArguments();
+    if (files.size() > 1 || (!files.isEmpty() && parser.isSet(options.simulate))) {
+        return QStringLiteral("Unexpected argument '%1': one description file is opened at a time.")
+            .arg(files.last());
+    }
+    if (!files.isEmpty() && files.first().isEmpty()) {
+        return QStringLiteral("The name of the description file is empty.");
+    }
+    const bool hasCamera = parser.isSet(options.camera);
+    const bool simulates = parser.isSet(options.simulate) || !files.isEmpty();
+    if (hasCamera && (simulates || parser.value(options.camera).isEmpty())) {
+        return QStringLiteral(
+            "--camera needs the id of a camera, and goes without a simulated one.");
+    }
+    if (parser.isSet(options.readOnly) && !hasCamera) {
+        return QStringLiteral("--read-only goes with --camera only.");
+    }
+    return {};
+}
+
 /// What is wrong with the options that were given, in one line; empty when nothing is.
 QString problem(const QCommandLineParser& parser, const Options& options)
 {
-    if (!parser.positionalArguments().isEmpty()) {
-        return QStringLiteral("Unexpected argument '%1'.")
-            .arg(parser.positionalArguments().first());
-    }
     if (!parseLevel(parser.value(options.level))) {
         return QStringLiteral("Unknown level '%1': use Beginner, Expert or Guru.")
             .arg(parser.value(options.level));
     }
-    const bool hasCamera = parser.isSet(options.camera);
-    if (hasCamera && (parser.isSet(options.simulate) || parser.value(options.camera).isEmpty())) {
-        return QStringLiteral("--camera needs the id of a camera, and goes without --simulate.");
-    }
     if (parser.isSet(options.screenshot) && parser.value(options.screenshot).isEmpty()) {
         return QStringLiteral("--screenshot needs the name of a file.");
     }
-    return {};
+    if (parser.isSet(options.list) && parser.optionNames().size() > 1) {
+        return QStringLiteral("--list goes without other options.");
+    }
+    for (const QString& assignment : parser.values(options.set)) {
+        if (assignment.indexOf(QLatin1Char('=')) < 1) {
+            return QStringLiteral("--set needs NAME=VALUE, not '%1'.").arg(assignment);
+        }
+    }
+    return cameraProblem(parser, options);
+}
+
+/// In the order given, which the parser keeps among options of all kinds.
+std::vector<CameraAction> actionsOf(const QCommandLineParser& parser, const Options& options)
+{
+    using Kind = CameraAction::Kind;
+    QStringList gets = parser.values(options.get);
+    QStringList sets = parser.values(options.set);
+    QStringList runs = parser.values(options.run);
+    std::vector<CameraAction> actions;
+    for (const QString& name : parser.optionNames()) {
+        if (name == QLatin1String("get")) {
+            actions.push_back({ Kind::Get, gets.takeFirst() });
+        } else if (name == QLatin1String("set")) {
+            actions.push_back({ Kind::Set, sets.takeFirst() });
+        } else if (name == QLatin1String("exec")) {
+            actions.push_back({ Kind::Run, runs.takeFirst() });
+        }
+    }
+    return actions;
 }
 
 } // namespace
@@ -91,25 +183,27 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
     parser.setApplicationDescription(
         QStringLiteral("Shows the features of a GenICam camera, changes them and runs commands."));
     parser.addOptions({ options.simulate, options.list, options.camera, options.readOnly,
-        options.level, options.dump, options.print, options.screenshot });
-    const QCommandLineOption help = parser.addHelpOption();
-    const QCommandLineOption version = parser.addVersionOption();
-    if (!parser.parse(withOptionalValues(arguments))) {
+        options.get, options.set, options.run, options.level, options.dump, options.print,
+        options.report, options.screenshot });
+    parser.addPositionalArgument(QStringLiteral("FILE.xml"),
+        QStringLiteral("A GenICam description, as with --simulate=FILE.xml."),
+        QStringLiteral("[FILE.xml]"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QStringList own = withOptionalValues(withoutQtOptions(arguments));
+    if (!parser.parse(own)) {
         error = parser.errorText();
         return false;
     }
-    if (parser.isSet(help)) {
-        parser.showHelp();
-    }
-    if (parser.isSet(version)) {
-        parser.showVersion();
-    }
+    parser.process(own); // --help, --help-all and --version
     error = problem(parser, options);
     if (!error.isEmpty()) {
         return false;
     }
     result.level = parseLevel(parser.value(options.level)).value_or(result.level);
-    result.description = parser.value(options.simulate);
+    result.description = descriptionOf(parser, options);
+    result.actions = actionsOf(parser, options);
+    result.report = parser.isSet(options.report);
     result.camera = parser.value(options.camera);
     result.readOnly = parser.isSet(options.readOnly);
     result.list = parser.isSet(options.list);

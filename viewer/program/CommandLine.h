@@ -6,11 +6,22 @@
 #include <QString>
 #include <QStringList>
 
+#include <vector>
+
 namespace zqviewer {
+
+/// Something to be done with the camera.
+struct CameraAction {
+    enum class Kind { Get, Set, Run };
+    Kind kind;
+    QString argument; ///< "Width", "Width=640" or "DeviceReset"
+};
 
 /// What the user asked for on the command line.
 struct CommandLine {
     QString description; ///< GenICam description to simulate; empty = the built-in camera
+    std::vector<CameraAction> actions; ///< in the order given
+    bool report = false; ///< print what a support engineer needs and exit
     featurebrowser::TYPE_LEVEL level = featurebrowser::LEVEL_GURU;
     QString camera; ///< id or address of a real camera; empty = simulate
     bool readOnly = false; ///< leave the control of the camera to others
@@ -23,11 +34,13 @@ struct CommandLine {
     {
         return readOnly ? zqcameralib::CameraAccess::ReadOnly : zqcameralib::CameraAccess::Control;
     }
-    bool needsNoWindow() const { return dump || print || !screenshot.isEmpty(); }
+    bool showsTree() const { return dump || print || !screenshot.isEmpty(); }
+    bool needsNoWindow() const { return showsTree() || report || !actions.empty(); }
 };
 
-/// Reads the arguments (the first is the program's name). Ends the program itself for --help and
-/// --version; on bad arguments returns false and sets `error` to one line.
+/// Reads the arguments (the first is the program's name; Qt's own options are left to it). Ends the
+/// program itself for --help, --help-all and --version; on bad arguments returns false and sets
+/// `error` to one line.
 bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString& error);
 
 } // namespace zqviewer
