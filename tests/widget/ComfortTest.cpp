@@ -1,70 +1,15 @@
-#include "WidgetTest.h"
+#include "ComfortTest.h"
 
-#include <QAbstractButton>
-#include <QAction>
-#include <QClipboard>
-#include <QContextMenuEvent>
-#include <QDialog>
-#include <QDialogButtonBox>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QSplitter>
-#include <QTableWidget>
 #include <QTranslator>
 
-#include <stdexcept>
-
 namespace featurebrowser {
-
-namespace {
-
-class ComfortTest : public WidgetTest {
-protected:
-    ComfortTest()
-    {
-        browser->addSubCategory("Camera", "Analog", LEVEL_BEGINNER);
-        addSelector("Analog", "GainSelector", { "Red", "Green" }, 1);
-        browser->addDoubleFeature("Analog", "Gain", 2.5, 0, 48, 0, LEVEL_BEGINNER, SLIDER_LINEAR,
-            false, true, SELECTOR_SELECTED, "GainSelector");
-        show();
-    }
-    /// The menu's words; chooses `words` in it.
-    QString choose(const std::string& name, const QString& words = {}) const
-    {
-        const QPoint at = tree()->visualRect(row(name)).center();
-        QContextMenuEvent event(QContextMenuEvent::Mouse, at, tree()->viewport()->mapToGlobal(at));
-        QApplication::sendEvent(tree()->viewport(), &event);
-        auto* menu = child<QMenu>("rowMenu");
-        EXPECT_TRUE(menu->isVisible());
-        QStringList all;
-        const auto actions = menu->actions();
-        for (QAction* action : actions) {
-            const QString text = action->isSeparator() ? "-" : action->text().remove('&');
-            all.append(text);
-            if (text == words) {
-                action->trigger();
-            }
-        }
-        menu->close();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return all.join(", ").replace("-, -", "-"); // Qt shows them as one
-    }
-    void pressButton(const char* name) const
-    {
-        QTest::mouseClick(child<QWidget>(name), Qt::LeftButton);
-    }
-    static std::string clipboard() { return QGuiApplication::clipboard()->text().toStdString(); }
-};
-
-const QString showEntries = QString::fromUtf8("Show all entries of this selector\u2026");
-
-} // namespace
 
 TEST_F(ComfortTest, FilterFindsNamesValuesEntriesAndDescriptions)
 {
@@ -225,146 +170,6 @@ TEST_F(ComfortTest, MenuCopiesAndCollapses)
         EXPECT_FALSE(isShown("Width") || isShown("X"));
         act(expand);
         EXPECT_TRUE(isShown("Gain") && isShown("X"));
-    }
-}
-
-TEST_F(ComfortTest, PinsFollowTheirRowsAndSurviveANewTree)
-{
-    QSignalSpy changed(window(), SIGNAL(pinnedFeaturesChanged()));
-    auto* strip = child<QWidget>("pinStrip");
-    EXPECT_FALSE(strip->isVisible());
-    choose("Gain", "Pin to the top");
-    choose("Width", "Pin to the top");
-    EXPECT_EQ(changed.count(), 2);
-    EXPECT_TRUE(strip->isVisible());
-    const auto texts = [strip] {
-        QApplication::processEvents();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        std::map<std::pair<int, int>, std::string> labels; // by place, as they are read
-        for (const QLabel* label : strip->findChildren<QLabel*>()) {
-            labels[{ label->y(), label->x() }] = label->text().toStdString() + " ";
-        }
-        std::string all;
-        for (const auto& [place, text] : labels) {
-            all += text;
-        }
-        return all;
-    };
-    const auto pin = [this](const QByteArrayList& names) {
-        window()->setProperty("pinnedFeatures", QVariant::fromValue(names));
-    };
-    EXPECT_EQ(texts(), "Gain 2.5 Width 640 ");
-    EXPECT_EQ(window()->property("pinnedFeatures").value<QByteArrayList>(),
-        (QByteArrayList { "Gain", "Width" }));
-    browser->clearFeatureItems();
-    addInteger("", "Width", 7);
-    EXPECT_EQ(texts(), "Gain 2.5 Width 7 ");
-    browser->setItemDescription("Width", "Width (in pixels)");
-    EXPECT_EQ(texts(), "Gain 2.5 Width 7 px ");
-    choose("Width", "Unpin");
-    EXPECT_EQ(texts(), "Gain 2.5 ");
-    pin({ "Width", "Gain", "Width" });
-    EXPECT_EQ(texts(), "Gain 2.5 Width 7 px ");
-    EXPECT_EQ(changed.count(), 4);
-    auto* unpin = strip->findChild<QAbstractButton*>();
-    EXPECT_EQ(unpin->toolTip(), "Unpin");
-    EXPECT_EQ(unpin->accessibleName(), "Unpin Gain");
-    QTest::mouseClick(unpin, Qt::LeftButton);
-    EXPECT_EQ(window()->property("favourites").value<QByteArrayList>(), QByteArrayList { "Width" });
-    EXPECT_LT(strip->geometry().bottom(), tree()->y());
-    for (const QLabel* label : window()->findChildren<QLabel*>()) {
-        EXPECT_EQ(label->textFormat(), Qt::PlainText) << "what cameras say is no markup";
-    }
-    pin({});
-    EXPECT_FALSE(strip->isVisible());
-}
-
-TEST_F(ComfortTest, AMatrixReadsEveryEntryAndSetsTheSelectorBack)
-{
-    journal.answer = [this](const std::string& line) {
-        const bool isRed = line == "Enum GainSelector Red 0";
-        setChoice("GainSelector", isRed ? "0" : "1", { "Red", "Green" });
-        setFloat("Gain", isRed ? 1.5 : 2.5, 0, 48);
-    };
-    choose("PixelFormat", showEntries);
-    EXPECT_EQ(child<QTableWidget>(), nullptr) << "selects nothing";
-    choose("GainSelector", showEntries);
-    auto* table = child<QTableWidget>();
-    ASSERT_TRUE(table != nullptr && table->rowCount() == 1 && table->columnCount() == 2);
-    QDialog* dialog = child<QDialog>("selectorMatrix");
-    EXPECT_TRUE(dialog->isVisible() && table->width() > 400 && table->height() > 100);
-    EXPECT_EQ(dialog->windowTitle(), "All entries of GainSelector");
-    EXPECT_EQ(table->accessibleName(), dialog->windowTitle());
-    EXPECT_EQ(dialog->findChild<QLabel*>()->text(),
-        "Read by switching GainSelector through its entries; it is set back afterwards.");
-    EXPECT_EQ(table->verticalHeaderItem(0)->text(), "Gain");
-    EXPECT_EQ(table->horizontalHeaderItem(1)->text(), "Green");
-    const auto values
-        = [table] { return table->item(0, 0)->text() + ' ' + table->item(0, 1)->text(); };
-    EXPECT_EQ(values(), "1.5 2.5");
-    EXPECT_EQ(journal.take(),
-        (Lines {
-            "Enum GainSelector Red 0", "Enum GainSelector Green 1", "Enum GainSelector Green 1" }));
-    EXPECT_EQ(text("GainSelector"), "Green");
-    EXPECT_EQ(table->editTriggers(), QAbstractItemView::NoEditTriggers);
-
-    // An entry that the camera refuses, and a feature that could not be read, have no value.
-    const QString dash(QChar(0x2014));
-    browser->addCommandFeature("Analog", "Once", "Once", LEVEL_BEGINNER, false, true,
-        SELECTOR_SELECTED, ", GainSelector ,");
-    journal.answer = [this](const std::string& line) {
-        if (line == "Enum GainSelector Red 0") {
-            throw std::runtime_error("refused");
-        }
-        setChoice("GainSelector", "1", { "Red", "Green" });
-    };
-    auto* buttons = dialog->findChild<QDialogButtonBox*>();
-    auto* again = qobject_cast<QPushButton*>(buttons->buttons().last());
-    EXPECT_FALSE(again->autoDefault()) << "Return closes";
-    QTest::mouseClick(again, Qt::LeftButton);
-    EXPECT_EQ(table->rowCount(), 1) << "commands have no value";
-    EXPECT_EQ(values(), dash + " 2.5");
-    setStates({ { "Gain", FEATURE_READ_FAILED } });
-    QTest::mouseClick(again, Qt::LeftButton);
-    EXPECT_EQ(values(), dash + ' ' + dash);
-    // While it reads, nothing begins it once more; the application may empty the tree or close it.
-    int events = 0;
-    journal.answer = [&](const std::string&) {
-        ++events;
-        again->click();
-    };
-    QTest::mouseClick(again, Qt::LeftButton);
-    EXPECT_EQ(events, 3);
-    journal.answer = [this](const std::string&) {
-        browser->clearFeatureItems();
-        addSelector("", "GainSelector", { "Red", "Green" });
-    };
-    QTest::mouseClick(again, Qt::LeftButton);
-    EXPECT_EQ(values(), dash + ' ' + dash);
-    browser->clearFeatureItems();
-    QTest::mouseClick(again, Qt::LeftButton);
-    EXPECT_EQ(values(), dash + ' ' + dash);
-    addSelector("", "GainSelector", { "Red", "Green" }, -1);
-    addInteger("", "Gain", 1, LEVEL_BEGINNER, "GainSelector");
-    journal.answer = nullptr;
-    journal.take();
-    QTest::mouseClick(again, Qt::LeftButton);
-    EXPECT_EQ(journal.take().size(), 2U) << "no entry to set back to";
-    QTest::mouseClick(buttons->buttons().first(), Qt::LeftButton);
-    EXPECT_FALSE(dialog->isVisible());
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(child<QDialog>("selectorMatrix"), nullptr);
-    setChoice("GainSelector", "0", { "Red", "Green" });
-    for (const std::size_t last : { 1U, 3U }) {
-        journal.take();
-        journal.answer = [this, last](const std::string& event) {
-            confirm(event);
-            if (journal.lines.size() == last) {
-                delete child<QDialog>("selectorMatrix");
-            }
-        };
-        choose("GainSelector", showEntries);
-        EXPECT_EQ(journal.lines.size(), last);
     }
 }
 

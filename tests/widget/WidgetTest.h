@@ -7,13 +7,20 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <optional>
+
 namespace featurebrowser {
+
+/// What steady clocks say, in the whole program, while a test sets it.
+extern std::optional<std::chrono::steady_clock::time_point> heldTime;
 
 /// A browser with one feature of every kind in the category "Camera", used as its users do: by
 /// its operations, keyboard and mouse.
 class WidgetTest : public ::testing::Test, protected TreeUser {
 protected:
     WidgetTest();
+    ~WidgetTest() override { heldTime.reset(); }
     QWidget* window() const override { return browser->GetWidget(); }
 
     /// The rows of Tables.txt under a heading, by columns.

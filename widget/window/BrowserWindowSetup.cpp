@@ -52,6 +52,7 @@ BrowserWindow::BrowserWindow(QWidget* parent)
     m_filterBar = new FilterBar(this);
     m_pins = new PinStrip(m_model, this);
     makeTree();
+    m_pins->alignWith(m_tree.get());
     m_changes = new ChangeStrip(m_model, this);
     m_description = new DescriptionPane(m_model, this);
     arrange();
@@ -60,6 +61,10 @@ BrowserWindow::BrowserWindow(QWidget* parent)
     makeShortcuts();
     connect(m_pins, &PinStrip::pinsChanged, this, &BrowserWindow::pinnedFeaturesChanged);
     connect(m_changes, &ChangeStrip::rowWanted, this, &BrowserWindow::showRow);
+    connect(m_pins, &PinStrip::rowWanted, this, [this](const FeatureRow& row) {
+        showRow(row);
+        m_tree->setFocus();
+    });
     connect(m_writer, &ValueWriter::written, this, &BrowserWindow::written);
 }
 
