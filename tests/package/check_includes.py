@@ -25,7 +25,7 @@ ROOMS = {
         "memory", "simulation", "session", "stream", "link", "camera", "operations",
         "acquisition", "opening",
     ],
-    "widget": ["row", "text", "look", "model", "events", "editors", "tree", "panes", "window"],
+    "widget": ["row", "text", "look", "model", "events", "history", "editors", "tree", "panes", "window"],
     "viewer": ["program", "camera", "window", "batch"],
 }
 MOST_FILES = 16

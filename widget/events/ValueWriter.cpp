@@ -49,16 +49,18 @@ void ValueWriter::write(const std::string& name, const EditValue& value, Entry e
     }
     Write write;
     write.result.name = name;
+    write.result.entry = entry;
+    write.result.entered = withEntered(row->value, value).value_or(RowValue());
     if (row->hasValue) {
         write.result.before = row->value;
     }
     run(write, eventFor(*row, value));
-    judge(write, value, entry);
+    judge(write, value);
     Q_EMIT written(write.result);
 }
 
 // The row may have gone meanwhile, so it is looked up again.
-void ValueWriter::judge(Write& write, const EditValue& entered, Entry entry)
+void ValueWriter::judge(Write& write, const EditValue& entered)
 {
     FeatureRow* row = m_model.find(write.result.name);
     if (row == nullptr) {
@@ -82,7 +84,7 @@ void ValueWriter::judge(Write& write, const EditValue& entered, Entry entry)
     } else if (!write.result.isTaken) {
         showMessage(row->name,
             tr("The camera has not taken “%1”; the row shows what it holds").arg(wanted));
-    } else if (isOther && entry == Entry::Meant) {
+    } else if (isOther && write.result.entry != Entry::Passing) {
         showMessage(
             row->name, tr("The camera has put “%1” onto “%2”").arg(wanted, valueText(*row)));
     } else {

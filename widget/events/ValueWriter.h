@@ -6,11 +6,20 @@
 
 namespace featurebrowser {
 
+/// How a value comes about.
+enum class WriteEntry {
+    Meant, ///< the user wants exactly this one
+    Passing, ///< one of many on the way, for example of a slider
+    Switching ///< a selector's, only to look at what it selects there; it goes back afterwards
+};
+
 /// One user action on a row and what came of it.
 struct WriteResult {
     std::string name;
     bool isCommand = false;
+    WriteEntry entry = WriteEntry::Meant;
     RowValue before; ///< what the row held; none where it showed no value, and for commands
+    RowValue entered; ///< as the row would hold it; none for commands
     bool isTaken = false; ///< the camera side has answered with the entered value or one near it
     std::vector<std::string> followers; ///< other rows whose value, limits or read-only state moved
 };
@@ -25,11 +34,7 @@ public:
     /// `model` and `events` are not owned and have to outlive the writer.
     ValueWriter(FeatureModel& model, EventPort& events, QObject* parent);
 
-    /// How a value comes about.
-    enum class Entry {
-        Meant, ///< the user wants exactly this one
-        Passing ///< one of many on the way, for example of a slider
-    };
+    using Entry = WriteEntry;
 
     /// Raises the event of the value. The row goes on showing what it holds until the camera side
     /// says what it holds now; where that is not what was entered, a message at the row says so.
@@ -56,7 +61,7 @@ private:
     };
 
     void run(Write& write, const ReceiverEvent& event);
-    void judge(Write& write, const EditValue& entered, Entry entry);
+    void judge(Write& write, const EditValue& entered);
 
     FeatureModel& m_model;
     EventPort& m_events;

@@ -1,6 +1,8 @@
 #include "window/BrowserWindow.h"
 
 #include "events/ValueWriter.h"
+#include "history/ChangeList.h"
+#include "history/WriteHistory.h"
 #include "panes/ChangeStrip.h"
 #include "panes/DescriptionPane.h"
 #include "panes/FilterBar.h"
@@ -131,6 +133,9 @@ void BrowserWindow::setValue(FeatureRow& row, RowValue value, bool readOnly, boo
 
 void BrowserWindow::written(const WriteResult& result)
 {
+    if (result.entry == WriteEntry::Switching) {
+        return;
+    }
     if (m_changes) {
         m_changes->showResult(result);
     }
@@ -198,11 +203,15 @@ void BrowserWindow::showMenu(const QPoint& position)
     }
     const FeatureRow& row = *FeatureModel::row(index);
     const std::string name = row.name;
-    const RowMenu::Offer offer { m_pins->isPinned(name), SelectorMatrix::canShow(*m_model, row) };
+    const RowMenu::Offer offer { m_pins->isPinned(name), SelectorMatrix::canShow(*m_model, row),
+        m_history->undoText(), m_history->redoText() };
     auto* menu = new RowMenu(row, offer, this);
     connect(menu, &RowMenu::pinWanted, m_pins,
         [this, name](bool pinned) { m_pins->setPinned(name, pinned); });
     connect(menu, &RowMenu::matrixWanted, this, [this, name] { showMatrix(name); });
+    connect(menu, &RowMenu::undoWanted, this, [this] { takeStep(true); });
+    connect(menu, &RowMenu::redoWanted, this, [this] { takeStep(false); });
+    connect(menu, &RowMenu::changesWanted, this, &BrowserWindow::showChanges);
     connect(menu, &RowMenu::collapseOthersWanted, m_tree.get(),
         [this, name] { m_tree->collapseOthers(name); });
     connect(menu, &RowMenu::expandAllWanted, m_tree.get(), &QTreeView::expandAll);
@@ -215,6 +224,24 @@ void BrowserWindow::showMatrix(const std::string& selector)
     auto* matrix = new SelectorMatrix(m_model, m_writer, selector, this);
     matrix->show();
     matrix->fill();
+}
+
+void BrowserWindow::takeStep(bool isUndo)
+{
+    if (m_tree->delegate().editor() == nullptr) {
+        isUndo ? m_history->undo() : m_history->redo();
+    }
+}
+
+void BrowserWindow::showChanges()
+{
+    auto* list = findChild<ChangeList*>();
+    if (list == nullptr) {
+        list = new ChangeList(&m_history->log(), this);
+    }
+    list->show();
+    list->raise();
+    list->activateWindow();
 }
 
 void BrowserWindow::present(Qt::WindowType type)

@@ -20,6 +20,7 @@ class FilterBar;
 class MessageCallout;
 class PinStrip;
 class ValueWriter;
+class WriteHistory;
 struct WriteResult;
 
 /// The browser's window, or a part of an application's window once that has embedded it. It joins
@@ -95,10 +96,15 @@ private:
     void showMatrix(const std::string& selector);
     void showRow(const FeatureRow& row);
     void rowChanged(const QModelIndex& index);
+    void makeHistory();
+    /// Goes back, or on, unless an editor is open, where these keys are its own.
+    void takeStep(bool isUndo);
+    void showChanges();
 
     EventPort m_events;
     FeatureModel* m_model;
     ValueWriter* m_writer;
+    WriteHistory* m_history = nullptr;
     FilterBar* m_filterBar = nullptr;
     PinStrip* m_pins = nullptr;
     MessageCallout* m_callout = nullptr;

@@ -2,6 +2,7 @@
 #include "window/BrowserWindow.h"
 
 #include "events/ValueWriter.h"
+#include "history/WriteHistory.h"
 #include "panes/ChangeStrip.h"
 #include "panes/DescriptionPane.h"
 #include "panes/FilterBar.h"
@@ -13,6 +14,7 @@
 #include <QHeaderView>
 #include <QShortcut>
 #include <QSplitter>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace featurebrowser {
@@ -58,6 +60,7 @@ BrowserWindow::BrowserWindow(QWidget* parent)
     arrange();
     connectTree();
     connectFilterBar();
+    makeHistory();
     makeShortcuts();
     connect(m_pins, &PinStrip::pinsChanged, this, &BrowserWindow::pinnedFeaturesChanged);
     connect(m_changes, &ChangeStrip::rowWanted, this, &BrowserWindow::showRow);
@@ -104,6 +107,15 @@ void BrowserWindow::connectFilterBar()
     connect(m_filterBar, &FilterBar::finished, m_tree.get(), [this] { m_tree->focusFirstHit(); });
 }
 
+void BrowserWindow::makeHistory()
+{
+    m_history = new WriteHistory(*m_model, *m_writer, this);
+    connect(m_history, &WriteHistory::rowWanted, this, &BrowserWindow::showRow);
+    connect(m_history, &WriteHistory::said, this, [this](const QString& words) {
+        QToolTip::showText(m_tree->mapToGlobal({}), words.toHtmlEscaped(), m_tree.get());
+    });
+}
+
 void BrowserWindow::makeShortcuts()
 {
     const auto add = [this](const QKeySequence& keys, auto action) {
@@ -119,6 +131,9 @@ void BrowserWindow::makeShortcuts()
             m_changes->goToNext();
         }
     });
+    add(QKeySequence::Undo, [this] { takeStep(true); });
+    add(QKeySequence::Redo, [this] { takeStep(false); });
+    add(Qt::CTRL + Qt::Key_H, [this] { showChanges(); });
 }
 
 void BrowserWindow::arrange()

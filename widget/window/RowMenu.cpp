@@ -9,7 +9,7 @@
 
 namespace featurebrowser {
 
-RowMenu::RowMenu(const FeatureRow& row, Offer offer, QWidget* parent)
+RowMenu::RowMenu(const FeatureRow& row, const Offer& offer, QWidget* parent)
     : QMenu(parent)
 {
     setObjectName(QStringLiteral("rowMenu"));
@@ -19,6 +19,8 @@ RowMenu::RowMenu(const FeatureRow& row, Offer offer, QWidget* parent)
     if (!row.isCategory()) {
         addFeatureActions(offer);
     }
+    addSeparator();
+    addHistoryActions(offer);
     addSeparator();
     addTreeActions();
 }
@@ -40,7 +42,7 @@ void RowMenu::addCopyActions(const FeatureRow& row)
     }
 }
 
-void RowMenu::addFeatureActions(Offer offer)
+void RowMenu::addFeatureActions(const Offer& offer)
 {
     const bool isPinned = offer.isPinned;
     addAction(isPinned ? tr("&Unpin") : tr("&Pin to the top"), this,
@@ -48,6 +50,27 @@ void RowMenu::addFeatureActions(Offer offer)
     if (offer.hasMatrix) {
         addAction(tr("Show all entries of this &selector\u2026"), this, &RowMenu::matrixWanted);
     }
+}
+
+void RowMenu::addHistoryActions(const Offer& offer)
+{
+    // The keys are shown here; the window acts on them.
+    const auto add
+        = [this](QString words, const QString& step, const QKeySequence& keys, auto signal) {
+              if (!step.isEmpty()) {
+                  words += QLatin1Char(' ')
+                      + QString(step).replace(QLatin1Char('&'), QLatin1String("&&"));
+              }
+              QAction* action = addAction(words, this, signal);
+              action->setShortcut(keys);
+              action->setShortcutContext(Qt::WidgetShortcut);
+              return action;
+          };
+    add(tr("U&ndo"), offer.undo, QKeySequence::Undo, &RowMenu::undoWanted)
+        ->setEnabled(!offer.undo.isEmpty());
+    add(tr("&Redo"), offer.redo, QKeySequence::Redo, &RowMenu::redoWanted)
+        ->setEnabled(!offer.redo.isEmpty());
+    add(tr("C&hanges\u2026"), {}, Qt::CTRL + Qt::Key_H, &RowMenu::changesWanted);
 }
 
 void RowMenu::addTreeActions()

@@ -16,20 +16,26 @@ public:
     struct Offer {
         bool isPinned = false;
         bool hasMatrix = false; ///< the row is a selector whose entries can be shown
+        QString undo; ///< the step that undo would take, in words; empty = none, as the next
+        QString redo;
     };
 
-    RowMenu(const FeatureRow& row, Offer offer, QWidget* parent);
+    RowMenu(const FeatureRow& row, const Offer& offer, QWidget* parent);
 
 Q_SIGNALS:
     void pinWanted(bool pinned);
     void matrixWanted();
+    void undoWanted();
+    void redoWanted();
+    void changesWanted();
     void collapseOthersWanted();
     void expandAllWanted();
     void collapseAllWanted();
 
 private:
     void addCopyActions(const FeatureRow& row);
-    void addFeatureActions(Offer offer);
+    void addFeatureActions(const Offer& offer);
+    void addHistoryActions(const Offer& offer);
     void addTreeActions();
 };
 
