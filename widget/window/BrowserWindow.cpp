@@ -221,9 +221,17 @@ void BrowserWindow::showMenu(const QPoint& position)
 
 void BrowserWindow::showMatrix(const std::string& selector)
 {
-    auto* matrix = new SelectorMatrix(m_model, m_writer, selector, this);
+    const auto open = findChildren<SelectorMatrix*>();
+    const auto known = std::find_if(open.begin(), open.end(),
+        [&](const SelectorMatrix* matrix) { return matrix->selector() == selector; });
+    auto* matrix
+        = known != open.end() ? *known : new SelectorMatrix(m_model, m_writer, selector, this);
     matrix->show();
-    matrix->fill();
+    matrix->raise();
+    matrix->activateWindow();
+    if (known == open.end()) {
+        matrix->fill();
+    }
 }
 
 void BrowserWindow::takeStep(bool isUndo)
@@ -289,6 +297,9 @@ void BrowserWindow::applySizes(int width, int height, const std::vector<int>& co
 void BrowserWindow::closeEvent(QCloseEvent* event)
 {
     m_tree->delegate().revert();
+    for (SelectorMatrix* matrix : findChildren<SelectorMatrix*>()) {
+        matrix->close(); // sets its selector back
+    }
     QWidget::closeEvent(event);
     const TYPE_LEVEL level = m_tree->filter().level;
     m_events.raise({}, [&](auto& receiver) {

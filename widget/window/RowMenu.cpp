@@ -66,7 +66,7 @@ void RowMenu::addHistoryActions(const Offer& offer)
               action->setShortcutContext(Qt::WidgetShortcut);
               return action;
           };
-    add(tr("U&ndo"), offer.undo, QKeySequence::Undo, &RowMenu::undoWanted)
+    add(tr("Un&do"), offer.undo, QKeySequence::Undo, &RowMenu::undoWanted)
         ->setEnabled(!offer.undo.isEmpty());
     add(tr("&Redo"), offer.redo, QKeySequence::Redo, &RowMenu::redoWanted)
         ->setEnabled(!offer.redo.isEmpty());
