@@ -46,7 +46,10 @@ protected:
     bool hasFilled() const
     {
         const auto* progress = dialog()->findChild<QProgressBar*>();
-        return QTest::qWaitFor([progress] { return progress->isHidden(); });
+        for (int turn = 0; turn < 10000 && !progress->isHidden(); ++turn) {
+            QApplication::processEvents();
+        }
+        return progress->isHidden();
     }
     void open(const std::string& name) const
     {
