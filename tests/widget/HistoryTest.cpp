@@ -206,10 +206,7 @@ TEST_F(HistoryTest, TheListTellsFiltersAndCopies)
     open("AcquisitionStart");
     undo();
     const Lines wanted { "Width|640 px|5000 px|Refused: Out of range",
-        "Width|640 px|500 px|Adjusted to 496 px",
-        "Gain (GainSelector = Green)|2.5|3|Refused: The camera has not confirmed \u201C3\u201D; "
-        "the "
-        "row shows the last known value",
+        "Width|640 px|500 px|Adjusted to 496 px", "Gain (GainSelector = Green)|2.5|3|Not confirmed",
         "AcquisitionStart|||Command run", "Width|496 px|640 px|Taken" };
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         EXPECT_EQ(line(static_cast<int>(i)), wanted[i]);

@@ -368,6 +368,48 @@ TEST_F(PictureTest, AnUpdatePaintsItsRowOnly)
         QRect(0, changed.top(), tree()->viewport()->width(), changed.height()));
 }
 
+TEST_F(PictureTest, PinsStandInLineAndAreDimWhenNotHeldNow)
+{
+    const QByteArrayList names { "Width", "ExposureTime" };
+    window()->setProperty("pinnedFeatures", QVariant::fromValue(names));
+    std::vector<QWidget*> pins;
+    for (QWidget* graph : child<QWidget>("pinStrip")->findChildren<QWidget*>("graph")) {
+        pins.push_back(graph->parentWidget());
+    }
+    const auto value = [&] { // as wide as in the tree
+        const QRect cell = tree()->visualRect(row("Width", 1));
+        return picture(pins[0]).copy(cell.left() + 1, 2, cell.width(), pins[0]->height() - 5);
+    };
+    for (const auto state :
+        { FEATURE_NOT_AVAILABLE, FEATURE_LOCKED, FEATURE_READ_FAILED, FEATURE_AVAILABLE }) {
+        setStates({ { "Width", state } });
+        const bool isHeld = state == FEATURE_LOCKED || state == FEATURE_AVAILABLE;
+        EXPECT_EQ(inksIn(value().copy(0, 0, 60, 30)), isHeld ? "BT" : "BD") << state;
+        EXPECT_EQ(pins[0]->toolTip().toStdString(), said("Width"));
+    }
+    for (const int width : { 200, 333 }) {
+        tree()->setColumnWidth(0, width);
+        for (const auto direction : { Qt::RightToLeft, Qt::LeftToRight }) {
+            window()->setLayoutDirection(direction);
+            const QRect above = drawnIn(value());
+            const QRect below = drawnIn(picture("Width", 1));
+            const bool isMirrored = direction == Qt::RightToLeft;
+            const int off
+                = isMirrored ? above.right() - below.right() : above.left() - below.left();
+            EXPECT_LE(std::abs(off), 2) << width;
+        }
+    }
+    PaintCounter counter;
+    pins[1]->installEventFilter(&counter);
+    EXPECT_TRUE(counter.rests());
+    counter.count = 0;
+    setInteger("Width", 16);
+    EXPECT_TRUE(counter.rests());
+    EXPECT_EQ(counter.count, 0) << "of another pin";
+    browser->clearFeatureItems();
+    EXPECT_EQ(inksIn(picture(pins[0]).copy(tree()->columnWidth(0), 0, 60, 30)), "BD");
+}
+
 TEST_F(PictureTest, ALineOfValuesShowsHowTheyWent)
 {
     window()->setProperty("pinnedFeatures",

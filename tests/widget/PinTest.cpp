@@ -1,7 +1,6 @@
 #include "ComfortTest.h"
 
 #include <QAbstractButton>
-#include <QHeaderView>
 #include <QImage>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -24,59 +23,26 @@ protected:
         QApplication::processEvents();
     }
     /// In their order on the screen.
-    std::vector<QWidget*> lines() const
+    QVector<QWidget*> lines() const
     {
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QApplication::processEvents();
-        std::map<int, QWidget*> found;
-        for (QObject* line : strip()->widget()->children()) {
-            if (auto* widget = qobject_cast<QWidget*>(line)) {
-                found[widget->y()] = widget;
-            }
+        QMap<int, QWidget*> found;
+        for (QWidget* graph : strip()->findChildren<QWidget*>("graph")) {
+            found[graph->parentWidget()->y()] = graph->parentWidget();
         }
-        std::vector<QWidget*> sorted;
-        for (const auto& [y, line] : found) {
-            sorted.push_back(line);
-        }
-        return sorted;
+        return found.values().toVector();
     }
     std::string texts() const
     {
-        std::string all;
-        for (const QWidget* line : lines()) {
-            all += line->accessibleName().toStdString() + "; ";
+        std::string words;
+        const auto all = lines();
+        for (const QWidget* line : all) {
+            words += line->accessibleName().toStdString() + "; ";
         }
-        return all;
+        return words;
     }
-    QWidget* graph(std::size_t position) const
-    {
-        return lines()[position]->findChild<QWidget*>("graph");
-    }
-    /// The leftmost and rightmost columns with ink, between two of them.
-    static std::pair<int, int> ink(QWidget* line, int from, int to)
-    {
-        const QImage image = line->grab({ from, 2, to - from, line->height() - 5 }).toImage();
-        int left = to;
-        int right = -1;
-        for (int x = 0; x < image.width(); ++x) {
-            for (int y = 0; y < image.height(); ++y) {
-                if (image.pixel(x, y) != image.pixel(0, 0)) {
-                    left = std::min(left, from + x);
-                    right = from + x;
-                }
-            }
-        }
-        return { left, right };
-    }
-    QByteArrayList many(int count) const
-    {
-        QByteArrayList names;
-        for (int i = 0; i < count; ++i) {
-            names.append("Watched" + QByteArray::number(i));
-            addInteger("Analog", names.back().toStdString(), i % 10);
-        }
-        return names;
-    }
+    QWidget* graph(int position) const { return lines()[position]->findChild<QWidget*>("graph"); }
 };
 
 } // namespace
@@ -113,34 +79,13 @@ TEST_F(PinTest, PinsFollowTheirRowsAndSurviveANewTree)
     EXPECT_FALSE(strip()->isVisible());
 }
 
-TEST_F(PinTest, WhatIsNotHeldNowIsDim)
-{
-    pin({ "Gain" });
-    QPalette palette = window()->palette();
-    palette.setColor(QPalette::WindowText, Qt::blue);
-    window()->setPalette(palette);
-    const auto isDim = [this] {
-        const QImage image = lines()[0]->grab({ tree()->columnWidth(0), 2, 40, 12 }).toImage();
-        bool isBlue = false;
-        for (int i = 0; i < image.width() * image.height(); ++i) {
-            const QColor seen = image.pixelColor(i % image.width(), i / image.width());
-            isBlue = isBlue || (seen.blue() > 150 && seen.red() < seen.blue() - 80);
-        }
-        return !isBlue;
-    };
-    for (const auto state : { FEATURE_AVAILABLE, FEATURE_LOCKED, FEATURE_NOT_AVAILABLE,
-             FEATURE_READ_FAILED, FEATURE_AVAILABLE }) {
-        setStates({ { "Gain", state } });
-        EXPECT_EQ(isDim(), state == FEATURE_NOT_AVAILABLE || state == FEATURE_READ_FAILED) << state;
-        EXPECT_EQ(lines()[0]->toolTip().toStdString(), said("Gain"));
-    }
-    browser->clearFeatureItems();
-    EXPECT_TRUE(isDim());
-}
-
 TEST_F(PinTest, AThirdOfTheWindowAtMostThenItScrolls)
 {
-    pin(many(24));
+    QByteArrayList names;
+    for (int i = 0; i < 24; ++i) {
+        names.append("Watched" + QByteArray::number(i));
+    }
+    pin(names);
     EXPECT_EQ(strip()->height(), window()->height() / 3);
     auto* scroll = strip()->verticalScrollBar();
     EXPECT_TRUE(QTest::qWaitFor([&] { return scroll->maximum() > 0; }));
@@ -156,54 +101,6 @@ TEST_F(PinTest, AThirdOfTheWindowAtMostThenItScrolls)
     EXPECT_EQ(strip()->height(), 300);
     pin({ "Watched3" });
     EXPECT_EQ(strip()->height(), lines()[0]->height() + 4);
-}
-
-TEST_F(PinTest, OneValueRepaintsOnePin)
-{
-    class : public QObject {
-    public:
-        std::set<QObject*> painted;
-        bool eventFilter(QObject* object, QEvent* event) override
-        {
-            if (event->type() == QEvent::Paint) {
-                painted.insert(object);
-            }
-            return false;
-        }
-    } counter;
-    pin(many(24));
-    QTest::qWait(50);
-    const auto all = lines();
-    for (QWidget* line : all) {
-        line->installEventFilter(&counter);
-    }
-    setInteger("Watched3", 8, 0, 9, 1);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !counter.painted.empty(); }));
-    QApplication::processEvents();
-    EXPECT_EQ(counter.painted, std::set<QObject*> { all[3] });
-}
-
-TEST_F(PinTest, StandsInLineWithTheColumns)
-{
-    browser->modifyFeature("DeviceUserID", "|", CAM_TYPE_STRING, {}, false, true);
-    pin({ "DeviceUserID" });
-    for (const int width : { 200, 333 }) {
-        tree()->header()->resizeSection(0, width);
-        for (const auto direction : { Qt::RightToLeft, Qt::LeftToRight }) {
-            window()->setLayoutDirection(direction);
-            QApplication::processEvents();
-            QWidget* line = lines()[0];
-            const QRect cell = tree()->visualRect(row("DeviceUserID", 1));
-            const int left = tree()->viewport()->mapTo(window(), cell.topLeft()).x()
-                - line->mapTo(window(), QPoint()).x();
-            const bool isMirrored = direction == Qt::RightToLeft;
-            const auto [first, last] = isMirrored
-                ? ink(line, left + cell.width() - 40, left + cell.width())
-                : ink(line, left, left + 40);
-            const int distance = isMirrored ? left + cell.width() - last : first - left;
-            EXPECT_TRUE(distance >= 4 && distance <= 9) << distance << ' ' << width;
-        }
-    }
 }
 
 TEST_F(PinTest, LeadsToItsRowByMouseAndKeys)
@@ -224,7 +121,7 @@ TEST_F(PinTest, LeadsToItsRowByMouseAndKeys)
     for (const auto& [position, words] :
         { std::pair(1, "The filter or the visibility level hides this feature in the tree"),
             { 2, "This camera has no such feature" } }) {
-        QTest::mouseClick(all[static_cast<std::size_t>(position)], Qt::LeftButton, {}, { 8, 8 });
+        QTest::mouseClick(all[position], Qt::LeftButton, {}, { 8, 8 });
         EXPECT_EQ(QToolTip::text(), words);
         EXPECT_EQ(tree()->currentIndex(), row("Width", 1));
     }

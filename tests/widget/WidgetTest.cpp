@@ -9,12 +9,10 @@
 // Stands before the one of the standard library.
 std::chrono::steady_clock::time_point std::chrono::steady_clock::now() noexcept
 {
-    if (featurebrowser::heldTime) {
-        return *featurebrowser::heldTime;
-    }
     timespec time {};
     clock_gettime(CLOCK_MONOTONIC, &time);
-    return time_point(seconds(time.tv_sec) + nanoseconds(time.tv_nsec));
+    return featurebrowser::heldTime.value_or(
+        time_point(seconds(time.tv_sec) + nanoseconds(time.tv_nsec)));
 }
 
 namespace featurebrowser {

@@ -66,9 +66,10 @@ void WriteHistory::list(const FeatureRow& row, const WriteResult& result)
         line.to = stepText(result.entered, unit);
         const QString held = stepText(row.value, unit);
         line.isPassing = result.isTaken && result.entry == WriteEntry::Passing;
-        line.result = !result.isTaken ? tr("Refused: %1").arg(reason(row))
-            : held != line.to         ? tr("Adjusted to %1").arg(held)
-                                      : tr("Taken");
+        line.result = row.extras().isUnconfirmed ? tr("Not confirmed")
+            : !result.isTaken                    ? tr("Refused: %1").arg(reason(row))
+            : held != line.to                    ? tr("Adjusted to %1").arg(held)
+                                                 : tr("Taken");
     }
     m_log.add(line);
 }

@@ -100,6 +100,8 @@ void SelectorMatrix::arrange(const QString& note)
     m_words->hide();
     m_cancel->setObjectName(QStringLiteral("matrixCancel"));
     m_progress->setObjectName(QStringLiteral("matrixProgress"));
+    m_cancel->hide();
+    m_progress->hide();
     m_progress->setFormat(tr("%v of %m entries read"));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     m_again = buttons->addButton(tr("&Read again"), QDialogButtonBox::ActionRole);
@@ -325,7 +327,7 @@ QString SelectorMatrix::write(const std::string& name, const RowValue& wanted)
     if (now == nullptr) {
         return {};
     }
-    const QString words = now->extras().message;
+    QString words = now->extras().message;
     m_model->setMessage(*now, {}); // said here; the row is about to show another entry
     return words;
 }

@@ -180,7 +180,7 @@ QString SelectorSweep::visit(
     if (self) {
         use(problem);
     }
-    const QString back = self ? setBack() : QString();
+    QString back = self ? setBack() : QString();
     if (self) {
         m_isBusy = false;
     }

@@ -15,6 +15,7 @@
 #include "window/RowMenu.h"
 
 #include <QCloseEvent>
+#include <QDialog>
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -297,8 +298,9 @@ void BrowserWindow::applySizes(int width, int height, const std::vector<int>& co
 void BrowserWindow::closeEvent(QCloseEvent* event)
 {
     m_tree->delegate().revert();
-    for (SelectorMatrix* matrix : findChildren<SelectorMatrix*>()) {
-        matrix->close(); // sets its selector back
+    const auto windows = findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QDialog* window : windows) { // a selector that is being read is set back
+        window->close();
     }
     QWidget::closeEvent(event);
     const TYPE_LEVEL level = m_tree->filter().level;
