@@ -215,7 +215,7 @@ TEST_F(HistoryTest, TheListTellsFiltersAndCopies)
     auto* copy = window->findChild<QPushButton*>("copyChanges");
     const auto copied = [this] {
         return QString::fromStdString(clipboard())
-            .replace(QRegExp("\\d\\d:\\d\\d:\\d\\d"), "T")
+            .replace(QRegExp(R"(\d\d:\d\d:\d\d)"), "T")
             .toStdString();
     };
     const std::string head = "Time\tFeature\tFrom\tTo\tResult\n";
@@ -243,6 +243,13 @@ TEST_F(HistoryTest, TheListTellsFiltersAndCopies)
     QTest::keyClick(window, Qt::Key_Escape);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(child<QDialog>("changeList"), nullptr);
+    select("AcquisitionStart");
+    for (int i = 0; i < 10000; ++i) {
+        press(Qt::Key_F2);
+    }
+    press(Qt::Key_H, Qt::ControlModifier);
+    EXPECT_EQ(list()->model()->rowCount(), 10000);
+    EXPECT_EQ(line(0), "AcquisitionStart|||Command run") << "the oldest are gone";
 }
 
 } // namespace featurebrowser

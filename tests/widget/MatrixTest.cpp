@@ -106,7 +106,9 @@ TEST_F(MatrixTest, ReadsEveryEntryAndSetsTheSelectorBack)
     EXPECT_EQ(dialog(), nullptr) << "selects nothing";
     setChoice("GainSelector", "0", { "Red", "Green" });
     browser->setItemDescription("Gain", "Gain [dB]");
+    choose("Gain", "Pin to the top");
     open("GainSelector");
+    EXPECT_EQ(child<QWidget>("graph")->toolTip(), "") << "these are of several entries";
     EXPECT_TRUE(dialog()->isVisible() && !dialog()->isModal());
     EXPECT_EQ(dialog()->windowTitle(), "All entries of GainSelector");
     EXPECT_EQ(table()->accessibleName(), dialog()->windowTitle());
@@ -264,6 +266,12 @@ TEST_F(MatrixTest, CancelAndClosingSetTheSelectorBack)
         EXPECT_EQ(dialog(), nullptr);
     }
     choose("GainSelector", showEntries);
+    addSelector("", "Other", { "A", "B" });
+    addInteger("", "X", 1, LEVEL_BEGINNER, "Other");
+    choose("Other", showEntries);
+    const auto dialogs = window()->findChildren<QDialog*>("selectorMatrix");
+    EXPECT_EQ(dialogs.last()->findChild<QLabel*>("matrixMessage")->text(),
+        "Another selector is being read: try again afterwards");
     EXPECT_TRUE(QTest::qWaitFor([this] { return !journal.lines.empty(); }));
     browser->closeDialog();
     EXPECT_EQ(TreeUser::text("GainSelector"), "Green");

@@ -114,6 +114,12 @@ void ValueWriter::toggle(const std::string& name)
     }
 }
 
+bool ValueWriter::isSwitching() const
+{
+    return std::any_of(m_running.begin(), m_running.end(),
+        [](const Write* write) { return write->result.entry == Entry::Switching; });
+}
+
 void ValueWriter::updated(FeatureRow& row, FeatureModel::Change change)
 {
     bool isAnswer = false;

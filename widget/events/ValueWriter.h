@@ -44,6 +44,8 @@ public:
     /// Changes a boolean to its other entry.
     void toggle(const std::string& name);
 
+    /// Whether what comes now is only looked at: a selector is being switched for that.
+    bool isSwitching() const;
     /// Told of every update by program, and what it has changed.
     void updated(FeatureRow& row, FeatureModel::Change change);
     /// Shows a message at a row, until its next good value.

@@ -129,7 +129,9 @@ void BrowserWindow::setSliderSteps(int steps)
 void BrowserWindow::setValue(FeatureRow& row, RowValue value, bool readOnly, bool hasValue)
 {
     m_writer->updated(row, m_model->setValue(row, std::move(value), readOnly, hasValue));
-    m_pins->valueSeen(row);
+    if (!m_writer->isSwitching()) { // a line of values shows one entry, not all of them
+        m_pins->valueSeen(row);
+    }
 }
 
 void BrowserWindow::written(const WriteResult& result)
