@@ -213,7 +213,7 @@ TEST_F(HistoryTest, TheListTellsFiltersAndCopies)
     }
     EXPECT_TRUE(QTime::fromString(cell(0, 0), "HH:mm:ss").isValid());
     auto* copy = window->findChild<QPushButton*>("copyChanges");
-    const auto copied = [this] {
+    const auto copied = [] {
         return QString::fromStdString(clipboard())
             .replace(QRegExp(R"(\d\d:\d\d:\d\d)"), "T")
             .toStdString();

@@ -106,7 +106,7 @@ void ChangeList::copy() const
     const QItemSelectionModel& selection = *m_table->selectionModel();
     QString text;
     const auto addLine = [&text](auto&& cell) {
-        for (int column = 0; column < ChangeLog::ColumnCount; ++column) {
+        for (int column = 0; column < ChangeLog::EndColumn; ++column) {
             text += (column > 0 ? QStringLiteral("\t") : QString())
                 + cell(column).toString().replace(QLatin1Char('\t'), QLatin1Char(' '));
         }

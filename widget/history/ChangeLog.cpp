@@ -38,7 +38,7 @@ int ChangeLog::rowCount(const QModelIndex& parent) const
 
 int ChangeLog::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : ColumnCount;
+    return parent.isValid() ? 0 : EndColumn;
 }
 
 QVariant ChangeLog::data(const QModelIndex& index, int role) const

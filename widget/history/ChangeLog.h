@@ -23,7 +23,7 @@ class ChangeLog : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    enum Column { TimeColumn, FeatureColumn, FromColumn, ToColumn, ResultColumn, ColumnCount };
+    enum Column { TimeColumn, FeatureColumn, FromColumn, ToColumn, ResultColumn, EndColumn };
 
     using QAbstractTableModel::QAbstractTableModel;
 

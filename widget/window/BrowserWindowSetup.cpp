@@ -133,7 +133,7 @@ void BrowserWindow::makeShortcuts()
     });
     add(QKeySequence::Undo, [this] { takeStep(true); });
     add(QKeySequence::Redo, [this] { takeStep(false); });
-    add(Qt::CTRL + Qt::Key_H, [this] { showChanges(); });
+    add(QKeySequence(QStringLiteral("Ctrl+H")), [this] { showChanges(); });
 }
 
 void BrowserWindow::arrange()

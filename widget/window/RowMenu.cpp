@@ -70,7 +70,7 @@ void RowMenu::addHistoryActions(const Offer& offer)
         ->setEnabled(!offer.undo.isEmpty());
     add(tr("&Redo"), offer.redo, QKeySequence::Redo, &RowMenu::redoWanted)
         ->setEnabled(!offer.redo.isEmpty());
-    add(tr("C&hanges\u2026"), {}, Qt::CTRL + Qt::Key_H, &RowMenu::changesWanted);
+    add(tr("C&hanges\u2026"), {}, QKeySequence(QStringLiteral("Ctrl+H")), &RowMenu::changesWanted);
 }
 
 void RowMenu::addTreeActions()
