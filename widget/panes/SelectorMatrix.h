@@ -5,7 +5,6 @@
 
 #include <QDialog>
 
-class QDialogButtonBox;
 class QLabel;
 class QProgressBar;
 class QPushButton;
