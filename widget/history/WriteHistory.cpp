@@ -3,8 +3,6 @@
 #include "text/RowText.h"
 #include "text/ValueText.h"
 
-#include <utility>
-
 namespace featurebrowser {
 
 namespace {
