@@ -286,8 +286,10 @@ TEST_F(ComfortTest, WordsAreOfTheDesktopsLanguage)
     }
     EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::RightToLeft) << "the application's choice";
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
-    addInteger("", "Width");
+    addInteger("", "Width", 1, LEVEL_BEGINNER, "Choice");
+    addSelector("", "Choice", { "A", "B" });
     show();
+    EXPECT_NE(choose("Choice").indexOf("Einträge dieses Selektors"), -1);
     EXPECT_EQ(tree()->model()->headerData(0, Qt::Horizontal), QVariant("Einstellung"));
     EXPECT_EQ(tree()->model()->headerData(1, Qt::Horizontal), QVariant("Wert"));
     edit("Width", "1 ms");

@@ -8,6 +8,8 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 
+#include <set>
+
 namespace featurebrowser {
 
 /// The browser with a selector and what it selects, in a window with its menus and strips.
@@ -30,10 +32,14 @@ protected:
         auto* menu = child<QMenu>("rowMenu");
         EXPECT_TRUE(menu->isVisible());
         QStringList all;
+        std::set<QString> mnemonics;
         const auto actions = menu->actions();
         for (QAction* action : actions) {
             const QString text = action->isSeparator() ? "-" : action->text().remove('&');
             all.append(text);
+            const QString mnemonic = QKeySequence::mnemonic(action->text()).toString();
+            EXPECT_TRUE(action->isSeparator() || mnemonics.insert(mnemonic).second)
+                << action->text().toStdString();
             if (text == words) {
                 action->trigger();
             }

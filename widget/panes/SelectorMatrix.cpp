@@ -5,6 +5,7 @@
 #include "model/RowRoles.h"
 #include "panes/MatrixDelegate.h"
 #include "panes/SelectorSweep.h"
+#include "text/RowFacts.h"
 #include "text/RowText.h"
 #include "text/ValueText.h"
 
@@ -40,7 +41,7 @@ std::unique_ptr<FeatureRow> copyOf(const FeatureRow& row)
     copy->value = row.value;
     copy->hasValue = row.hasValue;
     copy->logarithmic = row.logarithmic;
-    copy->ownExtras().unit = rowUnit(row);
+    copy->ownAbout().unit = rowUnit(row);
     return copy;
 }
 
@@ -240,7 +241,7 @@ QTableWidgetItem* SelectorMatrix::makeItem(const FeatureRow* row, const QString&
     const bool isEditable = isKnown && row->isEditable();
     QString words = problem;
     if (isThere && (!isEditable || row->hasMessage())) {
-        words = rowExplanation(*row);
+        words = rowExplanation(*row, rowFacts(*row));
     }
     item->setToolTip(words.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
     if (!isEditable) {

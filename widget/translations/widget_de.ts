@@ -20,6 +20,48 @@
     </message>
 </context>
 <context>
+    <name>featurebrowser::ChangeList</name>
+    <message>
+        <source>Changes of this session</source>
+        <translation>Änderungen dieser Sitzung</translation>
+    </message>
+    <message>
+        <source>Find a change</source>
+        <translation>Änderung suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy all</source>
+        <translation>Alle &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Copy selection</source>
+        <translation>&amp;Auswahl kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::ChangeLog</name>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>Einstellung</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Auf</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+</context>
+<context>
     <name>featurebrowser::ChangeStrip</name>
     <message>
         <source>Go to the next changed feature (F4)</source>
@@ -224,22 +266,37 @@
     </message>
 </context>
 <context>
+    <name>featurebrowser::PinLine</name>
+    <message>
+        <source>Unpin %1</source>
+        <translation>%1 lösen</translation>
+    </message>
+    <message>
+        <source>Recent values of %1</source>
+        <translation>Letzte Werte von %1</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Lösen</translation>
+    </message>
+</context>
+<context>
     <name>featurebrowser::PinStrip</name>
     <message>
         <source>Pinned features</source>
         <translation>Angeheftete Einstellungen</translation>
     </message>
     <message>
-        <source>Unpin %1</source>
-        <translation>%1 lösen</translation>
+        <source>This camera has no such feature</source>
+        <translation>Diese Kamera hat keine solche Einstellung</translation>
     </message>
     <message>
-        <source>Unpin</source>
-        <translation>Lösen</translation>
+        <source>Last %1: from %2 to %3</source>
+        <translation>Letzte %1: von %2 bis %3</translation>
     </message>
     <message>
-        <source>Recent values of %1</source>
-        <translation>Letzte Werte von %1</translation>
+        <source>The filter or the visibility level hides this feature in the tree</source>
+        <translation>Der Filter oder die Sichtbarkeitsstufe verbirgt diese Einstellung im Baum</translation>
     </message>
 </context>
 <context>
@@ -348,7 +405,7 @@
     </message>
     <message>
         <source>&amp;Pin to the top</source>
-        <translation>Oben &amp;anheften</translation>
+        <translation>Oben anhe&amp;ften</translation>
     </message>
     <message>
         <source>Show all entries of this &amp;selector…</source>
@@ -365,6 +422,18 @@
     <message>
         <source>Collapse &amp;all</source>
         <translation>Alle &amp;zuklappen</translation>
+    </message>
+    <message>
+        <source>Un&amp;do</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>Wieder&amp;holen</translation>
+    </message>
+    <message>
+        <source>C&amp;hanges…</source>
+        <translation>Än&amp;derungen …</translation>
     </message>
 </context>
 <context>
@@ -416,6 +485,75 @@
         <source>&amp;Read again</source>
         <translation>&amp;Neu lesen</translation>
     </message>
+    <message>
+        <source>C&amp;ancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>%v of %m entries read</source>
+        <translation>%v von %m Einträgen gelesen</translation>
+    </message>
+    <message>
+        <source>Another selector is being read: try again afterwards</source>
+        <translation>Ein anderer Selektor wird gerade gelesen: versuchen Sie es danach noch einmal</translation>
+    </message>
+    <message>
+        <source>The features were loaded anew: read again</source>
+        <translation>Die Einstellungen wurden neu geladen: lesen Sie neu</translation>
+    </message>
+    <message>
+        <source>All entries of %1 at %2</source>
+        <translation>Alle Einträge von %1 bei %2</translation>
+    </message>
+    <message>
+        <source>Nothing was changed: this was read at %1</source>
+        <translation>Nichts wurde geändert: dies wurde bei %1 gelesen</translation>
+    </message>
+    <message>
+        <source>Nothing was changed: %1 cannot be set there now</source>
+        <translation>Nichts wurde geändert: %1 lässt sich dort zurzeit nicht setzen</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::SelectorSweep</name>
+    <message>
+        <source>Cancelled: not all entries were read</source>
+        <translation>Abgebrochen: nicht alle Einträge wurden gelesen</translation>
+    </message>
+    <message>
+        <source>Stopped: %1 was changed meanwhile</source>
+        <translation>Angehalten: %1 wurde inzwischen geändert</translation>
+    </message>
+    <message>
+        <source>%1 could not be set to %2</source>
+        <translation>%1 ließ sich nicht auf %2 setzen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be switched now</source>
+        <translation>%1 lässt sich zurzeit nicht umschalten</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::Sparkline</name>
+    <message>
+        <source>&lt; 1 s</source>
+        <translation>&lt; 1 s</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <comment>seconds</comment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <comment>minutes</comment>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <comment>hours</comment>
+        <translation>%1 h</translation>
+    </message>
 </context>
 <context>
     <name>featurebrowser::TextEditor</name>
@@ -449,6 +587,49 @@
     <message>
         <source>The camera has put “%1” onto “%2”</source>
         <translation>Die Kamera hat „%1“ auf „%2“ gesetzt</translation>
+    </message>
+</context>
+<context>
+    <name>featurebrowser::WriteHistory</name>
+    <message>
+        <source>Refused: %1</source>
+        <translation>Abgelehnt: %1</translation>
+    </message>
+    <message>
+        <source>Command run</source>
+        <translation>Befehl ausgeführt</translation>
+    </message>
+    <message>
+        <source>Not confirmed</source>
+        <translation>Nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>Adjusted to %1</source>
+        <translation>Angepasst auf %1</translation>
+    </message>
+    <message>
+        <source>Taken</source>
+        <translation>Übernommen</translation>
+    </message>
+    <message>
+        <source>%1 is not there any more: its step is dropped</source>
+        <translation>%1 gibt es nicht mehr: der Schritt entfällt</translation>
+    </message>
+    <message>
+        <source>The filter or the visibility level hides %1: nothing was changed</source>
+        <translation>Der Filter oder die Sichtbarkeitsstufe verbirgt %1: nichts wurde geändert</translation>
+    </message>
+    <message>
+        <source>Nothing was changed: this step was made at %1</source>
+        <translation>Nichts wurde geändert: dieser Schritt entstand bei %1</translation>
+    </message>
+    <message>
+        <source>Nothing was changed: this feature is read-only now</source>
+        <translation>Nichts wurde geändert: diese Einstellung ist jetzt nur lesbar</translation>
+    </message>
+    <message>
+        <source>Nothing was changed: “%1” is not available now</source>
+        <translation>Nichts wurde geändert: „%1“ ist zurzeit nicht verfügbar</translation>
     </message>
 </context>
 </TS>
