@@ -2,7 +2,11 @@
 // on a light and on a dark palette.
 #include "../tests/system/Browser.h"
 
+#include "featurebrowser/CameraFeatureBrowser.h"
+#include "featurebrowser/ZQCameraRepository.h"
+
 #include <QApplication>
+#include <QByteArrayList>
 #include <QDir>
 #include <QPixmap>
 #include <QStyleFactory>
@@ -25,6 +29,10 @@ bool take(const QString& file)
 {
     Browser b;
     b.window()->resize(760, 820);
+    featurebrowser::describeFeatures(
+        b.window(), b.browser().GetCameraRepository()->GetFeatureList());
+    b.window()->setProperty("pinnedFeatures",
+        QVariant::fromValue(QByteArrayList { "DeviceTemperature", "ExposureTime" }));
     b.edit("Width", "640");
     b.edit("ExposureTime", "20 ms");
     b.edit("OffsetX", "6");
