@@ -4,6 +4,7 @@
 #include "program/ViewerApplication.h"
 #include "window/OpeningWindow.h"
 #include "window/ViewerWindow.h"
+#include "window/WindowMemory.h"
 
 #include <QFile>
 
@@ -56,7 +57,8 @@ int runWindow(const CommandLine& options, std::unique_ptr<OpenedCamera> camera,
         return 1;
     }
     application.setCamera(&camera->camera());
-    ViewerWindow window(*camera, options.level);
+    WindowMemory memory;
+    ViewerWindow window(*camera, options.level.value_or(memory.level()), &memory);
     window.show();
     const int status = QApplication::exec();
     application.setCamera(nullptr);

@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -178,6 +180,44 @@ TEST_F(Story, GeometryIsFreeAfterACameraThatDiedWhileAcquiringIsBack)
     EXPECT_EQ(viewer.role("Width", "state"), QVariant(0));
     viewer.edit("Width", "128");
     EXPECT_EQ(readRegister(place::width), 128U);
+}
+
+TEST_F(Story, TheNextWindowLooksAsTheLastOneWasLeft)
+{
+    const QByteArrayList pins { "Width", "Gain" };
+    const auto browserOf = [](const Viewer& viewer) {
+        return qobject_cast<QMainWindow*>(viewer.tree()->window())->centralWidget();
+    };
+    {
+        Viewer viewer;
+        viewer.tree()->window()->resize(640, 500);
+        QApplication::processEvents();
+        viewer.tree()->collapseAll();
+        viewer.tree()->setExpanded(viewer.row("AnalogControl"), true);
+        viewer.tree()->header()->resizeSection(0, 222);
+        browserOf(viewer)->setProperty("pinnedFeatures", QVariant::fromValue(pins));
+        auto* levels = viewer.child<QComboBox>("levelBox");
+        levels->setCurrentIndex(levels->findData(featurebrowser::LEVEL_EXPERT));
+        Q_EMIT levels->activated(levels->currentIndex());
+    }
+    zqviewer::WindowMemory memory;
+    EXPECT_EQ(memory.level(), featurebrowser::LEVEL_EXPERT);
+    std::string error;
+    zqviewer::OpenedCamera camera(zqcameralib::ZQCamera::Open(
+        FaultProxy::address, zqcameralib::CameraAccess::Control, error));
+    ASSERT_EQ(camera.repository().Load(), 0);
+    zqviewer::ViewerWindow window(camera, memory.level(), &memory);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_EQ(window.size(), QSize(640, 500));
+    EXPECT_EQ(window.tree()->columnWidth(0), 222);
+    EXPECT_EQ(window.centralWidget()->property("pinnedFeatures").value<QByteArrayList>(), pins);
+    const QAbstractItemModel& model = *window.tree()->model();
+    for (int i = 0; i < model.rowCount(); ++i) {
+        const QModelIndex category = model.index(i, 0);
+        EXPECT_EQ(
+            window.tree()->isExpanded(category), category.data().toString().toStdString() == "AnalogControl");
+    }
 }
 
 TEST_F(Story, ClosingStopsTheCameraAndGivesTheControlBack)

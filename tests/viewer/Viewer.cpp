@@ -4,6 +4,7 @@
 #include "program/ViewerApplication.h"
 #include "window/OpeningWindow.h"
 
+#include <QLabel>
 #include <QPushButton>
 
 #include <algorithm>
@@ -63,7 +64,7 @@ Viewer::Viewer()
         throw std::runtime_error("the camera does not open");
     }
     application().setCamera(&m_camera->camera());
-    m_window = std::make_unique<ViewerWindow>(*m_camera, LEVEL_GURU);
+    m_window = std::make_unique<ViewerWindow>(*m_camera, m_memory.level(), &m_memory);
     m_window->show();
     m_window->activateWindow(); // no window manager does it
     tree()->expandAll();
@@ -104,7 +105,8 @@ bool Viewer::hasAllRows(bool areCurrent) const
 
 std::string Viewer::words() const
 {
-    return child<QWidget>("message")->accessibleName().toStdString();
+    const std::string words = child<QWidget>("message")->accessibleName().toStdString();
+    return words.empty() ? child<QLabel>("changeText")->text().toStdString() : words;
 }
 
 bool Viewer::offersReconnect() const

@@ -6,6 +6,7 @@
 
 #include "camera/OpenedCamera.h"
 #include "window/ViewerWindow.h"
+#include "window/WindowMemory.h"
 
 #include <functional>
 #include <map>
@@ -54,6 +55,7 @@ public:
 private:
     QWidget* window() const override { return m_window.get(); }
 
+    zqviewer::WindowMemory m_memory;
     std::unique_ptr<zqviewer::OpenedCamera> m_camera;
     std::unique_ptr<zqviewer::ViewerWindow> m_window;
 };

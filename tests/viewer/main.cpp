@@ -2,6 +2,9 @@
 #include "PrivateNetwork.h"
 #include "program/ViewerApplication.h"
 
+#include <QSettings>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv)
@@ -13,6 +16,9 @@ int main(int argc, char** argv)
     // The tests expect English, whatever the host's language is.
     qputenv("LC_ALL", "C.UTF-8");
     qunsetenv("LANGUAGE");
+    // Nor what the user of this machine has set.
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     const zqviewer::ViewerApplication application(argc, argv);
     const int result = RUN_ALL_TESTS();
     keepLoadedLibraries();

@@ -73,14 +73,14 @@ int showTree(const CommandLine& options, OpenedCamera& camera, int& argc, char**
     // What Qt misses on a machine without a desktop is nothing to a program without a window.
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     const QApplication application(argc, argv);
-    ViewerWindow window(camera, options.level);
+    ViewerWindow window(camera, options.level.value_or(featurebrowser::LEVEL_GURU), nullptr);
     const OpenedCamera::Reading reading = camera.reading();
     if (!reading.isComplete) { // what can be read is printed all the same
         failAfterTrace(reading.text);
     }
     const QAbstractItemModel& model = *window.tree()->model();
-    const bool done = (!options.dump || print(treeAsJson(model)))
-        && (!options.print || print(treeAsText(model)))
+    const bool done = (!options.dump || print(treeAsJson(model), true))
+        && (!options.print || print(treeAsText(model), true))
         && (options.screenshot.isEmpty() || writePicture(window, options.screenshot));
     return done ? 0 : 1;
 }
@@ -93,15 +93,16 @@ int fail(const QString& error)
     return 1;
 }
 
-bool print(const QByteArray& text)
+bool print(const QByteArray& text, bool isAfterTrace)
 {
     const auto size = static_cast<std::size_t>(text.size());
     // What follows on standard error stands behind it, and a full disk or closed pipe shows.
     if (std::fwrite(text.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0) {
         return true;
     }
-    fail(QStringLiteral("Cannot write the output: %1.")
-             .arg(QString::fromLocal8Bit(std::strerror(errno))));
+    const QString error = QStringLiteral("Cannot write the output: %1.")
+                              .arg(QString::fromLocal8Bit(std::strerror(errno)));
+    isAfterTrace ? failAfterTrace(error) : static_cast<void>(fail(error));
     return false;
 }
 

@@ -88,9 +88,9 @@ struct Options {
                        "feature with its state, and the description; also of a camera or file that "
                        "cannot be opened.") };
     const QCommandLineOption level { QStringLiteral("level"),
-        QStringLiteral("Show features up to this visibility: Beginner, Expert or Guru (the "
-                       "default)."),
-        QStringLiteral("LEVEL"), QStringLiteral("Guru") };
+        QStringLiteral("Show features up to this visibility: Beginner, Expert or Guru. "
+                       "Without it as it was last, at first Guru."),
+        QStringLiteral("LEVEL") };
     const QCommandLineOption dump { QStringLiteral("dump"),
         QStringLiteral("Print the tree with all its values as JSON, whatever the level, and exit. "
                        "Works without a display.") };
@@ -136,7 +136,7 @@ QString cameraProblem(const QCommandLineParser& parser, const Options& options)
 /// What is wrong with the options that were given, in one line; empty when nothing is.
 QString problem(const QCommandLineParser& parser, const Options& options)
 {
-    if (!parseLevel(parser.value(options.level))) {
+    if (parser.isSet(options.level) && !parseLevel(parser.value(options.level))) {
         return QStringLiteral("Unknown level '%1': use Beginner, Expert or Guru.")
             .arg(parser.value(options.level));
     }
@@ -200,7 +200,9 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
     if (!error.isEmpty()) {
         return false;
     }
-    result.level = parseLevel(parser.value(options.level)).value_or(result.level);
+    if (parser.isSet(options.level)) {
+        result.level = parseLevel(parser.value(options.level));
+    }
     result.description = descriptionOf(parser, options);
     result.actions = actionsOf(parser, options);
     result.report = parser.isSet(options.report);

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace zqviewer {
@@ -22,7 +23,7 @@ struct CommandLine {
     QString description; ///< GenICam description to simulate; empty = the built-in camera
     std::vector<CameraAction> actions; ///< in the order given
     bool report = false; ///< print what a support engineer needs and exit
-    featurebrowser::TYPE_LEVEL level = featurebrowser::LEVEL_GURU;
+    std::optional<featurebrowser::TYPE_LEVEL> level; ///< none given: as it was last
     QString camera; ///< id or address of a real camera; empty = simulate
     bool readOnly = false; ///< leave the control of the camera to others
     bool list = false; ///< print the cameras found and exit

@@ -4,9 +4,11 @@
 #include "camera/CameraTaskBar.h"
 #include "program/ViewerApplication.h"
 #include "window/MessageLabel.h"
+#include "window/WindowMemory.h"
 
 #include <QAction>
 #include <QPushButton>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTreeView>
 
@@ -14,9 +16,10 @@ using namespace featurebrowser;
 
 namespace zqviewer {
 
-ViewerWindow::ViewerWindow(OpenedCamera& camera, TYPE_LEVEL level)
+ViewerWindow::ViewerWindow(OpenedCamera& camera, TYPE_LEVEL level, WindowMemory* memory)
     : m_camera(camera)
     , m_browser(&camera.device(), this)
+    , m_memory(memory)
     , m_message(new MessageLabel(this))
     , m_tasks(new CameraTaskBar(this))
     , m_reconnect(new QPushButton(tr("&Reconnect"), this))
@@ -24,8 +27,12 @@ ViewerWindow::ViewerWindow(OpenedCamera& camera, TYPE_LEVEL level)
     arrange();
     m_browser.LoadFeatureBrowser();
     m_camera.describe(m_browser);
-    m_browser.ShowStandalone(0, 0, {}, level);
-    resize(760, 860);
+    m_browser.ShowStandalone(
+        0, 0, m_memory != nullptr ? m_memory->columns() : std::vector<int>(), level);
+    resize(QSize(760, 860).boundedTo(screen()->availableSize()));
+    if (m_memory != nullptr) {
+        m_memory->restore(*this, *tree(), m_camera.name());
+    }
     m_keeper = std::make_unique<CameraKeeper>(m_camera, m_browser, *m_tasks);
     connectKeeper();
     showTitle();
@@ -167,10 +174,28 @@ void ViewerWindow::AllConfigChanged()
 
 void ViewerWindow::ItemSelectionChanged(std::string) { }
 
-void ViewerWindow::ItemColumnResized(int, int) { }
+void ViewerWindow::ItemColumnResized(int column, int width)
+{
+    if (m_memory != nullptr) {
+        m_memory->setColumn(column, width);
+    }
+}
 
 void ViewerWindow::FeatureCloseDialog(int, int, TYPE_LEVEL) { }
 
-void ViewerWindow::FeatureLevelChanged(TYPE_LEVEL) { }
+void ViewerWindow::FeatureLevelChanged(TYPE_LEVEL level)
+{
+    if (m_memory != nullptr) {
+        m_memory->setLevel(level);
+    }
+}
+
+void ViewerWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_memory != nullptr) {
+        m_memory->store(*this, *tree(), m_camera.name());
+    }
+    QMainWindow::closeEvent(event);
+}
 
 } // namespace zqviewer

@@ -17,6 +17,7 @@ namespace zqviewer {
 class CameraKeeper;
 class CameraTaskBar;
 class MessageLabel;
+class WindowMemory;
 
 /// The viewer's window: the feature browser of one camera, and a status bar for its messages.
 /// As the browser's receiver it carries out what the browser leaves to the application: starting
@@ -25,12 +26,16 @@ class ViewerWindow : public QMainWindow, private featurebrowser::IEventFeatureRe
     Q_OBJECT
 
 public:
-    /// `camera` has to outlive the window; its repository is loaded.
-    ViewerWindow(OpenedCamera& camera, featurebrowser::TYPE_LEVEL level);
+    /// `camera` has to outlive the window; its repository is loaded. `memory`: where the window
+    /// finds and leaves its state; not owned, null for a window that nobody will come back to.
+    ViewerWindow(OpenedCamera& camera, featurebrowser::TYPE_LEVEL level, WindowMemory* memory);
     ~ViewerWindow() override;
 
     /// The view of the features.
     QTreeView* tree() const;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void FeatureIntModified(std::string name, long value) override;
@@ -55,6 +60,7 @@ private:
 
     OpenedCamera& m_camera;
     featurebrowser::ZQFeatureBrowser m_browser;
+    WindowMemory* m_memory;
     MessageLabel* m_message;
     CameraTaskBar* m_tasks;
     QPushButton* m_reconnect;
