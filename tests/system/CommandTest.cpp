@@ -37,8 +37,8 @@ TEST(Command, RunsAtTheKeyOrAClickAndShowsTheWholeCameraAnew)
     // Becomes unavailable behind the browser's back: the row still offers it.
     b.open("UserSetSave");
     b.device().SetEnumValue("UserSetSelector", "Default", 0);
-    b.press(Qt::Key_Left);
-    b.press(Qt::Key_Return);
+    TreeUser::press(Qt::Key_Left);
+    TreeUser::press(Qt::Key_Return);
     const Lines heard = b.journal.take();
     ASSERT_EQ(heard.size(), 2U);
     EXPECT_NE(heard[0].find(" Command [UserSetSave] failed! - error: "), std::string::npos)

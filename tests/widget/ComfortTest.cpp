@@ -331,7 +331,7 @@ TEST_F(ComfortTest, EveryPartSaysWhatItIs)
     EXPECT_EQ(window()->windowTitle(), "Camera features");
     EXPECT_TRUE(child<QWidget>("descriptionPane")->findChild<QLabel*>()->font().bold());
     EXPECT_FALSE(tree()->header()->sectionsMovable());
-    browser.reset(new CameraFeatureBrowser(nullptr));
+    browser = std::make_unique<CameraFeatureBrowser>(nullptr);
     const QSize unit(window()->fontMetrics().height(), window()->fontMetrics().height());
     EXPECT_TRUE(window()->width() > 30 * unit.width() && window()->height() > 30 * unit.height());
     browser->showDialog(nullptr, 300, 400, {}, {});
