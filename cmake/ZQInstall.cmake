@@ -19,5 +19,6 @@ function(zq_install_pc name description requires)
 endfunction()
 zq_install_pc(ZQDeviceManager "Camera side: GenICam features over Aravis" "")
 zq_install_pc(ZQFeatureBrowserWidget "Qt widget that shows and edits camera features" "")
+zq_install_pc(ZQImageView "Qt widget that shows a camera's images" "Qt5Widgets")
 zq_install_pc(ZQFeatureBrowser "Ready-made browser for the features of a camera"
   "ZQDeviceManager ZQFeatureBrowserWidget")

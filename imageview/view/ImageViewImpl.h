@@ -1,0 +1,77 @@
+#pragma once
+
+#include "featurebrowser/ZQImageView.h"
+#include "view/FrameSlot.h"
+#include "view/ViewMapping.h"
+
+#include <QPointF>
+#include <QString>
+
+#include <optional>
+
+class QPainter;
+
+namespace featurebrowser {
+
+/// What is shown and how, and what the mouse is doing. Places are in pixels of the screen. Nested, it
+/// would be as visible as the class around it.
+class __attribute__((visibility("hidden"))) ZQImageView::Impl {
+public:
+    explicit Impl(ZQImageView* view);
+
+    /// `image` owns its bytes.
+    void show(const ZQImage& image);
+    void takePosted();
+    /// Gives up what is posted, since something newer comes.
+    void dropPosted();
+    bool isShowing() const { return problem.isEmpty(); }
+
+    QPointF toScreen(const QPointF& position) const;
+    QSize screenSize() const;
+    /// Brings view, mouse and listeners up to date after a change of the mapping.
+    void mappingChanged();
+    void zoomTo(double zoom, const QPointF& about);
+    void moveBy(const QPointF& distance);
+    /// Whole steps of a wheel that has turned by eighths of a degree; fine wheels need several
+    /// turns.
+    int wheelSteps(int eighths);
+    /// `place` empty: the mouse is gone.
+    void hover(std::optional<QPointF> place);
+
+    void startMoving(const QPointF& place);
+    void startRegion(const QPointF& place);
+    void drag(const QPointF& place);
+    void endDrag(bool isKept);
+    bool isDragging() const { return m_drag != Drag::None; }
+    void setRegion(const QRect& pixels);
+
+    void paint(QPainter& painter, const QRect& area);
+
+    FrameSlot slot;
+    ZQImage image;
+    QString problem;
+    ViewMapping mapping;
+    bool isOverexposureShown = false;
+    QRect region;
+
+private:
+    enum class Drag { None, Move, Region };
+
+    void updateHover();
+    void paintPicture(QPainter& painter, const QRect& area);
+    void paintRegion(QPainter& painter);
+
+    ZQImageView* m_view;
+    bool m_isPostUnpainted = false;
+    double m_toldZoom = 1;
+    int m_wheel = 0; ///< eighths of a degree that made no step yet
+    std::optional<QPointF> m_mouse;
+    QPoint m_toldPixel { -1, -1 };
+    QString m_toldText;
+    Drag m_drag = Drag::None;
+    QPointF m_dragStart;
+    QPointF m_dragLast;
+    QRect m_regionBefore; ///< the drag
+};
+
+} // namespace featurebrowser
