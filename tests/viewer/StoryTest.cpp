@@ -1,10 +1,13 @@
 #include "RawCamera.h"
 #include "Viewer.h"
 
+#include "featurebrowser/ZQImageView.h"
+#include "window/ImagePane.h"
 #include "window/OpeningWindow.h"
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QComboBox>
 #include <QFile>
 #include <QHeaderView>
@@ -165,7 +168,7 @@ TEST_F(Story, GeometryIsFreeAfterACameraThatDiedWhileAcquiringIsBack)
 {
     Viewer viewer;
     viewer.open("AcquisitionStart");
-    EXPECT_EQ(readRegister(place::acquisition), 1U);
+    EXPECT_TRUE(waitFor([] { return readRegister(place::acquisition) == 1U; }));
     EXPECT_TRUE(waitFor([&] { return viewer.role("Width", "readOnly").toBool(); }));
     m_fake.kill();
     EXPECT_TRUE(waitFor([&] { return viewer.offersReconnect(); }));
@@ -180,6 +183,35 @@ TEST_F(Story, GeometryIsFreeAfterACameraThatDiedWhileAcquiringIsBack)
     EXPECT_EQ(viewer.role("Width", "state"), QVariant(0));
     viewer.edit("Width", "128");
     EXPECT_EQ(readRegister(place::width), 128U);
+}
+
+TEST_F(Story, ImagesAreShownUntilTheyAreStopped)
+{
+    std::string error;
+    Viewer viewer(zqcameralib::ZQCamera::OpenSimulated(error));
+    auto* view = viewer.child<featurebrowser::ZQImageView>("imageView");
+    auto* start = viewer.child<QAction>("startImages");
+    auto* stop = viewer.child<QAction>("stopImages");
+    EXPECT_TRUE(start->isEnabled() && !stop->isEnabled());
+    viewer.edit("Width", "128");
+    start->trigger();
+    EXPECT_TRUE(waitFor([&] { return view->image().width == 128; }));
+    EXPECT_TRUE(!start->isEnabled() && stop->isEnabled());
+    EXPECT_TRUE(waitFor([&] { return viewer.role("Width", "readOnly").toBool(); })) << "locked";
+    const QString figures = QStringLiteral("images/s");
+    EXPECT_TRUE(
+        waitFor([&] { return viewer.child<QLabel>("imageFigures")->text().contains(figures); }));
+    viewer.open("AcquisitionStop");
+    EXPECT_TRUE(start->isEnabled() && !stop->isEnabled());
+    EXPECT_TRUE(waitFor([&] { return !viewer.role("Width", "readOnly").toBool(); }));
+    const QTemporaryDir folder;
+    for (const char* name : { "/a.png", "/a.tiff" }) {
+        const QString file = folder.path() + QLatin1String(name);
+        EXPECT_EQ(zqviewer::saveImage(view->toImage(), file), QString());
+        EXPECT_EQ(QImage(file).convertToFormat(QImage::Format_Grayscale8), view->toImage()) << name;
+    }
+    EXPECT_NE(zqviewer::saveImage(view->toImage(), QStringLiteral("/dev/full/a.png")), QString());
+    EXPECT_NE(zqviewer::saveImage(view->toImage(), QStringLiteral("a.txt")), QString());
 }
 
 TEST_F(Story, TheNextWindowLooksAsTheLastOneWasLeft)
@@ -215,8 +247,8 @@ TEST_F(Story, TheNextWindowLooksAsTheLastOneWasLeft)
     const QAbstractItemModel& model = *window.tree()->model();
     for (int i = 0; i < model.rowCount(); ++i) {
         const QModelIndex category = model.index(i, 0);
-        EXPECT_EQ(
-            window.tree()->isExpanded(category), category.data().toString().toStdString() == "AnalogControl");
+        EXPECT_EQ(window.tree()->isExpanded(category),
+            category.data().toString().toStdString() == "AnalogControl");
     }
 }
 
@@ -224,7 +256,7 @@ TEST_F(Story, ClosingStopsTheCameraAndGivesTheControlBack)
 {
     Viewer viewer;
     viewer.open("AcquisitionStart");
-    EXPECT_EQ(readRegister(place::acquisition), 1U);
+    EXPECT_TRUE(waitFor([] { return readRegister(place::acquisition) == 1U; }));
     viewer.close();
     EXPECT_EQ(readRegister(place::acquisition), 0U);
     EXPECT_EQ(readRegister(place::control), 0U);
@@ -236,6 +268,7 @@ TEST_F(Story, ClosingDoesNotNeedTheCamera)
         Viewer viewer;
         if (isAcquiring) {
             viewer.open("AcquisitionStart");
+            EXPECT_TRUE(waitFor([] { return readRegister(place::acquisition) == 1U; }));
         }
         m_fake.kill();
         viewer.close();

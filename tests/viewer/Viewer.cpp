@@ -63,6 +63,18 @@ Viewer::Viewer()
     if (!m_camera) {
         throw std::runtime_error("the camera does not open");
     }
+    show();
+}
+
+Viewer::Viewer(std::unique_ptr<zqcameralib::ZQCamera> camera)
+    : m_camera(std::make_unique<OpenedCamera>(std::move(camera)))
+{
+    m_camera->repository().Load();
+    show();
+}
+
+void Viewer::show()
+{
     application().setCamera(&m_camera->camera());
     m_window = std::make_unique<ViewerWindow>(*m_camera, m_memory.level(), &m_memory);
     m_window->show();

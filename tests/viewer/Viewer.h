@@ -33,6 +33,8 @@ class Viewer : public TreeUser {
 public:
     /// Throws std::runtime_error when the camera does not open.
     Viewer();
+    /// On a simulated camera in process.
+    explicit Viewer(std::unique_ptr<zqcameralib::ZQCamera> camera);
     ~Viewer() override { close(); }
 
     /// Closes the window and the camera.
@@ -53,6 +55,7 @@ public:
     void pressCancel();
 
 private:
+    void show();
     QWidget* window() const override { return m_window.get(); }
 
     zqviewer::WindowMemory m_memory;

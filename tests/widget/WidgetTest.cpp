@@ -23,8 +23,8 @@ WidgetTest::WidgetTest()
     : browser(std::make_unique<CameraFeatureBrowser>(nullptr))
 {
     // Ends the test program at the first thing that no view may rely on.
-    new QAbstractItemModelTester(
-        tree()->model(), QAbstractItemModelTester::FailureReportingMode::Fatal, window());
+    new QAbstractItemModelTester(tree()->model(),
+        QAbstractItemModelTester::FailureReportingMode::Fatal, browser->GetWidget());
     const auto none = SELECTOR_NONE;
     CameraFeatureBrowser& b = *browser;
     b.addCategory("Camera", LEVEL_BEGINNER);

@@ -23,7 +23,7 @@ QString about(const QString& name, const QString& text)
 /// The feature as it is now. Null, and why, when there is none of that name.
 Item readFeature(OpenedCamera& camera, const QString& name, QString& error)
 {
-    const Item item = camera.repository().GetFeature(name.toStdString());
+    Item item = camera.repository().GetFeature(name.toStdString());
     if (!item || item->type == featurebrowser::FEATURE_CATEGORY) {
         error = QStringLiteral("%1: the camera has no feature of this name").arg(name);
         return nullptr;

@@ -2,11 +2,14 @@
 
 #include "camera/CameraKeeper.h"
 #include "camera/CameraTaskBar.h"
+#include "camera/LiveImage.h"
 #include "program/ViewerApplication.h"
+#include "window/ImagePane.h"
 #include "window/MessageLabel.h"
 #include "window/WindowMemory.h"
 
 #include <QAction>
+#include <QDockWidget>
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
@@ -29,7 +32,7 @@ ViewerWindow::ViewerWindow(OpenedCamera& camera, TYPE_LEVEL level, WindowMemory*
     m_camera.describe(m_browser);
     m_browser.ShowStandalone(
         0, 0, m_memory != nullptr ? m_memory->columns() : std::vector<int>(), level);
-    resize(QSize(760, 860).boundedTo(screen()->availableSize()));
+    resize(QSize(1280, 860).boundedTo(screen()->availableSize()));
     if (m_memory != nullptr) {
         m_memory->restore(*this, *tree(), m_camera.name());
     }
@@ -42,6 +45,7 @@ ViewerWindow::ViewerWindow(OpenedCamera& camera, TYPE_LEVEL level, WindowMemory*
 
 ViewerWindow::~ViewerWindow()
 {
+    m_images->close();
     m_keeper.reset();
     // The browser owns its widget: hand it back before the window deletes its children.
     takeCentralWidget();
@@ -65,6 +69,12 @@ void ViewerWindow::arrange()
     addAction(reload);
     connect(reload, &QAction::triggered, this, [this] { m_keeper->readAll(); });
     setCentralWidget(m_browser.GetWidget());
+    m_images = new ImagePane(m_camera, this);
+    auto* dock = new QDockWidget(tr("Image"), this);
+    dock->setObjectName(QStringLiteral("imageDock"));
+    dock->setWidget(m_images);
+    addDockWidget(Qt::RightDockWidgetArea, dock);
+    connect(m_images, &ImagePane::told, this, &ViewerWindow::imagesTold);
 }
 
 void ViewerWindow::connectKeeper()
@@ -148,11 +158,25 @@ void ViewerWindow::FeatureDoubleModified(std::string name, double)
 
 void ViewerWindow::FeatureExecCommand(std::string name)
 {
+    if (name == "AcquisitionStart") {
+        return m_images->live().start();
+    }
+    if (name == "AcquisitionStop") {
+        return m_images->live().stop();
+    }
     const int status = m_camera.device().ExecuteCommand(name.c_str(), 1);
     SendError(status,
         status == STATUS_OK ? "Executed Command [" + name + "]"
                             : m_camera.errorText(status).toStdString());
     AllConfigChanged();
+}
+
+/// Starting and stopping locks and frees features.
+void ViewerWindow::imagesTold(bool good, const QString& text)
+{
+    showMessage(good, text);
+    AllConfigChanged();
+    m_keeper->lookSoon();
 }
 
 void ViewerWindow::SendError(int code, std::string text)

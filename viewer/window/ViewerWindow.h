@@ -16,10 +16,12 @@ namespace zqviewer {
 
 class CameraKeeper;
 class CameraTaskBar;
+class ImagePane;
 class MessageLabel;
 class WindowMemory;
 
-/// The viewer's window: the feature browser of one camera, and a status bar for its messages.
+/// The viewer's window: the feature browser of one camera, its live image beside it, and a status
+/// bar for its messages.
 /// As the browser's receiver it carries out what the browser leaves to the application: starting
 /// and stopping acquisition, and the reset of the camera.
 class ViewerWindow : public QMainWindow, private featurebrowser::IEventFeatureReceiver {
@@ -33,6 +35,7 @@ public:
 
     /// The view of the features.
     QTreeView* tree() const;
+    ImagePane& images() { return *m_images; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -57,10 +60,12 @@ private:
     void showTitle();
     void showWritten(const std::string& name);
     void showMessage(bool good, const QString& text);
+    void imagesTold(bool good, const QString& text);
 
     OpenedCamera& m_camera;
     featurebrowser::ZQFeatureBrowser m_browser;
     WindowMemory* m_memory;
+    ImagePane* m_images = nullptr;
     MessageLabel* m_message;
     CameraTaskBar* m_tasks;
     QPushButton* m_reconnect;

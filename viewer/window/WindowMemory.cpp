@@ -13,6 +13,7 @@ using namespace featurebrowser;
 namespace {
 
 const QString geometryKey = QStringLiteral("window/geometry");
+const QString docksKey = QStringLiteral("window/docks");
 const QString levelKey = QStringLiteral("window/level");
 const QString nameWidthKey = QStringLiteral("window/nameWidth");
 
@@ -76,6 +77,7 @@ void WindowMemory::setColumn(int column, int width)
 void WindowMemory::restore(QMainWindow& window, QTreeView& tree, const QString& camera) const
 {
     window.restoreGeometry(m_settings.value(geometryKey).toByteArray());
+    window.restoreState(m_settings.value(docksKey).toByteArray());
     QByteArrayList pins;
     for (const QVariant& name : m_settings.value(keyOf(camera, "pinned")).toList()) {
         pins.append(name.toByteArray());
@@ -94,6 +96,7 @@ void WindowMemory::restore(QMainWindow& window, QTreeView& tree, const QString& 
 void WindowMemory::store(const QMainWindow& window, const QTreeView& tree, const QString& camera)
 {
     m_settings.setValue(geometryKey, window.saveGeometry());
+    m_settings.setValue(docksKey, window.saveState());
     QVariantList pins;
     for (const QByteArray& name :
         browserOf(window)->property("pinnedFeatures").value<QByteArrayList>()) {

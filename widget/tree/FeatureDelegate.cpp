@@ -76,7 +76,7 @@ void FeatureDelegate::rowChanged(const FeatureRow& row)
     }
 }
 
-void FeatureDelegate::startWith(const QString& text)
+void FeatureDelegate::startWith(const QString& text) const
 {
     if (RowEditor* open = editor()) {
         open->startWith(text);

@@ -28,7 +28,7 @@ public:
     /// Brings the open editor in line with its row, which has changed.
     void rowChanged(const FeatureRow& row);
     /// Puts a text into the editor that has just been opened, as if it were typed.
-    void startWith(const QString& text);
+    void startWith(const QString& text) const;
     /// Ends the open edit, if any, without writing.
     void revert();
     /// Ends the open edit, if any, as a click elsewhere does.

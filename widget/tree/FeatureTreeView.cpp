@@ -213,16 +213,23 @@ void FeatureTreeView::shareColumns()
         NameColumn, m_nameWidth > 0 ? m_nameWidth : qRound(m_nameShare * viewport()->width()));
 }
 
+void FeatureTreeView::chooseNameWidth(int width)
+{
+    if (isVisible()) {
+        m_nameShare = static_cast<double>(width) / viewport()->width();
+    } else {
+        m_nameWidth = width;
+    }
+}
+
 void FeatureTreeView::columnResized(int column, int width)
 {
     const bool follows = header()->stretchLastSection() && column == header()->count() - 1;
     if (m_isSharing || follows) {
         return;
     }
-    if (column == NameColumn && isVisible()) {
-        m_nameShare = static_cast<double>(width) / viewport()->width();
-    } else if (column == NameColumn) {
-        m_nameWidth = width;
+    if (column == NameColumn) {
+        chooseNameWidth(width);
     }
     Q_EMIT columnChosen(column, width);
 }

@@ -98,6 +98,7 @@ private:
     void applyFilter();
     void shareColumns();
     void columnResized(int column, int width);
+    void chooseNameWidth(int width);
     void openHits();
     void closeHits();
     void leaveHiddenRow();
