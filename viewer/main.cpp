@@ -115,8 +115,9 @@ int main(int argc, char** argv)
         }
     }
     if (!chooseDisplay(!options.needsNoWindow())) {
-        return fail(QStringLiteral("No display. --get, --set, --exec, --report, --dump, --print "
-                                   "and --screenshot need none."));
+        return fail(
+            QStringLiteral("No display. --get, --set, --exec, --frames, --report, --dump, --print "
+                           "and --screenshot need none."));
     }
     return options.needsNoWindow() ? runBatch(options, *camera, argc, argv)
                                    : runWindow(options, std::move(camera), argc, argv);

@@ -1,6 +1,8 @@
 // The program itself, without a display, as scripts use it.
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -81,6 +83,28 @@ TEST(CommandLine, ActionsAreCarriedOutInTheOrderGivenUntilOneFails)
         EXPECT_TRUE(expected.match(result.error).hasMatch())
             << c.arguments << ": " << result.error.toStdString();
         EXPECT_EQ(result.status, *c.error != '\0' ? 1 : 0) << c.arguments;
+    }
+}
+
+TEST(CommandLine, ImagesAreWrittenWithAllTheirBits)
+{
+    const QTemporaryDir folder;
+    const auto file = [&](const char* name) { return folder.filePath(name); };
+    const Result done = run(
+        { "--set", "Width=64", "--set", "Height=32", "--set", "PixelFormat=Mono16", "--frames", "1",
+            "--output", file("one.png"), "--frames", "2", "--output", file("some.tiff"), "--set",
+            "PixelFormat=RGB8", "--frames", "2", "--output", file("n%d.png") });
+    EXPECT_EQ(done.error.toStdString(), "");
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).join(' '),
+        "n1.png n2.png one.png some-1.tiff some-2.tiff");
+    EXPECT_EQ(QImage(file("one.png")).format(), QImage::Format_Grayscale16);
+    EXPECT_EQ(QImage(file("some-2.tiff")).size(), QSize(64, 32));
+    EXPECT_FALSE(QImage(file("n2.png")).isGrayscale());
+    for (const QStringList& wrong : { QStringList { "--frames", "1", "--output", "a.txt" },
+             { "--frames", "0", "--output", "a.png" }, { "--frames", "1" },
+             { "--frames", "1", "--output", file("missing/a.png") } }) {
+        EXPECT_EQ(run(wrong).status, 1) << wrong.join(' ').toStdString();
     }
 }
 

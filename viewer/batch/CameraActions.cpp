@@ -1,9 +1,14 @@
 #include "batch/CameraActions.h"
 
 #include "batch/BatchRun.h"
+#include "batch/FrameCapture.h"
 #include "batch/ValueInput.h"
 
 #include "featurebrowser/CameraFeatureBrowser.h"
+
+#include <QCoreApplication>
+
+#include <array>
 
 namespace zqviewer {
 
@@ -88,15 +93,23 @@ bool carryOut(const CameraAction& action, OpenedCamera& camera, QString& error)
     case CameraAction::Kind::Set:
         return set(camera, action.argument, error);
     case CameraAction::Kind::Run:
+        return run(camera, action.argument, error);
+    case CameraAction::Kind::Capture:
         break;
     }
-    return run(camera, action.argument, error);
+    error = captureFrames(camera, action.argument.toInt(), action.file);
+    return error.isEmpty();
 }
 
 } // namespace
 
 int runActions(const std::vector<CameraAction>& actions, OpenedCamera& camera)
 {
+    // Qt finds the writers of picture formats with its help.
+    static std::array<char, 9> name { "zqviewer" };
+    std::array<char*, 2> arguments { name.data(), nullptr };
+    int count = 1;
+    const QCoreApplication application(count, arguments.data());
     for (const CameraAction& action : actions) {
         QString error;
         if (!carryOut(action, camera, error)) {

@@ -83,6 +83,13 @@ struct Options {
     const QCommandLineOption run { QStringLiteral("exec"),
         QStringLiteral("Run a command and wait until the camera says that it is done."),
         QStringLiteral("COMMAND") };
+    const QCommandLineOption frames { QStringLiteral("frames"),
+        QStringLiteral("Acquire this many images and write them to the file of --output."),
+        QStringLiteral("N") };
+    const QCommandLineOption output { QStringLiteral("output"),
+        QStringLiteral("Where the images of --frames go to, with all their bits: FILE.png or "
+                       "FILE.tiff. Of several images, %d is the number, or it is added."),
+        QStringLiteral("FILE") };
     const QCommandLineOption report { QStringLiteral("report"),
         QStringLiteral("Print what a support engineer needs and exit: versions, the camera, every "
                        "feature with its state, and the description; also of a camera or file that "
@@ -151,6 +158,15 @@ QString problem(const QCommandLineParser& parser, const Options& options)
             return QStringLiteral("--set needs NAME=VALUE, not '%1'.").arg(assignment);
         }
     }
+    const QStringList counts = parser.values(options.frames);
+    if (counts.size() != parser.values(options.output).size()) {
+        return QStringLiteral("--frames and --output go together.");
+    }
+    for (const QString& count : counts) {
+        if (count.toInt() < 1) {
+            return QStringLiteral("--frames needs a number of images, not '%1'.").arg(count);
+        }
+    }
     return cameraProblem(parser, options);
 }
 
@@ -161,14 +177,18 @@ std::vector<CameraAction> actionsOf(const QCommandLineParser& parser, const Opti
     QStringList gets = parser.values(options.get);
     QStringList sets = parser.values(options.set);
     QStringList runs = parser.values(options.run);
+    QStringList counts = parser.values(options.frames);
+    QStringList files = parser.values(options.output);
     std::vector<CameraAction> actions;
     for (const QString& name : parser.optionNames()) {
         if (name == QLatin1String("get")) {
-            actions.push_back({ Kind::Get, gets.takeFirst() });
+            actions.push_back({ Kind::Get, gets.takeFirst(), {} });
         } else if (name == QLatin1String("set")) {
-            actions.push_back({ Kind::Set, sets.takeFirst() });
+            actions.push_back({ Kind::Set, sets.takeFirst(), {} });
         } else if (name == QLatin1String("exec")) {
-            actions.push_back({ Kind::Run, runs.takeFirst() });
+            actions.push_back({ Kind::Run, runs.takeFirst(), {} });
+        } else if (name == QLatin1String("frames")) {
+            actions.push_back({ Kind::Capture, counts.takeFirst(), files.takeFirst() });
         }
     }
     return actions;
@@ -183,8 +203,8 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
     parser.setApplicationDescription(
         QStringLiteral("Shows the features of a GenICam camera, changes them and runs commands."));
     parser.addOptions({ options.simulate, options.list, options.camera, options.readOnly,
-        options.get, options.set, options.run, options.level, options.dump, options.print,
-        options.report, options.screenshot });
+        options.get, options.set, options.run, options.frames, options.output, options.level,
+        options.dump, options.print, options.report, options.screenshot });
     parser.addPositionalArgument(QStringLiteral("FILE.xml"),
         QStringLiteral("A GenICam description, as with --simulate=FILE.xml."),
         QStringLiteral("[FILE.xml]"));

@@ -13,9 +13,10 @@ namespace zqviewer {
 
 /// Something to be done with the camera.
 struct CameraAction {
-    enum class Kind { Get, Set, Run };
+    enum class Kind { Get, Set, Run, Capture };
     Kind kind;
-    QString argument; ///< "Width", "Width=640" or "DeviceReset"
+    QString argument; ///< "Width", "Width=640", "DeviceReset" or the number of images
+    QString file; ///< where images go to
 };
 
 /// What the user asked for on the command line.
