@@ -2,16 +2,23 @@
 
 #include "batch/CameraActions.h"
 #include "batch/TreeText.h"
+#include "camera/LiveImage.h"
+#include "window/ImagePane.h"
 #include "window/ViewerWindow.h"
+
+#include "featurebrowser/ZQImageView.h"
 
 #include <QApplication>
 #include <QBuffer>
+#include <QEventLoop>
 #include <QFile>
 #include <QLoggingCategory>
+#include <QTimer>
 #include <QTreeView>
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 
@@ -20,6 +27,9 @@ namespace zqviewer {
 using zqcameralib::ZQCamera;
 
 namespace {
+
+constexpr std::chrono::seconds imagePatience(3);
+constexpr QSize pictureSize(1280, 860);
 
 /// The browser's trace on standard error ends without a line break.
 void failAfterTrace(const QString& error)
@@ -40,11 +50,26 @@ QString line(const zqcameralib::CameraInfo& camera)
     return line.join(QLatin1Char('\t')) + QLatin1Char('\n');
 }
 
-bool writePicture(ViewerWindow& window, const QString& name)
+/// A simulated camera shows what it sees; a real one is left alone.
+void showImage(ViewerWindow& window)
+{
+    window.images().live().start();
+    QEventLoop loop;
+    QObject::connect(&window.images().view(), &featurebrowser::ZQImageView::imageChanged, &loop,
+        &QEventLoop::quit);
+    QTimer::singleShot(imagePatience, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+bool writePicture(ViewerWindow& window, const QString& name, bool isSimulated)
 {
     window.tree()->expandToDepth(0);
+    window.resize(pictureSize); // whatever the screen is, if there is one
     window.show();
     QApplication::processEvents();
+    if (isSimulated) {
+        showImage(window);
+    }
     QBuffer picture;
     QFile file(name);
     // The writer of pictures itself does not notice a full disk.
@@ -81,7 +106,8 @@ int showTree(const CommandLine& options, OpenedCamera& camera, int& argc, char**
     const QAbstractItemModel& model = *window.tree()->model();
     const bool done = (!options.dump || print(treeAsJson(model), true))
         && (!options.print || print(treeAsText(model), true))
-        && (options.screenshot.isEmpty() || writePicture(window, options.screenshot));
+        && (options.screenshot.isEmpty()
+            || writePicture(window, options.screenshot, options.camera.isEmpty()));
     return done ? 0 : 1;
 }
 

@@ -74,6 +74,7 @@ void ViewerWindow::arrange()
     dock->setObjectName(QStringLiteral("imageDock"));
     dock->setWidget(m_images);
     addDockWidget(Qt::RightDockWidgetArea, dock);
+    resizeDocks({ dock }, { 640 }, Qt::Horizontal);
     connect(m_images, &ImagePane::told, this, &ViewerWindow::imagesTold);
 }
 
