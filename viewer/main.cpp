@@ -3,6 +3,8 @@
 #include "program/EndSignals.h"
 #include "program/ViewerApplication.h"
 #include "window/OpeningWindow.h"
+#include "window/RecentCameras.h"
+#include "window/StartPage.h"
 #include "window/ViewerWindow.h"
 #include "window/WindowMemory.h"
 
@@ -47,15 +49,47 @@ std::unique_ptr<OpenedCamera> openBeside(const CommandLine& options)
     return opening.takeCamera();
 }
 
-int runWindow(const CommandLine& options, std::unique_ptr<OpenedCamera> camera,
+/// Null, and why, when it cannot be opened; null alone when the user has given up.
+std::unique_ptr<OpenedCamera> openNamed(const CommandLine& options, QString& error)
+{
+    return options.camera.isEmpty() ? openAndLoad(options, error) : openBeside(options);
+}
+
+/// Asks the user for a camera until one is open; null when the user has given up.
+std::unique_ptr<OpenedCamera> openChosen(CommandLine& options, RecentCameras& recent)
+{
+    StartPage page(recent);
+    while (page.exec() == QDialog::Accepted) {
+        page.addChoice(options);
+        QString error;
+        if (std::unique_ptr<OpenedCamera> camera = openNamed(options, error)) {
+            return camera;
+        }
+        page.showError(error);
+    }
+    return nullptr;
+}
+
+void remember(RecentCameras& recent, const CommandLine& options, const OpenedCamera& camera)
+{
+    if (!options.camera.isEmpty() || !options.description.isEmpty()) {
+        const QString place = options.camera.isEmpty() ? options.description : options.camera;
+        recent.add(
+            { camera.name() + QStringLiteral(", ") + place, options.description, options.camera });
+    }
+}
+
+int runWindow(CommandLine options, std::unique_ptr<OpenedCamera> camera,
     ViewerApplication& application, const EndSignals& signals)
 {
+    RecentCameras recent;
     if (!camera) {
-        camera = openBeside(options);
+        camera = options.namesCamera ? openBeside(options) : openChosen(options, recent);
     }
     if (!camera || signals.caught() != 0) {
-        return 1;
+        return options.namesCamera ? 1 : 0;
     }
+    remember(recent, options, *camera);
     application.setCamera(&camera->camera());
     WindowMemory memory;
     ViewerWindow window(*camera, options.level.value_or(memory.level()), &memory);
@@ -108,7 +142,7 @@ int main(int argc, char** argv)
     // Before the window system: what it prints would stand around the one line of a failure. A real
     // camera can take long, so that a window comes first where there is one.
     std::unique_ptr<OpenedCamera> camera;
-    if (options.needsNoWindow() || options.camera.isEmpty()) {
+    if (options.needsNoWindow() || (options.namesCamera && options.camera.isEmpty())) {
         camera = openAndLoad(options, error);
         if (!camera) {
             return fail(error);

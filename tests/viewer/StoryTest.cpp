@@ -4,6 +4,8 @@
 #include "featurebrowser/ZQImageView.h"
 #include "window/ImagePane.h"
 #include "window/OpeningWindow.h"
+#include "window/RecentCameras.h"
+#include "window/StartPage.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +14,8 @@
 #include <QFile>
 #include <QHeaderView>
 #include <QLabel>
+#include <QListWidget>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTemporaryDir>
 
@@ -212,6 +216,52 @@ TEST_F(Story, ImagesAreShownUntilTheyAreStopped)
     }
     EXPECT_NE(zqviewer::saveImage(view->toImage(), QStringLiteral("/dev/full/a.png")), QString());
     EXPECT_NE(zqviewer::saveImage(view->toImage(), QStringLiteral("a.txt")), QString());
+}
+
+TEST_F(Story, TheStartPageOffersWhatCanBeOpened)
+{
+    zqviewer::RecentCameras recent;
+    for (const char* file : { "b.xml", "a.xml", "b.xml" }) {
+        recent.add({ QStringLiteral("Words of ") + QLatin1String(file), QLatin1String(file), {} });
+    }
+    recent.add({ QStringLiteral("Words of a camera"), {}, QStringLiteral("10.0.0.7") });
+    zqviewer::StartPage page(recent);
+    page.show();
+    auto* list = page.findChild<QListWidget*>();
+    const auto button
+        = [&page](const char* name) { return page.findChild<QPushButton*>(QLatin1String(name)); };
+    ASSERT_EQ(list->count(), 3) << "each once, the newest first";
+    EXPECT_EQ(list->item(0)->text().toStdString(), "Words of a camera");
+    EXPECT_EQ(list->item(1)->text().toStdString(), "Words of b.xml");
+    EXPECT_FALSE(button("openButton")->isEnabled());
+    const auto chosen = [&page] {
+        zqviewer::CommandLine options;
+        page.addChoice(options);
+        return (options.description + QLatin1Char('|') + options.camera).toStdString();
+    };
+    list->setCurrentRow(0);
+    button("openButton")->click();
+    EXPECT_EQ(chosen(), "|10.0.0.7");
+    EXPECT_EQ(page.result(), QDialog::Accepted);
+    page.show();
+    list->setCurrentRow(1);
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(chosen(), "b.xml|");
+    page.show();
+    page.showError(QStringLiteral("b.xml: no such file"));
+    EXPECT_TRUE(page.findChild<QLabel*>(QStringLiteral("startError"))->isVisible());
+    button("simulatedButton")->click();
+    EXPECT_EQ(chosen(), "|");
+    QMimeData file;
+    file.setUrls({ QUrl::fromLocalFile(QStringLiteral("/tmp/dropped.xml")) });
+    page.show();
+    QDragEnterEvent enter({ 5, 5 }, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&page, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({ 5, 5 }, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&page, &drop);
+    EXPECT_EQ(chosen(), "/tmp/dropped.xml|");
 }
 
 TEST_F(Story, TheNextWindowLooksAsTheLastOneWasLeft)

@@ -2,7 +2,6 @@
 #include "PrivateNetwork.h"
 #include "program/ViewerApplication.h"
 
-#include <QSettings>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -18,7 +17,7 @@ int main(int argc, char** argv)
     qunsetenv("LANGUAGE");
     // Nor what the user of this machine has set.
     const QTemporaryDir settings;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
     const zqviewer::ViewerApplication application(argc, argv);
     const int result = RUN_ALL_TESTS();
     keepLoadedLibraries();

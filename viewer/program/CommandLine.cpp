@@ -58,7 +58,7 @@ std::optional<TYPE_LEVEL> parseLevel(const QString& text)
 
 struct Options {
     const QCommandLineOption simulate { QStringLiteral("simulate"),
-        QStringLiteral("Open a simulated camera (the default): the built-in one, or the one that "
+        QStringLiteral("Open a simulated camera: the built-in one, or the one that "
                        "the GenICam description FILE.xml (plain or zipped) describes. Needs no "
                        "hardware and no network. Write --simulate=FILE.xml, with the equals sign."),
         QStringLiteral("FILE.xml") };
@@ -223,6 +223,8 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
     if (parser.isSet(options.level)) {
         result.level = parseLevel(parser.value(options.level));
     }
+    result.namesCamera = parser.isSet(options.simulate) || parser.isSet(options.camera)
+        || !parser.positionalArguments().isEmpty();
     result.description = descriptionOf(parser, options);
     result.actions = actionsOf(parser, options);
     result.report = parser.isSet(options.report);

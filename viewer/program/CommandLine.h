@@ -21,6 +21,7 @@ struct CameraAction {
 
 /// What the user asked for on the command line.
 struct CommandLine {
+    bool namesCamera = false; ///< real or simulated; else the user is asked
     QString description; ///< GenICam description to simulate; empty = the built-in camera
     std::vector<CameraAction> actions; ///< in the order given
     bool report = false; ///< print what a support engineer needs and exit

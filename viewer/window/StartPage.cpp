@@ -1,0 +1,189 @@
+#include "window/StartPage.h"
+
+#include "window/RecentCameras.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPointer>
+#include <QPushButton>
+#include <QStyle>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include <thread>
+
+namespace zqviewer {
+
+namespace {
+
+constexpr int descriptionRole = Qt::UserRole;
+constexpr int cameraRole = Qt::UserRole + 1;
+
+/// The file that is dragged; empty when it is no single one.
+QString fileOf(const QMimeData& data)
+{
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+QString wordsFor(const zqcameralib::CameraInfo& camera)
+{
+    const auto text = [](const std::string& utf8) { return QString::fromStdString(utf8); };
+    const QString words = QStringLiteral("%1 %2, %3, %4")
+                              .arg(text(camera.vendor), text(camera.model), text(camera.serial),
+                                  text(camera.address));
+    return camera.reachable ? words : words + QStringLiteral(" \u2013 ") + text(camera.hint);
+}
+
+} // namespace
+
+StartPage::StartPage(RecentCameras& recent)
+    : m_recent(recent)
+    , m_list(new QListWidget(this))
+    , m_error(new QLabel(this))
+{
+    setWindowTitle(tr("Open a camera"));
+    setAcceptDrops(true);
+    m_list->setObjectName(QStringLiteral("cameraList"));
+    m_list->setAccessibleName(tr("Cameras"));
+    m_list->setAlternatingRowColors(true);
+    m_error->setObjectName(QStringLiteral("startError"));
+    m_error->setTextFormat(Qt::PlainText);
+    m_error->setWordWrap(true);
+    m_error->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_error->hide();
+    auto* note = new QLabel(
+        tr("Opened lately and found. Nothing is sent on a network before you look for cameras."),
+        this);
+    note->setWordWrap(true);
+    auto* ways = new QVBoxLayout;
+    makeButtons(*ways);
+    auto* middle = new QHBoxLayout;
+    middle->addWidget(m_list, 1);
+    middle->addLayout(ways);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(note);
+    layout->addLayout(middle, 1);
+    layout->addWidget(m_error);
+    resize(fontMetrics().averageCharWidth() * 90, fontMetrics().height() * 20);
+    for (const RecentCameras::Entry& entry : m_recent.entries()) {
+        addEntry(entry.words, entry.description, entry.camera);
+    }
+    connect(m_list, &QListWidget::itemActivated, this, &StartPage::chooseCurrent);
+    connect(m_list, &QListWidget::currentRowChanged, this,
+        [this](int row) { m_open->setEnabled(row >= 0); });
+}
+
+void StartPage::makeButtons(QBoxLayout& layout)
+{
+    const auto add = [&](const QString& words, const char* name, auto action) {
+        auto* button = new QPushButton(words, this);
+        button->setObjectName(QLatin1String(name));
+        button->setAutoDefault(false);
+        layout.addWidget(button);
+        connect(button, &QPushButton::clicked, this, action);
+        return button;
+    };
+    m_open = add(tr("&Open"), "openButton", [this] { chooseCurrent(); });
+    m_open->setEnabled(false);
+    m_find = add(tr("&Find cameras"), "findButton", [this] { find(); });
+    add(tr("Open a &description\u2026"), "fileButton", [this] { chooseFile(); });
+    add(tr("&Simulated camera"), "simulatedButton", [this] { choose({}, {}); });
+    layout.addStretch();
+    add(tr("&Close"), "closeButton", [this] { reject(); });
+}
+
+void StartPage::addEntry(const QString& words, const QString& description, const QString& camera)
+{
+    auto* item = new QListWidgetItem(words, m_list);
+    item->setData(descriptionRole, description);
+    item->setData(cameraRole, camera);
+}
+
+void StartPage::choose(const QString& description, const QString& camera)
+{
+    m_description = description;
+    m_camera = camera;
+    accept();
+}
+
+void StartPage::chooseCurrent()
+{
+    if (const QListWidgetItem* item = m_list->currentItem()) {
+        choose(item->data(descriptionRole).toString(), item->data(cameraRole).toString());
+    }
+}
+
+void StartPage::chooseFile()
+{
+    const QString file = QFileDialog::getOpenFileName(this, tr("Open a description"), {},
+        tr("GenICam descriptions (*.xml *.zip);;All files (*)"));
+    if (!file.isEmpty()) {
+        choose(file, {});
+    }
+}
+
+/// Beside the user: it takes about a second.
+void StartPage::find()
+{
+    m_find->setEnabled(false);
+    m_find->setText(tr("Looking\u2026"));
+    std::thread([page = QPointer<StartPage>(this)] {
+        zqcameralib::ZQDiscovery discovery;
+        const auto cameras = discovery.discover();
+        QMetaObject::invokeMethod(qApp, [page, cameras] {
+            if (page) {
+                page->showFound(cameras);
+            }
+        });
+    }).detach();
+}
+
+void StartPage::showFound(const std::vector<zqcameralib::CameraInfo>& cameras)
+{
+    m_find->setEnabled(true);
+    m_find->setText(tr("&Find cameras"));
+    for (const zqcameralib::CameraInfo& camera : cameras) {
+        const QString id = QString::fromStdString(camera.id);
+        bool isKnown = false;
+        for (int i = 0; i < m_list->count(); ++i) {
+            isKnown = isKnown || m_list->item(i)->data(cameraRole).toString() == id;
+        }
+        if (!isKnown) {
+            addEntry(wordsFor(camera), {}, id);
+        }
+    }
+    m_error->setVisible(cameras.empty());
+    m_error->setText(cameras.empty() ? tr("No cameras were found.") : QString());
+}
+
+void StartPage::addChoice(CommandLine& options) const
+{
+    options.description = m_description;
+    options.camera = m_camera;
+}
+
+void StartPage::showError(const QString& error)
+{
+    m_error->setText(error);
+    m_error->show();
+}
+
+void StartPage::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!fileOf(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void StartPage::dropEvent(QDropEvent* event)
+{
+    choose(fileOf(*event->mimeData()), {});
+}
+
+} // namespace zqviewer

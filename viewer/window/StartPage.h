@@ -1,0 +1,55 @@
+#pragma once
+
+#include "program/CommandLine.h"
+
+#include "featurebrowser/ZQCamera.h"
+
+#include <QDialog>
+
+class QBoxLayout;
+class QLabel;
+class QListWidget;
+class QPushButton;
+
+namespace zqviewer {
+
+class RecentCameras;
+
+/// What the viewer begins with when nobody has said which camera: a simulated one, a description
+/// file (also dropped onto the page), those opened lately, or one that is found. Nothing is sent on
+/// any network before "Find cameras" is pressed.
+class StartPage : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `recent` is not owned and has to outlive the page.
+    explicit StartPage(RecentCameras& recent);
+
+    /// What was chosen when the page was accepted: the other options stay.
+    void addChoice(CommandLine& options) const;
+    /// Why the last choice did not open.
+    void showError(const QString& error);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void makeButtons(QBoxLayout& layout);
+    void choose(const QString& description, const QString& camera);
+    void chooseCurrent();
+    void chooseFile();
+    void find();
+    void showFound(const std::vector<zqcameralib::CameraInfo>& cameras);
+    void addEntry(const QString& words, const QString& description, const QString& camera);
+
+    RecentCameras& m_recent;
+    QListWidget* m_list;
+    QLabel* m_error;
+    QPushButton* m_find = nullptr;
+    QPushButton* m_open = nullptr;
+    QString m_description;
+    QString m_camera;
+};
+
+} // namespace zqviewer
