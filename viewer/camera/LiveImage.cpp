@@ -1,6 +1,7 @@
 #include "camera/LiveImage.h"
 
 #include "camera/CameraTaskBar.h"
+#include "camera/FrameImage.h"
 
 namespace zqviewer {
 
@@ -24,15 +25,7 @@ LiveImage::~LiveImage()
 void LiveImage::show(const ZQFrame& frame)
 {
     m_bytes += frame.size;
-    ZQImage image;
-    image.data = frame.data;
-    image.size = frame.size;
-    image.width = frame.width;
-    image.height = frame.height;
-    image.pixelFormat = frame.pixelFormat;
-    image.frameId = frame.frameId;
-    image.timestampNs = frame.timestampNs;
-    m_view.post(image);
+    m_view.post(imageOf(frame));
 }
 
 void LiveImage::start()
