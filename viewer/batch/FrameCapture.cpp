@@ -1,5 +1,6 @@
 #include "batch/FrameCapture.h"
 
+#include "camera/FrameImage.h"
 #include "window/ImagePane.h"
 
 #include "featurebrowser/ZQAcquisition.h"
@@ -36,15 +37,11 @@ public:
             return;
         }
         --m_missing;
-        auto bytes
+        const auto bytes
             = std::make_shared<std::vector<std::uint8_t>>(frame.data, frame.data + frame.size);
-        ZQImage image;
+        ZQImage image = imageOf(frame);
         image.data = bytes->data();
-        image.size = bytes->size();
-        image.width = frame.width;
-        image.height = frame.height;
-        image.pixelFormat = frame.pixelFormat;
-        image.owner = std::move(bytes);
+        image.owner = bytes;
         m_images.push_back(std::move(image));
         m_added.notify_one();
     }
