@@ -2,6 +2,7 @@
 
 #include "formats/PixelFormat.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -12,10 +13,12 @@ struct ByteReader {
     static std::uint16_t at(const std::uint8_t* data, std::size_t n) { return data[n]; }
 };
 
-struct WordReader {
+/// A camera may send more than its format's maximum, which counts as that.
+template <unsigned bits> struct WordReader {
     static std::uint16_t at(const std::uint8_t* data, std::size_t n)
     {
-        return static_cast<std::uint16_t>(data[2 * n] | data[2 * n + 1] << 8);
+        constexpr int maximum = (1 << bits) - 1;
+        return static_cast<std::uint16_t>(std::min(data[2 * n] | data[2 * n + 1] << 8, maximum));
     }
 };
 
@@ -43,12 +46,26 @@ template <unsigned bits> struct PairReader {
     }
 };
 
-/// Calls `visit` with the reader of a packing, so that the choice is made once for many pixels.
-template <class Visit> auto withReader(Packing packing, Visit visit)
+template <class Visit> auto withWordReader(int bits, Visit visit)
 {
-    switch (packing) {
+    switch (bits) {
+    case 10:
+        return visit(WordReader<10>());
+    case 12:
+        return visit(WordReader<12>());
+    case 14:
+        return visit(WordReader<14>());
+    default:
+        return visit(WordReader<16>());
+    }
+}
+
+/// Calls `visit` with a format's reader, so that the choice is made once for many pixels.
+template <class Visit> auto withReader(const PixelFormat& format, Visit visit)
+{
+    switch (format.packing) {
     case Packing::Words:
-        return visit(WordReader());
+        return withWordReader(format.bits, visit);
     case Packing::Lsb10:
         return visit(LsbReader<10>());
     case Packing::Lsb12:

@@ -2,23 +2,23 @@
 
 #include "formats/ImageLines.h"
 #include "rows/BayerRows.h"
-#include "rows/Pixel.h"
+#include "rows/PixelSinks.h"
 
 namespace featurebrowser {
 
-/// Pixels of an image's lines, whatever its format.
+/// Pixels of an image's lines, whatever its format, for the sinks of PixelSinks.h.
 class PixelRows {
 public:
     /// `lines` has to outlive this.
     explicit PixelRows(const ImageLines& lines);
 
     /// `count` pixels of line `y` from column `first` on.
-    void readRun(int y, int first, int count, Pixel* out);
+    template <class Sink> void readRun(int y, int first, int count, Sink sink);
     /// The pixels of line `y` in these columns, for a picture smaller than the image.
-    void readSparse(int y, const int* columns, int count, Pixel* out);
+    template <class Sink> void readSparse(int y, const int* columns, int count, Sink sink);
 
 private:
-    template <class Columns> void read(int y, Columns columns, int count, Pixel* out);
+    template <class Columns, class Sink> void read(int y, Columns columns, int count, Sink sink);
 
     const ImageLines& m_lines;
     BayerInterpolation m_bayer;

@@ -2,9 +2,6 @@
 
 #include "rows/ComponentRow.h"
 #include "rows/PixelRows.h"
-#include "rows/ScreenRow.h"
-
-#include <QRgba64>
 
 #include <algorithm>
 #include <vector>
@@ -12,27 +9,6 @@
 namespace featurebrowser {
 
 namespace {
-
-/// To 16 bits, so that black and white of the format become those of the image.
-class WordScale {
-public:
-    explicit WordScale(const PixelFormat& format)
-        : m_maximum(format.maximum())
-        , m_left(16 - format.bits)
-        , m_right(2 * format.bits - 16)
-    {
-    }
-    quint16 operator()(std::uint32_t value) const
-    {
-        value = std::min(value, m_maximum);
-        return static_cast<quint16>(value << m_left | value >> m_right);
-    }
-
-private:
-    std::uint32_t m_maximum;
-    int m_left;
-    int m_right;
-};
 
 QImage::Format formatOf(const ImageLines& lines)
 {
@@ -50,33 +26,24 @@ template <class Value> Value* lineOf(QImage& image, int y)
 void fillGrey(const ImageLines& lines, QImage& image)
 {
     std::vector<std::uint16_t> row(static_cast<std::size_t>(lines.width()));
-    const WordScale scale(lines.format());
+    const WordSink scale(lines.format());
     for (int y = 0; y < lines.height(); ++y) {
         readComponents(lines, y, 0, lines.width(), row.data());
         if (image.format() == QImage::Format_Grayscale8)
             std::transform(row.begin(), row.end(), lineOf<uchar>(image, y),
                 [](std::uint16_t value) { return static_cast<uchar>(value); });
         else
-            std::transform(row.begin(), row.end(), lineOf<quint16>(image, y), scale);
+            std::transform(row.begin(), row.end(), lineOf<quint16>(image, y),
+                [&](std::uint16_t value) { return scale.toWord(value); });
     }
 }
 
-void fillColours(const ImageLines& lines, QImage& image)
+template <class Sink> void fillColours(const ImageLines& lines, Sink sink, QImage& image)
 {
     PixelRows rows(lines);
-    std::vector<Pixel> row(static_cast<std::size_t>(lines.width()));
-    const WordScale words(lines.format());
-    const ScreenScale bytes = screenScale(lines.format(), false);
     for (int y = 0; y < lines.height(); ++y) {
-        rows.readRun(y, 0, lines.width(), row.data());
-        if (image.format() == QImage::Format_RGB32)
-            toScreen(row.data(), lines.width(), bytes, lineOf<QRgb>(image, y));
-        else
-            std::transform(
-                row.begin(), row.end(), lineOf<QRgba64>(image, y), [&](const Pixel& pixel) {
-                    return QRgba64::fromRgba64(
-                        words(pixel.red), words(pixel.green), words(pixel.blue), 0xFFFF);
-                });
+        sink.setLineOf(image, y);
+        rows.readRun(y, 0, lines.width(), sink);
     }
 }
 
@@ -89,8 +56,10 @@ QImage savedImage(const ImageLines& lines)
         return image;
     if (lines.kind() == PixelKind::Mono)
         fillGrey(lines, image);
+    else if (image.format() == QImage::Format_RGB32)
+        fillColours(lines, ScreenSink<false>(lines.format()), image);
     else
-        fillColours(lines, image);
+        fillColours(lines, WordSink(lines.format()), image);
     return image;
 }
 

@@ -65,6 +65,9 @@ QString problemText(const ZQImage& image)
 
 QString componentsText(const std::vector<ZQPixelComponent>& components)
 {
+    const bool isGrey = components.size() == 1 && components.front().name[0] == 'Y';
+    if (isGrey)
+        return QString::number(components.front().value);
     QStringList words;
     for (const ZQPixelComponent& component : components)
         words.append(

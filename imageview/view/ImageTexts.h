@@ -10,7 +10,7 @@ namespace featurebrowser {
 
 /// Why an image cannot be shown; empty when it can.
 QString problemText(const ZQImage& image);
-/// Components for a user, as "R 812".
+/// Components for a user, as "R 812"; the value alone of grey.
 QString componentsText(const std::vector<ZQPixelComponent>& components);
 
 } // namespace featurebrowser

@@ -13,8 +13,8 @@ class QPainter;
 
 namespace featurebrowser {
 
-/// What is shown and how, and what the mouse is doing. Places are in pixels of the screen. Nested, it
-/// would be as visible as the class around it.
+/// What is shown and how, and what the mouse is doing. Places are in pixels of the screen. Nested,
+/// it would be as visible as the class around it.
 class __attribute__((visibility("hidden"))) ZQImageView::Impl {
 public:
     explicit Impl(ZQImageView* view);

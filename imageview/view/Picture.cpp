@@ -1,7 +1,7 @@
 #include "view/Picture.h"
 
 #include "rows/PixelRows.h"
-#include "rows/ScreenRow.h"
+#include "rows/PixelSinks.h"
 
 #include <QTransform>
 
@@ -17,40 +17,51 @@ QRgb* lineOf(QImage& picture, int y)
 }
 
 /// Smaller than the image: one pixel of it for one of the screen.
-void shrink(const ImageLines& lines, const ViewMapping::Samples& samples, const ScreenScale& scale,
-    QImage& picture)
+template <class Sink>
+void shrink(
+    const ImageLines& lines, const ViewMapping::Samples& samples, Sink sink, QImage& picture)
 {
     PixelRows rows(lines);
-    std::vector<Pixel> pixels(samples.columns.size());
-    const auto count = static_cast<int>(pixels.size());
+    const auto count = static_cast<int>(samples.columns.size());
     int y = 0;
     for (const int line : samples.lines) {
-        rows.readSparse(line, samples.columns.data(), count, pixels.data());
-        toScreen(pixels.data(), count, scale, lineOf(picture, y++));
+        sink.setLineOf(picture, y++);
+        rows.readSparse(line, samples.columns.data(), count, sink);
     }
 }
 
 /// Larger than the image: each pixel of it is converted once and repeated.
-void enlarge(const ImageLines& lines, const ViewMapping::Samples& samples, const ScreenScale& scale,
-    QImage& picture)
+template <class Sink>
+void enlarge(
+    const ImageLines& lines, const ViewMapping::Samples& samples, Sink sink, QImage& picture)
 {
     const auto [least, most] = std::minmax(samples.columns.front(), samples.columns.back());
     const int first = least;
     const int count = most - least + 1;
     PixelRows rows(lines);
-    std::vector<Pixel> pixels(static_cast<std::size_t>(count));
-    std::vector<QRgb> colours(pixels.size());
+    std::vector<QRgb> colours(static_cast<std::size_t>(count));
+    sink.setLine(colours.data());
     int done = -1;
     int y = 0;
     for (const int line : samples.lines) {
         if (line != done) {
-            rows.readRun(line, first, count, pixels.data());
-            toScreen(pixels.data(), count, scale, colours.data());
+            rows.readRun(line, first, count, sink);
             done = line;
         }
         std::transform(samples.columns.begin(), samples.columns.end(), lineOf(picture, y++),
             [&](int column) { return colours[static_cast<std::size_t>(column - first)]; });
     }
+}
+
+template <bool isMarking>
+void fill(
+    const ImageLines& lines, const ViewMapping::Samples& samples, double zoom, QImage& picture)
+{
+    const ScreenSink<isMarking> sink(lines.format());
+    if (zoom < 1)
+        shrink(lines, samples, sink, picture);
+    else
+        enlarge(lines, samples, sink, picture);
 }
 
 } // namespace
@@ -65,11 +76,10 @@ QImage renderPicture(const ImageLines& lines, const ViewMapping& mapping, const 
         std::reverse(samples.lines.begin(), samples.lines.end());
     QImage picture(static_cast<int>(samples.columns.size()), static_cast<int>(samples.lines.size()),
         QImage::Format_RGB32);
-    const ScreenScale scale = screenScale(lines.format(), isOverexposureShown);
-    if (mapping.zoom() < 1)
-        shrink(lines, samples, scale, picture);
+    if (isOverexposureShown)
+        fill<true>(lines, samples, mapping.zoom(), picture);
     else
-        enlarge(lines, samples, scale, picture);
+        fill<false>(lines, samples, mapping.zoom(), picture);
     return isUpright ? picture.transformed(QTransform().rotate(90)) : picture;
 }
 

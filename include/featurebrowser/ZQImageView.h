@@ -95,7 +95,7 @@ Q_SIGNALS:
     void imageChanged();
     void zoomChanged(double zoom);
     /// The mouse is over this pixel, or the pixel's value has changed: position and components for
-    /// a user, as "R 812". Beside the image: (-1, -1) and an empty text.
+    /// a user, as "R 812", or "812" of grey. Beside the image: (-1, -1) and an empty text.
     void pixelHovered(const QPoint& pixel, const QString& text);
     /// The user has drawn this region, clipped to the image. Null: it was taken back.
     void regionSelected(const QRect& pixels);
