@@ -62,7 +62,7 @@ void ZQImageView::Impl::dropPosted()
 
 QPointF ZQImageView::Impl::toScreen(const QPointF& position) const
 {
-    return position * m_view->devicePixelRatioF();
+    return position * m_view->devicePixelRatioF() + QPointF(0.5, 0.5);
 }
 
 QSize ZQImageView::Impl::screenSize() const

@@ -26,6 +26,7 @@ public:
     void dropPosted();
     bool isShowing() const { return problem.isEmpty(); }
 
+    /// The middle of the screen's pixel at a place of the widget, as the mouse is meant.
     QPointF toScreen(const QPointF& position) const;
     QSize screenSize() const;
     /// Brings view, mouse and listeners up to date after a change of the mapping.

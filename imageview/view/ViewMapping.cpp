@@ -10,11 +10,12 @@ namespace {
 constexpr double steps[] = { 1 / 64.0, 1 / 32.0, 1 / 16.0, 1 / 12.0, 1 / 8.0, 1 / 6.0, 1 / 4.0,
     1 / 3.0, 1 / 2.0, 2 / 3.0, 1, 1.5, 2, 3, 4, 6, 8, 12, 16, 24, 32, 48, 64 };
 
-// A picture smaller than the view stays whole, a larger one leaves no gap.
-double kept(double origin, double picture, double view)
+// A picture leaves no wider gap than the fitted one does, so that zooming in and out again about
+// one place never moves it.
+double kept(double origin, double picture, double view, double fittedGap)
 {
-    const double rest = view - picture;
-    return std::clamp(origin, std::min(0.0, rest), std::max(0.0, rest));
+    const double most = view - picture - fittedGap;
+    return std::clamp(origin, std::min(fittedGap, most), std::max(fittedGap, most));
 }
 
 } // namespace
@@ -55,11 +56,8 @@ void ViewMapping::fit()
     m_isFitted = true;
     if (m_image.isEmpty() || m_view.isEmpty())
         return;
-    const QSizeF shown = m_orientation.shownSize(m_image);
-    m_zoom = std::min(m_view.width() / shown.width(), m_view.height() / shown.height());
-    const QSizeF rest = m_view - pictureSize();
-    // Whole pixels keep the edges sharp.
-    m_origin = { std::floor(rest.width() / 2), std::floor(rest.height() / 2) };
+    m_zoom = fittedZoom();
+    keepInView();
 }
 
 void ViewMapping::setZoom(double zoom, const QPointF& about)
@@ -71,8 +69,7 @@ void ViewMapping::setZoom(double zoom, const QPointF& about)
     m_isFitted = false;
     m_zoom = zoom;
     m_origin = fixed - (fixed - m_origin) * factor;
-    if (factor < 1)
-        keepInView();
+    keepInView();
 }
 
 double ViewMapping::nextZoom(bool isLarger) const
@@ -131,6 +128,12 @@ ViewMapping::Samples ViewMapping::samples(const QRect& area) const
     return { std::move(across), std::move(down) };
 }
 
+double ViewMapping::fittedZoom() const
+{
+    const QSizeF shown = m_orientation.shownSize(m_image);
+    return std::min(m_view.width() / shown.width(), m_view.height() / shown.height());
+}
+
 QSizeF ViewMapping::pictureSize() const
 {
     return QSizeF(m_orientation.shownSize(m_image)) * m_zoom;
@@ -138,9 +141,12 @@ QSizeF ViewMapping::pictureSize() const
 
 void ViewMapping::keepInView()
 {
+    if (m_image.isEmpty() || m_view.isEmpty())
+        return;
     const QSizeF size = pictureSize();
-    m_origin = { kept(m_origin.x(), size.width(), m_view.width()),
-        kept(m_origin.y(), size.height(), m_view.height()) };
+    const QSizeF gap = (m_view - QSizeF(m_orientation.shownSize(m_image)) * fittedZoom()) / 2;
+    m_origin = { kept(m_origin.x(), size.width(), m_view.width(), gap.width()),
+        kept(m_origin.y(), size.height(), m_view.height(), gap.height()) };
 }
 
 int ViewMapping::shownAt(double place, double origin) const

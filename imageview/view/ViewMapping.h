@@ -23,8 +23,8 @@ public:
     double zoom() const { return m_zoom; }
     bool isFitted() const { return m_isFitted; }
     void fit();
-    /// Keeps the part of the picture that is at `about` there; when it gets smaller, the picture
-    /// may be moved to leave no gap.
+    /// Keeps the part of the picture that is at `about` there, unless that would leave
+    /// a gap.
     void setZoom(double zoom, const QPointF& about);
     /// The next step of the zoom, up or down.
     double nextZoom(bool isLarger) const;
@@ -46,6 +46,7 @@ public:
     Samples samples(const QRect& area) const;
 
 private:
+    double fittedZoom() const;
     QSizeF pictureSize() const;
     void keepInView();
     int shownAt(double place, double origin) const;
