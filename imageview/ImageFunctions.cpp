@@ -20,15 +20,17 @@ QString imageProblem(const ZQImage& image)
 std::vector<ZQPixelComponent> componentsAt(const ZQImage& image, int x, int y)
 {
     const bool isWithin = x >= 0 && y >= 0 && x < image.width && y < image.height;
-    if (!isWithin || faultOf(image) != ImageFault::None)
+    if (!isWithin || faultOf(image) != ImageFault::None) {
         return {};
+    }
     return pixelComponents(ImageLines(image), x, y);
 }
 
 std::vector<std::uint32_t> histogramOf(const ZQImage& image)
 {
-    if (faultOf(image) != ImageFault::None)
+    if (faultOf(image) != ImageFault::None) {
         return {};
+    }
     return valueCounts(ImageLines(image));
 }
 

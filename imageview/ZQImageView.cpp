@@ -27,9 +27,10 @@ void ZQImageView::setImage(const ZQImage& image)
 
 void ZQImageView::post(const ZQImage& image)
 {
-    if (m_impl->slot.put(m_impl->slot.owned(image)))
+    if (m_impl->slot.put(m_impl->slot.owned(image))) {
         QMetaObject::invokeMethod(
             this, [this] { m_impl->takePosted(); }, Qt::QueuedConnection);
+    }
 }
 
 std::uint64_t ZQImageView::replacedFrames() const

@@ -32,8 +32,9 @@ QPointF wayOf(int key)
 
 bool ZQImageView::event(QEvent* event)
 {
-    if (event->type() == QEvent::Leave)
+    if (event->type() == QEvent::Leave) {
         m_impl->hover(std::nullopt);
+    }
     return QWidget::event(event);
 }
 
@@ -47,17 +48,19 @@ void ZQImageView::resizeEvent(QResizeEvent* event)
 void ZQImageView::wheelEvent(QWheelEvent* event)
 {
     const int steps = m_impl->wheelSteps(event->angleDelta().y());
-    for (int i = 0; i < std::abs(steps); ++i)
+    for (int i = 0; i < std::abs(steps); ++i) {
         m_impl->zoomTo(m_impl->mapping.nextZoom(steps > 0), m_impl->toScreen(event->position()));
+    }
     event->accept();
 }
 
 void ZQImageView::keyPressEvent(QKeyEvent* event)
 {
     const QPointF way = wayOf(event->key());
-    if (!way.isNull() && event->modifiers() == (event->modifiers() & Qt::KeypadModifier))
+    if (!way.isNull() && event->modifiers() == (event->modifiers() & Qt::KeypadModifier)) {
         return m_impl->moveBy(
             { way.x() * width() * devicePixelRatioF(), way.y() * height() * devicePixelRatioF() });
+    }
     switch (event->key()) {
     case Qt::Key_Plus:
     case Qt::Key_Equal: // the same key without Shift on many keyboards
@@ -69,10 +72,12 @@ void ZQImageView::keyPressEvent(QKeyEvent* event)
     case Qt::Key_1:
         return setZoom(1);
     case Qt::Key_Escape:
-        if (m_impl->isDragging())
+        if (m_impl->isDragging()) {
             return m_impl->endDrag(false);
-        if (!region().isNull())
+        }
+        if (!region().isNull()) {
             return clearRegion();
+        }
         break;
     default:
         break;
@@ -84,20 +89,23 @@ void ZQImageView::mousePressEvent(QMouseEvent* event)
 {
     const bool isLeft = event->button() == Qt::LeftButton;
     if (m_impl->isDragging() || !m_impl->isShowing()
-        || (!isLeft && event->button() != Qt::MiddleButton))
+        || (!isLeft && event->button() != Qt::MiddleButton)) {
         return QWidget::mousePressEvent(event);
+    }
     const QPointF place = m_impl->toScreen(event->localPos());
-    if (isLeft && event->modifiers().testFlag(Qt::ShiftModifier))
+    if (isLeft && event->modifiers().testFlag(Qt::ShiftModifier)) {
         m_impl->startRegion(place);
-    else
+    } else {
         m_impl->startMoving(place);
+    }
 }
 
 void ZQImageView::mouseMoveEvent(QMouseEvent* event)
 {
     const QPointF place = m_impl->toScreen(event->localPos());
-    if (m_impl->isDragging())
+    if (m_impl->isDragging()) {
         m_impl->drag(place);
+    }
     m_impl->hover(place);
 }
 
@@ -105,8 +113,9 @@ void ZQImageView::mouseReleaseEvent(QMouseEvent* event)
 {
     const bool isHeld
         = event->buttons().testFlag(Qt::LeftButton) || event->buttons().testFlag(Qt::MiddleButton);
-    if (!m_impl->isDragging() || isHeld)
+    if (!m_impl->isDragging() || isHeld) {
         return QWidget::mouseReleaseEvent(event);
+    }
     m_impl->drag(m_impl->toScreen(event->localPos()));
     m_impl->endDrag(true);
 }

@@ -50,27 +50,33 @@ std::uint64_t neededBytes(const ZQImage& image, const PixelFormat& format)
 {
     const auto width = static_cast<std::uint64_t>(image.width);
     const auto height = static_cast<std::uint64_t>(image.height);
-    if (areLinesJoined(image, format))
+    if (areLinesJoined(image, format)) {
         return bytesOf(width * height, format);
+    }
     const std::uint64_t line = bytesOfLine(image, format);
     return (height - 1) * (image.lineStride ? image.lineStride : line) + line;
 }
 
 ImageFault faultOf(const ZQImage& image)
 {
-    if (!image.data && image.size == 0)
+    if (!image.data && image.size == 0) {
         return ImageFault::Empty;
+    }
     const PixelFormat* format = findFormat(image.pixelFormat);
-    if (!format)
+    if (!format) {
         return ImageFault::UnknownFormat;
-    if (isAbsurd(image.width) || isAbsurd(image.height) || isTooNarrow(image, *format))
+    }
+    if (isAbsurd(image.width) || isAbsurd(image.height) || isTooNarrow(image, *format)) {
         return ImageFault::AbsurdSize;
-    if (image.lineStride != 0 && image.lineStride < bytesOfLine(image, *format))
+    }
+    if (image.lineStride != 0 && image.lineStride < bytesOfLine(image, *format)) {
         return ImageFault::ShortLines;
+    }
     // The first comparison keeps the product in the second one within 64 bits.
     const bool isStrideTooLong = image.height > 1 && image.lineStride > image.size;
-    if (!image.data || isStrideTooLong || neededBytes(image, *format) > image.size)
+    if (!image.data || isStrideTooLong || neededBytes(image, *format) > image.size) {
         return ImageFault::TooFewBytes;
+    }
     return ImageFault::None;
 }
 
@@ -95,8 +101,9 @@ PixelKind ImageLines::kind() const
 Line ImageLines::line(int y) const
 {
     const auto row = static_cast<std::size_t>(y);
-    if (m_stride != 0)
+    if (m_stride != 0) {
         return { m_data + row * m_stride, 0 };
+    }
     const int components = m_width * m_format->components();
     return { m_data, row * static_cast<std::size_t>(components) };
 }

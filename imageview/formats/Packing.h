@@ -30,8 +30,9 @@ template <unsigned bits> struct LsbReader {
         const auto shift = static_cast<unsigned>(first % 8);
         auto value = static_cast<unsigned>(bytes[0] | bytes[1] << 8);
         // Steps of 10 and 12 bits always end within two bytes, those of 14 not.
-        if (bits == 14 && shift > 2)
+        if (bits == 14 && shift > 2) {
             value |= static_cast<unsigned>(bytes[2]) << 16;
+        }
         return static_cast<std::uint16_t>(value >> shift & ((1U << bits) - 1));
     }
 };

@@ -1,14 +1,27 @@
 #include "formats/PixelFormat.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
+#include <cstddef>
 
 namespace featurebrowser {
 
 namespace {
 
+// Counts the rows of a table.
+template <class Row, std::size_t count>
+constexpr std::array<Row, count> tableOf(
+    const Row (&rows)[count]) // NOLINT(modernize-avoid-c-arrays)
+{
+    std::array<Row, count> table {};
+    for (std::size_t i = 0; i < count; ++i) {
+        table[i] = rows[i];
+    }
+    return table;
+}
+
 // clang-format off
-constexpr PixelFormat formats[] = {
+constexpr auto formats = tableOf<PixelFormat>({
     { 0x01080001, "Mono8", PixelKind::Mono, 8, Packing::Bytes, Layout::Grey, Coding::None },
     { 0x01100003, "Mono10", PixelKind::Mono, 10, Packing::Words, Layout::Grey, Coding::None },
     { 0x010C0004, "Mono10Packed", PixelKind::Mono, 10, Packing::Pair10, Layout::Grey, Coding::None },
@@ -93,13 +106,13 @@ constexpr PixelFormat formats[] = {
     { 0x02100041, "YCbCr709_422_8", PixelKind::Yuv, 8, Packing::Bytes, Layout::YUYV, Coding::Limited709 },
     { 0x02100045, "YCbCr709_422_8_CbYCrY", PixelKind::Yuv, 8, Packing::Bytes, Layout::UYVY, Coding::Limited709 },
     { 0x020C0042, "YCbCr709_411_8_CbYYCrYY", PixelKind::Yuv, 8, Packing::Bytes, Layout::UYYVYY, Coding::Limited709 },
-};
+});
 
 struct OtherFormat {
     std::uint32_t code;
     const char* name;
 };
-constexpr OtherFormat others[] = {
+constexpr auto others = tableOf<OtherFormat>({
     { 0x01010037, "Mono1p" },
     { 0x01020038, "Mono2p" },
     { 0x01040039, "Mono4p" },
@@ -129,23 +142,24 @@ constexpr OtherFormat others[] = {
     { 0x011000B8, "Coord3D_C16" },
     { 0x012000BF, "Coord3D_C32f" },
     { 0x010800B1, "Coord3D_C8" },
-};
+});
 // clang-format on
 
 template <class Table>
 auto find(const Table& table, std::uint32_t code) -> decltype(std::begin(table))
 {
-    const auto found = std::find_if(std::begin(table), std::end(table),
-        [code](const auto& entry) { return entry.code == code; });
-    return found == std::end(table) ? nullptr : found;
+    const auto found = std::find_if(
+        table.begin(), table.end(), [code](const auto& entry) { return entry.code == code; });
+    return found == table.end() ? nullptr : &*found;
 }
 
 } // namespace
 
 int PixelFormat::components() const
 {
-    if (kind != PixelKind::Rgb)
+    if (kind != PixelKind::Rgb) {
         return 1;
+    }
     return layout == Layout::RGBa || layout == Layout::BGRa ? 4 : 3;
 }
 

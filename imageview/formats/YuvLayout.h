@@ -2,15 +2,23 @@
 
 #include "formats/PixelFormat.h"
 
+#include <array>
+#include <cstddef>
+
 namespace featurebrowser {
 
 /// Where the components of a group of pixels with common colours lie, in bytes.
 struct YuvLayout {
     int pixels;
-    int bytes;
-    int luma[4];
-    int u;
-    int v;
+    std::ptrdiff_t bytes;
+    std::array<std::ptrdiff_t, 4> luma;
+    std::ptrdiff_t u;
+    std::ptrdiff_t v;
+
+    std::ptrdiff_t lumaOf(int x) const
+    {
+        return x / pixels * bytes + luma[static_cast<std::size_t>(x % pixels)];
+    }
 };
 const YuvLayout& yuvLayout(Layout layout);
 

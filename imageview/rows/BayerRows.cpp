@@ -6,8 +6,9 @@ namespace {
 
 int mirrored(int at, int size)
 {
-    if (at < 0)
+    if (at < 0) {
         return -at;
+    }
     return at < size ? at : 2 * size - 2 - at;
 }
 
@@ -18,8 +19,9 @@ Neighbours BayerInterpolation::neighbours(const ImageLines& lines, int y, int fi
     if (first != m_first || count != m_count) {
         m_first = first;
         m_count = count;
-        for (Kept& kept : m_kept)
+        for (Kept& kept : m_kept) {
             kept.y = -1;
+        }
     }
     return { lineAt(lines, mirrored(y - 1, lines.height())), lineAt(lines, y),
         lineAt(lines, mirrored(y + 1, lines.height())) };
@@ -28,7 +30,7 @@ Neighbours BayerInterpolation::neighbours(const ImageLines& lines, int y, int fi
 // Three lines that follow each other differ modulo 3; at the edges two of them are the same.
 const std::uint16_t* BayerInterpolation::lineAt(const ImageLines& lines, int y)
 {
-    Kept& kept = m_kept[y % 3];
+    Kept& kept = m_kept[static_cast<std::size_t>(y % 3)];
     if (kept.y != y) {
         kept.y = y;
         kept.values.resize(static_cast<std::size_t>(m_count) + 2);

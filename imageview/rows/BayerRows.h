@@ -6,6 +6,7 @@
 #include "rows/Pixel.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -71,10 +72,11 @@ public:
     {
         const Neighbours near = neighbours(lines, y, first, count);
         const BayerPhase phase = bayerPhase(lines.format().layout);
-        if (y % 2 == phase.redY)
+        if (y % 2 == phase.redY) {
             interpolate<true>(near, first % 2 != phase.redX, count, sink);
-        else
+        } else {
             interpolate<false>(near, first % 2 == phase.redX, count, sink);
+        }
     }
 
 private:
@@ -102,17 +104,19 @@ private:
             sink.put(i, pixelOf<isRedLine>(near.beside(i), own, near.upright(i), own));
             ++i;
         };
-        if (startsGreen)
+        if (startsGreen) {
             green();
+        }
         while (i < count) {
             const unsigned own = near.line[i];
             sink.put(i, pixelOf<isRedLine>(own, near.cross(i), near.corners(i), own));
-            if (++i < count)
+            if (++i < count) {
                 green();
+            }
         }
     }
 
-    Kept m_kept[3];
+    std::array<Kept, 3> m_kept;
     int m_first = -1;
     int m_count = 0;
 };

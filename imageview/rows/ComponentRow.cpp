@@ -7,8 +7,9 @@ namespace featurebrowser {
 std::uint16_t componentOf(const ImageLines& lines, int y, std::size_t n)
 {
     const Line line = lines.line(y);
-    if (lines.format().packing == Packing::Words) // as it was sent, be it beyond the maximum
+    if (lines.format().packing == Packing::Words) { // as it was sent, be it beyond the maximum
         return WordReader<16>::at(line.data, line.first + n);
+    }
     return withReader(lines.format(),
         [&](auto reader) { return decltype(reader)::at(line.data, line.first + n); });
 }
@@ -18,15 +19,17 @@ void readComponents(const ImageLines& lines, int y, int first, int count, std::u
     const Line line = lines.line(y);
     const std::size_t start = line.first + static_cast<std::size_t>(first);
     withReader(lines.format(), [&](auto reader) {
-        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
             out[i] = decltype(reader)::at(line.data, start + i);
+        }
     });
 }
 
 RgbOrder rgbOrder(Layout layout)
 {
-    if (layout == Layout::BGR || layout == Layout::BGRa)
+    if (layout == Layout::BGR || layout == Layout::BGRa) {
         return { 2, 1, 0 };
+    }
     return { 0, 1, 2 };
 }
 

@@ -12,18 +12,14 @@ namespace {
 
 using Components = std::vector<ZQPixelComponent>;
 
-int lumaByte(const YuvLayout& layout, int x)
-{
-    return x / layout.pixels * layout.bytes + layout.luma[x % layout.pixels];
-}
-
 const char* bayerColour(Layout layout, int x, int y)
 {
     const BayerPhase phase = bayerPhase(layout);
     const bool isRedColumn = x % 2 == phase.redX;
     const bool isRedLine = y % 2 == phase.redY;
-    if (isRedColumn != isRedLine)
+    if (isRedColumn != isRedLine) {
         return "G";
+    }
     return isRedLine ? "R" : "B";
 }
 
@@ -35,8 +31,9 @@ Components rgbComponents(const ImageLines& lines, int x, int y)
     Components all = { { "R", componentOf(lines, y, first + order.red) },
         { "G", componentOf(lines, y, first + order.green) },
         { "B", componentOf(lines, y, first + order.blue) } };
-    if (count == 4)
+    if (count == 4) {
         all.push_back({ "a", componentOf(lines, y, first + 3) });
+    }
     return all;
 }
 
@@ -47,7 +44,7 @@ Components yuvComponents(const ImageLines& lines, int x, int y)
     const int whole = std::min(x / layout.pixels, lines.width() / layout.pixels - 1);
     const std::uint8_t* colours = line + whole * layout.bytes;
     const bool isYuv = std::strncmp(lines.format().name, "YUV", 3) == 0;
-    return { { "Y", line[lumaByte(layout, x)] }, { isYuv ? "U" : "Cb", colours[layout.u] },
+    return { { "Y", line[layout.lumaOf(x)] }, { isYuv ? "U" : "Cb", colours[layout.u] },
         { isYuv ? "V" : "Cr", colours[layout.v] } };
 }
 
@@ -60,18 +57,19 @@ int stepOver(const ImageLines& lines)
         * ((lines.height() + step - 1) / step);
     };
     int step = 1;
-    while (countWith(step) > mostPixels)
+    while (countWith(step) > mostPixels) {
         step += 2;
+    }
     return step;
 }
 
 // Where the line's components begin that count for a pixel.
 std::size_t firstComponent(const ImageLines& lines, int x)
 {
-    if (lines.format().kind != PixelKind::Yuv)
-        return static_cast<std::size_t>(x * lines.format().components());
-    const YuvLayout& layout = yuvLayout(lines.format().layout);
-    return static_cast<std::size_t>(lumaByte(layout, x));
+    if (lines.format().kind != PixelKind::Yuv) {
+        return static_cast<std::size_t>(x) * static_cast<std::size_t>(lines.format().components());
+    }
+    return static_cast<std::size_t>(yuvLayout(lines.format().layout).lumaOf(x));
 }
 
 } // namespace
@@ -79,10 +77,12 @@ std::size_t firstComponent(const ImageLines& lines, int x)
 Components pixelComponents(const ImageLines& lines, int x, int y)
 {
     const PixelFormat& format = lines.format();
-    if (format.kind == PixelKind::Rgb)
+    if (format.kind == PixelKind::Rgb) {
         return rgbComponents(lines, x, y);
-    if (format.kind == PixelKind::Yuv)
+    }
+    if (format.kind == PixelKind::Yuv) {
         return yuvComponents(lines, x, y);
+    }
     const bool isBayer = format.kind == PixelKind::Bayer;
     return { { isBayer ? bayerColour(format.layout, x, y) : "Y",
         componentOf(lines, y, static_cast<std::size_t>(x)) } };
@@ -97,8 +97,9 @@ std::vector<std::uint32_t> valueCounts(const ImageLines& lines)
     for (int y = 0; y < lines.height(); y += step) {
         for (int x = 0; x < lines.width(); x += step) {
             const std::size_t first = firstComponent(lines, x);
-            for (std::size_t n = first; n < first + components; ++n)
+            for (std::size_t n = first; n < first + components; ++n) {
                 ++bins[std::min<std::size_t>(componentOf(lines, y, n) >> shift, 255)];
+            }
         }
     }
     return bins;

@@ -67,7 +67,8 @@ void readYuvGroups(const ImageLines& lines, int y, Columns columns, int count, S
     for (int i = 0; i < count; ++i) {
         const int x = columns.at(i);
         const int group = x / pixels;
-        const int luma = line[group * layout.bytes + layout.luma[x % pixels]];
+        const int luma
+            = line[group * layout.bytes + layout.luma[static_cast<std::size_t>(x % pixels)]];
         const std::uint8_t* colours = line + std::min(group, lastWhole) * layout.bytes;
         sink.put(i, rgbOf(luma, colours[layout.u], colours[layout.v], factors));
     }
@@ -95,18 +96,20 @@ PixelRows::PixelRows(const ImageLines& lines)
 
 template <class Sink> void PixelRows::readRun(int y, int first, int count, Sink sink)
 {
-    if (m_lines.kind() == PixelKind::Bayer)
+    if (m_lines.kind() == PixelKind::Bayer) {
         m_bayer.read(m_lines, y, first, count, sink);
-    else
+    } else {
         read(y, ColumnRun { first }, count, sink);
+    }
 }
 
 template <class Sink> void PixelRows::readSparse(int y, const int* columns, int count, Sink sink)
 {
-    if (m_lines.kind() == PixelKind::Bayer)
+    if (m_lines.kind() == PixelKind::Bayer) {
         readBayerCells(m_lines, y, columns, count, sink);
-    else
+    } else {
         read(y, ColumnTable { columns }, count, sink);
+    }
 }
 
 template <class Columns, class Sink>

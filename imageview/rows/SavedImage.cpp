@@ -13,8 +13,9 @@ namespace {
 QImage::Format formatOf(const ImageLines& lines)
 {
     const bool isDeep = lines.format().bits > 8;
-    if (lines.kind() == PixelKind::Mono)
+    if (lines.kind() == PixelKind::Mono) {
         return isDeep ? QImage::Format_Grayscale16 : QImage::Format_Grayscale8;
+    }
     return isDeep ? QImage::Format_RGBX64 : QImage::Format_RGB32;
 }
 
@@ -29,12 +30,13 @@ void fillGrey(const ImageLines& lines, QImage& image)
     const WordSink scale(lines.format());
     for (int y = 0; y < lines.height(); ++y) {
         readComponents(lines, y, 0, lines.width(), row.data());
-        if (image.format() == QImage::Format_Grayscale8)
+        if (image.format() == QImage::Format_Grayscale8) {
             std::transform(row.begin(), row.end(), lineOf<uchar>(image, y),
                 [](std::uint16_t value) { return static_cast<uchar>(value); });
-        else
+        } else {
             std::transform(row.begin(), row.end(), lineOf<quint16>(image, y),
                 [&](std::uint16_t value) { return scale.toWord(value); });
+        }
     }
 }
 
@@ -52,14 +54,16 @@ template <class Sink> void fillColours(const ImageLines& lines, Sink sink, QImag
 QImage savedImage(const ImageLines& lines)
 {
     QImage image(lines.width(), lines.height(), formatOf(lines));
-    if (image.isNull())
+    if (image.isNull()) {
         return image;
-    if (lines.kind() == PixelKind::Mono)
+    }
+    if (lines.kind() == PixelKind::Mono) {
         fillGrey(lines, image);
-    else if (image.format() == QImage::Format_RGB32)
+    } else if (image.format() == QImage::Format_RGB32) {
         fillColours(lines, ScreenSink<false>(lines.format()), image);
-    else
+    } else {
         fillColours(lines, WordSink(lines.format()), image);
+    }
     return image;
 }
 

@@ -15,8 +15,9 @@ public:
     Bytes take()
     {
         const std::lock_guard lock(m_mutex);
-        if (m_spare.empty())
+        if (m_spare.empty()) {
             return {};
+        }
         Bytes bytes = std::move(m_spare.back());
         m_spare.pop_back();
         return bytes;
@@ -24,8 +25,9 @@ public:
     void giveBack(Bytes bytes)
     {
         const std::lock_guard lock(m_mutex);
-        if (m_spare.size() < most)
+        if (m_spare.size() < most) {
             m_spare.push_back(std::move(bytes));
+        }
     }
 
 private:
@@ -64,8 +66,9 @@ FrameSlot::FrameSlot()
 
 ZQImage FrameSlot::owned(const ZQImage& image)
 {
-    if (image.owner || !image.data)
+    if (image.owner || !image.data) {
         return image;
+    }
     const auto bytes = std::make_shared<const PooledBytes>(m_pool, image);
     ZQImage copy = image;
     copy.data = bytes->data();
@@ -79,8 +82,9 @@ bool FrameSlot::put(ZQImage image)
     std::optional<ZQImage> replaced(std::move(image));
     const std::lock_guard lock(m_mutex);
     m_newest.swap(replaced);
-    if (replaced)
+    if (replaced) {
         ++m_replaced;
+    }
     return !replaced.has_value();
 }
 

@@ -27,8 +27,9 @@ QString unknownText(std::uint32_t code)
                             .toUpper()
                             .replace(QLatin1Char('X'), QLatin1Char('x'));
     const char* name = nameOfOther(code);
-    if (!name)
+    if (!name) {
         return ZQImageView::tr("The pixel format %1 is unknown.").arg(hex);
+    }
     return ZQImageView::tr("Images in the pixel format %1 (%2) cannot be shown.")
         .arg(QLatin1String(name), hex);
 }
@@ -66,12 +67,14 @@ QString problemText(const ZQImage& image)
 QString componentsText(const std::vector<ZQPixelComponent>& components)
 {
     const bool isGrey = components.size() == 1 && components.front().name[0] == 'Y';
-    if (isGrey)
+    if (isGrey) {
         return QString::number(components.front().value);
+    }
     QStringList words;
-    for (const ZQPixelComponent& component : components)
+    for (const ZQPixelComponent& component : components) {
         words.append(
             QStringLiteral("%1 %2").arg(QLatin1String(component.name)).arg(component.value));
+    }
     return words.join(QLatin1String("  "));
 }
 

@@ -43,20 +43,24 @@ void ZQImageView::Impl::show(const ZQImage& shown)
 void ZQImageView::Impl::takePosted()
 {
     const std::optional<ZQImage> posted = slot.take();
-    if (!posted)
+    if (!posted) {
         return;
-    if (m_isPostUnpainted)
+    }
+    if (m_isPostUnpainted) {
         slot.countReplaced();
+    }
     m_isPostUnpainted = true;
     show(*posted);
 }
 
 void ZQImageView::Impl::dropPosted()
 {
-    if (slot.take())
+    if (slot.take()) {
         slot.countReplaced();
-    if (m_isPostUnpainted)
+    }
+    if (m_isPostUnpainted) {
         slot.countReplaced();
+    }
     m_isPostUnpainted = false;
 }
 
@@ -94,8 +98,9 @@ void ZQImageView::Impl::moveBy(const QPointF& distance)
 
 int ZQImageView::Impl::wheelSteps(int eighths)
 {
-    if ((eighths > 0) != (m_wheel > 0))
+    if ((eighths > 0) != (m_wheel > 0)) {
         m_wheel = 0;
+    }
     m_wheel += eighths;
     const int steps = m_wheel / QWheelEvent::DefaultDeltasPerStep;
     m_wheel %= QWheelEvent::DefaultDeltasPerStep;
@@ -115,11 +120,13 @@ void ZQImageView::Impl::updateHover()
     if (m_mouse && isShowing()) {
         const QPoint at = mapping.pixelAt(*m_mouse);
         text = componentsText(componentsAt(image, at.x(), at.y()));
-        if (!text.isEmpty())
+        if (!text.isEmpty()) {
             pixel = at;
+        }
     }
-    if (pixel == m_toldPixel && text == m_toldText)
+    if (pixel == m_toldPixel && text == m_toldText) {
         return;
+    }
     m_toldPixel = pixel;
     m_toldText = text;
     Q_EMIT m_view->pixelHovered(pixel, text);
@@ -144,8 +151,9 @@ void ZQImageView::Impl::drag(const QPointF& place)
 {
     const QPointF distance = place - m_dragLast;
     m_dragLast = place;
-    if (m_drag == Drag::Move)
+    if (m_drag == Drag::Move) {
         return moveBy(distance);
+    }
     const QPoint from = mapping.pixelAt(m_dragStart);
     const QPoint to = mapping.pixelAt(place);
     const QPoint least(std::min(from.x(), to.x()), std::min(from.y(), to.y()));
@@ -159,22 +167,25 @@ void ZQImageView::Impl::endDrag(bool isKept)
     const Drag ended = m_drag;
     m_drag = Drag::None;
     m_view->unsetCursor();
-    if (ended != Drag::Region)
+    if (ended != Drag::Region) {
         return;
+    }
     const double moved = (m_dragLast - m_dragStart).manhattanLength();
     const bool isClick = moved < QApplication::startDragDistance();
     const QRect drawn = region;
     region = m_regionBefore;
-    if (isKept && !isClick)
+    if (isKept && !isClick) {
         setRegion(drawn);
+    }
     m_view->update();
 }
 
 void ZQImageView::Impl::setRegion(const QRect& pixels)
 {
     const QRect now = pixels.isEmpty() ? QRect() : pixels;
-    if (now == region)
+    if (now == region) {
         return;
+    }
     region = now;
     m_view->update();
     Q_EMIT m_view->regionSelected(region);
@@ -200,8 +211,9 @@ void ZQImageView::Impl::paintPicture(QPainter& painter, const QRect& area)
     const QRect screen
         = QRectF(QPointF(area.topLeft()) * ratio, QSizeF(area.size()) * ratio).toAlignedRect();
     const QRect visible = screen & mapping.pictureRect();
-    if (visible.isEmpty())
+    if (visible.isEmpty()) {
         return;
+    }
     QImage picture = renderPicture(ImageLines(image), mapping, visible, isOverexposureShown);
     picture.setDevicePixelRatio(ratio);
     painter.drawImage(QPointF(visible.topLeft()) / ratio, picture);
@@ -210,8 +222,9 @@ void ZQImageView::Impl::paintPicture(QPainter& painter, const QRect& area)
 // White on black, so that it is seen on any picture.
 void ZQImageView::Impl::paintRegion(QPainter& painter)
 {
-    if (region.isEmpty())
+    if (region.isEmpty()) {
         return;
+    }
     const qreal ratio = m_view->devicePixelRatioF();
     const QRectF screen = mapping.rectOf(region);
     const QRectF frame(screen.topLeft() / ratio, screen.size() / ratio);

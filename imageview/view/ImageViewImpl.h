@@ -19,8 +19,8 @@ class __attribute__((visibility("hidden"))) ZQImageView::Impl {
 public:
     explicit Impl(ZQImageView* view);
 
-    /// `image` owns its bytes.
-    void show(const ZQImage& image);
+    /// `shown` owns its bytes.
+    void show(const ZQImage& shown);
     void takePosted();
     /// Gives up what is posted, since something newer comes.
     void dropPosted();

@@ -29,10 +29,12 @@ QPoint Orientation::toImage(const QPoint& shown, const QSize& image) const
 QRect Orientation::toShown(const QRect& pixels, const QSize& image) const
 {
     QRect at = pixels;
-    if (areColumnsReversed())
+    if (areColumnsReversed()) {
         at.moveLeft(image.width() - 1 - pixels.right());
-    if (areLinesReversed())
+    }
+    if (areLinesReversed()) {
         at.moveTop(image.height() - 1 - pixels.bottom());
+    }
     return isUpright() ? QRect(at.y(), at.x(), at.height(), at.width()) : at;
 }
 

@@ -58,10 +58,11 @@ void fill(
     const ImageLines& lines, const ViewMapping::Samples& samples, double zoom, QImage& picture)
 {
     const ScreenSink<isMarking> sink(lines.format());
-    if (zoom < 1)
+    if (zoom < 1) {
         shrink(lines, samples, sink, picture);
-    else
+    } else {
         enlarge(lines, samples, sink, picture);
+    }
 }
 
 } // namespace
@@ -72,14 +73,16 @@ QImage renderPicture(const ImageLines& lines, const ViewMapping& mapping, const 
     ViewMapping::Samples samples = mapping.samples(area);
     const bool isUpright = mapping.orientation().isUpright();
     // Turned by a quarter afterwards, the last line becomes the first column.
-    if (isUpright)
+    if (isUpright) {
         std::reverse(samples.lines.begin(), samples.lines.end());
+    }
     QImage picture(static_cast<int>(samples.columns.size()), static_cast<int>(samples.lines.size()),
         QImage::Format_RGB32);
-    if (isOverexposureShown)
+    if (isOverexposureShown) {
         fill<true>(lines, samples, mapping.zoom(), picture);
-    else
+    } else {
         fill<false>(lines, samples, mapping.zoom(), picture);
+    }
     return isUpright ? picture.transformed(QTransform().rotate(90)) : picture;
 }
 

@@ -1,14 +1,16 @@
 #include "view/ViewMapping.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace featurebrowser {
 
 namespace {
 
-constexpr double steps[] = { 1 / 64.0, 1 / 32.0, 1 / 16.0, 1 / 12.0, 1 / 8.0, 1 / 6.0, 1 / 4.0,
-    1 / 3.0, 1 / 2.0, 2 / 3.0, 1, 1.5, 2, 3, 4, 6, 8, 12, 16, 24, 32, 48, 64 };
+constexpr std::array steps
+    = { 1 / 64.0, 1 / 32.0, 1 / 16.0, 1 / 12.0, 1 / 8.0, 1 / 6.0, 1 / 4.0, 1 / 3.0, 1 / 2.0,
+          2 / 3.0, 1.0, 1.5, 2.0, 3.0, 4.0, 6.0, 8.0, 12.0, 16.0, 24.0, 32.0, 48.0, 64.0 };
 
 // A picture leaves no wider gap than the fitted one does, so that zooming in and out again about
 // one place never moves it.
@@ -22,21 +24,24 @@ double kept(double origin, double picture, double view, double fittedGap)
 
 void ViewMapping::setImageSize(const QSize& size)
 {
-    if (size == m_image)
+    if (size == m_image) {
         return;
+    }
     m_image = size;
-    if (m_isFitted)
+    if (m_isFitted) {
         fit();
-    else
+    } else {
         keepInView();
+    }
 }
 
 void ViewMapping::setViewSize(const QSize& size)
 {
     const QPointF before = middle();
     m_view = size;
-    if (m_isFitted)
+    if (m_isFitted) {
         return fit();
+    }
     m_origin += middle() - before;
     keepInView();
 }
@@ -45,8 +50,9 @@ void ViewMapping::setOrientation(const Orientation& orientation)
 {
     const QPoint centre = pixelAt(middle());
     m_orientation = orientation;
-    if (m_isFitted)
+    if (m_isFitted) {
         return fit();
+    }
     m_origin += middle() - rectOf({ centre, QSize(1, 1) }).center();
     keepInView();
 }
@@ -54,15 +60,16 @@ void ViewMapping::setOrientation(const Orientation& orientation)
 void ViewMapping::fit()
 {
     m_isFitted = true;
-    if (m_image.isEmpty() || m_view.isEmpty())
+    if (m_image.isEmpty() || m_view.isEmpty()) {
         return;
+    }
     m_zoom = fittedZoom();
     keepInView();
 }
 
 void ViewMapping::setZoom(double zoom, const QPointF& about)
 {
-    zoom = std::clamp(zoom, *std::begin(steps), *std::rbegin(steps));
+    zoom = std::clamp(zoom, steps.front(), steps.back());
     const double factor = zoom / m_zoom;
     const QPointF fixed(std::clamp(about.x(), m_origin.x(), m_origin.x() + pictureSize().width()),
         std::clamp(about.y(), m_origin.y(), m_origin.y() + pictureSize().height()));
@@ -77,11 +84,11 @@ double ViewMapping::nextZoom(bool isLarger) const
     // What is nearly a step counts as that one.
     constexpr double nearly = 1.001;
     if (isLarger) {
-        const auto* next = std::upper_bound(std::begin(steps), std::end(steps), m_zoom * nearly);
-        return next == std::end(steps) ? m_zoom : *next;
+        const auto* next = std::upper_bound(steps.begin(), steps.end(), m_zoom * nearly);
+        return next == steps.end() ? m_zoom : *next;
     }
-    const auto* next = std::lower_bound(std::begin(steps), std::end(steps), m_zoom / nearly);
-    return next == std::begin(steps) ? m_zoom : *(next - 1);
+    const auto* next = std::lower_bound(steps.begin(), steps.end(), m_zoom / nearly);
+    return next == steps.begin() ? m_zoom : *(next - 1);
 }
 
 void ViewMapping::moveBy(const QPointF& distance)
@@ -123,8 +130,9 @@ ViewMapping::Samples ViewMapping::samples(const QRect& area) const
         = isUpright ? m_orientation.areColumnsReversed() : m_orientation.areLinesReversed();
     auto across = axis(area.x(), area.width(), m_origin.x(), size.width(), isAcrossReversed);
     auto down = axis(area.y(), area.height(), m_origin.y(), size.height(), isDownReversed);
-    if (isUpright)
+    if (isUpright) {
         across.swap(down);
+    }
     return { std::move(across), std::move(down) };
 }
 
@@ -141,8 +149,9 @@ QSizeF ViewMapping::pictureSize() const
 
 void ViewMapping::keepInView()
 {
-    if (m_image.isEmpty() || m_view.isEmpty())
+    if (m_image.isEmpty() || m_view.isEmpty()) {
         return;
+    }
     const QSizeF size = pictureSize();
     const QSizeF gap = (m_view - QSizeF(m_orientation.shownSize(m_image)) * fittedZoom()) / 2;
     m_origin = { kept(m_origin.x(), size.width(), m_view.width(), gap.width()),

@@ -83,7 +83,6 @@ public:
     /// The region that the user has drawn, in the image's pixels; null when there is none.
     QRect region() const;
 
-public Q_SLOTS:
     void fitToWindow();
     void zoomIn(); ///< by one step about the middle
     void zoomOut(); ///< by one step about the middle

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <numeric>
+#include <vector>
 
 namespace featurebrowser {
 
@@ -17,8 +19,9 @@ std::string valuesOf(const ZQImage& image)
         QStringList pixels;
         for (int x = 0; x < image.width; ++x) {
             QString pixel;
-            for (const ZQPixelComponent& component : componentsAt(image, x, y))
+            for (const ZQPixelComponent& component : componentsAt(image, x, y)) {
                 pixel += QLatin1String(component.name) + QString::number(component.value);
+            }
             pixels << pixel;
         }
         lines << pixels.join(QLatin1Char(' '));
@@ -37,7 +40,7 @@ struct Values {
 };
 
 // Worked out by hand. Without a stride, lines of odd width are joined within a byte.
-const Values values[] = {
+const std::vector<Values> values = {
     { "Mono8", 0x01080001, 3, 1, 0, "01 80 FF", "Y1 Y128 Y255" },
     { "Mono10", 0x01100003, 3, 1, 0, "01 00 FF 03 00 02", "Y1 Y1023 Y512" },
     { "Mono10 beyond", 0x01100003, 1, 1, 0, "FF FF", "Y65535" },
@@ -75,7 +78,7 @@ const Values values[] = {
 };
 
 // First line and second line of every Bayer format, in the order GR, RG, GB, BG.
-constexpr std::uint32_t bayerFormats[][4] = {
+const std::vector<std::vector<std::uint32_t>> bayerFormats = {
     { 0x01080008, 0x01080009, 0x0108000A, 0x0108000B },
     { 0x0110000C, 0x0110000D, 0x0110000E, 0x0110000F },
     { 0x010A0056, 0x010A0058, 0x010A0054, 0x010A0052 },
@@ -90,26 +93,29 @@ constexpr const char* bayerLetters[4]
 
 TEST(ImageFormats, GiveTheCamerasOwnBits)
 {
-    for (const Values& row : values)
+    for (const Values& row : values) {
         EXPECT_EQ(row.expected,
             valuesOf(testImage(
                 row.format, row.width, row.height, QByteArray::fromHex(row.bytes), row.stride)))
             << row.name;
+    }
 }
 
 TEST(ImageFormats, KnowTheFirstColoursOfBayerImages)
 {
-    for (const auto& formats : bayerFormats)
-        for (int i = 0; i < 4; ++i)
+    for (const auto& formats : bayerFormats) {
+        for (std::size_t i = 0; i < 4; ++i) {
             EXPECT_EQ(bayerLetters[i], valuesOf(testImage(formats[i], 2, 2, QByteArray(8, '\0'))))
                 << std::hex << formats[i];
+        }
+    }
 }
 
 struct Colour {
     std::uint32_t format;
+    QImage::Format kind;
     const char* bytes; ///< of two pixels of the same colour
     QRgba64 expected;
-    QImage::Format kind;
 };
 
 QRgba64 rgb(int red, int green, int blue)
@@ -117,21 +123,21 @@ QRgba64 rgb(int red, int green, int blue)
     return QRgba64::fromArgb32(qRgb(red, green, blue));
 }
 
-const Colour colours[] = {
-    { 0x01080001, "8080", rgb(128, 128, 128), QImage::Format_Grayscale8 },
-    { 0x01100005, "BC0ABC0A", qRgba64(0xABCA, 0xABCA, 0xABCA, 0xFFFF), QImage::Format_Grayscale16 },
-    { 0x01100003, "FFFFFFFF", rgb(255, 255, 255), QImage::Format_Grayscale16 },
-    { 0x02180015, "030201030201", rgb(1, 2, 3), QImage::Format_RGB32 },
-    { 0x02200016, "0102030001020300", rgb(1, 2, 3), QImage::Format_RGB32 },
-    { 0x02300018, "FF030002 0000 FF030002 0000", qRgba64(0xFFFF, 0x8020, 0, 0xFFFF),
-        QImage::Format_RGBX64 },
+const std::vector<Colour> colours = {
+    { 0x01080001, QImage::Format_Grayscale8, "8080", rgb(128, 128, 128) },
+    { 0x01100005, QImage::Format_Grayscale16, "BC0ABC0A", qRgba64(0xABCA, 0xABCA, 0xABCA, 0xFFFF) },
+    { 0x01100003, QImage::Format_Grayscale16, "FFFFFFFF", rgb(255, 255, 255) },
+    { 0x02180015, QImage::Format_RGB32, "030201030201", rgb(1, 2, 3) },
+    { 0x02200016, QImage::Format_RGB32, "0102030001020300", rgb(1, 2, 3) },
+    { 0x02300018, QImage::Format_RGBX64, "FF030002 0000 FF030002 0000",
+        qRgba64(0xFFFF, 0x8020, 0, 0xFFFF) },
     // Full range with BT.601: red is 76, 85, 255.
-    { 0x02100032, "4C554CFF", rgb(254, 0, 0), QImage::Format_RGB32 },
-    { 0x0210003B, "FF80FF80", rgb(255, 255, 255), QImage::Format_RGB32 },
+    { 0x02100032, QImage::Format_RGB32, "4C554CFF", rgb(254, 0, 0) },
+    { 0x0210003B, QImage::Format_RGB32, "FF80FF80", rgb(255, 255, 255) },
     // Limited range: red is 81, 90, 240 with BT.601 and 63, 102, 240 with BT.709.
-    { 0x0210003E, "515A51F0", rgb(254, 0, 0), QImage::Format_RGB32 },
-    { 0x02100041, "3F663FF0", rgb(255, 1, 0), QImage::Format_RGB32 },
-    { 0x0218003D, "80EB8080EB80", rgb(255, 255, 255), QImage::Format_RGB32 },
+    { 0x0210003E, QImage::Format_RGB32, "515A51F0", rgb(254, 0, 0) },
+    { 0x02100041, QImage::Format_RGB32, "3F663FF0", rgb(255, 1, 0) },
+    { 0x0218003D, QImage::Format_RGB32, "80EB8080EB80", rgb(255, 255, 255) },
 };
 
 TEST(ImageFormats, BecomeTheColoursThatTheyMean)
@@ -140,8 +146,9 @@ TEST(ImageFormats, BecomeTheColoursThatTheyMean)
         const QImage image
             = convertImage(testImage(row.format, 2, 1, QByteArray::fromHex(row.bytes)));
         EXPECT_EQ(row.kind, image.format()) << std::hex << row.format;
-        for (int x = 0; x < 2; ++x)
+        for (int x = 0; x < 2; ++x) {
             EXPECT_EQ(row.expected, image.pixelColor(x, 0).rgba64()) << std::hex << row.format;
+        }
     }
 }
 
@@ -154,7 +161,7 @@ TEST(BayerImages, AreInterpolatedBetweenNeighboursOfTheSameColour)
             return qRgb(10 + slope * (4 * x + 2 * y), 50 + slope * (2 * x + 4 * y),
                 90 + slope * (2 * x + 2 * y));
         };
-        for (int phase = 0; phase < 4; ++phase) {
+        for (std::size_t phase = 0; phase < 4; ++phase) {
             QByteArray bytes;
             for (int i = 0; i < 7 * 5; ++i) {
                 const QRgb colour = colourAt(i % 7, i / 7);
@@ -164,9 +171,11 @@ TEST(BayerImages, AreInterpolatedBetweenNeighboursOfTheSameColour)
                                                              : qBlue(colour)));
             }
             const QImage image = convertImage(testImage(bayerFormats[0][phase], 7, 5, bytes));
-            for (int y = slope; y < 5 - slope; ++y)
-                for (int x = slope; x < 7 - slope; ++x)
+            for (int y = slope; y < 5 - slope; ++y) {
+                for (int x = slope; x < 7 - slope; ++x) {
                     EXPECT_EQ(colourAt(x, y), image.pixel(x, y)) << phase << " " << x << "," << y;
+                }
+            }
         }
     }
 }
@@ -175,14 +184,16 @@ TEST(Histogram, CountsASampleOfAllColours)
 {
     constexpr int width = 1000;
     QByteArray bytes(width * 1000, '\0');
-    for (int i = 0; i < bytes.size(); ++i)
+    for (int i = 0; i < bytes.size(); ++i) {
         bytes[i] = static_cast<char>(i / width % 2 * 100 + i % 2 * 50); // R 0, G 50 and 100, B 150
+    }
     const auto bins = histogramOf(testImage(0x01080009, width, 1000, bytes));
     ASSERT_EQ(256U, bins.size());
     const std::uint32_t all = std::accumulate(bins.begin(), bins.end(), 0U);
     EXPECT_LE(all, 250'000U);
-    for (const std::size_t value : { 0U, 50U, 100U, 150U })
+    for (const std::size_t value : { 0U, 50U, 100U, 150U }) {
         EXPECT_NEAR(0.25, double(bins[value]) / all, 0.01) << value;
+    }
 }
 
 TEST(Histogram, SpansTheRangeOfTheFormat)
@@ -196,23 +207,23 @@ struct Damage {
     std::uint32_t format;
     int width;
     int height;
-    std::size_t stride;
     int bytes;
+    std::size_t stride;
     const char* said;
 };
 
-const Damage damages[] = {
-    { 0x01080001, 4, 4, 0, 15, "15 bytes, but 4 \u00D7 4 pixels in Mono8 need 16" },
-    { 0x01080001, 4, 4, 5, 18, "need 19" },
-    { 0x01080001, 4, 4, 3, 16, "lines of 3 bytes cannot hold 4 pixels" },
-    { 0x01080001, 4, 4, ~std::size_t(0), 16, "damaged" },
-    { 0x01100007, 1'000'000, 1'000'000, 0, 16, "need 2,000,000,000,000" },
-    { 0x01080001, -4, 4, 0, 16, "-4 \u00D7 4 pixels cannot be shown" },
-    { 0x01080001, 4, 0, 0, 16, "4 \u00D7 0 pixels cannot be shown" },
-    { 0x01080001, 1'000'001, 1, 0, 16, "cannot be shown" },
-    { 0x02100032, 1, 1, 0, 2, "cannot be shown" },
-    { 0x02180021, 2, 2, 0, 12, "RGB8_Planar (0x02180021)" },
-    { 0x0BADF00D, 2, 2, 0, 12, "0x0BADF00D is unknown" },
+const std::vector<Damage> damages = {
+    { 0x01080001, 4, 4, 15, 0, "15 bytes, but 4 \u00D7 4 pixels in Mono8 need 16" },
+    { 0x01080001, 4, 4, 18, 5, "need 19" },
+    { 0x01080001, 4, 4, 16, 3, "lines of 3 bytes cannot hold 4 pixels" },
+    { 0x01080001, 4, 4, 16, ~std::size_t(0), "damaged" },
+    { 0x01100007, 1'000'000, 1'000'000, 16, 0, "need 2,000,000,000,000" },
+    { 0x01080001, -4, 4, 16, 0, "-4 \u00D7 4 pixels cannot be shown" },
+    { 0x01080001, 4, 0, 16, 0, "4 \u00D7 0 pixels cannot be shown" },
+    { 0x01080001, 1'000'001, 1, 16, 0, "cannot be shown" },
+    { 0x02100032, 1, 1, 2, 0, "cannot be shown" },
+    { 0x02180021, 2, 2, 12, 0, "RGB8_Planar (0x02180021)" },
+    { 0x0BADF00D, 2, 2, 12, 0, "0x0BADF00D is unknown" },
 };
 
 TEST(DamagedImages, AreSaidToBeAndNotRead)
@@ -232,10 +243,12 @@ TEST(DamagedImages, AreSaidToBeAndNotRead)
 TEST(ImageFormats, AreReadToTheirLastByteAndNotBeyond)
 {
     std::vector<std::uint32_t> formats = { 0x010E0105, 0x01100109 };
-    for (const Values& row : values)
+    for (const Values& row : values) {
         formats.push_back(row.format);
-    for (const auto& bayer : bayerFormats)
-        formats.insert(formats.end(), std::begin(bayer), std::end(bayer));
+    }
+    for (const auto& bayer : bayerFormats) {
+        formats.insert(formats.end(), bayer.begin(), bayer.end());
+    }
     for (const std::uint32_t format : formats) {
         const bool areLinesApart = format >> 24 == 2 && (format >> 16 & 0xFF) <= 16;
         const int bits = static_cast<int>(format >> 16 & 0xFF);

@@ -5,7 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
-#include <cstring>
+#include <memory>
+#include <vector>
 
 namespace featurebrowser {
 
@@ -14,12 +15,10 @@ namespace featurebrowser {
 inline ZQImage testImage(std::uint32_t format, int width, int height, const QByteArray& bytes,
     std::size_t lineStride = 0)
 {
-    const auto size = static_cast<std::size_t>(bytes.size());
-    const std::shared_ptr<std::uint8_t[]> own(new std::uint8_t[size]);
-    std::memcpy(own.get(), bytes.constData(), size);
+    const auto own = std::make_shared<const std::vector<char>>(bytes.begin(), bytes.end());
     ZQImage image;
-    image.data = own.get();
-    image.size = size;
+    image.data = reinterpret_cast<const std::uint8_t*>(own->data());
+    image.size = own->size();
     image.owner = own;
     image.width = width;
     image.height = height;
@@ -32,9 +31,11 @@ inline ZQImage testImage(std::uint32_t format, int width, int height, const QByt
 inline ZQImage colourfulImage(int width, int height)
 {
     QByteArray bytes;
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
             bytes.append(static_cast<char>(x)).append(static_cast<char>(y)).append('\x40');
+        }
+    }
     return testImage(0x02180014, width, height, bytes);
 }
 

@@ -7,7 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <thread>
+#include <vector>
 
 namespace featurebrowser {
 
@@ -69,8 +71,8 @@ TEST_F(ViewTest, ShowsEachPixelWhereItSaysWhicheverWayItIsTurned)
     const ZQImage image = colourfulImage(90, 60);
     const QImage whole = convertImage(image);
     show(image, { 80, 70 });
-    const QPoint topLeft[] = { { 0, 0 }, { 0, 59 }, { 89, 59 }, { 89, 0 } };
-    const QPoint topRight[] = { { 89, 0 }, { 0, 0 }, { 0, 59 }, { 89, 59 } };
+    const std::vector<QPoint> topLeft = { { 0, 0 }, { 0, 59 }, { 89, 59 }, { 89, 0 } };
+    const std::vector<QPoint> topRight = { { 89, 0 }, { 0, 0 }, { 0, 59 }, { 89, 59 } };
     for (int turns = 0; turns < 4; ++turns) {
         for (int flip = 0; flip < 4; ++flip) {
             view.setQuarterTurns(turns);
@@ -83,7 +85,7 @@ TEST_F(ViewTest, ShowsEachPixelWhereItSaysWhicheverWayItIsTurned)
             checkPicture(whole);
             if (flip < 2) {
                 const QRectF picture = view.rectOf({ 0, 0 }) | view.rectOf({ 89, 59 });
-                const QPoint corner = flip ? topRight[turns] : topLeft[turns];
+                const QPoint corner = (flip ? topRight : topLeft)[static_cast<std::size_t>(turns)];
                 EXPECT_EQ(picture.topLeft(), view.rectOf(corner).topLeft());
             }
         }
@@ -114,11 +116,12 @@ TEST_F(ViewTest, ZoomsAboutTheMouse)
 TEST_F(ViewTest, ObeysItsKeys)
 {
     show(colourfulImage(200, 100), { 100, 100 });
-    const struct {
+    struct Row {
         Qt::Key key;
         double zoom;
         QPoint topLeft;
-    } keys[] = { { Qt::Key_1, 1, { 50, 0 } }, { Qt::Key_Plus, 1.5, { 67, 17 } },
+    };
+    const std::vector<Row> keys = { { Qt::Key_1, 1, { 50, 0 } }, { Qt::Key_Plus, 1.5, { 67, 17 } },
         { Qt::Key_Minus, 1, { 50, 0 } }, { Qt::Key_Right, 1, { 63, 0 } },
         { Qt::Key_Left, 1, { 50, 0 } }, { Qt::Key_0, 0.5, { 1, -49 } } };
     QSignalSpy zooms(&view, &ZQImageView::zoomChanged);
@@ -205,7 +208,7 @@ TEST_F(ViewTest, MarksWhatIsTooBright)
 /// An image whose bytes are all its number, gone when the call that gets it returns.
 void postNumber(ZQImageView& view, int number)
 {
-    std::vector<std::uint8_t> bytes(64 * 64, static_cast<std::uint8_t>(number));
+    std::vector<std::uint8_t> bytes(4096, static_cast<std::uint8_t>(number));
     ZQImage image;
     image.data = bytes.data();
     image.size = bytes.size();
@@ -220,8 +223,9 @@ TEST_F(ViewTest, KeepsOnlyTheNewestOfWhatIsPosted)
 {
     show(colourfulImage(8, 8), { 64, 64 });
     std::thread([this] {
-        for (int i = 1; i <= 20; ++i)
+        for (int i = 1; i <= 20; ++i) {
             postNumber(view, i);
+        }
     }).join();
     EXPECT_EQ(19U, view.replacedFrames());
     QTest::qWait(0);
@@ -249,8 +253,9 @@ TEST_F(ViewTest, ShowsWholeImagesInTheirOrderWhilstTheyArePosted)
         before = image.frameId;
     });
     std::thread poster([this] {
-        for (std::uint64_t i = 1; i <= last; ++i)
+        for (std::uint64_t i = 1; i <= last; ++i) {
             postNumber(view, static_cast<int>(i));
+        }
     });
     EXPECT_TRUE(QTest::qWaitFor([&] { return before == last; }, 20000));
     poster.join();
