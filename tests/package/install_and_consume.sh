@@ -34,17 +34,22 @@ cmake -G Ninja -S "$source/consumer" -B "$stage/consumer" -DCMAKE_PREFIX_PATH="$
   -DREADME="$stage/readme" -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" >/dev/null
 cmake --build "$stage/consumer" >/dev/null
 "$stage/consumer/consumer"
+"$stage/consumer/image"
 echo "find_package(ZQFeatureBrowser): built and ran; README's examples: built"
 
 libdir=$(dirname "$(find "$stage/prefix" -name libZQFeatureBrowser.so)")
 export PKG_CONFIG_PATH=$libdir/pkgconfig
-for library in ZQFeatureBrowser ZQFeatureBrowserWidget ZQDeviceManager; do
+for library in ZQFeatureBrowser ZQFeatureBrowserWidget ZQDeviceManager ZQImageView; do
   pkg-config --exact-version="$(pkg-config --modversion ZQFeatureBrowser)" $library
 done
 # shellcheck disable=SC2046,SC2086
 "$compiler" $flags -std=c++17 -fPIC "$source/consumer/main.cpp" -o "$stage/by_pkg_config" \
   $(pkg-config --cflags --libs ZQFeatureBrowser Qt5Widgets)
 LD_LIBRARY_PATH=$libdir "$stage/by_pkg_config"
+# shellcheck disable=SC2046,SC2086
+"$compiler" $flags -std=c++17 -fPIC "$source/consumer/image.cpp" -o "$stage/image" \
+  $(pkg-config --cflags --libs ZQImageView)
+LD_LIBRARY_PATH=$libdir "$stage/image"
 echo "pkg-config: built and ran"
 
 "$stage/prefix/bin/zqviewer" --version
