@@ -2,6 +2,8 @@
 
 #include "view/ImageViewImpl.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -28,8 +30,7 @@ void ZQImageView::setImage(const ZQImage& image)
 void ZQImageView::post(const ZQImage& image)
 {
     if (m_impl->slot.put(m_impl->slot.owned(image))) {
-        QMetaObject::invokeMethod(
-            this, [this] { m_impl->takePosted(); }, Qt::QueuedConnection);
+        QCoreApplication::postEvent(this, new QEvent(Impl::postedType()));
     }
 }
 

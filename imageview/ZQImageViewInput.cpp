@@ -32,6 +32,10 @@ QPointF wayOf(int key)
 
 bool ZQImageView::event(QEvent* event)
 {
+    if (event->type() == Impl::postedType()) {
+        m_impl->takePosted();
+        return true;
+    }
     if (event->type() == QEvent::Leave) {
         m_impl->hover(std::nullopt);
     }

@@ -42,8 +42,9 @@ template <unsigned bits> struct PairReader {
     {
         const std::uint8_t* triple = data + n / 2 * 3;
         const unsigned odd = n % 2;
-        const unsigned low = triple[1] >> 4 * odd & ((1U << (bits - 8)) - 1);
-        return static_cast<std::uint16_t>(triple[2 * odd] << (bits - 8) | low);
+        const unsigned low = unsigned { triple[1] } >> 4 * odd & ((1U << (bits - 8)) - 1);
+        const unsigned high = triple[2 * odd];
+        return static_cast<std::uint16_t>(high << (bits - 8) | low);
     }
 };
 

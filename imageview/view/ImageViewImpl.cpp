@@ -53,6 +53,12 @@ void ZQImageView::Impl::takePosted()
     show(*posted);
 }
 
+QEvent::Type ZQImageView::Impl::postedType()
+{
+    static const int type = QEvent::registerEventType();
+    return static_cast<QEvent::Type>(type);
+}
+
 void ZQImageView::Impl::dropPosted()
 {
     if (slot.take()) {

@@ -4,6 +4,7 @@
 #include "view/FrameSlot.h"
 #include "view/ViewMapping.h"
 
+#include <QEvent>
 #include <QPointF>
 #include <QString>
 
@@ -22,6 +23,8 @@ public:
     /// `shown` owns its bytes.
     void show(const ZQImage& shown);
     void takePosted();
+    /// Of the event that says that something is posted.
+    static QEvent::Type postedType();
     /// Gives up what is posted, since something newer comes.
     void dropPosted();
     bool isShowing() const { return problem.isEmpty(); }

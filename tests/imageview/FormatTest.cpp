@@ -88,7 +88,7 @@ const std::vector<std::vector<std::uint32_t>> bayerFormats = {
     { 0x010C002A, 0x010C002B, 0x010C002C, 0x010C002D },
     { 0x0110002E, 0x0110002F, 0x01100030, 0x01100031 },
 };
-constexpr const char* bayerLetters[4]
+constexpr std::array bayerLetters
     = { "G0 R0 | B0 G0", "R0 G0 | G0 B0", "G0 B0 | R0 G0", "B0 G0 | G0 R0" };
 
 TEST(ImageFormats, GiveTheCamerasOwnBits)

@@ -176,11 +176,12 @@ TEST_F(ViewTest, TellsTheValueUnderTheMouse)
     // BayerRG10p: R 1, G 1023 in the first line, G 512, B 0 in the second one.
     show(testImage(0x010A0058, 2, 2, QByteArray::fromHex("01FC0F2000")), { 200, 100 });
     QSignalSpy hovered(&view, &ZQImageView::pixelHovered);
-    const struct {
+    struct Row {
         QPoint at;
         QPoint pixel;
         const char* text;
-    } moves[]
+    };
+    const std::vector<Row> moves
         = { { centreOf({ 1, 0 }), { 1, 0 }, "G 1023" }, { centreOf({ 0, 1 }), { 0, 1 }, "G 512" },
               { { 5, 50 }, { -1, -1 }, "" }, { centreOf({ 0, 0 }), { 0, 0 }, "R 1" } };
     for (const auto& row : moves) {
