@@ -107,9 +107,6 @@ Result<Formula> FormulaParser::parse()
 std::size_t FormulaParser::choice()
 {
     const Nesting nesting(m_depth);
-    if (m_depth > maxDepth) {
-        return fail("it is nested too deeply");
-    }
     const std::size_t condition = binary(0);
     if (!take('?')) {
         return condition;
@@ -135,6 +132,7 @@ std::size_t FormulaParser::binary(int weakest)
     return left;
 }
 
+/// Every rule gets here, so the depth is looked at here only.
 std::size_t FormulaParser::unary()
 {
     const Nesting nesting(m_depth);
