@@ -40,6 +40,20 @@ const char* const noValue = "it has no value";
 const char* const tooLong = "its formula is too long";
 const char* const noName = "its formula has a variable without a name";
 const std::string text = reg("StringReg", "T", 8);
+
+/// A formula of so many expressions beside each other, or each in the one before.
+std::string expressions(int count, bool isNested)
+{
+    const auto name = [](int i) { return "E" + std::to_string(i); };
+    std::string sum = "1";
+    std::string content = repeated(count, [&](int i) {
+        sum += isNested ? "" : "+" + name(i);
+        return node("Expression", name(i), isNested ? name(i + 1) : "1");
+    });
+    content += node("Expression", name(count), "1");
+    return named("IntSwissKnife", content + element("Formula", isNested ? name(0) : sum));
+}
+
 const std::string blanks(19998, '\n');
 
 TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
@@ -82,6 +96,9 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
               "</ValueDefault>")
                 + intReg("L", 8),
             "" },
+        { named("Float", "<pIndex>L</pIndex><ValueIndexed Index=\"0\">1</ValueIndexed>")
+                + intReg("L", 8),
+            "" },
         { named("Command", "<Value>1</Value>"), "it has no value to write" },
         { named("IntSwissKnife", element("Formula", "1+" + blanks.substr(3) + "11")), "" },
         { named("IntSwissKnife", element("Formula", "1+" + blanks + "1")), tooLong },
@@ -89,6 +106,13 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
             noName },
         { named("SwissKnife", "<Constant>1</Constant><Formula>1</Formula>"), noName },
         { named("SwissKnife", "<Expression>1</Expression><Formula>1</Formula>"), noName },
+        { expressions(60, false), "" },
+        { expressions(49, true), "" },
+        { expressions(50, true), "its expressions are nested too deeply" },
+        { named("Converter",
+              "<pValue>L</pValue><FormulaTo>No</FormulaTo><FormulaFrom>TO</FormulaFrom>")
+                + intReg("L", 8),
+            "its formula uses No, which is not defined" },
         { named("Integer", "<pValue>No</pValue>"), "it refers to No, which does not exist" },
         { named("Integer", "<pValue>T</pValue>") + text,
             "it refers to T, which has no such value" },

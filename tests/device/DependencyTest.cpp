@@ -91,10 +91,13 @@ TEST(Dependents, AmongBitsOfARegisterAreThoseThatOverlap)
             { "<Bit>3</Bit>", "<LSB>3</LSB><MSB>3</MSB>", 0U, "B" },
             { "<Bit>3</Bit>", "<LSB>0</LSB><MSB>2</MSB>", 0U, "" },
             { "<Bit>3</Bit>", "<Bit>4</Bit>", 3U, "B" }, // another register, some bytes shared
+            { "<Bit>3</Bit>", "<Bit>4</Bit><Length>2</Length>", 0U, "B" },
+            { "<Bit>3</Bit>", "<Bit>4</Bit><pLength>Four</pLength>", 0U, "B" },
             { "<Bit>3</Bit>", "<Bit>3</Bit>", 4U, "" } }) {
         TestCamera camera("A B",
             reg("MaskedIntReg", "A", 0, one + littleEndian)
-                + reg("MaskedIntReg", "B", address, other + littleEndian));
+                + reg("MaskedIntReg", "B", address, other + littleEndian)
+                + node("Integer", "Four", "<Value>4</Value>"));
         EXPECT_EQ(camera.set("A", 1), STATUS_OK);
         EXPECT_EQ(names(camera.repository.GetInvalidatedFeatures("A")), expected) << one << other;
     }

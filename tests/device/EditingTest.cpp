@@ -45,6 +45,8 @@ const std::string nodes = intReg("Reg", 0) + reg("FloatReg", "FReg", 4, "<Length
 <Float Name="Whole"><pValue>Tens</pValue><Min>0</Min><Max>1e300</Max></Float>
 <Float Name="Big"><pValue>Single</pValue><Max>1e300</Max></Float>
 <Float Name="Level"><pValue>ReadOnly</pValue></Float>
+<Float Name="Limitless"><pValue>FReg</pValue><pMax>Quotient</pMax></Float>
+<Boolean Name="Far"><pValue>Narrow</pValue><OnValue>256</OnValue></Boolean>
 <Boolean Name="Bool"><pValue>BoolReg</pValue></Boolean>
 <Boolean Name="Flag"><pValue>ReadOnly</pValue></Boolean>
 <Enumeration Name="Enum"><EnumEntry Name="A"><Value>5</Value></EnumEntry><EnumEntry Name="Gone">
@@ -63,7 +65,7 @@ const char* const members
     = "Int Set Wide Float Text Bool Enum Run AcquisitionStart "
       "AcquisitionStop ReadOnly WriteOnly Streaming Absent Rate Tenfold Step Whole Big Over Broken "
       "Fixed Nil Bytes Chunk Odd Twins Quotient Unset Held Sealed Mode Level Flag Stuck Either "
-      "TLParamsLocked";
+      "TLParamsLocked Limitless Far";
 
 struct Refusal {
     const char* name;
@@ -147,6 +149,10 @@ TEST(Writes, AreRefusedWithCodeAndSentenceBeforeAnythingIsSent)
             "hold" },
         { "Tenfold", set(26), notConvertible,
             "26 cannot be written, it is converted into 260, which its register does not hold" },
+        { "Far", check, notConvertible,
+            "1 cannot be written, it is converted into 256, which its register does not hold" },
+        { "Limitless", set(1.0), notEvaluable,
+            "its limits cannot be told, its formula divides by zero now" },
         { "Whole", set(1e30), notConvertible,
             "1e+30 cannot be written, the camera's formula takes 64-bit integers only" },
         { "Big", set(1e39), notConvertible,
@@ -193,6 +199,7 @@ TEST(Writes, ReachTheCameraAndReadBack)
         { std::pair("Float", 2.0), { "Float", -1.5 }, { "Big", double(FLT_MAX) } }) {
         EXPECT_EQ(camera.set(name, value), STATUS_OK) << name << value;
     }
+    EXPECT_EQ(camera.item("Big").floatMin, -double(FLT_MAX));
     EXPECT_EQ(camera.set("Int", 3, 0), STATUS_OK); // not to be checked
     for (const auto& [index, value] : { std::pair(1, 2), { 0, 1 }, { 1, 2 }, { 2, 1 } }) {
         EXPECT_EQ(device.SetEnumValue("Twins", "T", index), STATUS_OK);

@@ -24,12 +24,14 @@ TEST(FeatureListing, EachNameOnceInTreeOrderInsideACategory)
 
 TEST(FeatureListing, NotImplementedIsLeftOutAndNotAvailableIsListedAsSuch)
 {
-    TestCamera camera("A B C",
-        intReg("A", 0, element("pIsImplemented", "Never"))
+    TestCamera camera("A B C D",
+        node("Category", "D", "<pIsImplemented>Never</pIsImplemented><pFeature>In</pFeature>")
+            + intReg("In", 12) + intReg("A", 0, element("pIsImplemented", "Never"))
             + intReg("B", 4, element("pIsAvailable", "Never")) + intReg("C", 8)
             + knife("IntSwissKnife", "Never", {}, "0"));
 
-    EXPECT_EQ(camera.listed(), "Main:0 B:1 C:1");
+    EXPECT_EQ(camera.listed(), "Main:0 B:1 C:1 D:1 In:2");
+    EXPECT_EQ(camera.state("In"), FEATURE_NOT_AVAILABLE); // as what it is in
     EXPECT_EQ(camera.item("B").accessMode, ACCESS_NOT_AVAILABLE);
     EXPECT_EQ(camera.item("B").lockedFlag, 1);
     EXPECT_EQ(camera.item("B").displayFlag, 0);
@@ -128,10 +130,18 @@ const std::vector<ValueCase> valueCases {
     { "limit without a value",
         overR("Integer", "<pMax>Q</pMax>") + knife("IntSwissKnife", "Q", { "R" }, "1/R"),
         { 0, 0, 0, 0 }, " 0 RW 0..0/0" },
+    { "limit without a value behind",
+        named("Integer", "<pValue>I</pValue>")
+            + node("Integer", "I", "<pValue>R</pValue><pMax>Q</pMax>")
+            + knife("IntSwissKnife", "Q", { "R" }, "1/R") + intReg("R", 0),
+        {}, " 0 RW 0..0/0" },
     { "increment beyond 32 bits", overR("Integer", "<Inc>9000000000</Inc>"), {},
         "0 1 RW 0..4294967295/4294967295" },
     { "signed bits", place("MaskedIntReg", "<LSB>31</LSB><MSB>28</MSB>" + isSigned),
         { 0, 0, 0, 0x0F }, "-1 1 RW -8..7/1" },
+    { "bits of little endian",
+        place("MaskedIntReg", "<LSB>4</LSB><MSB>11</MSB><Endianess>LittleEndian</Endianess>"),
+        { 0x50, 0x06, 0, 0 }, "101 1 RW 0..255/1" },
     { "one bit", place("MaskedIntReg", "<Bit>31</Bit>"), { 0, 0, 0, 3 }, "1 1 RW 0..1/1" },
     { "bit of a structure", reg("StructReg", "S", 0, named("StructEntry", "<Bit>30</Bit>")),
         { 0, 0, 0, 2 }, "1 1 RW 0..1/1" },
