@@ -212,6 +212,7 @@ TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
 {
     ASSERT_EQ(m_repository.Load(), STATUS_OK);
     m_tardy.lost = true;
+    EXPECT_EQ(m_repository.UpdateFeatureStates(), cameraLost);
     EXPECT_EQ(m_repository.Load(), cameraLost);
     EXPECT_FALSE(m_repository.isLoaded());
     EXPECT_EQ(state("A"), FEATURE_READ_FAILED);
@@ -236,6 +237,32 @@ TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
     m_tardy.lost = true;
     EXPECT_EQ(again->poll(), State::Failed);
     EXPECT_EQ(again->error(), "gone");
+}
+
+TEST(BesideImages, OfACameraThatComesBackAreEnded)
+{
+    for (const bool canStop : { true, false }) {
+        TestCamera camera(
+            openOver(TestCamera::description("AcquisitionStart AcquisitionStop TLParamsLocked",
+                         intReg("R", 0) + command("AcquisitionStart", "R", "1")
+                             + command(canStop ? "AcquisitionStop" : "Other", "R", "2")
+                             + node("Integer", "TLParamsLocked", "<Value>0</Value>")),
+                std::make_unique<Tardy>(nullptr)));
+        auto& tardy = static_cast<Tardy&>(camera.port.backend());
+        for (const bool isGrabbing : { true, false }) {
+            if (isGrabbing) {
+                EXPECT_EQ(camera.device.ExecuteCommand("AcquisitionStart", 0), STATUS_OK);
+            } else {
+                writeWord(tardy.memory(), 0, 7);
+            }
+            tardy.lost = true;
+            tardy.tries = 1;
+            EXPECT_EQ(camera.device.ReconnectBeside()->wait(std::chrono::seconds(10)), State::Done);
+            EXPECT_EQ(camera.registerAt(0), !isGrabbing ? 7 : canStop ? 2 : 1);
+            EXPECT_EQ(camera.device.IsGrabbing(), 0);
+            EXPECT_EQ(camera.read("TLParamsLocked"), "0");
+        }
+    }
 }
 
 TEST_F(Beside, ImagesThatCannotStartTellWhy)

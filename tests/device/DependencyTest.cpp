@@ -19,12 +19,14 @@ const std::string littleEndian = "<Endianess>LittleEndian</Endianess>";
 TestCamera makeCamera()
 {
     return { "Last Width Offset Sel Gain Lone UserSetLoad Low High AcquisitionStart "
-             "AcquisitionStop Locked",
+             "AcquisitionStop Locked One Two",
         intReg("WidthReg", 0) + intReg("GainReg", 4, "<pAddress>SelOffset</pAddress>")
             + intReg("SelReg", 8) + intReg("Lone", 16) + intReg("StartReg", 48)
             + intReg("Locked", 52, "<pIsLocked>TLParamsLocked</pIsLocked>")
             + intReg("High", 30, "<Address>4</Address><Length>2</Length>" + littleEndian)
             + reg("MaskedIntReg", "Low", 32, "<LSB>0</LSB><MSB>7</MSB>" + littleEndian)
+            + intReg("One", 56, "<pIsAvailable>Gate</pIsAvailable>")
+            + intReg("Two", 60, "<pIsAvailable>Gate</pIsAvailable>") + intReg("Gate", 64)
             + knife("IntSwissKnife", "Free", { "Width" }, "100-Width")
             + knife("IntSwissKnife", "OffsetFree", { "Offset" }, "100-Offset")
             + knife("IntSwissKnife", "Last", { "Free" }, "Free*2")
@@ -59,6 +61,11 @@ TEST(Dependents, AreCompleteInTreeOrderAndOnce)
     EXPECT_EQ(camera.set("Gain", 1), STATUS_OK);
     camera.read("Lone");
     EXPECT_EQ(invalidated("Gain"), "Lone");
+    EXPECT_EQ(camera.set("Sel", 15), STATUS_OK);
+    EXPECT_EQ(camera.set("Gain", 1), STATUS_OK);
+    camera.read("One");
+    camera.read("Two"); // by the same answer
+    EXPECT_EQ(invalidated("Gain"), "One Two");
 }
 
 TEST(Dependents, FollowEachReferenceInItsDirection)

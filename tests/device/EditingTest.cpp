@@ -45,6 +45,7 @@ const std::string nodes = intReg("Reg", 0) + reg("FloatReg", "FReg", 4, "<Length
 <Float Name="Whole"><pValue>Tens</pValue><Min>0</Min><Max>1e300</Max></Float>
 <Float Name="Big"><pValue>Single</pValue><Max>1e300</Max></Float>
 <Float Name="Level"><pValue>ReadOnly</pValue></Float>
+<Integer Name="Bound"><pValue>Reg</pValue><pMax>ReadOnly</pMax></Integer>
 <Float Name="Limitless"><pValue>FReg</pValue><pMax>Quotient</pMax></Float>
 <Boolean Name="Far"><pValue>Narrow</pValue><OnValue>256</OnValue></Boolean>
 <Boolean Name="Bool"><pValue>BoolReg</pValue></Boolean>
@@ -65,7 +66,7 @@ const char* const members
     = "Int Set Wide Float Text Bool Enum Run AcquisitionStart "
       "AcquisitionStop ReadOnly WriteOnly Streaming Absent Rate Tenfold Step Whole Big Over Broken "
       "Fixed Nil Bytes Chunk Odd Twins Quotient Unset Held Sealed Mode Level Flag Stuck Either "
-      "TLParamsLocked Limitless Far";
+      "TLParamsLocked Bound Limitless Far";
 
 struct Refusal {
     const char* name;
@@ -242,9 +243,12 @@ private:
 
 TEST(Commands, AreWaitedForUntilTheirRegisterSaysDone)
 {
-    const std::string busy = TestCamera::description("AcquisitionStart Zero",
-        command("AcquisitionStart", "R", "1") + command("Zero", "R", "0") + intReg("R", 0));
-    for (const int looks : { 3, 0 }) {
+    for (const auto& [looks, value] : { std::pair(3, "<pCommandValue>One</pCommandValue>"),
+             { 0, "<CommandValue>1</CommandValue>" } }) {
+        const std::string busy = TestCamera::description("AcquisitionStart Zero",
+            node("Command", "AcquisitionStart", std::string("<pValue>R</pValue>") + value)
+                + node("Integer", "One", "<Value>1</Value>") + command("Zero", "R", "0")
+                + intReg("R", 0));
         TestCamera camera(openSimulated(busy, std::make_unique<Busy>(looks)));
         EXPECT_EQ(camera.device.ExecuteCommand("AcquisitionStart", 0), STATUS_OK);
         EXPECT_EQ(camera.device.ExecuteCommand("Zero", 1), STATUS_OK); // a zero cannot go
@@ -278,6 +282,7 @@ TEST(Writes, AFailedAccessIsNoSuccess)
     long integer = 0;
     EXPECT_EQ(camera.device.GetIntegerValue("Int", &integer), injectedFault);
     EXPECT_EQ(camera.device.ExecuteCommand("Run", 1), injectedFault);
+    EXPECT_EQ(camera.set("Bound", 1), injectedFault);
     EXPECT_EQ(camera.set("Raw", 1), unknownFeature);
 }
 

@@ -65,6 +65,8 @@ TEST_F(Opening, TakesEveryFormThatCamerasDeliver)
         ASSERT_TRUE(camera) << path << ": " << error;
         EXPECT_EQ(camera->model(), "M");
         EXPECT_EQ(camera->vendor(), path.find("latin1") == std::string::npos ? "V" : "V\xC3\xA9");
+        EXPECT_EQ(camera->impl().port().kindOf({ 0, 4 }) == AccessKind::Register,
+            path.find("legacy") != std::string::npos);
         EXPECT_EQ(TestCamera(std::move(camera)).listed(), "Main:0 A:1") << path;
     }
 }

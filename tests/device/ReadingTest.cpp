@@ -74,6 +74,7 @@ const std::string zero = knife("IntSwissKnife", "Zero", {}, "0");
 const std::string choice
     = overR("Enumeration", R"(<EnumEntry Name="One"><Value>1</Value></EnumEntry>
 <EnumEntry Name="Gone"><Value>2</Value><pIsAvailable>Zero</pIsAvailable></EnumEntry>
+<EnumEntry Name="Not"><Value>4</Value><pIsImplemented>Zero</pIsImplemented></EnumEntry>
 <EnumEntry Name="Same"><Value>1</Value></EnumEntry>
 <EnumEntry Name="Three"><Value>3</Value></EnumEntry>)")
     + zero;
@@ -105,6 +106,8 @@ const std::vector<ValueCase> valueCases {
     { "raw register", place("Register", "<Length>3</Length>"), { 1, 0xAB, 0 }, "01 AB 00 1 RW" },
     { "command", overR("Command", "<CommandValue>1</CommandValue><DisplayName>Do it</DisplayName>"),
         {}, "Do it 1 RW" },
+    { "command without a caption", overR("Command", "<CommandValue>1</CommandValue>"), {},
+        "F 1 RW" },
     { "write-only", place("IntReg", "<AccessMode>WO</AccessMode>"), { 0, 0, 0, 1 },
         " 0 WO 0..4294967295/1" },
     { "read-only behind", overR("Integer", "", readOnly), { 0, 0, 0, 1 },
@@ -145,6 +148,10 @@ const std::vector<ValueCase> valueCases {
     { "one bit", place("MaskedIntReg", "<Bit>31</Bit>"), { 0, 0, 0, 3 }, "1 1 RW 0..1/1" },
     { "bit of a structure", reg("StructReg", "S", 0, named("StructEntry", "<Bit>30</Bit>")),
         { 0, 0, 0, 2 }, "1 1 RW 0..1/1" },
+    { "bit of a structure with an access of its own",
+        reg("StructReg", "S", 0,
+            "<AccessMode>RW</AccessMode>" + named("StructEntry", "<Bit>30</Bit>" + readOnly)),
+        { 0, 0, 0, 2 }, "1 1 RO 0..1/1" },
     { "little endian",
         node("IntReg", "F", "<Address>0</Address><Length>2</Length><pPort>Device</pPort>"),
         { 1, 2 }, "513 1 RO 0..65535/1" },
@@ -255,11 +262,21 @@ TEST(Load, ReadsEachRegisterOnceAndItsRecordsNotAgain)
 
     EXPECT_GT(all, read.size());
     EXPECT_EQ(camera.port.reads() - before, read.size());
+    read.clear();
+    camera.read("Width");
+    EXPECT_FALSE(read.empty()); // asked once more
+    const auto old = camera.repository.GetFeature("Width");
+    camera.repository.Load();
+    EXPECT_FALSE(camera.repository.ReadFeature(old));
 }
 
 TEST(ReadFeature, FailedAccessKeepsTheValueAndMarksTheState)
 {
-    TestCamera camera("A", intReg("A", 0));
+    TestCamera camera("A E",
+        intReg("A", 0) + intReg("S", 4)
+            + node("Enumeration", "E",
+                "<EnumEntry Name=\"One\"><Value>5</Value></EnumEntry><EnumEntry Name=\"Two\">"
+                "<Value>2</Value><pIsAvailable>S</pIsAvailable></EnumEntry><pValue>A</pValue>"));
     camera.set("A", 5);
     ASSERT_EQ(camera.read("A"), "5");
     camera.set("A", 6);
@@ -270,8 +287,15 @@ TEST(ReadFeature, FailedAccessKeepsTheValueAndMarksTheState)
     EXPECT_EQ(camera.state("A"), FEATURE_READ_FAILED);
 
     camera.port.setFaultHook(nullptr);
+    EXPECT_EQ(camera.repository.UpdateFeatureStates(), STATUS_OK);
+    EXPECT_EQ(camera.state("A"), FEATURE_READ_FAILED); // only a fresh value tells otherwise
     EXPECT_EQ(camera.read("A"), "6");
     EXPECT_EQ(camera.state("A"), FEATURE_AVAILABLE);
+
+    camera.port.invalidate();
+    camera.port.setFaultHook([](std::uint64_t address, auto, bool) { return address == 4; });
+    EXPECT_EQ(camera.read("E"), "(read failed)"); // not one entry less
+    EXPECT_EQ(camera.state("E"), FEATURE_READ_FAILED);
 }
 
 } // namespace

@@ -119,6 +119,12 @@ const std::vector<Meaning> meanings {
         node("Integer", "F", "<Value>1<!-- and -->2<![CDATA[3]]></Value>"), 0, "123 1 RW" },
     { "all bits are on", overR("Boolean", "<OnValue>0xFFFFFFFF</OnValue>"), -1, "1 1 RW" },
     { "neither on nor off", overR("Boolean", "<OnValue>1</OnValue>"), 2, " 0 RW" },
+    { "no number of an enumeration that has no value",
+        node("Float", "F", "<pValue>E</pValue>")
+            + node("Enumeration", "E",
+                "<pValue>Q</pValue>" + entry("A", 0, "<NumericValue>2</NumericValue>"))
+            + knife("IntSwissKnife", "Q", { "R" }, "1 / R") + intReg("R", 0),
+        0, unread },
     { "entries that nobody shall see",
         overR("Enumeration", entry("A", 0) + entry("B", 1, "<Visibility>Invisible</Visibility>")),
         0, "0 1 RW A" },
@@ -149,6 +155,11 @@ const std::vector<Meaning> meanings {
             + node("Integer", "I", "<pValue>R</pValue><pError>R</pError>") + intReg("R", 0),
         1, unread },
     { "no number in a float's register", reg("FloatReg", "F", 0), 0x7FC00000, unread },
+    { "limit of its own before one that is not there",
+        node("Integer", "F", "<pValue>I</pValue><Max>9</Max>")
+            + node("Integer", "I", "<pValue>R</pValue><pMax>M</pMax>") + intReg("R", 0)
+            + intReg("M", 8, "<pIsAvailable>Zero</pIsAvailable>") + zero,
+        1, "1 1 RW 0..9/1" },
     { "limit that is not there",
         overR("Integer", "<pMax>M</pMax>") + intReg("M", 8, "<pIsAvailable>Zero</pIsAvailable>")
             + zero,
@@ -301,7 +312,7 @@ TEST(Standard, ExtensionsHoldNoNodes)
         node("Integer", "I",
             "<Extension><Integer Name=\"I\"><Value>9</Value></Integer>"
             "<Integer Name=\"X\"/><pValue>No</pValue></Extension><pValue>R</pValue>")
-            + intReg("R", 0)
+            + intReg("R", 0) + node("IntSwissKnife", "K", node("Expression", "X", "1"))
             + "<Extension><Category Name=\"Root\"/><IntReg Name=\"R\"/></Extension>");
     EXPECT_EQ(camera.listed(), "Main:0 I:1");
     EXPECT_EQ(camera.set("I", 4), STATUS_OK);
