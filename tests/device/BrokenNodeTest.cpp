@@ -41,27 +41,21 @@ const char* const tooLong = "its formula is too long";
 const char* const noName = "its formula has a variable without a name";
 const std::string text = reg("StringReg", "T", 8);
 
-/// A formula of so many expressions beside each other, or each in the one before.
-std::string expressions(int count, bool isNested)
+/// A formula of so many expressions within each other.
+std::string nested(int count)
 {
-    const auto name = [](int i) { return "E" + std::to_string(i); };
-    std::string sum = "1";
-    std::string content = repeated(count, [&](int i) {
-        sum += isNested ? "" : "+" + name(i);
-        return node("Expression", name(i), isNested ? name(i + 1) : "1");
-    });
-    content += node("Expression", name(count), "1");
-    return named("IntSwissKnife", content + element("Formula", isNested ? name(0) : sum));
+    return named("IntSwissKnife", repeated(count, [count](int i) {
+        const std::string next = i + 1 < count ? "E" + std::to_string(i + 1) : "1";
+        return node("Expression", "E" + std::to_string(i), next);
+    }) + "<Formula>E0</Formula>");
 }
 
 const std::string blanks(19998, '\n');
 
 TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
 {
-    const std::vector<Case> cases {
-        { placed("IntReg", length("0")), badLength },
-        { placed("IntReg", length("1")), "" },
-        { placed("IntReg", length("8")), "" },
+    const std::vector<Case> cases { { placed("IntReg", length("0")), badLength },
+        { placed("IntReg", length("1")), "" }, { placed("IntReg", length("8")), "" },
         { placed("IntReg", length("9")), badLength },
         { placed("IntReg", length("four")), badLength },
         { placed("IntReg", length("-1")), badLength },
@@ -74,10 +68,8 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
             "" },
         { placed("IntReg", "<pLength>L</pLength>") + intReg("L", 8), badLength },
         { placed("StringReg", "<pLength>L</pLength>") + intReg("L", 8), "" },
-        { placed("StringReg", length("four")), badLength },
-        { placed("FloatReg", length("4")), "" },
-        { placed("FloatReg", length("8")), "" },
-        { placed("FloatReg", length("6")), badLength },
+        { placed("StringReg", length("four")), badLength }, { placed("FloatReg", length("4")), "" },
+        { placed("FloatReg", length("8")), "" }, { placed("FloatReg", length("6")), badLength },
         { placed("StringReg", length("1048576")), "" },
         { placed("StringReg", length("1048577")), badLength },
         { placed("MaskedIntReg", "<LSB>31</LSB><MSB>0</MSB>"), "" },
@@ -88,8 +80,7 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
         { "<StructEntry Name=\"F\"><Bit>1</Bit></StructEntry>", "it stands outside of a register" },
         { named("IntReg", "<Address>0</Address>"), noPort },
         { named("IntReg", "<Address>0</Address><pPort>Main</pPort>"), noPort },
-        { named("Integer", ""), noValue },
-        { named("Converter", "<Value>1</Value>"), noValue },
+        { named("Integer", ""), noValue }, { named("Converter", "<Value>1</Value>"), noValue },
         { named("Boolean", "<ValueIndexed Index=\"1\">1</ValueIndexed>"), noValue },
         { named("Integer",
               "<pIndex>L</pIndex><ValueIndexed Index=\"0\">1</ValueIndexed><ValueDefault>2"
@@ -106,9 +97,7 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
             noName },
         { named("SwissKnife", "<Constant>1</Constant><Formula>1</Formula>"), noName },
         { named("SwissKnife", "<Expression>1</Expression><Formula>1</Formula>"), noName },
-        { expressions(60, false), "" },
-        { expressions(49, true), "" },
-        { expressions(50, true), "its expressions are nested too deeply" },
+        { nested(50), "" }, { nested(51), "its expressions are nested too deeply" },
         { named("Converter",
               "<pValue>L</pValue><FormulaTo>No</FormulaTo><FormulaFrom>TO</FormulaFrom>")
                 + intReg("L", 8),
@@ -127,12 +116,10 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
         { named("Float", "<Value>1</Value><pMin>M</pMin>")
                 + knife("SwissKnife", "M", { "F.Min" }, "F.Min"),
             "it refers to F.Min, which does not exist" },
-        { chain(399), "" },
-        { chain(400), "it takes too long to evaluate" },
+        { chain(399), "" }, { chain(400), "it takes too long to evaluate" },
         { chain(50000), "it needs N1, which cannot be read" },
         { named("Integer", "<pValue>K60</pValue>") + doubling(60),
-            "it needs K60, which cannot be read" },
-    };
+            "it needs K60, which cannot be read" } };
     for (const Case& test : cases) {
         SCOPED_TRACE(test.node.substr(0, 1000));
         TestCamera camera("F", test.node);

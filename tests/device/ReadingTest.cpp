@@ -59,12 +59,6 @@ std::string overR(const std::string& tag, const std::string& content, const std:
     return named(tag, over + content) + intReg("R", 0, more);
 }
 
-/// F by a formula over R.
-std::string ofR(const std::string& tag, const std::string& formula)
-{
-    return knife(tag, "F", { "R" }, formula) + intReg("R", 0);
-}
-
 std::string place(const std::string& tag, const std::string& more)
 {
     return reg(tag, "F", 0, more);
@@ -112,20 +106,11 @@ const std::vector<ValueCase> valueCases {
         " 0 WO 0..4294967295/1" },
     { "read-only behind", overR("Integer", "", readOnly), { 0, 0, 0, 1 },
         "1 1 RO 0..4294967295/1" },
-    { "division that would trap",
-        knife("IntSwissKnife", "F", { "R", "M" }, "R/M + 5%M") + intReg("R", 0, length8)
-            + "<Integer Name=\"M\"><Value>-1</Value></Integer>",
-        { 0x80, 0, 0, 0, 0, 0, 0, 1 },
-        "9223372036854775807 1 RO -9223372036854775808..9223372036854775807/1" },
-    { "integer formula without a value", ofR("IntSwissKnife", "7 % (1/R) + 1"), { 0, 0, 0, 0 },
-        " 0 RO -9223372036854775808..9223372036854775807/1" },
     { "division in a converter's branch not taken",
         overR("IntConverter",
             "<pVariable Name=\"X\">R</pVariable><FormulaTo>FROM</FormulaTo>"
             "<FormulaFrom>(X=0) ? 4 : (TO/X)</FormulaFrom>"),
         { 0, 0, 0, 0 }, "4 1 RW 4..4/1" },
-    { "division in the branch not taken", ofR("SwissKnife", "(R=0) ? 2.5 : (1/R)"), { 0, 0, 0, 0 },
-        "2.5 1 RO" },
     { "limits half told", overR("Integer", "<Min>-5</Min>"), { 0, 0, 0, 7 },
         "7 1 RW -5..4294967295/1" },
     { "increments that are none", overR("Integer", "<Max>9</Max><Inc>-3</Inc>"), {},

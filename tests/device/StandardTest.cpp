@@ -107,7 +107,6 @@ const std::vector<Meaning> meanings {
     { "constants with names", ofX("SwissKnife", "LN(E) + SIN(PI / 2) + LG(100)", "R"), 0,
         "4 1 RO" },
     { "undefined variable", ofX("IntSwissKnife", "X + Y", "R"), 1, unread },
-    { "wrong formula", ofX("IntSwissKnife", "X + * 1", "R"), 1, unread },
     { "64 bits of a constant",
         ofR("IntSwissKnife", constant + "0x0123456789abcdef</Constant><Formula>C</Formula>"), 0,
         "81985529216486895 1" + free64 },
@@ -119,12 +118,6 @@ const std::vector<Meaning> meanings {
         node("Integer", "F", "<Value>1<!-- and -->2<![CDATA[3]]></Value>"), 0, "123 1 RW" },
     { "all bits are on", overR("Boolean", "<OnValue>0xFFFFFFFF</OnValue>"), -1, "1 1 RW" },
     { "neither on nor off", overR("Boolean", "<OnValue>1</OnValue>"), 2, " 0 RW" },
-    { "no number of an enumeration that has no value",
-        node("Float", "F", "<pValue>E</pValue>")
-            + node("Enumeration", "E",
-                "<pValue>Q</pValue>" + entry("A", 0, "<NumericValue>2</NumericValue>"))
-            + knife("IntSwissKnife", "Q", { "R" }, "1 / R") + intReg("R", 0),
-        0, unread },
     { "entries that nobody shall see",
         overR("Enumeration", entry("A", 0) + entry("B", 1, "<Visibility>Invisible</Visibility>")),
         0, "0 1 RW A" },
