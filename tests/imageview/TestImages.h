@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -37,6 +38,24 @@ inline ZQImage colourfulImage(int width, int height)
         }
     }
     return testImage(0x02180014, width, height, bytes);
+}
+
+/// A Bayer image of 8 bits (0 GR, 1 RG, 2 GB, 3 BG) of a scene with these colours.
+template <class ColourAt> ZQImage bayerImage(int phase, int width, int height, ColourAt colourAt)
+{
+    constexpr std::array cells = { "GRBG", "RGGB", "GBRG", "BGGR" };
+    QByteArray bytes;
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const QRgb colour = colourAt(x, y);
+            const char letter = cells[static_cast<std::size_t>(phase)][y % 2 * 2 + x % 2];
+            const int value = letter == 'R' ? qRed(colour)
+                : letter == 'G'             ? qGreen(colour)
+                                            : qBlue(colour);
+            bytes.append(static_cast<char>(value));
+        }
+    }
+    return testImage(0x01080008 + static_cast<std::uint32_t>(phase), width, height, bytes);
 }
 
 } // namespace featurebrowser

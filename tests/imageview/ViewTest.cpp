@@ -92,6 +92,21 @@ TEST_F(ViewTest, ShowsEachPixelWhereItSaysWhicheverWayItIsTurned)
     }
 }
 
+TEST_F(ViewTest, ShowsTheColoursOfBayerImagesWhateverTheZoom)
+{
+    constexpr QRgb colour = qRgb(10, 50, 90);
+    for (int phase = 0; phase < 4; ++phase) {
+        for (const int width : { 20, 41, 100 }) {
+            const auto scene = [](int, int) { return colour; };
+            show(bayerImage(phase, 41, 41, scene), { width, width });
+            const QImage shown = view.grab().toImage();
+            for (int i = 0; i < width * width; ++i) {
+                ASSERT_EQ(colour, shown.pixel(i % width, i / width)) << phase << " " << width;
+            }
+        }
+    }
+}
+
 TEST_F(ViewTest, ZoomsAboutTheMouse)
 {
     show(colourfulImage(200, 200), { 300, 200 });
