@@ -57,7 +57,10 @@ void showImage(ViewerWindow& window)
     QEventLoop loop;
     QObject::connect(&window.images().view(), &featurebrowser::ZQImageView::imageChanged, &loop,
         &QEventLoop::quit);
-    QTimer::singleShot(imagePatience, &loop, &QEventLoop::quit);
+    QTimer patience;
+    patience.setSingleShot(true);
+    QObject::connect(&patience, &QTimer::timeout, &loop, &QEventLoop::quit);
+    patience.start(imagePatience);
     loop.exec();
 }
 

@@ -2,25 +2,26 @@
 
 #include "window/RecentCameras.h"
 
-#include <QApplication>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QMimeData>
-#include <QPointer>
 #include <QPushButton>
 #include <QStyle>
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <chrono>
 #include <thread>
+#include <utility>
 
 namespace zqviewer {
 
 namespace {
 
+constexpr std::chrono::milliseconds searchPoll(50);
 constexpr int descriptionRole = Qt::UserRole;
 constexpr int cameraRole = Qt::UserRole + 1;
 
@@ -74,6 +75,7 @@ StartPage::StartPage(RecentCameras& recent)
     for (const RecentCameras::Entry& entry : m_recent.entries()) {
         addEntry(entry.words, entry.description, entry.camera);
     }
+    connect(&m_poll, &QTimer::timeout, this, &StartPage::look);
     connect(m_list, &QListWidget::itemActivated, this, &StartPage::chooseCurrent);
     connect(m_list, &QListWidget::currentRowChanged, this,
         [this](int row) { m_open->setEnabled(row >= 0); });
@@ -128,23 +130,29 @@ void StartPage::chooseFile()
     }
 }
 
-/// Beside the user: it takes about a second.
+/// Beside the user: it takes about a second, and nobody waits for it when the page is closed.
 void StartPage::find()
 {
     m_find->setEnabled(false);
     m_find->setText(tr("Looking\u2026"));
-    std::thread([page = QPointer<StartPage>(this)] {
+    std::packaged_task<Cameras()> search([] {
         zqcameralib::ZQDiscovery discovery;
-        const auto cameras = discovery.discover();
-        QMetaObject::invokeMethod(qApp, [page, cameras] {
-            if (page) {
-                page->showFound(cameras);
-            }
-        });
-    }).detach();
+        return discovery.discover();
+    });
+    m_search = search.get_future();
+    std::thread(std::move(search)).detach();
+    m_poll.start(searchPoll);
 }
 
-void StartPage::showFound(const std::vector<zqcameralib::CameraInfo>& cameras)
+void StartPage::look()
+{
+    if (m_search.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
+        m_poll.stop();
+        showFound(m_search.get());
+    }
+}
+
+void StartPage::showFound(const Cameras& cameras)
 {
     m_find->setEnabled(true);
     m_find->setText(tr("&Find cameras"));

@@ -5,6 +5,9 @@
 #include "featurebrowser/ZQCamera.h"
 
 #include <QDialog>
+#include <QTimer>
+
+#include <future>
 
 class QBoxLayout;
 class QLabel;
@@ -39,8 +42,10 @@ private:
     void choose(const QString& description, const QString& camera);
     void chooseCurrent();
     void chooseFile();
+    using Cameras = std::vector<zqcameralib::CameraInfo>;
     void find();
-    void showFound(const std::vector<zqcameralib::CameraInfo>& cameras);
+    void look();
+    void showFound(const Cameras& cameras);
     void addEntry(const QString& words, const QString& description, const QString& camera);
 
     RecentCameras& m_recent;
@@ -48,6 +53,8 @@ private:
     QLabel* m_error;
     QPushButton* m_find = nullptr;
     QPushButton* m_open = nullptr;
+    std::future<Cameras> m_search;
+    QTimer m_poll; ///< runs while cameras are sought
     QString m_description;
     QString m_camera;
 };
