@@ -124,6 +124,16 @@ TEST_F(SafetyTest, AKeyThatIsHeldActsOnce)
         name[0] == 'S' ? hold(Qt::Key_Space, " ") : hold(Qt::Key_Return, "\r");
         EXPECT_EQ(journal.take(), Lines { line });
     }
+    // The server's repetition, where it has arrived in two parts.
+    select("SelfTestRun");
+    for (const auto& [type, time] : { std::pair(QEvent::KeyPress, 1000),
+             { QEvent::KeyRelease, 1700 }, { QEvent::KeyPress, 1700 }, { QEvent::KeyRelease, 1740 },
+             { QEvent::KeyPress, 1790 } }) {
+        QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, " ");
+        event.setTimestamp(static_cast<ulong>(time));
+        QApplication::sendEvent(tree(), &event);
+    }
+    EXPECT_EQ(journal.take().size(), 2U) << "pressed twice, and held once";
     select("DeviceReset");
     hold(Qt::Key_Return, "\r");
     EXPECT_TRUE(isAsked() && journal.take().empty());

@@ -82,6 +82,7 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void keyboardSearch(const QString& typed) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -104,6 +105,7 @@ private:
     void leaveHiddenRow();
     void returnToLeftRow();
     void leaveRowsBelow(const QModelIndex& category);
+    bool isRepeated(const QKeyEvent& event) const;
     bool activateByKey(const QKeyEvent& event);
     bool editByKey(const QKeyEvent& event);
     void explain(const FeatureRow& row);
@@ -120,6 +122,8 @@ private:
     FilterHits m_hits;
     std::string m_left; ///< the current row before the filter hid it
     TypedName m_typed;
+    int m_releasedKey = 0;
+    ulong m_releasedAt = 0; ///< the window system's time
     bool m_isTyping = false; ///< a row becomes current by its typed name
     std::unordered_set<std::string> m_openedForHits; ///< categories that were closed before
     bool m_filterStale = false; ///< rows were added that have not been filtered

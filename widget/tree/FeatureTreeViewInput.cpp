@@ -86,6 +86,21 @@ void FeatureTreeView::keyPressEvent(QKeyEvent* event)
     QTreeView::keyPressEvent(event);
 }
 
+void FeatureTreeView::keyReleaseEvent(QKeyEvent* event)
+{
+    m_releasedKey = event->key();
+    m_releasedAt = event->timestamp();
+    QTreeView::keyReleaseEvent(event);
+}
+
+// An X server repeats a key by a release and a press of the same time. On a slow machine they do
+// not arrive together, and Qt takes them for the user's.
+bool FeatureTreeView::isRepeated(const QKeyEvent& event) const
+{
+    const bool isOfOneTime = event.timestamp() != 0 && event.timestamp() == m_releasedAt;
+    return event.isAutoRepeat() || (isOfOneTime && event.key() == m_releasedKey);
+}
+
 // Returns whether the key is done with. A key that is held acts once.
 bool FeatureTreeView::activateByKey(const QKeyEvent& event)
 {
@@ -96,7 +111,7 @@ bool FeatureTreeView::activateByKey(const QKeyEvent& event)
     if (!activates || (event.modifiers() != Qt::NoModifier && !isKeypad)) {
         return false;
     }
-    if (event.isAutoRepeat()) {
+    if (isRepeated(event)) {
         return true;
     }
     if (isBlank && m_typed.isCollecting()) {
