@@ -21,7 +21,9 @@ enum TYPE_SLIDER : int { SLIDER_LINEAR = 0, SLIDER_LOGARITHMIC = 1 };
 enum TYPE_ADDRESS : int {
     ADDRESS_NONE = 0, ///< plain text
     ADDRESS_IPV4 = 1, ///< dotted IPv4 address; edits are reported by FeatureIPModified
-    ADDRESS_MAC = 2 ///< MAC address as returned by convertToMACAddress
+    /// MAC address as returned by convertToMACAddress; edits are reported by FeatureIntModified,
+    /// with the 48 bits as the value.
+    ADDRESS_MAC = 2
 };
 
 /// Role of a feature in a selector relation (SFNC: GainSelector selects Gain).
