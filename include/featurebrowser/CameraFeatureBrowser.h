@@ -43,6 +43,16 @@ namespace featurebrowser {
 ///
 /// The line below the tree that tells what the last write has done is the property "statusLine" of
 /// GetWidget() (QWidget*): an application may move it into its own status bar, which then owns it.
+///
+/// An application that has lost the camera sets the property "cameraLost" of GetWidget() (bool):
+/// the rows go on showing what the camera held last, and nothing can be edited until it is false
+/// again.
+///
+/// Everything that the user has written and run is the property "changeLog" of GetWidget()
+/// (QAbstractItemModel*, owned by it), the newest last. Its roles (roleNames): "time" (QDateTime),
+/// "feature", "from", "to" (as entered), "held" (as read back, empty where no answer has come),
+/// "result" (QString each, in the user's language) and "isGood" (bool: taken, be it adjusted). The
+/// last line of a feature may change as long as its slider moves.
 class ZQ_EXPORT CameraFeatureBrowser {
 public:
     /// `parent` may be null. The widget is not shown yet.

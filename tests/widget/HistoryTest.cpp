@@ -211,6 +211,14 @@ TEST_F(HistoryTest, TheListTellsFiltersAndCopies)
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         EXPECT_EQ(line(static_cast<int>(i)), wanted[i]);
     }
+    auto* log = browser->GetWidget()->property("changeLog").value<QAbstractItemModel*>();
+    QStringList held;
+    for (int i = 0; i < log->rowCount(); ++i) {
+        for (const char* role : { "held", "isGood" }) {
+            held.append(log->index(i, 0).data(log->roleNames().key(role)).toString());
+        }
+    }
+    EXPECT_EQ(held.join('|'), "640 px|false|496 px|true||false||true|640 px|true");
     EXPECT_TRUE(QTime::fromString(cell(0, 0), "HH:mm:ss").isValid());
     auto* copy = window->findChild<QPushButton*>("copyChanges");
     const auto copied = [] {

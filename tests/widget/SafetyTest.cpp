@@ -214,4 +214,28 @@ TEST_F(SafetyTest, ANumberOrAPastedTextStartsTheEdit)
     }
 }
 
+TEST_F(SafetyTest, NothingOfALostCameraCanBeEdited)
+{
+    QWidget* window = browser->GetWidget();
+    open("Width");
+    EXPECT_TRUE(isEditing());
+    journal.take();
+    window->setProperty("cameraLost", true);
+    EXPECT_FALSE(isEditing());
+    addCommand("AddedMeanwhile");
+    for (const char* name :
+        { "Width", "ReverseX", "PixelFormat", "SelfTestRun", "AddedMeanwhile" }) {
+        open(name);
+        EXPECT_FALSE(isEditing()) << name;
+        EXPECT_EQ(popup(), nullptr) << name;
+    }
+    for (const std::string& event : journal.take()) {
+        EXPECT_EQ(event.find("Select"), 0U) << event;
+    }
+    EXPECT_TRUE(row("Width").data(Qt::ToolTipRole).toString().contains("camera is lost"));
+    window->setProperty("cameraLost", false);
+    edit("Width", "512");
+    EXPECT_EQ(journal.take().back(), "Int Width 512");
+}
+
 } // namespace featurebrowser

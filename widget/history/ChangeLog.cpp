@@ -41,12 +41,47 @@ int ChangeLog::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : EndColumn;
 }
 
+namespace {
+
+QVariant dataForPrograms(const ChangeLine& line, int role)
+{
+    switch (role) {
+    case ChangeLog::TimeRole:
+        return line.time;
+    case ChangeLog::FeatureRole:
+        return line.feature;
+    case ChangeLog::FromRole:
+        return line.from;
+    case ChangeLog::ToRole:
+        return line.to;
+    case ChangeLog::HeldRole:
+        return line.held;
+    case ChangeLog::ResultRole:
+        return line.result;
+    case ChangeLog::GoodRole:
+        return line.isGood;
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+QHash<int, QByteArray> ChangeLog::roleNames() const
+{
+    return { { TimeRole, "time" }, { FeatureRole, "feature" }, { FromRole, "from" },
+        { ToRole, "to" }, { HeldRole, "held" }, { ResultRole, "result" }, { GoodRole, "isGood" } };
+}
+
 QVariant ChangeLog::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) {
+    if (!index.isValid()) {
         return {};
     }
     const ChangeLine& line = m_lines[static_cast<std::size_t>(index.row())];
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole) {
+        return dataForPrograms(line, role);
+    }
     const bool isToolTip = role == Qt::ToolTipRole; // takes markup for markup
     const auto shown = [isToolTip](const QString& text) -> QVariant {
         return isToolTip ? text.toHtmlEscaped() : text;

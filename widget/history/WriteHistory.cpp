@@ -58,11 +58,14 @@ void WriteHistory::list(const FeatureRow& row, const WriteResult& result)
         line.feature += QStringLiteral(" (%1)").arg(standsText(stands));
     }
     if (result.isCommand) {
+        line.isGood = !row.hasMessage();
         line.result = row.hasMessage() ? tr("Refused: %1").arg(reason(row)) : tr("Command run");
     } else {
         line.from = stepText(result.before, unit);
         line.to = stepText(result.entered, unit);
         const QString held = stepText(row.value, unit);
+        line.held = row.extras().isUnconfirmed ? QString() : held;
+        line.isGood = result.isTaken && !row.extras().isUnconfirmed;
         line.isPassing = result.isTaken && result.entry == WriteEntry::Passing;
         line.result = row.extras().isUnconfirmed ? tr("Not confirmed")
             : !result.isTaken                    ? tr("Refused: %1").arg(reason(row))

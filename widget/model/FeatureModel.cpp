@@ -62,6 +62,7 @@ FeatureRow* FeatureModel::insert(const std::string& category, std::unique_ptr<Fe
     }
     row->parent = parent;
     row->position = static_cast<int>(parent->children.size());
+    row->lost = m_isLost;
     FeatureRow* added = row.get();
     beginInsertRows(indexOf(parent), added->position, added->position);
     parent->children.push_back(std::move(row));
@@ -172,6 +173,17 @@ void FeatureModel::setStates(const std::map<std::string, FEATURE_STATE>& states)
         if (std::exchange(row->state, static_cast<std::uint8_t>(state)) != state) {
             emitChanged(*row);
         }
+    }
+}
+
+void FeatureModel::setLost(bool isLost)
+{
+    if (std::exchange(m_isLost, isLost) == isLost) {
+        return;
+    }
+    for (const auto& entry : m_byName) {
+        entry.second->lost = isLost;
+        emitChanged(*entry.second);
     }
 }
 

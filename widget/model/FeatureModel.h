@@ -54,6 +54,9 @@ public:
     void describe(FeatureRow& row, const std::string& about, RowAccess access);
     void setMessage(FeatureRow& row, const QString& message);
     void setStates(const std::map<std::string, FEATURE_STATE>& states);
+    /// While the camera is lost nothing can be edited, also in rows that are added.
+    void setLost(bool isLost);
+    bool isLost() const { return m_isLost; }
 
     QModelIndex index(int position, int column, const QModelIndex& parent = {}) const override;
     QModelIndex parent(const QModelIndex& index) const override;
@@ -72,6 +75,7 @@ private:
     FeatureRow m_root;
     std::unordered_map<std::string_view, FeatureRow*> m_byName; ///< keys are the rows' names
     std::unordered_map<std::string, std::vector<FeatureRow*>> m_selected; ///< by selector
+    bool m_isLost = false;
 };
 
 } // namespace featurebrowser

@@ -67,11 +67,12 @@ struct FeatureRow {
     bool hasValue = true;
     bool logarithmic = false;
     bool hidden = false; ///< by level or filter, as told to the view
+    bool lost = false; ///< the camera is: what it held last is only looked at
 
     bool isCategory() const { return kind == RowKind::Category; }
     /// Acts at once, without an editor.
     bool isButton() const { return kind == RowKind::Command || kind == RowKind::Boolean; }
-    bool isEditable() const { return !isCategory() && !readOnly; }
+    bool isEditable() const { return !isCategory() && !readOnly && !lost; }
     bool hasMessage() const { return !extras().message.isEmpty(); }
     /// Without them, empty ones.
     const RowExtras& extras() const;

@@ -100,6 +100,9 @@ QString rowReason(const FeatureRow& row)
     if (row.isCategory()) {
         return {};
     }
+    if (row.lost) {
+        return Words::tr("The camera is lost: this is what it held last");
+    }
     switch (row.state) {
     case FEATURE_NOT_AVAILABLE:
         return Words::tr("Not available in the camera's present configuration");

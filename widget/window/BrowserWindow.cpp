@@ -41,6 +41,11 @@ void BrowserWindow::setPinnedFeatures(const QByteArrayList& names)
     m_pins->pinOnly(names);
 }
 
+QAbstractItemModel* BrowserWindow::changeLog() const
+{
+    return &m_history->log();
+}
+
 QWidget* BrowserWindow::statusLine() const
 {
     return m_changes;

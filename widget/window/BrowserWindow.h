@@ -39,6 +39,10 @@ class BrowserWindow : public QWidget {
     Q_PROPERTY(QStringList confirmedCommands READ confirmedCommands WRITE setConfirmedCommands)
     /// The line about the last write: an application may move it into its status bar.
     Q_PROPERTY(QWidget* statusLine READ statusLine)
+    /// Everything that the user has written, newest last: see ChangeLog for its roles.
+    Q_PROPERTY(QAbstractItemModel* changeLog READ changeLog)
+    /// Set by an application that has lost the camera: nothing can be edited meanwhile.
+    Q_PROPERTY(bool cameraLost READ isCameraLost WRITE setCameraLost)
 
 public:
     explicit BrowserWindow(QWidget* parent);
@@ -52,6 +56,9 @@ public:
     void setPinnedFeatures(const QByteArrayList& names);
 
     QWidget* statusLine() const;
+    QAbstractItemModel* changeLog() const;
+    bool isCameraLost() const { return m_model->isLost(); }
+    void setCameraLost(bool isLost) { m_model->setLost(isLost); }
     QStringList confirmedCommands() const;
     void setConfirmedCommands(const QStringList& patterns);
 
