@@ -2,9 +2,9 @@
 #include "batch/Report.h"
 #include "program/EndSignals.h"
 #include "program/ViewerApplication.h"
-#include "window/OpeningWindow.h"
-#include "window/RecentCameras.h"
-#include "window/StartPage.h"
+#include "opening/OpeningWindow.h"
+#include "opening/RecentCameras.h"
+#include "opening/StartPage.h"
 #include "window/ViewerWindow.h"
 #include "window/WindowMemory.h"
 

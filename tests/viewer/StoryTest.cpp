@@ -2,10 +2,10 @@
 #include "Viewer.h"
 
 #include "featurebrowser/ZQImageView.h"
-#include "window/ImagePane.h"
-#include "window/OpeningWindow.h"
-#include "window/RecentCameras.h"
-#include "window/StartPage.h"
+#include "images/ImagePane.h"
+#include "opening/OpeningWindow.h"
+#include "opening/RecentCameras.h"
+#include "opening/StartPage.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "camera/CameraTaskBar.h"
 #include "program/ViewerApplication.h"
-#include "window/OpeningWindow.h"
+#include "opening/OpeningWindow.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -2,8 +2,8 @@
 
 #include "batch/CameraActions.h"
 #include "batch/TreeText.h"
-#include "camera/LiveImage.h"
-#include "window/ImagePane.h"
+#include "images/LiveImage.h"
+#include "images/ImagePane.h"
 #include "window/ViewerWindow.h"
 
 #include "featurebrowser/ZQImageView.h"

@@ -1,7 +1,7 @@
 #include "batch/FrameCapture.h"
 
-#include "camera/FrameImage.h"
-#include "window/ImagePane.h"
+#include "images/FrameImage.h"
+#include "images/ImagePane.h"
 
 #include "featurebrowser/ZQAcquisition.h"
 #include "featurebrowser/ZQImageView.h"

@@ -2,9 +2,9 @@
 
 #include "camera/CameraKeeper.h"
 #include "camera/CameraTaskBar.h"
-#include "camera/LiveImage.h"
+#include "images/LiveImage.h"
 #include "program/ViewerApplication.h"
-#include "window/ImagePane.h"
+#include "images/ImagePane.h"
 #include "window/MessageLabel.h"
 #include "window/WindowMemory.h"
 

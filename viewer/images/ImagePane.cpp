@@ -1,7 +1,7 @@
-#include "window/ImagePane.h"
+#include "images/ImagePane.h"
 
 #include "camera/CameraTaskBar.h"
-#include "camera/LiveImage.h"
+#include "images/LiveImage.h"
 
 #include "featurebrowser/ZQImageView.h"
 

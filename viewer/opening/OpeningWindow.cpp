@@ -1,4 +1,4 @@
-#include "window/OpeningWindow.h"
+#include "opening/OpeningWindow.h"
 
 #include "camera/CameraTaskBar.h"
 

@@ -1,6 +1,6 @@
-#include "window/StartPage.h"
+#include "opening/StartPage.h"
 
-#include "window/RecentCameras.h"
+#include "opening/RecentCameras.h"
 
 #include <QDragEnterEvent>
 #include <QFileDialog>

@@ -1,4 +1,4 @@
-#include "window/RecentCameras.h"
+#include "opening/RecentCameras.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
-#include "camera/LiveImage.h"
+#include "images/LiveImage.h"
 
 #include "camera/CameraTaskBar.h"
-#include "camera/FrameImage.h"
+#include "images/FrameImage.h"
 
 namespace zqviewer {
 
