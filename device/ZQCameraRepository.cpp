@@ -58,6 +58,11 @@ std::list<std::shared_ptr<FeatureItem>> ZQCameraRepository::GetSelectedFeatures(
     return m_impl->selectedBy(name);
 }
 
+std::chrono::milliseconds ZQCameraRepository::GetPollingTime(const std::string& name)
+{
+    return m_impl->pollingTime(name);
+}
+
 std::list<std::shared_ptr<FeatureItem>>& ZQCameraRepository::GetFeatureList()
 {
     return m_impl->items();

@@ -28,6 +28,7 @@ public:
     bool read(const ItemPointer& item);
     ItemList invalidatedBy(const std::string& name);
     ItemList selectedBy(const std::string& name);
+    std::chrono::milliseconds pollingTime(const std::string& name);
     ItemList& items();
     std::map<std::string, FEATURE_STATE>& states() { return m_states; }
     bool hasOutstanding() const;

@@ -53,7 +53,9 @@ private:
     void resetCounter(RegisterMemory& memory, std::uint64_t index);
     void tryServiceKey(RegisterMemory& memory);
     void advanceSelfTest(RegisterMemory& memory, std::uint64_t address, std::size_t size);
-    void measureTemperatures(RegisterMemory& memory);
+    double secondsOn() const;
+    void measureTemperatures(RegisterMemory& memory) const;
+    void measureSupply(RegisterMemory& memory) const;
 
     CameraClock m_clock;
     nanoseconds m_timeZero {};
@@ -73,6 +75,9 @@ void SimulatedCamera::beforeRead(RegisterMemory& memory, std::uint64_t address, 
 {
     if (overlap(address, size, temperature, 12)) {
         measureTemperatures(memory);
+    }
+    if (overlap(address, size, supplyVoltage, 8)) {
+        measureSupply(memory);
     }
     if (overlap(address, size, selfTestRun, 8)) {
         advanceSelfTest(memory, address, size);
@@ -179,10 +184,15 @@ void SimulatedCamera::advanceSelfTest(
     writeWord(memory, selfTestResult, passed);
 }
 
-// Warms up within minutes and breathes a little; in steps of 1/16 degree.
-void SimulatedCamera::measureTemperatures(RegisterMemory& memory)
+double SimulatedCamera::secondsOn() const
 {
-    const double seconds = std::chrono::duration<double>(m_clock() - m_timeZero).count();
+    return std::chrono::duration<double>(m_clock() - m_timeZero).count();
+}
+
+// Warms up within minutes and breathes a little; in steps of 1/16 degree.
+void SimulatedCamera::measureTemperatures(RegisterMemory& memory) const
+{
+    const double seconds = secondsOn();
     const double rise = 8.0 * (1.0 - std::exp(-seconds / 300.0)) + 0.25 * std::sin(seconds / 4.0);
     static constexpr std::initializer_list<double> cold { 38.0, 34.0, 41.0 };
     std::uint64_t address = temperature;
@@ -190,6 +200,13 @@ void SimulatedCamera::measureTemperatures(RegisterMemory& memory)
         writeFloat(memory, address, static_cast<float>(std::round((start + rise) * 16.0) / 16.0));
         address += 4;
     }
+}
+
+// Swings a little with the load; in steps of 1/64 V.
+void SimulatedCamera::measureSupply(RegisterMemory& memory) const
+{
+    const double swing = std::round(6.0 * std::sin(secondsOn() / 3.0)) / 64.0;
+    writeDouble(memory, supplyVoltage, 12.0625 + swing);
 }
 
 } // namespace

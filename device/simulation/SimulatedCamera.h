@@ -18,8 +18,8 @@ using CameraClock = std::function<std::chrono::nanoseconds()>;
 std::string_view simulatedCameraDescription();
 
 /// What the simulated camera does in process: power-up values, commands, user sets, values that
-/// follow others, and readings that change by themselves. `clock` drives the running time and the
-/// temperatures; without one it is the system's.
+/// follow others, and readings that change by themselves. `clock` drives the running time,
+/// the temperatures and the supply voltage; without one it is the system's.
 std::unique_ptr<CameraBehaviour> makeSimulatedCameraBehaviour(CameraClock clock = {});
 
 } // namespace zqcameralib

@@ -58,6 +58,7 @@ constexpr std::uint64_t timestampLatchValue = 0x2068; // 64 bits, ns
 constexpr std::uint64_t deviceReset = 0x2070;
 constexpr std::uint64_t serviceKey = 0x2074;
 constexpr std::uint64_t serviceUnlocked = 0x2078;
+constexpr std::uint64_t supplyVoltage = 0x2080; // double, V
 constexpr std::uint64_t selfTestRun = 0x2090;
 constexpr std::uint64_t selfTestResult = 0x2094;
 constexpr std::uint64_t lineStatusAll = 0x20b0;

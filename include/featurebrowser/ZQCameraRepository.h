@@ -5,6 +5,7 @@
 #include "FeatureTypes.h"
 #include "ZQCameraTask.h"
 
+#include <chrono>
 #include <list>
 #include <map>
 #include <memory>
@@ -70,6 +71,14 @@ public:
     /// Whether features are unread only because the time of an operation was over
     /// (FEATURE_READ_FAILED).
     bool HasOutstanding();
+    /// How often the feature has to be read (ReadFeature) to follow what the camera changes by
+    /// itself, in milliseconds: the shortest time that the description gives for anything the
+    /// record is made of (where the value comes from, at present where an index chooses; limits,
+    /// conditions, declared invalidations). 0 when it gives none, for categories and unknown names;
+    /// a command's own time, which is for waiting until it is done, does not count. At most a day.
+    /// Nothing has to be loaded. May read the registers that choose a value, like ReadFeature, and
+    /// with its limit of time; an index that cannot be read counts for all that it can choose.
+    std::chrono::milliseconds GetPollingTime(const std::string& name);
     /// State by feature name, as of the last Load, ReadFeature or UpdateFeatureStates. Valid as
     /// long as the repository.
     virtual std::map<std::string, FEATURE_STATE>& GetFeatureStates();

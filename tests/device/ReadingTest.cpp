@@ -283,4 +283,49 @@ TEST(ReadFeature, FailedAccessKeepsTheValueAndMarksTheState)
     EXPECT_EQ(camera.state("E"), FEATURE_READ_FAILED);
 }
 
+TEST(PollingTime, IsTheShortestOfWhatTheRecordIsMadeOf)
+{
+    const auto polled = [](const char* name, const char* time, const std::string& more = {}) {
+        return intReg(name, 4, element("PollingTime", time) + more);
+    };
+    const auto overNode
+        = [](const char* name, const std::string& content, const char* from = "Calm") {
+              return node("Integer", name, element("pValue", from) + content);
+          };
+    TestCamera camera("Own Chain Knife Limit Locked Told Chosen Shared Run Calm Never Odd InHex "
+                      "Sub Length Index",
+        polled("R70", "70") + polled("R50", "50", element("pInvalidator", "Run"))
+            + polled("R90", " 90 ") + intReg("Calm", 8) + intReg("Index", 12)
+            + overNode("Own", element("PollingTime", "60"), "R70") + overNode("Chain", "", "R70")
+            + knife("IntSwissKnife", "Knife", { "R70", "R50" }, "R70+R50")
+            + overNode("Limit", element("pMax", "R90"))
+            + overNode("Locked", element("pIsLocked", "R50"))
+            + overNode("Told", element("pInvalidator", "Chain")) + polled("Never", "0")
+            + polled("Odd", "soon") + polled("InHex", "0x10")
+            + node("Integer", "Chosen",
+                "<pIndex>Index</pIndex><pValueIndexed Index=\"1\">R50</pValueIndexed>"
+                "<pValueDefault>R90</pValueDefault>")
+            + "<StructReg><Address>16</Address><Length>4</Length><AccessMode>RW</AccessMode>"
+              "<pPort>Device</pPort><PollingTime>40</PollingTime>"
+              "<StructEntry Name=\"Shared\"><Bit>1</Bit></StructEntry></StructReg>"
+            + node("Command", "Run",
+                "<pValue>R70</pValue><CommandValue>1</CommandValue><PollingTime>5</PollingTime>")
+            + node("Category", "Sub", element("pIsAvailable", "R90") + element("pFeature", "In"))
+            + overNode("In", "") + intReg("Length", 20, element("pAddress", "R90")));
+    const auto time
+        = [&](const char* name) { return camera.repository.GetPollingTime(name).count(); };
+    camera.set("Index", 1);
+    for (const auto& [name, expected] : { std::pair("Own", 60), { "Chain", 70 }, { "Knife", 50 },
+             { "Limit", 90 }, { "Locked", 50 }, { "Told", 70 }, { "Chosen", 50 }, { "Shared", 40 },
+             { "Run", 0 }, { "In", 90 }, { "Calm", 0 }, { "Never", 0 }, { "Odd", 0 },
+             { "InHex", 16 }, { "Sub", 0 }, { "Length", 90 }, { "NotThere", 0 } }) {
+        EXPECT_EQ(time(name), expected) << name;
+    }
+    camera.set("Index", 2);
+    EXPECT_EQ(time("Chosen"), 90);
+    camera.port.invalidate();
+    camera.port.setFaultHook([](std::uint64_t address, auto, bool) { return address == 12; });
+    EXPECT_EQ(time("Chosen"), 50);
+}
+
 } // namespace

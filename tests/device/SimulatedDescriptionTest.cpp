@@ -1,4 +1,5 @@
 #include "TestCamera.h"
+#include "simulation/SimulatedCamera.h"
 
 #include <map>
 #include <set>
@@ -98,6 +99,22 @@ TEST(SimulatedDescription, RegistersStayBelow64KB)
     EXPECT_GT(recorder.read.size(), 150U);
     for (const auto& [address, size] : recorder.read) {
         EXPECT_LT(address + size, 0x10000U);
+    }
+}
+
+TEST(SimulatedDescription, PollingSeesReadingsChange)
+{
+    std::chrono::nanoseconds now(0);
+    TestCamera camera(
+        zqcameralib::openSimulated(std::string(zqcameralib::simulatedCameraDescription()),
+            zqcameralib::makeSimulatedCameraBehaviour([&now] { return now; })));
+    for (const char* name : { "DeviceTemperature", "DeviceSupplyVoltage" }) {
+        std::set<std::string> values;
+        for (int i = 0; i < 10; ++i, now += camera.repository.GetPollingTime(name)) {
+            camera.port.invalidate();
+            values.insert(camera.read(name));
+        }
+        EXPECT_GT(values.size(), 3U) << name;
     }
 }
 
