@@ -2,11 +2,7 @@
 #include "batch/Report.h"
 #include "program/EndSignals.h"
 #include "program/ViewerApplication.h"
-#include "opening/OpeningWindow.h"
-#include "opening/RecentCameras.h"
-#include "opening/StartPage.h"
-#include "window/ViewerWindow.h"
-#include "window/WindowMemory.h"
+#include "window/CameraWindows.h"
 
 #include <QFile>
 
@@ -40,67 +36,7 @@ bool readCommandLine(int argc, char** argv, CommandLine& options, QString& error
     return parseCommandLine(arguments, options, error);
 }
 
-/// Null when the user has given up.
-std::unique_ptr<OpenedCamera> openBeside(const CommandLine& options)
-{
-    OpeningWindow opening(options.camera, options.access());
-    opening.start();
-    opening.exec();
-    return opening.takeCamera();
-}
-
-/// Null, and why, when it cannot be opened; null alone when the user has given up.
-std::unique_ptr<OpenedCamera> openNamed(const CommandLine& options, QString& error)
-{
-    return options.camera.isEmpty() ? openAndLoad(options, error) : openBeside(options);
-}
-
-/// Asks the user for a camera until one is open; null when the user has given up.
-std::unique_ptr<OpenedCamera> openChosen(CommandLine& options, RecentCameras& recent)
-{
-    StartPage page(recent);
-    while (page.exec() == QDialog::Accepted) {
-        page.addChoice(options);
-        QString error;
-        if (std::unique_ptr<OpenedCamera> camera = openNamed(options, error)) {
-            return camera;
-        }
-        page.showError(error);
-    }
-    return nullptr;
-}
-
-void remember(RecentCameras& recent, const CommandLine& options, const OpenedCamera& camera)
-{
-    if (!options.camera.isEmpty() || !options.description.isEmpty()) {
-        const QString place = options.camera.isEmpty() ? options.description : options.camera;
-        recent.add(
-            { camera.name() + QStringLiteral(", ") + place, options.description, options.camera });
-    }
-}
-
-int runWindow(CommandLine options, std::unique_ptr<OpenedCamera> camera,
-    ViewerApplication& application, const EndSignals& signals)
-{
-    RecentCameras recent;
-    if (!camera) {
-        camera = options.namesCamera ? openBeside(options) : openChosen(options, recent);
-    }
-    if (!camera || signals.caught() != 0) {
-        return options.namesCamera ? 1 : 0;
-    }
-    remember(recent, options, *camera);
-    application.setCamera(&camera->camera());
-    WindowMemory memory;
-    ViewerWindow window(*camera, options.level.value_or(memory.level()), &memory);
-    window.show();
-    const int status = QApplication::exec();
-    application.setCamera(nullptr);
-    return status;
-}
-
-int runWindow(
-    const CommandLine& options, std::unique_ptr<OpenedCamera> camera, int& argc, char** argv)
+int runWindow(const CommandLine& options, int& argc, char** argv)
 {
     ViewerApplication application(argc, argv);
     int caught = 0;
@@ -108,7 +44,13 @@ int runWindow(
     {
         const EndSignals signals;
         QObject::connect(&signals, &EndSignals::endWanted, &application, &QCoreApplication::quit);
-        status = runWindow(options, std::move(camera), application, signals);
+        CameraWindows windows(options.level);
+        if (options.namesCamera) {
+            windows.open(options.choice);
+        } else {
+            windows.showStartPage();
+        }
+        status = QApplication::exec();
         caught = signals.caught();
     }
     if (caught != 0) {
@@ -139,10 +81,9 @@ int main(int argc, char** argv)
     if (options.report) {
         return printReport(options);
     }
-    // Before the window system: what it prints would stand around the one line of a failure. A real
-    // camera can take long, so that a window comes first where there is one.
+    // Before the window system: what it prints would stand around the one line of a failure.
     std::unique_ptr<OpenedCamera> camera;
-    if (options.needsNoWindow() || (options.namesCamera && options.camera.isEmpty())) {
+    if (options.needsNoWindow()) {
         camera = openAndLoad(options, error);
         if (!camera) {
             return fail(error);
@@ -154,5 +95,5 @@ int main(int argc, char** argv)
                            "and --screenshot need none."));
     }
     return options.needsNoWindow() ? runBatch(options, *camera, argc, argv)
-                                   : runWindow(options, std::move(camera), argc, argv);
+                                   : runWindow(options, argc, argv);
 }

@@ -1,7 +1,7 @@
 #include "Viewer.h"
 
 #include "camera/CameraTaskBar.h"
-#include "program/ViewerApplication.h"
+#include "log/EventLog.h"
 #include "opening/OpeningWindow.h"
 
 #include <QLabel>
@@ -20,15 +20,9 @@ bool waitFor(const std::function<bool()>& condition, int milliseconds)
 
 namespace {
 
-ViewerApplication& application()
-{
-    return *qobject_cast<ViewerApplication*>(qApp);
-}
-
 std::unique_ptr<OpenedCamera> openInWindow()
 {
-    OpeningWindow opening(
-        QString::fromUtf8(FaultProxy::address), zqcameralib::CameraAccess::Control);
+    OpeningWindow opening({ {}, QString::fromUtf8(FaultProxy::address) });
     opening.start();
     opening.show();
     waitFor([&opening] { return opening.result() == QDialog::Accepted; });
@@ -75,8 +69,9 @@ Viewer::Viewer(std::unique_ptr<zqcameralib::ZQCamera> camera)
 
 void Viewer::show()
 {
-    application().setCamera(&m_camera->camera());
-    m_window = std::make_unique<ViewerWindow>(*m_camera, m_memory.level(), &m_memory);
+    m_memory.setReconnectsByItself(false); // the stories say when
+    m_window = std::make_unique<ViewerWindow>(
+        *m_camera, m_memory.level(), &m_memory, std::make_shared<EventLog>());
     m_window->show();
     m_window->activateWindow(); // no window manager does it
     tree()->expandAll();
@@ -90,7 +85,6 @@ void Viewer::close()
     if (m_window) {
         m_window->close();
     }
-    application().setCamera(nullptr);
     m_window = nullptr;
     m_camera = nullptr;
 }
@@ -117,13 +111,17 @@ bool Viewer::hasAllRows(bool areCurrent) const
 
 std::string Viewer::words() const
 {
+    if (child<QWidget>("lostBanner")->isVisible()) {
+        return "\u26A0 " + child<QWidget>("lostReason")->accessibleName().toStdString();
+    }
     const std::string words = child<QWidget>("message")->accessibleName().toStdString();
     return words.empty() ? child<QLabel>("changeText")->text().toStdString() : words;
 }
 
 bool Viewer::offersReconnect() const
 {
-    return child<QPushButton>("reconnect")->isVisible();
+    const auto* button = child<QPushButton>("reconnect");
+    return button->isVisible() && button->isEnabled();
 }
 
 bool Viewer::isBusy() const

@@ -2,8 +2,10 @@
 
 #include "batch/CameraActions.h"
 #include "batch/TreeText.h"
-#include "images/LiveImage.h"
 #include "images/ImagePane.h"
+#include "images/LiveImage.h"
+#include "log/EventLog.h"
+#include "program/CameraChoice.h"
 #include "window/ViewerWindow.h"
 
 #include "featurebrowser/ZQImageView.h"
@@ -86,12 +88,12 @@ bool writePicture(ViewerWindow& window, const QString& name, bool isSimulated)
 
 std::unique_ptr<ZQCamera> openCamera(const CommandLine& options, std::string& error)
 {
-    if (!options.camera.isEmpty()) {
-        return ZQCamera::Open(options.camera.toStdString(), options.access(), error);
+    if (!options.choice.camera.isEmpty()) {
+        return ZQCamera::Open(options.choice.camera.toStdString(), options.choice.access, error);
     }
-    if (!options.description.isEmpty()) {
+    if (!options.choice.description.isEmpty()) {
         return ZQCamera::OpenDescription(
-            QFile::encodeName(options.description).toStdString(), error);
+            QFile::encodeName(options.choice.description).toStdString(), error);
     }
     return ZQCamera::OpenSimulated(error);
 }
@@ -101,7 +103,8 @@ int showTree(const CommandLine& options, OpenedCamera& camera, int& argc, char**
     // What Qt misses on a machine without a desktop is nothing to a program without a window.
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     const QApplication application(argc, argv);
-    ViewerWindow window(camera, options.level.value_or(featurebrowser::LEVEL_GURU), nullptr);
+    ViewerWindow window(camera, options.level.value_or(featurebrowser::LEVEL_GURU), nullptr,
+        std::make_shared<EventLog>());
     const OpenedCamera::Reading reading = camera.reading();
     if (!reading.isComplete) { // what can be read is printed all the same
         failAfterTrace(reading.text);
@@ -110,7 +113,7 @@ int showTree(const CommandLine& options, OpenedCamera& camera, int& argc, char**
     const bool done = (!options.dump || print(treeAsJson(model), true))
         && (!options.print || print(treeAsText(model), true))
         && (options.screenshot.isEmpty()
-            || writePicture(window, options.screenshot, options.camera.isEmpty()));
+            || writePicture(window, options.screenshot, options.choice.camera.isEmpty()));
     return done ? 0 : 1;
 }
 
@@ -157,7 +160,7 @@ std::unique_ptr<OpenedCamera> openAndLoad(const CommandLine& options, QString& e
         error = QString::fromStdString(reason);
         return nullptr;
     }
-    auto opened = std::make_unique<OpenedCamera>(std::move(camera));
+    auto opened = std::make_unique<OpenedCamera>(std::move(camera), options.choice.origin());
     const int status = opened->repository().Load();
     if (status != featurebrowser::STATUS_OK) {
         error = ViewerWindow::tr("The camera's features cannot be read: %1")

@@ -1,7 +1,7 @@
 #include "batch/FrameCapture.h"
 
 #include "images/FrameImage.h"
-#include "images/ImagePane.h"
+#include "images/ImageFile.h"
 
 #include "featurebrowser/ZQAcquisition.h"
 #include "featurebrowser/ZQImageView.h"

@@ -21,15 +21,17 @@ QString line(const QString& label, const QString& text)
 
 QString tried(const CommandLine& options)
 {
-    if (!options.camera.isEmpty()) {
+    if (!options.choice.camera.isEmpty()) {
         return QStringLiteral("camera %1%2")
-            .arg(options.camera,
-                options.readOnly ? QStringLiteral(", for reading only") : QString());
+            .arg(options.choice.camera,
+                options.choice.access == zqcameralib::CameraAccess::ReadOnly
+                    ? QStringLiteral(", for reading only")
+                    : QString());
     }
-    if (options.description.isEmpty()) {
+    if (options.choice.description.isEmpty()) {
         return QStringLiteral("the built-in simulated camera");
     }
-    const QFileInfo file(options.description);
+    const QFileInfo file(options.choice.description);
     return QStringLiteral("description %1 (%2)")
         .arg(file.absoluteFilePath(),
             file.exists() ? QStringLiteral("%1 bytes").arg(file.size())

@@ -18,6 +18,10 @@ constexpr int watchPeriodMs = 250;
 /// Between readings that nobody has asked for; it doubles with each that fails.
 constexpr int shortestPauseMs = 500;
 constexpr int longestPauseMs = 32000;
+/// Before a lost camera is sought by itself; it doubles with each try. A camera that only pauses is
+/// back within this time.
+constexpr int firstTryMs = 3000;
+constexpr int lastTryMs = 30000;
 
 } // namespace
 
@@ -30,7 +34,9 @@ CameraKeeper::CameraKeeper(OpenedCamera& camera, ZQFeatureBrowser& browser, Came
     connect(&m_tasks, &CameraTaskBar::progressed, this, &CameraKeeper::followCamera);
     connect(&m_watch, &QTimer::timeout, this, &CameraKeeper::look);
     connect(&m_soon, &QTimer::timeout, this, &CameraKeeper::look);
+    connect(&m_reconnection, &QTimer::timeout, this, &CameraKeeper::reconnect);
     m_soon.setSingleShot(true);
+    m_reconnection.setSingleShot(true);
     m_watch.start(watchPeriodMs);
 }
 
@@ -62,11 +68,32 @@ void CameraKeeper::lookAtLost()
         m_isLost = true;
         m_isCancelled = false;
         m_loss.clear();
+        m_tries = 0;
         Q_EMIT lostChanged(true);
+        planReconnecting();
     }
     // At first it does not answer, later it is given up.
     if (std::exchange(m_loss, loss) != loss) {
         Q_EMIT message(false, loss);
+    }
+}
+
+void CameraKeeper::planReconnecting()
+{
+    m_reconnection.stop();
+    int wait = -1;
+    if (m_reconnectsByItself && !m_isCancelled) {
+        wait = std::min(firstTryMs << std::min(m_tries, 10), lastTryMs);
+        m_reconnection.start(wait);
+    }
+    Q_EMIT nextTry(wait);
+}
+
+void CameraKeeper::setReconnectsByItself(bool doesIt)
+{
+    m_reconnectsByItself = doesIt;
+    if (m_isLost && !m_isReconnecting) {
+        planReconnecting();
     }
 }
 
@@ -85,6 +112,7 @@ void CameraKeeper::noteReturn()
     m_isLost = false;
     m_wantsAll = true;
     m_failures = 0;
+    m_reconnection.stop();
     Q_EMIT lostChanged(false);
     Q_EMIT message(true, tr("The camera answers again; its features are read anew."));
 }
@@ -209,11 +237,15 @@ std::vector<std::string> CameraKeeper::names()
 
 void CameraKeeper::reconnect()
 {
+    if (m_isReconnecting) {
+        return;
+    }
     m_isReconnecting = true;
     m_isOther = false;
     m_isCancelled = false;
-    Q_EMIT lostChanged(false);
-    Q_EMIT message(true, {});
+    ++m_tries;
+    m_reconnection.stop();
+    Q_EMIT trying();
     m_tasks.run(m_camera.device().ReconnectBeside(), Appearance::AtOnce,
         [this](Task& task, Task::State state) { reconnectingEnded(task, state); });
 }
@@ -244,8 +276,11 @@ void CameraKeeper::reconnectingEnded(Task& task, Task::State state)
         m_loss = m_camera.errorText(markAll());
     }
     Q_EMIT lostChanged(m_isLost);
+    m_isCancelled = state == Task::State::Cancelled;
+    if (m_isLost) {
+        planReconnecting();
+    }
     if (state == Task::State::Cancelled) {
-        m_isCancelled = true;
         Q_EMIT message(false,
             m_isLost ? tr("Reconnecting was cancelled.")
                      : tr("Connected again, but reading was cancelled. F5 reads all features."));

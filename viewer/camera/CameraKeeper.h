@@ -37,13 +37,18 @@ public:
     void lookSoon();
     /// Finds a lost camera, or another one in its place, and reads it.
     void reconnect();
+    /// Whether a lost camera is sought without being asked for, at growing intervals. On at first.
+    void setReconnectsByItself(bool doesIt);
 
 Q_SIGNALS:
     void message(bool good, const QString& text);
     /// What the last bad message was about is over.
     void recovered(const QString& text);
-    /// Whether the user should be offered to reconnect.
     void lostChanged(bool isLost);
+    /// The camera is sought now.
+    void trying();
+    /// It will be sought so many milliseconds from now; negative: only when the user wants it.
+    void nextTry(int milliseconds);
     /// Another camera is there, or the same with other rights.
     void cameraChanged();
 
@@ -62,6 +67,7 @@ private:
     bool rebuild();
     std::vector<std::string> names();
     void tell(const OpenedCamera::Reading& reading);
+    void planReconnecting();
     void reconnectingEnded(zqcameralib::ZQCameraTask& task, zqcameralib::ZQCameraTask::State state);
     void showReconnected();
     void followCamera();
@@ -71,6 +77,9 @@ private:
     CameraTaskBar& m_tasks;
     QTimer m_watch;
     QTimer m_soon;
+    QTimer m_reconnection; ///< runs until the camera is sought by itself
+    bool m_reconnectsByItself = true;
+    int m_tries = 0; ///< since the camera was lost
     std::vector<std::string> m_shown; ///< names of the rows; none when the tree was emptied
     bool m_isLost = false;
     QString m_loss; ///< as the user was told

@@ -24,8 +24,9 @@ QString tr(const char* text)
 
 } // namespace
 
-OpenedCamera::OpenedCamera(std::unique_ptr<zqcameralib::ZQCamera> camera)
+OpenedCamera::OpenedCamera(std::unique_ptr<zqcameralib::ZQCamera> camera, QString origin)
     : m_camera(std::move(camera))
+    , m_origin(std::move(origin))
     , m_device(m_camera.get(), nullptr)
 {
 }
@@ -40,6 +41,29 @@ QString OpenedCamera::name() const
     return QStringLiteral("%1 %2")
         .arg(QString::fromStdString(m_camera->vendor()), QString::fromStdString(m_camera->model()))
         .trimmed();
+}
+
+QString OpenedCamera::shown(const char* name)
+{
+    const auto item = repository().GetFeature(name);
+    return item && item->displayFlag != 0 ? QString::fromStdString(getShownValue(*item))
+                                          : QString();
+}
+
+QString OpenedCamera::title()
+{
+    QString title = name();
+    // The first is the standard's name, the other an older form of it.
+    for (const char* serial : { "DeviceSerialNumber", "DeviceID" }) {
+        if (const QString number = shown(serial); !number.isEmpty()) {
+            title += QStringLiteral(" (%1)").arg(number);
+            break;
+        }
+    }
+    if (!m_origin.isEmpty()) {
+        title += QStringLiteral(" \u2013 ") + m_origin;
+    }
+    return m_number > 1 ? title + QStringLiteral(" #%1").arg(m_number) : title;
 }
 
 QString OpenedCamera::errorText(int code)

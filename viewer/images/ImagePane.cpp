@@ -1,18 +1,20 @@
 #include "images/ImagePane.h"
 
 #include "camera/CameraTaskBar.h"
+#include "images/ImageFile.h"
 #include "images/LiveImage.h"
+#include "images/RegionOfInterest.h"
 
 #include "featurebrowser/ZQImageView.h"
 
 #include <QAction>
-#include <QBuffer>
+#include <QDateTime>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QImageWriter>
+#include <QInputDialog>
 #include <QLabel>
-#include <QSaveFile>
 #include <QStyle>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -23,6 +25,7 @@ using featurebrowser::ZQImageView;
 
 ImagePane::ImagePane(OpenedCamera& camera, QWidget* parent)
     : QWidget(parent)
+    , m_camera(camera)
     , m_view(new ZQImageView(this))
     , m_tasks(new CameraTaskBar(this))
     , m_pixel(new QLabel(this))
@@ -31,34 +34,11 @@ ImagePane::ImagePane(OpenedCamera& camera, QWidget* parent)
 {
     m_view->setObjectName(QStringLiteral("imageView"));
     m_figures->setObjectName(QStringLiteral("imageFigures"));
-    for (QLabel* label : { m_pixel, m_figures }) {
-        label->setTextFormat(Qt::PlainText);
-        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    }
-    auto* bar = new QToolBar(this);
-    makeActions(*bar);
-    auto* status = new QHBoxLayout;
-    status->addWidget(m_pixel, 1);
-    status->addWidget(m_figures, 2);
-    status->addWidget(m_tasks);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(2);
-    layout->addWidget(bar);
-    layout->addWidget(m_view, 1);
-    layout->addLayout(status);
-    connect(
-        m_view, &ZQImageView::pixelHovered, this, [this](const QPoint& pixel, const QString& text) {
-            m_pixel->setText(text.isEmpty()
-                    ? QString()
-                    : QStringLiteral("(%1, %2)  %3")
-                          .arg(QString::number(pixel.x()), QString::number(pixel.y()), text));
-        });
-    connect(m_view, &ZQImageView::imageChanged, this,
-        [this] { m_save->setEnabled(m_view->image().data != nullptr); });
-    connect(m_live.get(), &LiveImage::runningChanged, this, &ImagePane::runningChanged);
-    connect(m_live.get(), &LiveImage::figures, m_figures, &QLabel::setText);
-    connect(m_live.get(), &LiveImage::told, this, &ImagePane::told);
+    makeAcquisitionActions();
+    makeViewActions();
+    makeFileActions();
+    arrange();
+    connectView();
     runningChanged(false);
 }
 
@@ -69,37 +49,186 @@ void ImagePane::close()
     m_live.reset();
 }
 
-void ImagePane::makeActions(QToolBar& bar)
+void ImagePane::arrange()
 {
-    m_start = bar.addAction(style()->standardIcon(QStyle::SP_MediaPlay), tr("Start images"));
-    m_stop = bar.addAction(style()->standardIcon(QStyle::SP_MediaStop), tr("Stop images"));
-    bar.addSeparator();
-    QAction* fit = bar.addAction(tr("Fit"));
-    fit->setToolTip(tr("Show the whole image (0)"));
-    QAction* pixels = bar.addAction(tr("1:1"));
-    pixels->setToolTip(tr("Show one pixel of the image as one of the screen (1)"));
-    QAction* marks = bar.addAction(tr("Overexposure"));
-    marks->setCheckable(true);
-    marks->setToolTip(tr("Mark in red what is as bright as the camera can tell"));
-    bar.addSeparator();
-    m_save = bar.addAction(
-        style()->standardIcon(QStyle::SP_DialogSaveButton), tr("Save this image\u2026"));
-    m_start->setObjectName(QStringLiteral("startImages"));
-    m_stop->setObjectName(QStringLiteral("stopImages"));
-    m_save->setShortcut(QKeySequence::Save);
-    m_save->setEnabled(false);
+    for (QLabel* label : { m_pixel, m_figures }) {
+        label->setTextFormat(Qt::PlainText);
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    }
+    auto* bar = new QToolBar(this);
+    fillBar(*bar);
+    auto* status = new QHBoxLayout;
+    status->setContentsMargins(4, 0, 4, 2);
+    status->addWidget(m_pixel, 1);
+    status->addWidget(m_figures, 2);
+    status->addWidget(m_tasks);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    layout->addWidget(bar);
+    layout->addWidget(m_view, 1);
+    layout->addLayout(status);
+}
+
+void ImagePane::connectView()
+{
+    connect(
+        m_view, &ZQImageView::pixelHovered, this, [this](const QPoint& pixel, const QString& text) {
+            m_pixel->setText(text.isEmpty()
+                    ? QString()
+                    : QStringLiteral("(%1, %2)  %3")
+                          .arg(QString::number(pixel.x()), QString::number(pixel.y()), text));
+        });
+    connect(m_view, &ZQImageView::imageChanged, this,
+        [this] { m_save->setEnabled(m_view->image().data != nullptr); });
+    connect(m_view, &ZQImageView::regionSelected, this,
+        [this](const QRect& region) { m_region->setEnabled(!region.isNull()); });
+    connect(m_live.get(), &LiveImage::runningChanged, this, &ImagePane::runningChanged);
+    connect(m_live.get(), &LiveImage::recordingChanged, m_record, &QAction::setChecked);
+    connect(m_live.get(), &LiveImage::figures, this, [this](const QString& text) {
+        m_figures->setText(text);
+        m_figures->setToolTip(text.toHtmlEscaped()); // where it does not fit
+    });
+    connect(m_live.get(), &LiveImage::told, this, &ImagePane::told);
+}
+
+QAction* ImagePane::add(
+    QList<QAction*>& group, const QString& words, const char* name, QKeySequence keys)
+{
+    auto* action = new QAction(words, this);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(keys);
+    group.append(action);
+    return action;
+}
+
+void ImagePane::makeAcquisitionActions()
+{
+    m_start = add(m_acquisition, tr("St&art images"), "startImages", Qt::Key_F6);
+    m_start->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
+    m_stop = add(m_acquisition, tr("St&op images"), "stopImages", Qt::SHIFT + Qt::Key_F6);
+    m_stop->setIcon(style()->standardIcon(QStyle::SP_MediaStop));
+    m_single = add(m_acquisition, tr("&Single image"), "singleImage", Qt::Key_F7);
+    m_single->setIconText(tr("Single"));
+    m_several = add(m_acquisition, tr("Se&veral images\u2026"), "severalImages", {});
+    m_acquisition.append(nullptr);
+    m_region = add(m_acquisition, tr("&Use the selected region"), "useRegion", {});
+    m_region->setIconText(tr("Use region"));
+    m_region->setToolTip(
+        tr("Have the camera send only the region that was drawn with Shift and the mouse"));
+    m_region->setEnabled(false);
+    QAction* whole = add(m_acquisition, tr("Use the &whole sensor"), "wholeSensor", {});
     connect(m_start, &QAction::triggered, this, [this] { m_live->start(); });
     connect(m_stop, &QAction::triggered, this, [this] { m_live->stop(); });
-    connect(fit, &QAction::triggered, m_view, &ZQImageView::fitToWindow);
-    connect(pixels, &QAction::triggered, m_view, [this] { m_view->setZoom(1); });
-    connect(marks, &QAction::toggled, m_view, &ZQImageView::setOverexposureShown);
+    connect(m_single, &QAction::triggered, this, [this] { m_live->start(1); });
+    connect(m_several, &QAction::triggered, this, &ImagePane::startSeveral);
+    connect(m_region, &QAction::triggered, this, [this] { writeRegion(false); });
+    connect(whole, &QAction::triggered, this, [this] { writeRegion(true); });
+}
+
+void ImagePane::makeViewActions()
+{
+    m_fit = add(m_viewing, tr("&Fit the image"), "fitImage", {});
+    m_fit->setIconText(tr("Fit"));
+    m_fit->setToolTip(tr("Show the whole image (0)"));
+    m_pixels = add(m_viewing, tr("&1:1"), "showPixels", {});
+    m_pixels->setToolTip(tr("Show one pixel of the image as one of the screen (1)"));
+    m_marks = add(m_viewing, tr("Mark &overexposure"), "markOverexposure", {});
+    m_marks->setIconText(tr("Overexposure"));
+    m_marks->setToolTip(tr("Mark in red what is as bright as the camera can tell"));
+    m_viewing.append(nullptr);
+    QAction* left = add(m_viewing, tr("Rotate &left"), "rotateLeft", {});
+    QAction* right = add(m_viewing, tr("Rotate &right"), "rotateRight", {});
+    m_flipX = add(m_viewing, tr("Flip &horizontally"), "flipHorizontally", {});
+    m_flipY = add(m_viewing, tr("Flip &vertically"), "flipVertically", {});
+    for (QAction* action : { m_marks, m_flipX, m_flipY }) {
+        action->setCheckable(true);
+    }
+    connect(m_fit, &QAction::triggered, m_view, &ZQImageView::fitToWindow);
+    connect(m_pixels, &QAction::triggered, m_view, [this] { m_view->setZoom(1); });
+    connect(m_marks, &QAction::toggled, m_view, &ZQImageView::setOverexposureShown);
+    connect(left, &QAction::triggered, this, [this] { turn(false); });
+    connect(right, &QAction::triggered, this, [this] { turn(true); });
+    connect(m_flipX, &QAction::toggled, this, &ImagePane::flip);
+    connect(m_flipY, &QAction::toggled, this, &ImagePane::flip);
+}
+
+void ImagePane::makeFileActions()
+{
+    m_save = add(m_files, tr("&Save this image\u2026"), "saveImage", QKeySequence::Save);
+    m_save->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
+    m_save->setEnabled(false);
+    m_record = add(m_files, tr("&Record images\u2026"), "recordImages", Qt::CTRL + Qt::Key_R);
+    m_record->setIconText(tr("Record"));
+    m_record->setCheckable(true);
     connect(m_save, &QAction::triggered, this, &ImagePane::save);
+    connect(m_record, &QAction::triggered, this, &ImagePane::toggleRecording);
+}
+
+void ImagePane::fillBar(QToolBar& bar)
+{
+    bar.addActions({ m_start, m_stop, m_single });
+    bar.addSeparator();
+    bar.addActions({ m_fit, m_pixels, m_marks, m_region });
+    bar.addSeparator();
+    bar.addActions({ m_save, m_record });
 }
 
 void ImagePane::runningChanged(bool isRunning)
 {
-    m_start->setEnabled(!isRunning);
     m_stop->setEnabled(isRunning);
+    for (QAction* action : { m_start, m_single, m_several }) {
+        action->setEnabled(!isRunning);
+    }
+}
+
+void ImagePane::startSeveral()
+{
+    constexpr int most = 1000000;
+    bool isChosen = false;
+    const int count = QInputDialog::getInt(this, tr("Several images"),
+        tr("Stop after so many images:"), m_count, 1, most, 1, &isChosen);
+    if (isChosen) {
+        m_count = count;
+        m_live->start(count);
+    }
+}
+
+void ImagePane::turn(bool isClockwise)
+{
+    m_view->setQuarterTurns(m_view->quarterTurns() + (isClockwise ? 1 : 3));
+}
+
+void ImagePane::flip()
+{
+    m_view->setFlipped(m_flipX->isChecked(), m_flipY->isChecked());
+}
+
+/// The features are locked while images are acquired, so these stop meanwhile.
+void ImagePane::writeRegion(bool isWhole)
+{
+    const bool wasRunning = m_live->isRunning();
+    if (wasRunning) {
+        m_live->stop();
+    }
+    RegionOfInterest camera(m_camera);
+    const featurebrowser::ZQImage image = m_view->image();
+    QString problem;
+    if (isWhole) {
+        problem = camera.selectAll();
+    } else if (!camera.isOfSize({ image.width, image.height })) {
+        problem = tr("This image was taken with other settings: take a new one first.");
+    } else {
+        problem = camera.select(m_view->region());
+    }
+    m_view->clearRegion();
+    Q_EMIT written({ QStringLiteral("Width"), QStringLiteral("Height"), QStringLiteral("OffsetX"),
+        QStringLiteral("OffsetY") });
+    Q_EMIT told(problem.isEmpty(),
+        problem.isEmpty() ? tr("The camera's region is %1 now.").arg(camera.words()) : problem);
+    if (wasRunning) {
+        m_live->start();
+    }
 }
 
 void ImagePane::save()
@@ -115,24 +244,26 @@ void ImagePane::save()
         problem.isEmpty() ? tr("Saved %1.").arg(QFileInfo(name).fileName()) : problem);
 }
 
-QString saveImage(const QImage& image, const QString& name)
+void ImagePane::toggleRecording(bool isWanted)
 {
-    const QByteArray suffix = QFileInfo(name).suffix().toLower().toLatin1();
-    if (!QImageWriter::supportedImageFormats().contains(suffix)
-        || (suffix != "png" && suffix != "tif" && suffix != "tiff")) {
-        return ImagePane::tr("Cannot write '%1': its name must end in .png, .tif or .tiff.")
-            .arg(name);
+    if (!isWanted) {
+        return m_live->stopRecording();
     }
-    QBuffer bytes; // the writer of pictures itself does not notice a full disk
-    QSaveFile file(name);
-    QImageWriter writer(&bytes, suffix);
-    if (!writer.write(image)) {
-        return ImagePane::tr("Cannot write '%1': %2.").arg(name, writer.errorString());
+    const QString folder
+        = QFileDialog::getExistingDirectory(this, tr("Record images in this folder"));
+    m_record->setChecked(false); // until it has begun
+    if (folder.isEmpty()) {
+        return;
     }
-    const bool isWritten = file.open(QFile::WriteOnly)
-        && file.write(bytes.data()) == bytes.data().size() && file.commit();
-    return isWritten ? QString()
-                     : ImagePane::tr("Cannot write '%1': %2.").arg(name, file.errorString());
+    // One of its own, so that nothing that lies there is written over.
+    const QString name = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    const QDir place(folder);
+    if (!place.mkdir(name)) {
+        Q_EMIT told(false, tr("The folder '%1' cannot be made.").arg(place.filePath(name)));
+        return;
+    }
+    m_live->record(place.filePath(name), QStringLiteral("tiff"));
+    m_live->start();
 }
 
 } // namespace zqviewer

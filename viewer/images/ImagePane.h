@@ -19,8 +19,8 @@ namespace zqviewer {
 class CameraTaskBar;
 class LiveImage;
 
-/// A camera's live image with what a user does to it: start and stop, zoom, save; below it the
-/// pixel under the mouse and how the images come.
+/// A camera's live image with what a user does to it: start and stop, zoom, turn, select a region,
+/// save and record; below it the pixel under the mouse and how the images come.
 class ImagePane : public QWidget {
     Q_OBJECT
 
@@ -35,26 +35,54 @@ public:
     /// Stops the images; nothing touches the camera any more.
     void close();
 
+    /// For menus, in their order; null where a separator belongs.
+    const QList<QAction*>& acquisitionActions() const { return m_acquisition; }
+    const QList<QAction*>& viewActions() const { return m_viewing; }
+    const QList<QAction*>& fileActions() const { return m_files; }
+
 Q_SIGNALS:
     void told(bool isGood, const QString& text);
+    /// These features were written, and have to be shown anew.
+    void written(const QStringList& features);
 
 private:
-    void makeActions(QToolBar& bar);
+    QAction* add(QList<QAction*>& group, const QString& words, const char* name, QKeySequence keys);
+    void makeAcquisitionActions();
+    void makeViewActions();
+    void makeFileActions();
+    void fillBar(QToolBar& bar);
+    void arrange();
+    void connectView();
     void runningChanged(bool isRunning);
+    void startSeveral();
+    void turn(bool isClockwise);
+    void flip();
+    void writeRegion(bool isWhole);
     void save();
+    void toggleRecording(bool isWanted);
 
+    OpenedCamera& m_camera;
     featurebrowser::ZQImageView* m_view;
     CameraTaskBar* m_tasks;
     QLabel* m_pixel;
     QLabel* m_figures;
+    QList<QAction*> m_acquisition;
+    QList<QAction*> m_viewing;
+    QList<QAction*> m_files;
     QAction* m_start = nullptr;
     QAction* m_stop = nullptr;
+    QAction* m_single = nullptr;
+    QAction* m_several = nullptr;
+    QAction* m_fit = nullptr;
+    QAction* m_pixels = nullptr;
+    QAction* m_marks = nullptr;
+    QAction* m_flipX = nullptr;
+    QAction* m_flipY = nullptr;
+    QAction* m_region = nullptr;
     QAction* m_save = nullptr;
+    QAction* m_record = nullptr;
+    int m_count = 10; ///< images that were wanted last
     std::unique_ptr<LiveImage> m_live; ///< ends before the view
 };
-
-/// Writes the image with all its bits; the name's end says the format (.png, .tif, .tiff). Returns
-/// why not, in a sentence; empty when it has.
-QString saveImage(const QImage& image, const QString& name);
 
 } // namespace zqviewer

@@ -3,12 +3,21 @@
 #include "camera/CameraTaskBar.h"
 #include "images/FrameImage.h"
 
+#include <QDir>
+
 namespace zqviewer {
 
 using namespace featurebrowser;
 
+namespace {
+
+constexpr int unlimited = -1;
+
+} // namespace
+
 LiveImage::LiveImage(OpenedCamera& camera, ZQImageView& view, CameraTaskBar& tasks)
-    : m_view(view)
+    : m_camera(camera)
+    , m_view(view)
     , m_tasks(tasks)
     , m_acquisition(&camera.camera(), &camera.device())
 {
@@ -21,29 +30,59 @@ LiveImage::~LiveImage()
     m_acquisition.stop();
 }
 
-/// On the acquisition's thread.
+/// On the acquisition's thread, as isWanted().
 void LiveImage::show(const ZQFrame& frame)
 {
+    if (!isWanted()) {
+        return;
+    }
     m_bytes += frame.size;
     m_view.post(imageOf(frame));
+    const std::lock_guard<std::mutex> lock(m_recorderMutex);
+    if (m_recorder) {
+        m_recorder->add(frame);
+    }
 }
 
-void LiveImage::start()
+bool LiveImage::isWanted()
+{
+    const int toCome = m_toCome;
+    if (toCome > 0) {
+        m_toCome = toCome - 1;
+        if (toCome == 1) {
+            QMetaObject::invokeMethod(
+                this, [this] { stop(); }, Qt::QueuedConnection);
+        }
+    }
+    return toCome != 0;
+}
+
+void LiveImage::start(int count)
 {
     if (m_isRunning) {
         return;
     }
-    auto task = m_acquisition.StartBeside([this](const ZQFrame& frame) { show(frame); });
-    m_tasks.run(std::move(task), CameraTaskBar::Appearance::WhenLong,
-        [this](zqcameralib::ZQCameraTask& done, zqcameralib::ZQCameraTask::State state) {
-            if (state == zqcameralib::ZQCameraTask::State::Done) {
-                setRunning(true);
-                Q_EMIT told(true, tr("Images are being acquired."));
-            } else {
-                m_acquisition.stop();
-                Q_EMIT told(false, QString::fromStdString(done.error()));
-            }
+    m_toCome = count > 0 ? count : unlimited;
+    m_tasks.run(m_acquisition.StartBeside([this](const ZQFrame& frame) { show(frame); }),
+        CameraTaskBar::Appearance::WhenLong,
+        [this](zqcameralib::ZQCameraTask& task, zqcameralib::ZQCameraTask::State state) {
+            started(task, state);
         });
+}
+
+void LiveImage::started(zqcameralib::ZQCameraTask& task, zqcameralib::ZQCameraTask::State state)
+{
+    if (state == zqcameralib::ZQCameraTask::State::Done) {
+        setRunning(true);
+        Q_EMIT told(true, tr("Images are being acquired."));
+        return;
+    }
+    m_acquisition.stop();
+    stopRecording();
+    Q_EMIT told(false,
+        state == zqcameralib::ZQCameraTask::State::Cancelled
+            ? tr("Starting the images was cancelled.")
+            : QString::fromStdString(task.error()));
 }
 
 void LiveImage::stop()
@@ -53,6 +92,7 @@ void LiveImage::stop()
     Q_EMIT told(status == STATUS_OK,
         status == STATUS_OK ? tr("The acquisition has stopped.")
                             : QString::fromStdString(m_acquisition.lastError()));
+    stopRecording();
 }
 
 void LiveImage::setRunning(bool isRunning)
@@ -64,36 +104,133 @@ void LiveImage::setRunning(bool isRunning)
     m_delivered = 0;
     m_bytes = 0;
     m_sinceLook.start();
-    isRunning ? m_timer.start() : m_timer.stop();
+    if (isRunning) {
+        m_timer.start();
+    } else if (!m_isRecording) {
+        m_timer.stop();
+    }
     Q_EMIT figures({});
     Q_EMIT runningChanged(isRunning);
+}
+
+void LiveImage::record(const QString& folder, const QString& suffix)
+{
+    const std::lock_guard<std::mutex> lock(m_recorderMutex);
+    if (m_recorder) {
+        return;
+    }
+    m_recorder = std::make_unique<FrameRecorder>(folder, suffix);
+    m_isRecording = true;
+    m_timer.start();
+    Q_EMIT recordingChanged(true);
+}
+
+void LiveImage::stopRecording()
+{
+    if (m_isRecording) {
+        m_recorder->end(); // what waits is written behind, then lookAtRecording() tells
+        lookAtRecording();
+    }
 }
 
 /// Single images and several ones end by themselves, and so does a camera that is lost.
 void LiveImage::look()
 {
     const double seconds = static_cast<double>(m_sinceLook.restart()) / 1000;
-    Q_EMIT figures(figuresText(seconds));
-    if (!m_acquisition.isRunning()) {
-        stop();
+    if (m_isRunning) {
+        Q_EMIT figures(figuresText(seconds));
+        if (!m_acquisition.isRunning()) {
+            stop();
+        }
     }
+    lookAtRecording();
 }
 
-QString LiveImage::figuresText(double seconds)
+void LiveImage::lookAtRecording()
 {
-    const QString problem = QString::fromStdString(m_acquisition.problem());
+    if (!m_isRecording || !m_recorder->isDone()) {
+        return;
+    }
+    std::unique_ptr<FrameRecorder> recorder;
+    {
+        const std::lock_guard<std::mutex> lock(m_recorderMutex);
+        recorder = std::move(m_recorder);
+    }
+    m_isRecording = false;
+    if (!m_isRunning) {
+        m_timer.stop();
+    }
+    Q_EMIT recordingChanged(false);
+    const FrameRecorder::Figures figures = recorder->figures();
+    const QString folder = QDir::toNativeSeparators(recorder->folder());
+    QString text
+        = tr("%n image(s) recorded in %1", nullptr, static_cast<int>(figures.written)).arg(folder);
+    text += figures.missing + figures.unwritten == 0
+        ? tr(", none missing.")
+        : tr("; %1 did not arrive and %2 could not be written in time: index.csv says which.")
+              .arg(QString::number(figures.missing), QString::number(figures.unwritten));
+    Q_EMIT told(figures.problem.isEmpty() && figures.missing + figures.unwritten == 0,
+        figures.problem.isEmpty() ? text : figures.problem + QLatin1Char(' ') + text);
+}
+
+/// What the camera says that it can do with its present settings, or else what it is set to.
+QString LiveImage::wantedRate()
+{
+    for (const char* result :
+        { "AcquisitionResultingFrameRate", "ResultingFrameRate", "ResultingFrameRateAbs" }) {
+        if (const QString value = m_camera.shown(result); !value.isEmpty()) {
+            return value;
+        }
+    }
+    const QString isEnabled = m_camera.shown("AcquisitionFrameRateEnable").toLower();
+    if (QStringList { QStringLiteral("false"), QStringLiteral("off"), QStringLiteral("0") }
+            .contains(isEnabled)) {
+        return {};
+    }
+    const QString rate = m_camera.shown("AcquisitionFrameRate");
+    return rate.isEmpty() ? m_camera.shown("AcquisitionFrameRateAbs") : rate;
+}
+
+QString LiveImage::rateText(double seconds)
+{
     const ZQFrameCounters counters = m_acquisition.counters();
     const double images = static_cast<double>(counters.delivered - m_delivered) / seconds;
     const double megabytes = static_cast<double>(m_bytes.exchange(0)) / seconds / 1e6;
     m_delivered = counters.delivered;
-    QString text = tr("%1 images/s, %2 MB/s")
-                       .arg(QString::number(images, 'f', 1), QString::number(megabytes, 'f', 1));
+    QString rate = QString::number(images, 'f', 1);
+    if (const QString wanted = wantedRate(); !wanted.isEmpty()) {
+        rate = tr("%1 of %2").arg(rate, wanted);
+    }
+    return tr("%1 images/s, %2 MB/s").arg(rate, QString::number(megabytes, 'f', 1));
+}
+
+QString LiveImage::missingText() const
+{
+    const ZQFrameCounters counters = m_acquisition.counters();
+    QString text;
     if (counters.lost > 0) {
         text += tr(", %n lost", nullptr, static_cast<int>(counters.lost));
     }
     if (counters.incomplete > 0) {
         text += tr(", %n incomplete", nullptr, static_cast<int>(counters.incomplete));
     }
+    return text;
+}
+
+QString LiveImage::figuresText(double seconds)
+{
+    QString text = rateText(seconds) + missingText();
+    if (const QString degrees = m_camera.shown("DeviceTemperature"); !degrees.isEmpty()) {
+        text += QStringLiteral(", %1 \u00B0C").arg(QString::number(degrees.toDouble(), 'f', 1));
+    }
+    if (m_isRecording) {
+        const FrameRecorder::Figures recorded = m_recorder->figures();
+        text += tr(", recorded %1").arg(recorded.written);
+        if (recorded.waiting > 0) {
+            text += tr(" (%1 waiting)").arg(recorded.waiting);
+        }
+    }
+    const QString problem = QString::fromStdString(m_acquisition.problem());
     return problem.isEmpty() ? text : text + QStringLiteral(" \u26A0 ") + problem;
 }
 

@@ -1,7 +1,9 @@
 #include "opening/OpeningWindow.h"
 
 #include "camera/CameraTaskBar.h"
+#include "opening/SimulatedOpening.h"
 
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -15,16 +17,36 @@ using zqcameralib::ZQCamera;
 using zqcameralib::ZQCameraOpening;
 using Task = CameraTaskBar::Task;
 
-OpeningWindow::OpeningWindow(QString id, zqcameralib::CameraAccess access)
-    : m_id(std::move(id))
-    , m_access(access)
+namespace {
+
+/// What opens sooner needs no window.
+constexpr std::chrono::milliseconds appearsAfter(300);
+
+QString placeOf(const CameraChoice& choice)
+{
+    return choice.isReal()             ? choice.camera
+        : choice.description.isEmpty() ? OpeningWindow::tr("Simulated camera")
+                                       : QFileInfo(choice.description).fileName();
+}
+
+} // namespace
+
+OpeningWindow::OpeningWindow(CameraChoice choice)
+    : m_choice(std::move(choice))
     , m_heading(new QLabel(this))
     , m_reason(new QLabel(this))
-    , m_choice(new QWidget(this))
-    , m_again(new QPushButton(tr("&Try again"), m_choice))
+    , m_ways(new QWidget(this))
+    , m_again(new QPushButton(tr("&Try again"), m_ways))
     , m_tasks(std::make_unique<CameraTaskBar>(this))
 {
-    setWindowTitle(tr("Camera %1").arg(m_id));
+    arrange();
+    m_appearance.setSingleShot(true);
+    connect(&m_appearance, &QTimer::timeout, this, &QWidget::show);
+}
+
+void OpeningWindow::arrange()
+{
+    setWindowTitle(tr("Opening %1").arg(placeOf(m_choice)));
     QFont bold = font();
     bold.setBold(true);
     m_heading->setFont(bold);
@@ -32,8 +54,8 @@ OpeningWindow::OpeningWindow(QString id, zqcameralib::CameraAccess access)
     m_reason->setTextFormat(Qt::PlainText);
     m_reason->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_reason->setWordWrap(true);
-    auto* close = new QPushButton(tr("&Close"), m_choice);
-    auto* buttons = new QHBoxLayout(m_choice);
+    auto* close = new QPushButton(tr("&Close"), m_ways);
+    auto* buttons = new QHBoxLayout(m_ways);
     buttons->setContentsMargins(0, 0, 0, 0);
     buttons->addStretch();
     buttons->addWidget(m_again);
@@ -43,7 +65,7 @@ OpeningWindow::OpeningWindow(QString id, zqcameralib::CameraAccess access)
     layout->addWidget(m_tasks.get());
     layout->addWidget(m_reason);
     layout->addStretch();
-    layout->addWidget(m_choice);
+    layout->addWidget(m_ways);
     resize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 8);
     connect(m_again, &QPushButton::clicked, this, &OpeningWindow::start);
     connect(close, &QPushButton::clicked, this, &OpeningWindow::reject);
@@ -53,16 +75,24 @@ OpeningWindow::~OpeningWindow() = default;
 
 void OpeningWindow::start()
 {
-    m_heading->setText(tr("Opening camera %1").arg(m_id));
+    m_heading->setText(tr("Opening %1").arg(placeOf(m_choice)));
     m_reason->hide();
-    m_choice->hide();
-    run(ZQCamera::OpenBeside(m_id.toStdString(), m_access),
-        [this](Task& task) { read(static_cast<ZQCameraOpening&>(task).takeCamera()); });
+    m_ways->hide();
+    if (!isVisible()) {
+        m_appearance.start(appearsAfter);
+    }
+    if (m_choice.isReal()) {
+        run(ZQCamera::OpenBeside(m_choice.camera.toStdString(), m_choice.access),
+            [this](Task& task) { read(static_cast<ZQCameraOpening&>(task).takeCamera()); });
+    } else {
+        run(std::make_unique<SimulatedOpening>(m_choice.description),
+            [this](Task& task) { read(static_cast<SimulatedOpening&>(task).takeCamera()); });
+    }
 }
 
 void OpeningWindow::read(std::unique_ptr<ZQCamera> camera)
 {
-    m_camera = std::make_unique<OpenedCamera>(std::move(camera));
+    m_camera = std::make_unique<OpenedCamera>(std::move(camera), m_choice.origin());
     run(m_camera->repository().ReadAhead(), [this](Task&) { load(); });
 }
 
@@ -71,6 +101,7 @@ void OpeningWindow::run(std::unique_ptr<Task> task, const std::function<void(Tas
     m_tasks->run(std::move(task), CameraTaskBar::Appearance::AtOnce,
         [this, done](Task& ended, Task::State state) {
             if (state == Task::State::Cancelled) {
+                m_appearance.stop();
                 reject();
             } else if (state == Task::State::Failed) {
                 fail(QString::fromStdString(ended.error()));
@@ -84,6 +115,7 @@ void OpeningWindow::load()
 {
     const int status = m_camera->repository().Load(); // takes what was read
     if (status == featurebrowser::STATUS_OK) {
+        m_appearance.stop();
         return accept();
     }
     fail(tr("The camera's features cannot be read: %1").arg(m_camera->errorText(status)));
@@ -95,7 +127,9 @@ void OpeningWindow::fail(const QString& reason)
     m_heading->setText(tr("The camera cannot be opened"));
     m_reason->setText(reason);
     m_reason->show();
-    m_choice->show();
+    m_ways->show();
+    m_appearance.stop();
+    show();
     m_again->setDefault(true);
     m_again->setFocus();
 }

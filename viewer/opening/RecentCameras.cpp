@@ -52,4 +52,12 @@ void RecentCameras::add(const Entry& entry)
     m_settings.endArray();
 }
 
+void RecentCameras::add(const CameraChoice& choice, const QString& name)
+{
+    const QString place = choice.isReal() ? choice.camera : choice.description;
+    if (!place.isEmpty()) {
+        add({ name + QStringLiteral(", ") + place, choice.description, choice.camera });
+    }
+}
+
 } // namespace zqviewer

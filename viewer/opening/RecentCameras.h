@@ -1,5 +1,7 @@
 #pragma once
 
+#include "program/CameraChoice.h"
+
 #include <QSettings>
 #include <QString>
 
@@ -13,14 +15,16 @@ class RecentCameras {
 public:
     struct Entry {
         QString words; ///< for the user
-        QString description; ///< file to simulate; empty for a real camera
-        QString camera; ///< as for zqcameralib::ZQCamera::Open
+        QString description; ///< as in CameraChoice, of which one is empty
+        QString camera;
     };
 
     RecentCameras();
     std::vector<Entry> entries() const;
     /// In front of all; one of the same camera or file goes.
     void add(const Entry& entry);
+    /// The camera, as `name`, in front of all; nothing for the built-in simulated one.
+    void add(const CameraChoice& choice, const QString& name);
 
 private:
     mutable QSettings m_settings;

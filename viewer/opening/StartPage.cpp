@@ -1,5 +1,6 @@
 #include "opening/StartPage.h"
 
+#include "opening/DroppedFile.h"
 #include "opening/RecentCameras.h"
 
 #include <QDragEnterEvent>
@@ -7,10 +8,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QMimeData>
 #include <QPushButton>
 #include <QStyle>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -24,13 +23,6 @@ namespace {
 constexpr std::chrono::milliseconds searchPoll(50);
 constexpr int descriptionRole = Qt::UserRole;
 constexpr int cameraRole = Qt::UserRole + 1;
-
-/// The file that is dragged; empty when it is no single one.
-QString fileOf(const QMimeData& data)
-{
-    const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
-}
 
 QString wordsFor(const zqcameralib::CameraInfo& camera)
 {
@@ -72,13 +64,22 @@ StartPage::StartPage(RecentCameras& recent)
     layout->addLayout(middle, 1);
     layout->addWidget(m_error);
     resize(fontMetrics().averageCharWidth() * 90, fontMetrics().height() * 20);
-    for (const RecentCameras::Entry& entry : m_recent.entries()) {
-        addEntry(entry.words, entry.description, entry.camera);
-    }
+    refresh();
     connect(&m_poll, &QTimer::timeout, this, &StartPage::look);
     connect(m_list, &QListWidget::itemActivated, this, &StartPage::chooseCurrent);
     connect(m_list, &QListWidget::currentRowChanged, this,
         [this](int row) { m_open->setEnabled(row >= 0); });
+}
+
+void StartPage::refresh()
+{
+    m_list->clear();
+    for (const RecentCameras::Entry& entry : m_recent.entries()) {
+        addEntry(entry.words, entry.description, entry.camera);
+    }
+    for (const zqcameralib::CameraInfo& camera : m_found) {
+        addFound(camera);
+    }
 }
 
 void StartPage::makeButtons(QBoxLayout& layout)
@@ -95,9 +96,9 @@ void StartPage::makeButtons(QBoxLayout& layout)
     m_open->setEnabled(false);
     m_find = add(tr("&Find cameras"), "findButton", [this] { find(); });
     add(tr("Open a &description\u2026"), "fileButton", [this] { chooseFile(); });
-    add(tr("&Simulated camera"), "simulatedButton", [this] { choose({}, {}); });
+    add(tr("&Simulated camera"), "simulatedButton", [this] { Q_EMIT chosen({}); });
     layout.addStretch();
-    add(tr("&Close"), "closeButton", [this] { reject(); });
+    add(tr("&Close"), "closeButton", [this] { close(); });
 }
 
 void StartPage::addEntry(const QString& words, const QString& description, const QString& camera)
@@ -107,17 +108,11 @@ void StartPage::addEntry(const QString& words, const QString& description, const
     item->setData(cameraRole, camera);
 }
 
-void StartPage::choose(const QString& description, const QString& camera)
-{
-    m_description = description;
-    m_camera = camera;
-    accept();
-}
-
 void StartPage::chooseCurrent()
 {
     if (const QListWidgetItem* item = m_list->currentItem()) {
-        choose(item->data(descriptionRole).toString(), item->data(cameraRole).toString());
+        Q_EMIT chosen(
+            { item->data(descriptionRole).toString(), item->data(cameraRole).toString() });
     }
 }
 
@@ -126,7 +121,7 @@ void StartPage::chooseFile()
     const QString file = QFileDialog::getOpenFileName(this, tr("Open a description"), {},
         tr("GenICam descriptions (*.xml *.zip);;All files (*)"));
     if (!file.isEmpty()) {
-        choose(file, {});
+        Q_EMIT chosen({ file, {} });
     }
 }
 
@@ -156,30 +151,21 @@ void StartPage::showFound(const Cameras& cameras)
 {
     m_find->setEnabled(true);
     m_find->setText(tr("&Find cameras"));
-    for (const zqcameralib::CameraInfo& camera : cameras) {
-        const QString id = QString::fromStdString(camera.id);
-        bool isKnown = false;
-        for (int i = 0; i < m_list->count(); ++i) {
-            isKnown = isKnown || m_list->item(i)->data(cameraRole).toString() == id;
-        }
-        if (!isKnown) {
-            addEntry(wordsFor(camera), {}, id);
-        }
-    }
+    m_found = cameras;
+    refresh();
     m_error->setVisible(cameras.empty());
     m_error->setText(cameras.empty() ? tr("No cameras were found.") : QString());
 }
 
-void StartPage::addChoice(CommandLine& options) const
+void StartPage::addFound(const zqcameralib::CameraInfo& camera)
 {
-    options.description = m_description;
-    options.camera = m_camera;
-}
-
-void StartPage::showError(const QString& error)
-{
-    m_error->setText(error);
-    m_error->show();
+    const QString id = QString::fromStdString(camera.id);
+    for (int i = 0; i < m_list->count(); ++i) {
+        if (m_list->item(i)->data(cameraRole).toString() == id) {
+            return;
+        }
+    }
+    addEntry(wordsFor(camera), {}, id);
 }
 
 void StartPage::dragEnterEvent(QDragEnterEvent* event)
@@ -191,7 +177,7 @@ void StartPage::dragEnterEvent(QDragEnterEvent* event)
 
 void StartPage::dropEvent(QDropEvent* event)
 {
-    choose(fileOf(*event->mimeData()), {});
+    Q_EMIT chosen({ fileOf(*event->mimeData()), {} });
 }
 
 } // namespace zqviewer

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "program/CommandLine.h"
+#include "program/CameraChoice.h"
 
 #include "featurebrowser/ZQCamera.h"
 
@@ -28,10 +28,11 @@ public:
     /// `recent` is not owned and has to outlive the page.
     explicit StartPage(RecentCameras& recent);
 
-    /// What was chosen when the page was accepted: the other options stay.
-    void addChoice(CommandLine& options) const;
-    /// Why the last choice did not open.
-    void showError(const QString& error);
+    /// Lists anew what was opened lately.
+    void refresh();
+
+Q_SIGNALS:
+    void chosen(const zqviewer::CameraChoice& choice);
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -39,13 +40,13 @@ protected:
 
 private:
     void makeButtons(QBoxLayout& layout);
-    void choose(const QString& description, const QString& camera);
     void chooseCurrent();
     void chooseFile();
     using Cameras = std::vector<zqcameralib::CameraInfo>;
     void find();
     void look();
     void showFound(const Cameras& cameras);
+    void addFound(const zqcameralib::CameraInfo& camera);
     void addEntry(const QString& words, const QString& description, const QString& camera);
 
     RecentCameras& m_recent;
@@ -53,10 +54,9 @@ private:
     QLabel* m_error;
     QPushButton* m_find = nullptr;
     QPushButton* m_open = nullptr;
+    Cameras m_found;
     std::future<Cameras> m_search;
     QTimer m_poll; ///< runs while cameras are sought
-    QString m_description;
-    QString m_camera;
 };
 
 } // namespace zqviewer

@@ -225,11 +225,12 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
     }
     result.namesCamera = parser.isSet(options.simulate) || parser.isSet(options.camera)
         || !parser.positionalArguments().isEmpty();
-    result.description = descriptionOf(parser, options);
+    result.choice.description = descriptionOf(parser, options);
     result.actions = actionsOf(parser, options);
     result.report = parser.isSet(options.report);
-    result.camera = parser.value(options.camera);
-    result.readOnly = parser.isSet(options.readOnly);
+    result.choice.camera = parser.value(options.camera);
+    result.choice.access = parser.isSet(options.readOnly) ? zqcameralib::CameraAccess::ReadOnly
+                                                          : zqcameralib::CameraAccess::Control;
     result.list = parser.isSet(options.list);
     result.dump = parser.isSet(options.dump);
     result.print = parser.isSet(options.print);

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "program/CameraChoice.h"
+
 #include "featurebrowser/FeatureTypes.h"
-#include "featurebrowser/ZQCamera.h"
 
 #include <QString>
 #include <QStringList>
@@ -22,21 +23,15 @@ struct CameraAction {
 /// What the user asked for on the command line.
 struct CommandLine {
     bool namesCamera = false; ///< real or simulated; else the user is asked
-    QString description; ///< GenICam description to simulate; empty = the built-in camera
+    CameraChoice choice;
     std::vector<CameraAction> actions; ///< in the order given
     bool report = false; ///< print what a support engineer needs and exit
     std::optional<featurebrowser::TYPE_LEVEL> level; ///< none given: as it was last
-    QString camera; ///< id or address of a real camera; empty = simulate
-    bool readOnly = false; ///< leave the control of the camera to others
     bool list = false; ///< print the cameras found and exit
     bool dump = false; ///< print the tree as JSON and exit
     bool print = false; ///< print the tree as readable text and exit
     QString screenshot; ///< write a picture of the window to this file and exit; empty = do not
 
-    zqcameralib::CameraAccess access() const
-    {
-        return readOnly ? zqcameralib::CameraAccess::ReadOnly : zqcameralib::CameraAccess::Control;
-    }
     bool showsTree() const { return dump || print || !screenshot.isEmpty(); }
     bool needsNoWindow() const { return showsTree() || report || !actions.empty(); }
 };

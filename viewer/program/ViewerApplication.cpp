@@ -5,25 +5,46 @@
 #include <QScopedValueRollback>
 #include <QThread>
 
+#include <algorithm>
+
 namespace zqviewer {
 
-void ViewerApplication::setCamera(zqcameralib::ZQCamera* camera)
+namespace {
+
+ViewerApplication* viewerApplication()
 {
-    m_camera = camera;
-    beginTurn();
+    return qobject_cast<ViewerApplication*>(QCoreApplication::instance());
+}
+
+} // namespace
+
+void ViewerApplication::addCamera(zqcameralib::ZQCamera* camera)
+{
+    if (ViewerApplication* application = viewerApplication()) {
+        application->m_cameras.push_back(camera);
+        application->beginTurn();
+    }
+}
+
+void ViewerApplication::removeCamera(zqcameralib::ZQCamera* camera)
+{
+    if (ViewerApplication* application = viewerApplication()) {
+        auto& all = application->m_cameras;
+        all.erase(std::remove(all.begin(), all.end(), camera), all.end());
+    }
 }
 
 void ViewerApplication::beginTurn()
 {
     m_turnBegan = Clock::now();
-    if (m_camera != nullptr) {
-        m_camera->limitWaiting(turnLimit);
+    for (zqcameralib::ZQCamera* camera : m_cameras) {
+        camera->limitWaiting(turnLimit);
     }
 }
 
 bool ViewerApplication::isTurnOver()
 {
-    const auto* application = qobject_cast<ViewerApplication*>(instance());
+    const ViewerApplication* application = viewerApplication();
     return application != nullptr && Clock::now() - application->m_turnBegan >= turnLimit;
 }
 

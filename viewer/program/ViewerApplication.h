@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include <chrono>
+#include <vector>
 
 namespace zqcameralib {
 class ZQCamera;
@@ -10,7 +11,7 @@ class ZQCamera;
 
 namespace zqviewer {
 
-/// The application. It bounds how long one turn of the event loop waits for the camera, so that the
+/// The application. It bounds how long one turn of the event loop waits for each camera, so that the
 /// windows go on answering whatever becomes of it.
 class ViewerApplication : public QApplication {
     Q_OBJECT
@@ -21,9 +22,10 @@ public:
 
     using QApplication::QApplication;
 
-    /// The camera whose turns are bounded from now on, beginning with this one; null for none. It
-    /// is not owned.
-    void setCamera(zqcameralib::ZQCamera* camera);
+    /// Bounds the turns for this camera too, beginning with this one, until it is removed. Does
+    /// nothing where the application is another one. The camera is not owned.
+    static void addCamera(zqcameralib::ZQCamera* camera);
+    static void removeCamera(zqcameralib::ZQCamera* camera);
     /// Whether the turn that runs now has no time left: what it asked of the camera may have got no
     /// answer. False where the application is another one.
     static bool isTurnOver();
@@ -35,7 +37,7 @@ private:
 
     using Clock = std::chrono::steady_clock;
 
-    zqcameralib::ZQCamera* m_camera = nullptr;
+    std::vector<zqcameralib::ZQCamera*> m_cameras;
     Clock::time_point m_turnBegan;
     int m_loopLevel = -1; ///< of the event loop whose event is handled now; -1: none is
 };

@@ -2,31 +2,48 @@
 
 #include "camera/CameraKeeper.h"
 #include "camera/CameraTaskBar.h"
-#include "images/LiveImage.h"
-#include "program/ViewerApplication.h"
+#include "camera/FeaturePolling.h"
+#include "images/HistogramPane.h"
 #include "images/ImagePane.h"
+#include "images/LiveImage.h"
+#include "log/CameraLog.h"
+#include "log/LogPane.h"
+#include "opening/DroppedFile.h"
+#include "program/ViewerApplication.h"
+#include "window/LostBanner.h"
 #include "window/MessageLabel.h"
 #include "window/WindowMemory.h"
 
 #include <QAction>
-#include <QDockWidget>
-#include <QPushButton>
+#include <QDragEnterEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTreeView>
+#include <QVBoxLayout>
+
+#include <array>
+#include <utility>
 
 using namespace featurebrowser;
 
 namespace zqviewer {
 
-ViewerWindow::ViewerWindow(OpenedCamera& camera, TYPE_LEVEL level, WindowMemory* memory)
+ViewerWindow::ViewerWindow(
+    OpenedCamera& camera, TYPE_LEVEL level, WindowMemory* memory, std::shared_ptr<EventLog> log)
     : m_camera(camera)
     , m_browser(&camera.device(), this)
     , m_memory(memory)
+    , m_log(std::make_unique<CameraLog>(camera,
+          *m_browser.GetWidget()->property("changeLog").value<QAbstractItemModel*>(),
+          std::move(log)))
+    , m_banner(new LostBanner(this))
     , m_message(new MessageLabel(this))
     , m_tasks(new CameraTaskBar(this))
-    , m_reconnect(new QPushButton(tr("&Reconnect"), this))
 {
+    ViewerApplication::addCamera(&m_camera.camera());
     arrange();
     m_browser.LoadFeatureBrowser();
     m_camera.describe(m_browser);
@@ -34,64 +51,202 @@ ViewerWindow::ViewerWindow(OpenedCamera& camera, TYPE_LEVEL level, WindowMemory*
         0, 0, m_memory != nullptr ? m_memory->columns() : std::vector<int>(), level);
     resize(QSize(1280, 860).boundedTo(screen()->availableSize()));
     if (m_memory != nullptr) {
-        m_memory->restore(*this, *tree(), m_camera.name());
+        m_memory->restore(*this, *m_browser.GetWidget(), m_camera.name());
     }
+    begin();
+}
+
+void ViewerWindow::begin()
+{
     m_keeper = std::make_unique<CameraKeeper>(m_camera, m_browser, *m_tasks);
+    m_keeper->setReconnectsByItself(m_memory == nullptr || m_memory->reconnectsByItself());
+    m_polling = std::make_unique<FeaturePolling>(m_camera, m_browser, *tree(), *m_tasks);
+    m_polling->follow("DeviceTemperature");
     connectKeeper();
+    makeMenus();
     showTitle();
     const OpenedCamera::Reading reading = m_camera.reading();
     showMessage(reading.isComplete, reading.text);
+    m_log->add(reading.isComplete ? LogLine::Kind::Found : LogLine::Kind::Note, reading.text);
 }
 
 ViewerWindow::~ViewerWindow()
 {
     m_images->close();
+    m_polling.reset();
     m_keeper.reset();
+    ViewerApplication::removeCamera(&m_camera.camera());
     // The browser owns its widget: hand it back before the window deletes its children.
-    takeCentralWidget();
+    m_browser.GetWidget()->setParent(nullptr);
 }
 
 void ViewerWindow::arrange()
 {
+    setAcceptDrops(true);
+    arrangeStatusBar();
+    auto* middle = new QWidget(this);
+    auto* layout = new QVBoxLayout(middle);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_banner);
+    layout->addWidget(m_browser.GetWidget(), 1);
+    setCentralWidget(middle);
+    makeDocks();
+}
+
+void ViewerWindow::arrangeStatusBar()
+{
     m_message->setObjectName(QStringLiteral("message"));
     m_message->setContentsMargins(6, 0, 0, 0); // as the browser above
-    m_reconnect->setObjectName(QStringLiteral("reconnect"));
-    m_reconnect->setToolTip(tr("Find the camera again, or another one in its place"));
-    m_reconnect->hide();
-    // The browser does not jump when a button comes or goes.
-    statusBar()->setMinimumHeight(m_reconnect->sizeHint().height() + 6);
+    // The browser does not jump when the task's button comes or goes.
+    statusBar()->setMinimumHeight(m_tasks->sizeHint().height() + 6);
     statusBar()->addWidget(m_message, 1);
     statusBar()->addWidget(m_browser.GetWidget()->property("statusLine").value<QWidget*>(), 1);
     statusBar()->addPermanentWidget(m_tasks);
-    statusBar()->addPermanentWidget(m_reconnect);
-    auto* reload = new QAction(tr("Read all features again"), this);
-    reload->setShortcut(QKeySequence::Refresh);
-    addAction(reload);
-    connect(reload, &QAction::triggered, this, [this] { m_keeper->readAll(); });
-    setCentralWidget(m_browser.GetWidget());
+}
+
+QDockWidget* ViewerWindow::addDock(
+    QWidget* content, const QString& title, const char* name, Qt::DockWidgetArea area)
+{
+    auto* dock = new QDockWidget(title, this);
+    dock->setObjectName(QLatin1String(name));
+    dock->setWidget(content);
+    addDockWidget(area, dock);
+    return dock;
+}
+
+void ViewerWindow::makeDocks()
+{
     m_images = new ImagePane(m_camera, this);
-    auto* dock = new QDockWidget(tr("Image"), this);
-    dock->setObjectName(QStringLiteral("imageDock"));
-    dock->setWidget(m_images);
-    addDockWidget(Qt::RightDockWidgetArea, dock);
-    resizeDocks({ dock }, { 640 }, Qt::Horizontal);
+    QDockWidget* images = addDock(m_images, tr("Image"), "imageDock", Qt::RightDockWidgetArea);
+    addDock(new HistogramPane(m_images->view(), this), tr("Histogram"), "histogramDock",
+        Qt::RightDockWidgetArea)
+        ->hide();
+    auto* log = new LogPane(*m_log, this);
+    addDock(log, tr("Log"), "logDock", Qt::BottomDockWidgetArea)->hide();
+    resizeDocks({ images }, { 640 }, Qt::Horizontal);
     connect(m_images, &ImagePane::told, this, &ViewerWindow::imagesTold);
+    connect(log, &LogPane::told, this, &ViewerWindow::showMessage);
+    connect(m_images, &ImagePane::written, this, [this](const QStringList& features) {
+        for (const QString& name : features) {
+            m_browser.RefreshFeature(name.toStdString());
+        }
+    });
+}
+
+namespace {
+
+void fill(QMenu& menu, const QList<QAction*>& actions)
+{
+    for (QAction* action : actions) {
+        action != nullptr ? menu.addAction(action) : static_cast<void>(menu.addSeparator());
+    }
+}
+
+} // namespace
+
+void ViewerWindow::makeMenus()
+{
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    QAction* open = file->addAction(tr("&Open a camera\u2026"), this, &ViewerWindow::openWanted);
+    open->setShortcut(QKeySequence::Open);
+    file->addSeparator();
+    fill(*file, m_images->fileActions());
+    file->addSeparator();
+    file->addAction(tr("&Close"), this, &QWidget::close)->setShortcut(QKeySequence::Close);
+    QAction* quit = file->addAction(tr("&Quit"), qApp, &QApplication::closeAllWindows);
+    quit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Q));
+    makeCameraMenu();
+    makeViewMenu();
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("About &zqviewer"), this, [this] {
+        QMessageBox::about(this, tr("About zqviewer"),
+            tr("zqviewer %1: features and images of GenICam cameras.")
+                    .arg(QCoreApplication::applicationVersion())
+                + QStringLiteral("\n\n") + QString::fromStdString(zqcameralib::ZQCamera::versions())
+                + QStringLiteral(", Qt ") + QLatin1String(qVersion()));
+    });
+}
+
+void ViewerWindow::makeCameraMenu()
+{
+    QMenu* menu = menuBar()->addMenu(tr("C&amera"));
+    fill(*menu, m_images->acquisitionActions());
+    menu->addSeparator();
+    QAction* reload
+        = menu->addAction(tr("Read all &features again"), this, [this] { m_keeper->readAll(); });
+    reload->setShortcut(QKeySequence::Refresh);
+    m_reconnect = menu->addAction(tr("&Reconnect"), this, [this] { m_keeper->reconnect(); });
+    m_reconnect->setEnabled(false);
+    QAction* byItself = menu->addAction(tr("Reconnect &by itself"));
+    byItself->setObjectName(QStringLiteral("reconnectByItself"));
+    byItself->setCheckable(true);
+    byItself->setChecked(m_memory == nullptr || m_memory->reconnectsByItself());
+    connect(byItself, &QAction::toggled, this, [this](bool isOn) {
+        m_keeper->setReconnectsByItself(isOn);
+        if (m_memory != nullptr) {
+            m_memory->setReconnectsByItself(isOn);
+        }
+    });
+}
+
+void ViewerWindow::makeViewMenu()
+{
+    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    const std::array<std::pair<const char*, Qt::Key>, 3> docks { { { "imageDock", Qt::Key_1 },
+        { "histogramDock", Qt::Key_2 }, { "logDock", Qt::Key_3 } } };
+    for (const auto& [name, key] : docks) {
+        QAction* toggle = findChild<QDockWidget*>(QLatin1String(name))->toggleViewAction();
+        toggle->setShortcut(QKeySequence(static_cast<int>(Qt::CTRL) + key));
+        menu->addAction(toggle);
+    }
+    menu->addSeparator();
+    fill(*menu, m_images->viewActions());
 }
 
 void ViewerWindow::connectKeeper()
 {
-    connect(m_reconnect, &QPushButton::clicked, m_keeper.get(), &CameraKeeper::reconnect);
-    connect(m_keeper.get(), &CameraKeeper::lostChanged, m_reconnect, &QWidget::setVisible);
-    connect(m_keeper.get(), &CameraKeeper::cameraChanged, this, &ViewerWindow::showTitle);
-    connect(m_keeper.get(), &CameraKeeper::message, this, [this](bool good, const QString& text) {
-        showMessage(good, text);
-        m_isKeepersMessage = true;
+    connect(m_banner, &LostBanner::reconnectWanted, m_keeper.get(), &CameraKeeper::reconnect);
+    connect(m_keeper.get(), &CameraKeeper::lostChanged, this, &ViewerWindow::setLost);
+    connect(m_keeper.get(), &CameraKeeper::trying, m_banner, &LostBanner::showTrying);
+    connect(m_keeper.get(), &CameraKeeper::nextTry, m_banner, &LostBanner::showNextTry);
+    connect(m_keeper.get(), &CameraKeeper::cameraChanged, this, [this] {
+        m_polling->forget();
+        showTitle();
     });
+    connect(m_keeper.get(), &CameraKeeper::message, this, &ViewerWindow::keeperSays);
     connect(m_keeper.get(), &CameraKeeper::recovered, this, [this](const QString& text) {
         if (m_isKeepersMessage) {
             showMessage(true, text);
         }
     });
+    connect(m_polling.get(), &FeaturePolling::failed, m_keeper.get(), &CameraKeeper::lookSoon);
+}
+
+void ViewerWindow::setLost(bool isLost)
+{
+    m_browser.GetWidget()->setProperty("cameraLost", isLost);
+    m_reconnect->setEnabled(isLost);
+    if (!isLost) {
+        m_banner->hideLoss();
+    }
+}
+
+/// Of the connection: while the camera is lost the banner says it.
+void ViewerWindow::keeperSays(bool good, const QString& text)
+{
+    const bool isLoss = !good && m_browser.GetWidget()->property("cameraLost").toBool();
+    if (isLoss) {
+        m_banner->showLoss(text);
+    }
+    showMessage(good || isLoss, isLoss ? QString() : text);
+    m_isKeepersMessage = true;
+    if (!text.isEmpty()) {
+        m_log->add(isLoss ? LogLine::Kind::Lost
+                : good    ? LogLine::Kind::Found
+                          : LogLine::Kind::Note,
+            text);
+    }
 }
 
 QTreeView* ViewerWindow::tree() const
@@ -101,7 +256,7 @@ QTreeView* ViewerWindow::tree() const
 
 void ViewerWindow::showTitle()
 {
-    const QString name = m_camera.name();
+    const QString name = m_camera.title();
     setWindowTitle(m_camera.camera().isReadOnly() ? tr("%1 (read-only)").arg(name) : name);
 }
 
@@ -165,6 +320,9 @@ void ViewerWindow::FeatureExecCommand(std::string name)
     if (name == "AcquisitionStop") {
         return m_images->live().stop();
     }
+    if (m_images->live().isRunning()) {
+        m_images->live().stop(); // a reset ends them
+    }
     const int status = m_camera.device().ExecuteCommand(name.c_str(), 1);
     SendError(status,
         status == STATUS_OK ? "Executed Command [" + name + "]"
@@ -176,6 +334,7 @@ void ViewerWindow::FeatureExecCommand(std::string name)
 void ViewerWindow::imagesTold(bool good, const QString& text)
 {
     showMessage(good, text);
+    m_log->add(LogLine::Kind::Note, text);
     AllConfigChanged();
     m_keeper->lookSoon();
 }
@@ -218,9 +377,22 @@ void ViewerWindow::FeatureLevelChanged(TYPE_LEVEL level)
 void ViewerWindow::closeEvent(QCloseEvent* event)
 {
     if (m_memory != nullptr) {
-        m_memory->store(*this, *tree(), m_camera.name());
+        m_memory->store(*this, *m_browser.GetWidget(), m_camera.name());
     }
     QMainWindow::closeEvent(event);
+    Q_EMIT closed();
+}
+
+void ViewerWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!fileOf(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void ViewerWindow::dropEvent(QDropEvent* event)
+{
+    Q_EMIT fileDropped(fileOf(*event->mimeData()));
 }
 
 } // namespace zqviewer

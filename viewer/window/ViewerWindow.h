@@ -5,23 +5,28 @@
 #include "featurebrowser/IEventFeatureReceiver.h"
 #include "featurebrowser/ZQFeatureBrowser.h"
 
+#include <QDockWidget>
 #include <QMainWindow>
 
 #include <memory>
 
-class QPushButton;
+class QMenu;
 class QTreeView;
 
 namespace zqviewer {
 
 class CameraKeeper;
+class CameraLog;
 class CameraTaskBar;
+class EventLog;
+class FeaturePolling;
 class ImagePane;
+class LostBanner;
 class MessageLabel;
 class WindowMemory;
 
-/// The viewer's window: the feature browser of one camera, its live image beside it, and a status
-/// bar for its messages.
+/// The viewer's window: the feature browser of one camera, its live image, histogram and log in
+/// docks around it, and a status bar for its messages.
 /// As the browser's receiver it carries out what the browser leaves to the application: starting
 /// and stopping acquisition, and the reset of the camera.
 class ViewerWindow : public QMainWindow, private featurebrowser::IEventFeatureReceiver {
@@ -30,14 +35,25 @@ class ViewerWindow : public QMainWindow, private featurebrowser::IEventFeatureRe
 public:
     /// `camera` has to outlive the window; its repository is loaded. `memory`: where the window
     /// finds and leaves its state; not owned, null for a window that nobody will come back to.
-    ViewerWindow(OpenedCamera& camera, featurebrowser::TYPE_LEVEL level, WindowMemory* memory);
+    /// `log`: of all cameras.
+    ViewerWindow(OpenedCamera& camera, featurebrowser::TYPE_LEVEL level, WindowMemory* memory,
+        std::shared_ptr<EventLog> log);
     ~ViewerWindow() override;
 
     /// The view of the features.
     QTreeView* tree() const;
     ImagePane& images() { return *m_images; }
+    /// After the camera's number has changed.
+    void showTitle();
+
+Q_SIGNALS:
+    void openWanted();
+    void fileDropped(const QString& file);
+    void closed();
 
 protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -56,8 +72,17 @@ private:
     void AllConfigChanged() override;
 
     void arrange();
+    void arrangeStatusBar();
+    QDockWidget* addDock(
+        QWidget* content, const QString& title, const char* name, Qt::DockWidgetArea area);
+    void makeDocks();
+    void makeMenus();
+    void makeCameraMenu();
+    void makeViewMenu();
+    void begin();
     void connectKeeper();
-    void showTitle();
+    void setLost(bool isLost);
+    void keeperSays(bool good, const QString& text);
     void showWritten(const std::string& name);
     void showMessage(bool good, const QString& text);
     void imagesTold(bool good, const QString& text);
@@ -65,11 +90,14 @@ private:
     OpenedCamera& m_camera;
     featurebrowser::ZQFeatureBrowser m_browser;
     WindowMemory* m_memory;
+    std::unique_ptr<CameraLog> m_log;
     ImagePane* m_images = nullptr;
+    LostBanner* m_banner;
     MessageLabel* m_message;
     CameraTaskBar* m_tasks;
-    QPushButton* m_reconnect;
+    QAction* m_reconnect = nullptr;
     std::unique_ptr<CameraKeeper> m_keeper; ///< ends before the browser and the tasks
+    std::unique_ptr<FeaturePolling> m_polling; ///< likewise
     bool m_isKeepersMessage = true; ///< what stands there is of the connection, not of an action
 };
 

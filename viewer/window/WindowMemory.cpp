@@ -15,6 +15,7 @@ namespace {
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString docksKey = QStringLiteral("window/docks");
 const QString levelKey = QStringLiteral("window/level");
+const QString reconnectKey = QStringLiteral("reconnectsByItself");
 const QString nameWidthKey = QStringLiteral("window/nameWidth");
 
 /// A name may hold what settings take for the end of a group.
@@ -24,9 +25,9 @@ QString keyOf(const QString& camera, const char* what)
         .arg(QString::fromLatin1(camera.toUtf8().toPercentEncoding()), QLatin1String(what));
 }
 
-QWidget* browserOf(const QMainWindow& window)
+QTreeView& treeOf(const QWidget& browser)
 {
-    return window.centralWidget();
+    return *browser.findChild<QTreeView*>(QStringLiteral("featureTree"));
 }
 
 void forEachCategory(const QTreeView& tree, const QModelIndex& parent,
@@ -74,15 +75,26 @@ void WindowMemory::setColumn(int column, int width)
     }
 }
 
-void WindowMemory::restore(QMainWindow& window, QTreeView& tree, const QString& camera) const
+bool WindowMemory::reconnectsByItself() const
 {
+    return m_settings.value(reconnectKey, true).toBool();
+}
+
+void WindowMemory::setReconnectsByItself(bool doesIt)
+{
+    m_settings.setValue(reconnectKey, doesIt);
+}
+
+void WindowMemory::restore(QMainWindow& window, QWidget& browser, const QString& camera) const
+{
+    QTreeView& tree = treeOf(browser);
     window.restoreGeometry(m_settings.value(geometryKey).toByteArray());
     window.restoreState(m_settings.value(docksKey).toByteArray());
     QByteArrayList pins;
     for (const QVariant& name : m_settings.value(keyOf(camera, "pinned")).toList()) {
         pins.append(name.toByteArray());
     }
-    browserOf(window)->setProperty("pinnedFeatures", QVariant::fromValue(pins));
+    browser.setProperty("pinnedFeatures", QVariant::fromValue(pins));
     const QVariant open = m_settings.value(keyOf(camera, "open"));
     if (!open.isValid()) {
         return;
@@ -93,13 +105,14 @@ void WindowMemory::restore(QMainWindow& window, QTreeView& tree, const QString& 
     });
 }
 
-void WindowMemory::store(const QMainWindow& window, const QTreeView& tree, const QString& camera)
+void WindowMemory::store(const QMainWindow& window, const QWidget& browser, const QString& camera)
 {
+    const QTreeView& tree = treeOf(browser);
     m_settings.setValue(geometryKey, window.saveGeometry());
     m_settings.setValue(docksKey, window.saveState());
     QVariantList pins;
     for (const QByteArray& name :
-        browserOf(window)->property("pinnedFeatures").value<QByteArrayList>()) {
+        browser.property("pinnedFeatures").value<QByteArrayList>()) {
         pins.append(name);
     }
     m_settings.setValue(keyOf(camera, "pinned"), pins);

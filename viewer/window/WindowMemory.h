@@ -26,10 +26,14 @@ public:
     std::vector<int> columns() const;
     void setColumn(int column, int width);
 
+    /// Whether a lost camera is sought by itself; on at first.
+    bool reconnectsByItself() const;
+    void setReconnectsByItself(bool doesIt);
+
     /// Puts the window and the browser in it into the state that store() has found. `camera`: the
     /// model's name. What was never stored stays as it is.
-    void restore(QMainWindow& window, QTreeView& tree, const QString& camera) const;
-    void store(const QMainWindow& window, const QTreeView& tree, const QString& camera);
+    void restore(QMainWindow& window, QWidget& browser, const QString& camera) const;
+    void store(const QMainWindow& window, const QWidget& browser, const QString& camera);
 
 private:
     QSettings m_settings;
