@@ -169,6 +169,25 @@ TEST_F(Story, AnotherCameraInThePlaceReplacesAllRows)
     EXPECT_NE(viewer.words().find("Another camera is here now"), std::string::npos);
 }
 
+TEST_F(Story, ALostCameraIsFoundByItselfAndNothingIsEditedMeanwhile)
+{
+    Viewer viewer;
+    viewer.edit("Width", "64");
+    viewer.child<QAction>("reconnectByItself")->setChecked(true);
+    m_fake.kill();
+    const auto* banner = viewer.child<QWidget>("lostBanner");
+    EXPECT_FALSE(banner->isVisible());
+    EXPECT_TRUE(waitFor([&] { return banner->isVisible(); }));
+    viewer.open("Width");
+    EXPECT_FALSE(viewer.isEditing());
+    EXPECT_EQ(viewer.rows().at("Width").value, "64") << "what it held last is still to be seen";
+    m_fake.start();
+    EXPECT_TRUE(waitFor([&] { return !banner->isVisible() && viewer.hasAllRows(true); }, 40000));
+    EXPECT_EQ(viewer.rows().at("Width").value, std::to_string(readRegister(place::width)));
+    viewer.edit("Width", "128");
+    EXPECT_EQ(readRegister(place::width), 128U);
+}
+
 TEST_F(Story, GeometryIsFreeAfterACameraThatDiedWhileAcquiringIsBack)
 {
     Viewer viewer;

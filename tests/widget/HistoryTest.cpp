@@ -111,6 +111,15 @@ TEST_F(HistoryTest, WhatIsNotTakenStaysAStep)
     EXPECT_EQ(journal.take(), Lines { "Int Width 640" });
 }
 
+TEST_F(HistoryTest, AValueThatWasPutElsewhereIsAStepToo)
+{
+    journal.answer = [this](const std::string&) {
+        browser->setDefaultValue("Width", 776L, "Value adjusted to 776");
+    };
+    edit("Width", "777");
+    EXPECT_EQ(steps(), "Undo Width: 640 \u2192 776, Redo");
+}
+
 TEST_F(HistoryTest, AStepKnowsWhereItsSelectorsStood)
 {
     edit("Gain", "3");

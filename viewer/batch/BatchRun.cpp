@@ -23,6 +23,10 @@
 #include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <utility>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace zqviewer {
 
@@ -33,12 +37,33 @@ namespace {
 constexpr std::chrono::seconds imagePatience(3);
 constexpr QSize pictureSize(1280, 860);
 
-/// The browser's trace on standard error ends without a line break.
-void failAfterTrace(const QString& error)
-{
-    std::fputc('\n', stderr);
-    fail(error);
-}
+/// Where errors go to, also while standard error is kept quiet.
+int errorOutput = STDERR_FILENO;
+
+/// Keeps standard error to what the program itself has to say: the browser's trace is nothing to
+/// who asks for the tree.
+class QuietErrors {
+public:
+    QuietErrors()
+    {
+        const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+        const int errors = dup(STDERR_FILENO);
+        if (errors >= 0 && dup2(nowhere, STDERR_FILENO) >= 0) {
+            errorOutput = errors;
+        }
+        close(nowhere);
+    }
+    QuietErrors(const QuietErrors&) = delete;
+    QuietErrors& operator=(const QuietErrors&) = delete;
+    ~QuietErrors()
+    {
+        if (errorOutput != STDERR_FILENO) {
+            std::fflush(stderr);
+            dup2(errorOutput, STDERR_FILENO);
+            close(std::exchange(errorOutput, STDERR_FILENO));
+        }
+    }
+};
 
 QString line(const zqcameralib::CameraInfo& camera)
 {
@@ -81,7 +106,7 @@ bool writePicture(ViewerWindow& window, const QString& name, bool isSimulated)
     const bool done = window.grab().save(&picture, "PNG") && file.open(QFile::WriteOnly)
         && file.write(picture.data()) == picture.data().size() && file.flush();
     if (!done) {
-        failAfterTrace(QStringLiteral("Cannot write '%1': %2.").arg(name, file.errorString()));
+        fail(QStringLiteral("Cannot write '%1': %2.").arg(name, file.errorString()));
     }
     return done;
 }
@@ -103,15 +128,16 @@ int showTree(const CommandLine& options, OpenedCamera& camera, int& argc, char**
     // What Qt misses on a machine without a desktop is nothing to a program without a window.
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     const QApplication application(argc, argv);
+    const QuietErrors quiet;
     ViewerWindow window(camera, options.level.value_or(featurebrowser::LEVEL_GURU), nullptr,
         std::make_shared<EventLog>());
     const OpenedCamera::Reading reading = camera.reading();
     if (!reading.isComplete) { // what can be read is printed all the same
-        failAfterTrace(reading.text);
+        fail(reading.text);
     }
     const QAbstractItemModel& model = *window.tree()->model();
-    const bool done = (!options.dump || print(treeAsJson(model), true))
-        && (!options.print || print(treeAsText(model), true))
+    const bool done = (!options.dump || print(treeAsJson(model)))
+        && (!options.print || print(treeAsText(model)))
         && (options.screenshot.isEmpty()
             || writePicture(window, options.screenshot, options.choice.camera.isEmpty()));
     return done ? 0 : 1;
@@ -121,20 +147,20 @@ int showTree(const CommandLine& options, OpenedCamera& camera, int& argc, char**
 
 int fail(const QString& error)
 {
-    std::fprintf(stderr, "zqviewer: %s\n", qUtf8Printable(error.simplified()));
+    dprintf(errorOutput, "zqviewer: %s\n", qUtf8Printable(error.simplified()));
     return 1;
 }
 
-bool print(const QByteArray& text, bool isAfterTrace)
+bool print(const QByteArray& text)
 {
     const auto size = static_cast<std::size_t>(text.size());
-    // What follows on standard error stands behind it, and a full disk or closed pipe shows.
+    // A full disk or closed pipe shows when it is flushed.
     if (std::fwrite(text.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0) {
         return true;
     }
     const QString error = QStringLiteral("Cannot write the output: %1.")
                               .arg(QString::fromLocal8Bit(std::strerror(errno)));
-    isAfterTrace ? failAfterTrace(error) : static_cast<void>(fail(error));
+    fail(error);
     return false;
 }
 

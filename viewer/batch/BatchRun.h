@@ -14,8 +14,8 @@ namespace zqviewer {
 int fail(const QString& error);
 
 /// Writes all of it to standard output; where that fails, says why on standard error and returns
-/// false. `isAfterTrace`: the browser's trace stands there already, without a line break.
-bool print(const QByteArray& text, bool isAfterTrace = false);
+/// false.
+bool print(const QByteArray& text);
 
 /// Prints the cameras found, one to a line. Returns the program's exit status.
 int listCameras();

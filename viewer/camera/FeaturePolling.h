@@ -28,8 +28,8 @@ class FeaturePolling : public QObject {
 
 public:
     /// Nothing is owned, all has to outlive this.
-    FeaturePolling(OpenedCamera& camera, featurebrowser::ZQFeatureBrowser& browser,
-        QTreeView& tree, CameraTaskBar& tasks);
+    FeaturePolling(OpenedCamera& camera, featurebrowser::ZQFeatureBrowser& browser, QTreeView& tree,
+        CameraTaskBar& tasks);
 
     /// The feature is shown beside the browser and is read as well, where the camera has it.
     void follow(const std::string& name) { m_followed.push_back(name); }

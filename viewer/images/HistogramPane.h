@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <vector>
 
-class QCheckBox;
 class QLabel;
 
 namespace featurebrowser {

@@ -17,8 +17,8 @@ class CameraLog : public QObject {
     Q_OBJECT
 
 public:
-    /// `changes`: the browser's property "changeLog". Nothing is owned; all has to outlive this, but
-    /// for the log, which is shared.
+    /// `changes`: the browser's property "changeLog". Nothing is owned; all has to outlive this,
+    /// but for the log, which is shared.
     CameraLog(OpenedCamera& camera, QAbstractItemModel& changes, std::shared_ptr<EventLog> log);
 
     void add(LogLine::Kind kind, const QString& words);

@@ -41,8 +41,8 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void add(const LogLine& line);
-    /// Replaces the newest line of that source and feature, if it is one that was written; otherwise
-    /// as add().
+    /// Replaces the newest line of that source and feature, if it is one that was written;
+    /// otherwise as add().
     void follow(const LogLine& line);
     static QString words(LogLine::Kind kind);
     /// A line of text with tabs between the columns, with date.

@@ -74,7 +74,8 @@ LogPane::LogPane(CameraLog& log, QWidget* parent)
     m_filter->setClearButtonEnabled(true);
     makeTable();
     arrange();
-    connect(m_filter, &QLineEdit::textChanged, m_shown, [this](const QString& text) { m_shown->setWords(text); });
+    connect(m_filter, &QLineEdit::textChanged, m_shown,
+        [this](const QString& text) { m_shown->setWords(text); });
     connect(m_all, &QCheckBox::toggled, m_shown, [this](bool areAll) {
         m_shown->setAllCameras(areAll);
         m_table->setColumnHidden(EventLog::CameraColumn, !areAll);
@@ -166,7 +167,8 @@ void LogPane::save()
     }
     const QByteArray bytes = text().toUtf8();
     QSaveFile file(name);
-    const bool isSaved = file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    const bool isSaved
+        = file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
     Q_EMIT told(isSaved,
         isSaved ? tr("Saved %1.").arg(QFileInfo(name).fileName())
                 : tr("Cannot write '%1': %2.").arg(name, file.errorString()));

@@ -11,8 +11,8 @@ class ZQCamera;
 
 namespace zqviewer {
 
-/// The application. It bounds how long one turn of the event loop waits for each camera, so that the
-/// windows go on answering whatever becomes of it.
+/// The application. It bounds how long one turn of the event loop waits for each camera, so that
+/// the windows go on answering whatever becomes of it.
 class ViewerApplication : public QApplication {
     Q_OBJECT
 

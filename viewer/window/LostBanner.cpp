@@ -91,7 +91,8 @@ void LostBanner::showAge()
     } else if (m_next.isValid()) {
         const qint64 wait = QDateTime::currentDateTime().msecsTo(m_next);
         text += QLatin1Char(' ')
-            + tr("Next try in %1 s.").arg(QString::number(std::max<qint64>(0, (wait + 999) / 1000)));
+            + tr("Next try in %1 s.")
+                  .arg(QString::number(std::max<qint64>(0, (wait + 999) / 1000)));
     }
     m_age->setText(text);
 }

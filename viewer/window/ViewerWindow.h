@@ -10,7 +10,6 @@
 
 #include <memory>
 
-class QMenu;
 class QTreeView;
 
 namespace zqviewer {

@@ -111,8 +111,7 @@ void WindowMemory::store(const QMainWindow& window, const QWidget& browser, cons
     m_settings.setValue(geometryKey, window.saveGeometry());
     m_settings.setValue(docksKey, window.saveState());
     QVariantList pins;
-    for (const QByteArray& name :
-        browser.property("pinnedFeatures").value<QByteArrayList>()) {
+    for (const QByteArray& name : browser.property("pinnedFeatures").value<QByteArrayList>()) {
         pins.append(name);
     }
     m_settings.setValue(keyOf(camera, "pinned"), pins);

@@ -8,7 +8,6 @@
 #include <vector>
 
 class QMainWindow;
-class QTreeView;
 
 namespace zqviewer {
 

@@ -68,8 +68,10 @@ void ValueWriter::judge(Write& write, const EditValue& entered)
     }
     const QString wanted = enteredText(*row, entered);
     const bool isOther = !row->hasValue || valueText(*row) != wanted;
-    write.result.isTaken
-        = write.answered && !write.complained && (isNumber(*row) || holds(*row, entered));
+    // With a complaint, a value that has moved all the same was put elsewhere.
+    const bool isNear = write.complained ? !sameValue(write.result.before, row->value)
+                                         : isNumber(*row) || holds(*row, entered);
+    write.result.isTaken = write.answered && isNear;
     if (write.complained) {
         m_model.setMessage(
             *row, row->extras().message + QLatin1Char('\n') + tr("Entered: %1").arg(wanted));

@@ -1,0 +1,202 @@
+// What a user does in the window beside the tree: images, files, log, several cameras.
+#include "Viewer.h"
+
+#include "featurebrowser/ZQImageView.h"
+#include "images/ImagePane.h"
+#include "images/LiveImage.h"
+#include "images/RegionOfInterest.h"
+#include "log/EventLog.h"
+#include "window/CameraWindows.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QDir>
+#include <QDockWidget>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTemporaryDir>
+
+#include <set>
+
+namespace {
+
+class Desk : public testing::Test {
+protected:
+    static std::unique_ptr<zqcameralib::ZQCamera> simulated()
+    {
+        std::string error;
+        return zqcameralib::ZQCamera::OpenSimulated(error);
+    }
+    featurebrowser::ZQImageView& view() const
+    {
+        return *m_viewer.child<featurebrowser::ZQImageView>("imageView");
+    }
+    void trigger(const char* action) const { m_viewer.child<QAction>(action)->trigger(); }
+    bool isEnabled(const char* action) const
+    {
+        return m_viewer.child<QAction>(action)->isEnabled();
+    }
+    std::string value(const std::string& name) const { return m_viewer.rows().at(name).value; }
+    zqviewer::LiveImage& live() const { return m_viewer.child<zqviewer::ImagePane>()->live(); }
+
+    Viewer m_viewer { simulated() };
+};
+
+TEST_F(Desk, SeveralImagesStopByThemselvesAndLeaveTheSettingsAlone)
+{
+    const std::string mode = value("AcquisitionMode");
+    for (const int count : { 1, 3 }) {
+        QStringList told;
+        const auto connection = QObject::connect(&live(), &zqviewer::LiveImage::told,
+            [&told](bool, const QString& text) { told.append(text); });
+        const QTemporaryDir folder;
+        live().record(folder.path(), QStringLiteral("png"));
+        count == 1 ? trigger("singleImage") : live().start(count);
+        EXPECT_TRUE(waitFor([&] { return told.size() == 3; }))
+            << told.join(QLatin1Char('|')).toStdString();
+        QObject::disconnect(connection);
+        EXPECT_TRUE(isEnabled("startImages") && !isEnabled("stopImages"));
+        const QStringList files = QDir(folder.path()).entryList({ QStringLiteral("*.png") });
+        EXPECT_EQ(files.size(), count) << told.join(QLatin1Char('|')).toStdString();
+        EXPECT_EQ(QImage(folder.filePath(
+                             QStringLiteral("image-%1.png").arg(count, 6, 10, QLatin1Char('0'))))
+                      .convertToFormat(QImage::Format_Grayscale8),
+            view().toImage());
+        QFile index(folder.filePath(QStringLiteral("index.csv")));
+        ASSERT_TRUE(index.open(QFile::ReadOnly));
+        EXPECT_EQ(index.readAll().count(QByteArray(".png,")), count);
+    }
+    EXPECT_EQ(value("AcquisitionMode"), mode);
+}
+
+TEST_F(Desk, ARegionDrawnWithTheMouseIsTheCamerasRegion)
+{
+    m_viewer.edit("Width", "256");
+    m_viewer.edit("Height", "128");
+    trigger("singleImage");
+    ASSERT_TRUE(waitFor([&] { return view().image().width == 256 && isEnabled("startImages"); }));
+    EXPECT_FALSE(isEnabled("useRegion"));
+    const auto place = [&](int x, int y) { return view().rectOf({ x, y }).center().toPoint(); };
+    QTest::mousePress(&view(), Qt::LeftButton, Qt::ShiftModifier, place(40, 20));
+    QTest::mouseMove(&view(), place(90, 50));
+    QTest::mouseMove(&view(), place(103, 51));
+    QTest::mouseRelease(&view(), Qt::LeftButton, Qt::ShiftModifier, place(103, 51));
+    const QRect drawn = view().region();
+    ASSERT_TRUE(isEnabled("useRegion")) << drawn.width();
+    trigger("startImages");
+    ASSERT_TRUE(waitFor([&] { return live().isRunning(); }));
+    trigger("useRegion");
+    EXPECT_TRUE(waitFor([&] { return live().isRunning() && view().image().width < 256; }))
+        << "images go on";
+    const auto number = [&](const char* name) { return std::stoi(value(name)); };
+    EXPECT_LE(number("OffsetX"), drawn.left());
+    EXPECT_GE(number("OffsetX") + number("Width"), drawn.right() + 1);
+    EXPECT_LT(number("Width"), drawn.width() + 64) << "no larger than the grid asks for";
+    EXPECT_LE(number("OffsetY"), drawn.top());
+    EXPECT_GE(number("OffsetY") + number("Height"), drawn.bottom() + 1);
+    trigger("wholeSensor");
+    EXPECT_EQ(number("OffsetX") + number("OffsetY"), 0);
+    EXPECT_EQ(value("Width"), value("WidthMax"));
+    EXPECT_EQ(value("Height"), value("HeightMax"));
+}
+
+/// From any region to any other, without a refusal on the way.
+TEST(Region, GrowsAndShrinksInTheOrderThatTheCameraTakes)
+{
+    std::string error;
+    zqviewer::OpenedCamera camera(zqcameralib::ZQCamera::OpenSimulated(error));
+    ASSERT_EQ(camera.repository().Load(), 0);
+    zqviewer::RegionOfInterest region(camera);
+    ASSERT_EQ(region.selectAll(), QString());
+    long width = 0;
+    long height = 0;
+    camera.device().GetIntegerValue("Width", &width);
+    camera.device().GetIntegerValue("Height", &height);
+    const int w = static_cast<int>(width);
+    const int h = static_cast<int>(height);
+    for (const QRect& wanted : { QRect(w - 64, h - 64, 64, 64), QRect(0, 0, 64, 64),
+             QRect(w / 2, 0, w / 2, h), QRect(0, h / 2, w, h / 2), QRect(64, 64, w - 128, 64) }) {
+        ASSERT_EQ(region.select(wanted), QString());
+        EXPECT_EQ(region.words(),
+            QStringLiteral("%1 \u00D7 %2 at (%3, %4)")
+                .arg(wanted.width())
+                .arg(wanted.height())
+                .arg(wanted.left())
+                .arg(wanted.top()));
+        ASSERT_EQ(region.selectAll(), QString()) << "pixels count from the present region";
+    }
+    EXPECT_TRUE(region.isOfSize({ w, h }));
+    EXPECT_FALSE(region.isOfSize({ w, h - 1 }));
+}
+
+TEST_F(Desk, FeaturesThatChangeByThemselvesFollowWhileTheyAreSeen)
+{
+    std::set<std::string> seen;
+    m_viewer.select("DeviceTemperature");
+    EXPECT_TRUE(waitFor([&] {
+        seen.insert(value("DeviceTemperature"));
+        return seen.size() > 1;
+    }));
+}
+
+TEST_F(Desk, TheLogTellsWhatTheCameraHoldsAndKeepsWhatIsFound)
+{
+    m_viewer.child<QDockWidget>("logDock")->toggleViewAction()->trigger();
+    const auto* table = m_viewer.child<QTableView>("log");
+    ASSERT_TRUE(table->isVisible());
+    m_viewer.edit("Width", "65");
+    m_viewer.open("TimestampLatch");
+    const auto line = [table](int fromEnd) {
+        const QAbstractItemModel& model = *table->model();
+        QStringList cells;
+        for (int column = zqviewer::EventLog::KindColumn; column < model.columnCount(); ++column) {
+            cells.append(model.index(model.rowCount() - fromEnd, column).data().toString());
+        }
+        return cells.join(QLatin1Char('|')).toStdString();
+    };
+    EXPECT_EQ(line(2), "Written|Width|512 px|64 px|Adjusted to 64 px");
+    EXPECT_EQ(line(1), "Command|TimestampLatch|||Command run");
+    m_viewer.child<QLineEdit>("logFilter")->setText(QStringLiteral("WIDTH written"));
+    EXPECT_EQ(table->model()->rowCount(), 1);
+}
+
+TEST(Desks, CamerasOfOneModelAreToldApartAndKeepTheirWordsToThemselves)
+{
+    zqviewer::CameraWindows windows(featurebrowser::LEVEL_GURU);
+    const auto all = [] {
+        std::vector<zqviewer::ViewerWindow*> found;
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (auto* viewer = qobject_cast<zqviewer::ViewerWindow*>(window)) {
+                found.push_back(viewer);
+            }
+        }
+        return found;
+    };
+    windows.open({});
+    ASSERT_TRUE(waitFor([&] { return all().size() == 1; }));
+    windows.open({});
+    ASSERT_TRUE(waitFor([&] { return all().size() == 2; }));
+    std::set<QString> titles;
+    for (const auto* window : all()) {
+        titles.insert(window->windowTitle().section(QLatin1Char('#'), 1));
+        EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("simulated")));
+    }
+    EXPECT_EQ(titles, (std::set<QString> { QString(), QStringLiteral("2") }));
+    const auto lines = [&](int i) {
+        return all()[static_cast<std::size_t>(i)]
+            ->findChild<QTableView*>(QStringLiteral("log"))
+            ->model()
+            ->rowCount();
+    };
+    const int others = lines(1);
+    all()[0]->images().live().start(1);
+    EXPECT_TRUE(waitFor([&] { return lines(0) > others + 1; }));
+    EXPECT_EQ(lines(1), others);
+    all()[0]->close();
+    EXPECT_TRUE(waitFor([&] { return all().size() == 1; }));
+}
+
+} // namespace
