@@ -34,34 +34,46 @@ void eraseBeforeFirstTag(std::string& text)
     text.erase(0, text.find('<'));
 }
 
-bool isControl(char c)
+/// Below a blank, beyond ASCII or both, but for what parts words and lines: a control character, or
+/// part of a longer one.
+bool isSpecial(char c)
 {
-    return static_cast<unsigned char>(c) < 0x20U && c != '\t' && c != '\n' && c != '\r';
+    return static_cast<signed char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r';
 }
 
-/// Most descriptions are, and are searched faster than validated.
-bool isPlainAscii(std::string_view text)
+bool isControl(char c)
 {
-    unsigned int faults = 0;
-    for (const char c : text) {
-        faults |= (static_cast<unsigned char>(c) & 0x80U) | (isControl(c) ? 1U : 0U);
+    return isSpecial(c) && static_cast<signed char>(c) >= 0;
+}
+
+/// Nearly all of a description is plain: blocks of a fixed size are looked through at once.
+char* findSpecial(char* at, const char* end)
+{
+    constexpr std::ptrdiff_t blockSize = 64;
+    const auto hasSpecial = [](const char* block) {
+        unsigned char found = 0;
+        for (std::ptrdiff_t i = 0; i < blockSize; ++i) {
+            found |= static_cast<unsigned char>(isSpecial(block[i]));
+        }
+        return found != 0;
+    };
+    while (end - at >= blockSize && !hasSpecial(at)) {
+        at += blockSize;
     }
-    return faults == 0;
+    return std::find_if(at, const_cast<char*>(end), isSpecial);
 }
 
 /// What is not text in XML would stop the parsers below; it becomes question marks.
 void replaceInvalidBytes(std::string& text)
 {
-    if (isPlainAscii(text)) {
-        return;
-    }
-    std::replace_if(text.begin(), text.end(), isControl, '?');
-    const char* invalid = nullptr;
-    const char* rest = text.data();
-    const char* const end = text.data() + text.size();
-    while (g_utf8_validate_len(rest, static_cast<gsize>(end - rest), &invalid) == FALSE) {
-        text[static_cast<std::size_t>(invalid - text.data())] = '?';
-        rest = invalid;
+    char* const end = text.data() + text.size();
+    for (char* at = findSpecial(text.data(), end); at != end; at = findSpecial(at, end)) {
+        // Of what is invalid, the two highest values tell.
+        if (isControl(*at) || g_utf8_get_char_validated(at, end - at) > 0x10FFFF) {
+            *at++ = '?';
+        } else {
+            at = g_utf8_next_char(at);
+        }
     }
 }
 
@@ -83,26 +95,36 @@ bool isExtension(const pugi::xml_node& element)
     return element.name() == std::string_view("Extension");
 }
 
-/// The element after another in document order that is not inside of it; null behind `root`.
-pugi::xml_node nextBeside(pugi::xml_node element, const pugi::xml_node& root)
+/// The element after another in document order that is not inside of it; null behind the last one.
+/// `depth` follows: that of the first ones below the root is 1.
+pugi::xml_node nextBeside(pugi::xml_node element, int& depth)
 {
-    while (element != root && !element.next_sibling()) {
+    pugi::xml_node next = element.next_sibling();
+    while (!next && --depth > 0) {
         element = element.parent();
+        next = element.next_sibling();
     }
-    return element == root ? pugi::xml_node() : element.next_sibling();
+    return next;
 }
 
-/// Calls visit(element) for all elements below another, in document order, but for extensions.
+/// Calls visit(element, depth) for all elements below another, in document order, but for
+/// extensions.
 template <typename Visit> void forEachBelow(const pugi::xml_node& root, Visit visit)
 {
+    int depth = 1;
     pugi::xml_node element = root.first_child();
     while (element) {
         if (isExtension(element)) {
-            element = nextBeside(element, root);
+            element = nextBeside(element, depth);
             continue;
         }
-        visit(element);
-        element = element.first_child() ? element.first_child() : nextBeside(element, root);
+        visit(element, depth);
+        if (const pugi::xml_node inside = element.first_child()) {
+            element = inside;
+            ++depth;
+        } else {
+            element = nextBeside(element, depth);
+        }
     }
 }
 
@@ -114,16 +136,40 @@ bool isText(const pugi::xml_node& node)
 /// Comments and CDATA sections cut one text into several.
 void joinTexts(pugi::xml_node element)
 {
-    pugi::xml_node first = element.first_child();
-    if (!first || !isText(first) || !first.next_sibling()) {
+    const bool holdsFirst = element.value()[0] != '\0';
+    const auto second = [&] {
+        const pugi::xml_node child = element.first_child();
+        return holdsFirst || !isText(child) ? child : child.next_sibling();
+    };
+    pugi::xml_node more = second();
+    if (!isText(more)) {
         return;
     }
-    std::string text = first.value();
-    while (first.next_sibling() && isText(first.next_sibling())) {
-        text += first.next_sibling().value();
-        element.remove_child(first.next_sibling());
+    std::string text = element.text().get();
+    for (; isText(more); more = second()) {
+        text += more.value();
+        element.remove_child(more);
     }
-    first.set_value(text.c_str());
+    element.text().set(text.c_str());
+}
+
+std::string_view targetName(const Reference& reference)
+{
+    const bool canBeAttribute = reference.tag == ReferenceTag::Offset;
+    const pugi::xml_attribute offset
+        = canBeAttribute ? reference.element.attribute("pOffset") : pugi::xml_attribute();
+    return offset ? trimmed(offset.value()) : elementText(reference.element);
+}
+
+void addReferences(std::vector<Reference>& references, const pugi::xml_node& element)
+{
+    if (!isReference(element.name())) {
+        return;
+    }
+    references.push_back({ element, referenceTag(element.name()), Description::absent });
+    if (element.attribute("pOffset")) {
+        references.push_back({ element, ReferenceTag::Offset, Description::absent });
+    }
 }
 
 } // namespace
@@ -173,31 +219,26 @@ std::unique_ptr<Description> Description::parse(std::string text, std::string& e
         }
     }
     std::unique_ptr<Description> description(new Description);
-    if (!description->load(text, error)) {
+    description->m_text = std::move(text);
+    if (!description->load(error)) {
         return nullptr;
     }
-    // Real descriptions have a node in 60 to 300 bytes.
-    constexpr std::size_t bytesPerNode = 120;
-    description->m_nodes.reserve(text.size() / bytesPerNode);
-    description->m_byName.reserve(text.size() / bytesPerNode);
     description->collectNodes();
     if (description->find("Root") == absent) {
         error = "not a camera description: no root category";
         return nullptr;
     }
-    for (DescriptionNode& node : description->m_nodes) {
-        node.references = description->referencesOf(node);
-    }
+    description->resolveReferences();
     return description;
 }
 
-bool Description::load(const std::string& text, std::string& error)
+bool Description::load(std::string& error)
 {
-    const pugi::xml_encoding encoding = isLatin1(text) ? pugi::encoding_latin1
-        : isUtf16(text)                                ? pugi::encoding_auto
-                                                       : pugi::encoding_utf8;
-    const pugi::xml_parse_result result
-        = m_document.load_buffer(text.data(), text.size(), pugi::parse_default, encoding);
+    const pugi::xml_encoding encoding = isLatin1(m_text) ? pugi::encoding_latin1
+        : isUtf16(m_text)                                ? pugi::encoding_auto
+                                                         : pugi::encoding_utf8;
+    const pugi::xml_parse_result result = m_document.load_buffer_inplace(
+        m_text.data(), m_text.size(), pugi::parse_default | pugi::parse_embed_pcdata, encoding);
     if (!result) {
         error = "malformed XML at byte " + std::to_string(result.offset) + ": "
             + result.description();
@@ -218,17 +259,40 @@ std::size_t Description::find(std::string_view name) const
 
 void Description::collectNodes()
 {
-    forEachBelow(root(), [this](const pugi::xml_node& element) {
+    // Real descriptions have a node in 60 to 300 bytes.
+    constexpr std::size_t bytesPerNode = 120;
+    m_nodes.reserve(m_text.size() / bytesPerNode);
+    m_byName.reserve(m_text.size() / bytesPerNode);
+    struct Part {
+        std::size_t node;
+        pugi::xml_node element;
+        int depth;
+    };
+    std::vector<Part> around; // the nodes that an element is part of
+    forEachBelow(root(), [&](const pugi::xml_node& element, int depth) {
         joinTexts(element);
-        addNode(element);
+        while (!around.empty() && around.back().depth >= depth) {
+            around.pop_back();
+        }
+        for (const Part& part : around) {
+            DescriptionNode& node = m_nodes[part.node];
+            if (node.element == part.element) {
+                addReferences(node.references, element);
+            }
+        }
+        const std::size_t node = addNode(element);
+        if (node != absent && !isContainer(m_nodes[node].kind)) {
+            around.push_back({ node, element, depth });
+        }
     });
 }
 
-void Description::addNode(const pugi::xml_node& element)
+/// The node that an element is, or `absent`.
+std::size_t Description::addNode(const pugi::xml_node& element)
 {
     const std::string_view name = element.attribute("Name").value();
     if (name.empty() || !isNode(element.name())) {
-        return;
+        return absent;
     }
     // Of a name given twice, the last one counts.
     const auto [place, isFresh] = m_byName.emplace(name, m_nodes.size());
@@ -239,31 +303,21 @@ void Description::addNode(const pugi::xml_node& element)
     DescriptionNode& node = m_nodes[place->second];
     node.element = element;
     node.kind = nodeKind(element.name());
+    node.references.clear();
+    return place->second;
 }
 
-std::vector<Reference> Description::referencesOf(const DescriptionNode& node) const
+void Description::resolveReferences()
 {
-    std::vector<Reference> references;
-    const auto add = [&](const pugi::xml_node& element) { addReferences(references, element); };
-    if (!isContainer(node.kind)) {
-        forEachBelow(node.element, add);
-    }
-    if (node.kind == NodeKind::StructEntry) {
-        const auto shared = node.element.parent().children();
-        std::for_each(shared.begin(), shared.end(), add);
-    }
-    return references;
-}
-
-void Description::addReferences(
-    std::vector<Reference>& references, const pugi::xml_node& element) const
-{
-    if (!isReference(element.name())) {
-        return;
-    }
-    references.push_back({ element, referenceTag(element.name()), find(elementText(element)) });
-    if (const pugi::xml_attribute offset = element.attribute("pOffset")) {
-        references.push_back({ element, ReferenceTag::Offset, find(trimmed(offset.value())) });
+    for (DescriptionNode& node : m_nodes) {
+        if (node.kind == NodeKind::StructEntry) {
+            for (const pugi::xml_node& shared : node.element.parent().children()) {
+                addReferences(node.references, shared);
+            }
+        }
+        for (Reference& reference : node.references) {
+            reference.target = find(targetName(reference));
+        }
     }
 }
 

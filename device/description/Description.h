@@ -84,12 +84,12 @@ public:
 
 private:
     Description();
-    bool load(const std::string& text, std::string& error);
+    bool load(std::string& error);
     void collectNodes();
-    void addNode(const pugi::xml_node& element);
-    std::vector<Reference> referencesOf(const DescriptionNode& node) const;
-    void addReferences(std::vector<Reference>& references, const pugi::xml_node& element) const;
+    std::size_t addNode(const pugi::xml_node& element);
+    void resolveReferences();
 
+    std::string m_text; ///< the document is made of parts of it
     pugi::xml_document m_document;
     std::vector<DescriptionNode> m_nodes;
     std::unordered_map<std::string_view, std::size_t> m_byName;
