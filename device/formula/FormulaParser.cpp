@@ -91,6 +91,8 @@ private:
 
 Result<Formula> FormulaParser::parse()
 {
+    constexpr std::size_t charactersPerTerm = 4; // in real formulas
+    m_formula.m_terms.reserve(m_text.size() / charactersPerTerm);
     choice();
     if (m_fault.empty() && !isAtEnd()) {
         fail("\"" + std::string(m_text.substr(m_at, 10)) + "\" is not expected");
@@ -123,7 +125,7 @@ std::size_t FormulaParser::binary(int weakest)
     std::size_t left = unary();
     for (const Operator* next = nextOperator(); next != nullptr && next->strength >= weakest;
          next = nextOperator()) {
-        m_at += next->sign.size();
+        skip(next->sign.size());
         // Powers group to the right, all others to the left.
         const std::size_t right
             = binary(next->operation == Operation::Power ? next->strength : next->strength + 1);
@@ -150,7 +152,6 @@ std::size_t FormulaParser::unary()
 
 std::size_t FormulaParser::primary()
 {
-    skipBlanks();
     const char next = isAtEnd() ? '\0' : m_text[m_at];
     if (take('(')) {
         const std::size_t inner = choice();
@@ -180,6 +181,7 @@ std::size_t FormulaParser::number()
         }
     }
     const std::string_view text = m_text.substr(first, m_at - first);
+    skipBlanks();
     const std::optional<Number> value = parseNumber(text);
     return value ? addConstant(*value) : fail("\"" + std::string(text) + "\" is no number");
 }
@@ -191,6 +193,7 @@ std::size_t FormulaParser::word()
         ++m_at;
     }
     const std::string_view name = m_text.substr(first, m_at - first);
+    skipBlanks();
     return take('(') ? call(name) : symbol(name);
 }
 
@@ -250,7 +253,6 @@ std::size_t FormulaParser::fail(const std::string& why)
 
 const FormulaParser::Operator* FormulaParser::nextOperator()
 {
-    skipBlanks();
     const std::string_view rest = m_text.substr(m_at, 2);
     if (rest.empty() || rest[0] == ')') { // mostly
         return nullptr;
@@ -264,10 +266,11 @@ const FormulaParser::Operator* FormulaParser::nextOperator()
 
 bool FormulaParser::take(char sign)
 {
-    skipBlanks();
-    const bool isThere = m_at < m_text.size() && m_text[m_at] == sign;
-    m_at += isThere ? 1 : 0;
-    return isThere;
+    if (isAtEnd() || m_text[m_at] != sign) {
+        return false;
+    }
+    skip(1);
+    return true;
 }
 
 void FormulaParser::expect(char sign)
@@ -277,17 +280,17 @@ void FormulaParser::expect(char sign)
     }
 }
 
+void FormulaParser::skip(std::size_t characters)
+{
+    m_at += characters;
+    skipBlanks();
+}
+
 void FormulaParser::skipBlanks()
 {
     while (m_at < m_text.size() && g_ascii_isspace(m_text[m_at])) {
         ++m_at;
     }
-}
-
-bool FormulaParser::isAtEnd()
-{
-    skipBlanks();
-    return m_at == m_text.size();
 }
 
 Result<Formula> Formula::parse(std::string_view text)

@@ -12,6 +12,7 @@ public:
     explicit FormulaParser(std::string_view text)
         : m_text(text)
     {
+        skipBlanks();
     }
 
     Result<Formula> parse();
@@ -43,11 +44,12 @@ private:
     const Operator* nextOperator();
     bool take(char sign);
     void expect(char sign);
+    void skip(std::size_t characters);
     void skipBlanks();
-    bool isAtEnd();
+    bool isAtEnd() const { return m_at == m_text.size(); }
 
     std::string_view m_text;
-    std::size_t m_at = 0;
+    std::size_t m_at = 0; ///< never at a blank between two rules
     int m_depth = 0;
     Formula m_formula;
     std::string m_fault;
