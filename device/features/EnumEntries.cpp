@@ -10,8 +10,9 @@ namespace {
 void addCondition(EnumEntry& entry, const Description& description, std::size_t owner,
     const pugi::xml_node& reference)
 {
-    const std::size_t target = description.find(elementText(reference));
-    if (reference && target != Description::absent) {
+    const std::size_t target
+        = reference ? description.find(elementText(reference)) : Description::absent;
+    if (target != Description::absent) {
         entry.availableIf.push_back({ referenceTag(reference.name()), owner, target, false });
     }
 }

@@ -16,7 +16,8 @@ constexpr std::size_t maxNameLength = 1000;
 /// An integer child: `fallback` when absent; -1 when it is no number.
 std::int64_t integerChild(const pugi::xml_node& element, const char* tag, std::int64_t fallback)
 {
-    return element.child(tag) ? wholeInteger(childText(element, tag)).value_or(-1) : fallback;
+    const pugi::xml_node child = element.child(tag);
+    return child ? wholeInteger(elementText(child)).value_or(-1) : fallback;
 }
 
 bool isPossibleLength(NodeKind kind, std::int64_t length)
