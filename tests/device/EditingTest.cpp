@@ -1,4 +1,5 @@
 #include "TestCamera.h"
+#include "base/BigEndian.h"
 #include "base/StatusCodes.h"
 #include "memory/RegisterMemory.h"
 #include "opening/SimulatedOpening.h"
@@ -208,16 +209,20 @@ TEST(Writes, ReachTheCameraAndReadBack)
     }
 }
 
-TEST(Writes, OfBitsThatCannotBeReadKeepTheOthers)
+TEST(Writes, OfBitsThatCannotBeReadKeepTheOthersWhereARegisterShowsThem)
 {
-    TestCamera camera("Whole Low",
-        intReg("Whole", 0)
-            + reg(
-                "MaskedIntReg", "Low", 0, "<LSB>31</LSB><MSB>28</MSB><AccessMode>WO</AccessMode>"));
-    EXPECT_EQ(camera.set("Whole", 1234 * 16), STATUS_OK);
-    EXPECT_EQ(camera.set("Low", 5), STATUS_OK);
-    EXPECT_EQ(camera.read("Whole"), std::to_string(1234 * 16 + 5));
-    EXPECT_EQ(camera.read("Low"), "");
+    const std::string low = "<LSB>31</LSB><MSB>28</MSB><AccessMode>WO</AccessMode>";
+    for (const auto& [whole, isKept] : { std::pair(intReg("Whole", 0), true),
+             { intReg("Whole", 0, "<AccessMode>RO</AccessMode>"), true },
+             { intReg("Whole", 0, "<AccessMode>WO</AccessMode>"), false },
+             { intReg("Whole", 4), false }, { intReg("Whole", 0, "<Length>2</Length>"), false },
+             { intReg("Whole", 2, "<Length>2</Length>"), false } }) {
+        TestCamera camera("Whole Low", whole + reg("MaskedIntReg", "Low", 0, low));
+        EXPECT_TRUE(camera.port.write({ 0, 4 }, toBigEndian(std::uint32_t(0x73)).data()).isOk());
+        EXPECT_EQ(camera.set("Low", 5), STATUS_OK);
+        EXPECT_EQ(camera.registerAt(0), isKept ? 0x75 : 5) << whole;
+        EXPECT_EQ(camera.read("Low"), "");
+    }
 }
 
 /// A command that is done when it has been looked at so often; 0: never.

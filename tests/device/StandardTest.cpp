@@ -62,6 +62,16 @@ std::string indexed(const std::string& one, const std::string& more = {})
         + intReg("R", 0) + intReg("One", 8, one);
 }
 
+/// A register somewhere.
+std::string placed(const std::string& place)
+{
+    return node("IntReg", "F",
+               place
+                   + "<Length>4</Length><AccessMode>RW</AccessMode><pPort>Device</pPort>"
+                     "<Endianess>BigEndian</Endianess>")
+        + node("Integer", "Two", "<Value>2</Value>") + knife("IntSwissKnife", "None", {}, "1/0");
+}
+
 struct Meaning {
     const char* what;
     std::string nodes; ///< with F, and mostly R: 4 bytes at 0
@@ -172,6 +182,22 @@ const std::vector<Meaning> meanings {
         1, "1 1 RW" },
     { "limits by entries", node("Integer", "F", "<pValue>Mode</pValue>") + mode + intReg("R", 0), 5,
         "5 1 RW 0..5/1" },
+    { "addresses add up",
+        placed("<Address>9</Address><pAddress>Two</pAddress><pAddress>Two</pAddress>"
+               "<Address>-1</Address><IntSwissKnife Name=\"K\"><Formula>0 - 12</Formula>"
+               "</IntSwissKnife>"),
+        5, "5 1 RW" },
+    { "steps are as long as the register", placed("<Address>-8</Address><pIndex>Two</pIndex>"), 5,
+        "5 1 RW" },
+    { "steps of a length",
+        placed("<Address>-14</Address><pIndex Offset=\"5\">Two</pIndex>"
+               "<pIndex pOffset=\"Two\">Two</pIndex>"),
+        5, "5 1 RW" },
+    { "address that has no value", placed("<Address>0</Address><pAddress>None</pAddress>"), 5,
+        unread },
+    { "step that has no value", placed("<Address>0</Address><pIndex>None</pIndex>"), 5, unread },
+    { "length of steps that has no value",
+        placed("<Address>0</Address><pIndex pOffset=\"None\">Two</pIndex>"), 5, unread },
     { "bytes that the port swaps",
         node("IntReg", "F",
             "<Address>0</Address><Length>4</Length><AccessMode>RW</AccessMode>"
@@ -214,6 +240,11 @@ const std::string raw
 const std::string stepped = overR("Float", "<Min>1</Min><Max>9</Max><Inc>0.1</Inc>");
 const std::string overCheck = node("Float", "F", "<pValue>Check</pValue>") + check + intReg("R", 0);
 
+std::string inEights(const std::string& access)
+{
+    return overR("Integer", "<Min>10</Min><Inc>8</Inc>", access);
+}
+
 const std::vector<Write> writes {
     { "rounds to the nearest", hundredth, 0, 0.29, STATUS_OK, 29 },
     { "keeps what is written back", inverse + intReg("R", 0), 7, 1000000.0 / 7, STATUS_OK, 7 },
@@ -235,6 +266,12 @@ const std::vector<Write> writes {
     { "and no half", overCheck, 5, 0.5, notConvertible, 5 },
     { "takes a value of the float's grid", stepped, 0, 1.7, STATUS_OK, 2 },
     { "and no other", stepped, 5, 1.75, ERROR_VALUE_NOT_ON_INCREMENT, 5 },
+    { "writes back what lies beside the grid", inEights(""), 13, 13, STATUS_OK, 13 },
+    { "and nothing else beside it", inEights(""), 13, 14, ERROR_VALUE_NOT_ON_INCREMENT, 13 },
+    { "nor what cannot be read", inEights("<AccessMode>WO</AccessMode>"), 13, 13,
+        ERROR_VALUE_NOT_ON_INCREMENT, 13 },
+    { "what only a double holds", reg("FloatReg", "F", 0, "<Length>8</Length>"), 0, 1e300,
+        STATUS_OK, 0x3C },
 };
 
 TEST(Standard, SaysWhatReachesTheRegister)
@@ -245,7 +282,10 @@ TEST(Standard, SaysWhatReachesTheRegister)
         const std::array<std::uint8_t, 4> bytes
             = toBigEndian(static_cast<std::uint32_t>(test.before));
         EXPECT_TRUE(camera.port.write({ 0, 4 }, bytes.data()).isOk());
-        EXPECT_EQ(camera.set("F", test.value), test.status);
+        const bool isInteger = camera.item("F").type == FEATURE_INTEGER;
+        EXPECT_EQ(isInteger ? camera.set("F", static_cast<long>(test.value))
+                            : camera.set("F", test.value),
+            test.status);
         EXPECT_EQ(camera.registerAt(0), test.after);
     }
 }
