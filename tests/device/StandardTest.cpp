@@ -163,6 +163,13 @@ const std::vector<Meaning> meanings {
             + node("Integer", "I", "<pValue>R</pValue><pMax>M</pMax>") + intReg("R", 0)
             + intReg("M", 8, "<pIsAvailable>Zero</pIsAvailable>") + zero,
         1, "1 1 RW 0..9/1" },
+    { "limit behind a formula that is not there",
+        node("Integer", "F", "<pValue>K</pValue><Max>9</Max>")
+            + node("IntConverter", "K",
+                "<pValue>I</pValue><FormulaTo>FROM</FormulaTo><FormulaFrom>TO</FormulaFrom>")
+            + node("Integer", "I", "<pValue>R</pValue><pMax>M</pMax>") + intReg("R", 0)
+            + intReg("M", 8, "<pIsAvailable>Zero</pIsAvailable>") + zero,
+        1, unread },
     { "limit that is not there",
         overR("Integer", "<pMax>M</pMax>") + intReg("M", 8, "<pIsAvailable>Zero</pIsAvailable>")
             + zero,
@@ -176,6 +183,21 @@ const std::vector<Meaning> meanings {
         overR("Integer", "<pIsAvailable>W</pIsAvailable>")
             + intReg("W", 8, "<AccessMode>WO</AccessMode>"),
         1, unread },
+    { "bits are there as their register",
+        reg("StructReg", "S", 0,
+            "<pIsAvailable>Zero</pIsAvailable>" + node("StructEntry", "F", "<Bit>31</Bit>"))
+            + zero,
+        1, " 0 NA" },
+    { "a register is there as its port",
+        reg("IntReg", "F", 0, "<pPort>P</pPort>")
+            + node("Port", "P", "<pIsAvailable>Zero</pIsAvailable>") + zero,
+        1, " 0 NA" },
+    { "available by the first that there is",
+        overR("Integer",
+            "<pIsAvailable>No</pIsAvailable><pIsAvailable>Zero</pIsAvailable>"
+            "<pIsAvailable>R</pIsAvailable>")
+            + zero,
+        1, " 0 NA" },
     { "available by each other",
         overR("Integer", "<pIsAvailable>G</pIsAvailable>")
             + node("Integer", "G", "<pValue>R</pValue><pIsAvailable>F</pIsAvailable>"),
