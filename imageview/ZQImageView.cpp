@@ -7,6 +7,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <zqtranslations/LoadTranslations.h>
+
 namespace featurebrowser {
 
 ZQImageView::ZQImageView(QWidget* parent)
@@ -16,6 +18,7 @@ ZQImageView::ZQImageView(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    zqtranslations::load(QStringLiteral("zqimageview"), QStringLiteral(":/zqimageview"));
     setAccessibleName(tr("Camera image"));
 }
 

@@ -2,6 +2,7 @@
 #include "batch/Report.h"
 #include "program/EndSignals.h"
 #include "program/ViewerApplication.h"
+#include "program/Words.h"
 #include "window/CameraWindows.h"
 
 #include <QFile>
@@ -39,6 +40,7 @@ bool readCommandLine(int argc, char** argv, CommandLine& options, QString& error
 int runWindow(const CommandLine& options, int& argc, char** argv)
 {
     ViewerApplication application(argc, argv);
+    loadWords();
     int caught = 0;
     int status = 0;
     {

@@ -3,10 +3,11 @@
 #include "events/ValueWriter.h"
 #include "row/NewRows.h"
 #include "text/NumberInput.h"
-#include "text/Translations.h"
 #include "window/BrowserWindow.h"
 
 #include <QPointer>
+
+#include <zqtranslations/LoadTranslations.h>
 
 namespace featurebrowser {
 
@@ -83,7 +84,8 @@ public:
 CameraFeatureBrowser::CameraFeatureBrowser(QWidget* parent)
     : m_impl(std::make_unique<Impl>())
 {
-    loadTranslations();
+    zqtranslations::load(
+        QStringLiteral("zqfeaturebrowserwidget"), QStringLiteral(":/zqfeaturebrowserwidget"));
     m_impl->window = new BrowserWindow(parent);
 }
 

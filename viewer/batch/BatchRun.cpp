@@ -6,6 +6,7 @@
 #include "images/LiveImage.h"
 #include "log/EventLog.h"
 #include "program/CameraChoice.h"
+#include "program/Words.h"
 #include "window/ViewerWindow.h"
 
 #include "featurebrowser/ZQImageView.h"
@@ -128,6 +129,7 @@ int showTree(const CommandLine& options, OpenedCamera& camera, int& argc, char**
     // What Qt misses on a machine without a desktop is nothing to a program without a window.
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     const QApplication application(argc, argv);
+    loadWords();
     const QuietErrors quiet;
     ViewerWindow window(camera, options.level.value_or(featurebrowser::LEVEL_GURU), nullptr,
         std::make_shared<EventLog>());

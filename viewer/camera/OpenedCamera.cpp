@@ -1,8 +1,8 @@
 #include "camera/OpenedCamera.h"
 
-#include "featurebrowser/CameraFeatureBrowser.h"
+#include "program/Words.h"
 
-#include <QCoreApplication>
+#include "featurebrowser/CameraFeatureBrowser.h"
 
 #include <array>
 #include <utility>
@@ -16,11 +16,6 @@ namespace {
 /// A camera that leaves the stop unanswered for so long counts as lost, and nothing waits for it
 /// any more then.
 constexpr std::chrono::milliseconds closingLimit(1200);
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("zqviewer::OpenedCamera", text);
-}
 
 } // namespace
 
@@ -94,7 +89,7 @@ QString OpenedCamera::reason(const FeatureItem& unread)
     default:
         break;
     }
-    return status != STATUS_OK ? errorText(status) : tr("see the marked rows");
+    return status != STATUS_OK ? errorText(status) : Words::tr("see the marked rows");
 }
 
 void OpenedCamera::describe(ZQFeatureBrowser& browser)
@@ -120,10 +115,10 @@ OpenedCamera::Reading OpenedCamera::reading()
         }
     }
     if (!firstUnread) {
-        return { true, tr("%1 features read.").arg(all) };
+        return { true, Words::tr("%1 features read.").arg(all) };
     }
     return { false,
-        tr("%1 of %2 features could not be read: %3")
+        Words::tr("%1 of %2 features could not be read: %3")
             .arg(QString::number(unread), QString::number(all), reason(*firstUnread)) };
 }
 

@@ -2,10 +2,10 @@
 
 #include "images/FrameImage.h"
 #include "images/ImageFile.h"
+#include "program/Words.h"
 
 #include "featurebrowser/ZQImageView.h"
 
-#include <QCoreApplication>
 #include <QDir>
 
 #include <vector>
@@ -21,11 +21,6 @@ constexpr std::size_t mostWaitingBytes = 512UL << 20;
 /// GigE Vision counts blocks in 16 bits, from 1, unless a camera has extended ids.
 constexpr std::uint64_t lastShortId = 65535;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("zqviewer::FrameRecorder", text);
-}
-
 } // namespace
 
 FrameRecorder::FrameRecorder(const QString& folder, const QString& suffix)
@@ -35,7 +30,7 @@ FrameRecorder::FrameRecorder(const QString& folder, const QString& suffix)
 {
     if (!m_index.open(QFile::WriteOnly | QFile::Text)) {
         m_figures.problem
-            = tr("Cannot write '%1': %2.").arg(m_index.fileName(), m_index.errorString());
+            = Words::tr("Cannot write '%1': %2.").arg(m_index.fileName(), m_index.errorString());
     }
     list(QStringLiteral("file,frame id,camera time in ns,computer time in ns"));
     m_thread = std::thread([this] { writeAll(); });
@@ -93,7 +88,7 @@ void FrameRecorder::list(const QString& line)
 {
     if (m_figures.problem.isEmpty() && m_index.write(line.toUtf8() + '\n') < 0) {
         m_figures.problem
-            = tr("Cannot write '%1': %2.").arg(m_index.fileName(), m_index.errorString());
+            = Words::tr("Cannot write '%1': %2.").arg(m_index.fileName(), m_index.errorString());
     }
 }
 
@@ -151,7 +146,7 @@ void FrameRecorder::writeAll()
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (!m_index.flush() && m_figures.problem.isEmpty()) {
         m_figures.problem
-            = tr("Cannot write '%1': %2.").arg(m_index.fileName(), m_index.errorString());
+            = Words::tr("Cannot write '%1': %2.").arg(m_index.fileName(), m_index.errorString());
     }
     m_isDone = true;
 }

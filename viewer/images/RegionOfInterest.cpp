@@ -1,6 +1,6 @@
 #include "images/RegionOfInterest.h"
 
-#include <QCoreApplication>
+#include "program/Words.h"
 
 #include <algorithm>
 
@@ -11,11 +11,6 @@ using namespace featurebrowser;
 namespace {
 
 constexpr int withChecks = 1;
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("zqviewer::RegionOfInterest", text);
-}
 
 /// The point of the record's grid at or below the value.
 std::int64_t floorToGrid(const FeatureItem& item, std::int64_t value)
@@ -67,16 +62,16 @@ QString RegionOfInterest::writeValue(const char* name, std::int64_t value)
     }
     const int status
         = m_camera.device().SetIntegerValue(name, static_cast<long>(value), withChecks);
-    return status == STATUS_OK
-        ? QString()
-        : tr("%1 cannot be set: %2").arg(QString::fromLatin1(name), m_camera.errorText(status));
+    return status == STATUS_OK ? QString()
+                               : Words::tr("%1 cannot be set: %2")
+                                     .arg(QString::fromLatin1(name), m_camera.errorText(status));
 }
 
 QString RegionOfInterest::write(const Axis& axis, std::int64_t first, std::int64_t size)
 {
     const auto sizeItem = read(axis.size);
     if (!sizeItem) {
-        return tr("The camera has no %1.").arg(QString::fromLatin1(axis.size));
+        return Words::tr("The camera has no %1.").arg(QString::fromLatin1(axis.size));
     }
     const std::int64_t present = valueOf(axis.size);
     const bool shrinks = size <= present;
@@ -128,7 +123,7 @@ QString RegionOfInterest::selectAll()
 
 QString RegionOfInterest::words()
 {
-    return tr("%1 \u00D7 %2 at (%3, %4)")
+    return Words::tr("%1 \u00D7 %2 at (%3, %4)")
         .arg(QString::number(valueOf(width)), QString::number(valueOf(height)),
             QString::number(valueOf("OffsetX")), QString::number(valueOf("OffsetY")));
 }

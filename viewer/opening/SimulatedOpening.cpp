@@ -1,6 +1,7 @@
 #include "opening/SimulatedOpening.h"
 
-#include <QCoreApplication>
+#include "program/Words.h"
+
 #include <QFile>
 
 #include <thread>
@@ -34,9 +35,7 @@ zqcameralib::ZQCameraTask::State SimulatedOpening::poll()
 
 zqcameralib::ZQCameraTask::Progress SimulatedOpening::progress() const
 {
-    return { QCoreApplication::translate("zqviewer::SimulatedOpening", "Reading the description")
-                 .toStdString(),
-        0, 0 };
+    return { Words::tr("Reading the description").toStdString(), 0, 0 };
 }
 
 void SimulatedOpening::cancel()

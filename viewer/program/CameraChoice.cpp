@@ -1,6 +1,7 @@
 #include "program/CameraChoice.h"
 
-#include <QCoreApplication>
+#include "program/Words.h"
+
 #include <QFileInfo>
 
 namespace zqviewer {
@@ -10,9 +11,7 @@ QString CameraChoice::origin() const
     if (isReal()) {
         return {};
     }
-    return description.isEmpty()
-        ? QCoreApplication::translate("zqviewer::CameraChoice", "simulated")
-        : QFileInfo(description).fileName();
+    return description.isEmpty() ? Words::tr("simulated") : QFileInfo(description).fileName();
 }
 
 } // namespace zqviewer

@@ -380,6 +380,10 @@
         <source>Entries</source>
         <translation>Einträge</translation>
     </message>
+    <message>
+        <source>The camera is lost: this is what it held last</source>
+        <translation>Die Kamera ist nicht mehr da: das hielt sie zuletzt</translation>
+    </message>
 </context>
 <context>
     <name>featurebrowser::RowMenu</name>
