@@ -1,0 +1,49 @@
+#include "settings/SettingsFile.h"
+
+#include "base/GlibError.h"
+
+#include <glib.h>
+
+#include <filesystem>
+#include <memory>
+
+namespace zqcameralib {
+
+namespace {
+constexpr std::uintmax_t mostBytes = std::uintmax_t(64) << 20U;
+}
+
+std::optional<std::string> readSettingsFile(const std::string& path, std::string& error)
+{
+    std::error_code failure;
+    const std::uintmax_t size = std::filesystem::file_size(path, failure);
+    if (failure) {
+        error = failure.message();
+        return std::nullopt;
+    }
+    if (size > mostBytes) {
+        error = "larger than 64 MiB";
+        return std::nullopt;
+    }
+    gchar* content = nullptr;
+    gsize length = 0;
+    GlibError problem;
+    if (g_file_get_contents(path.c_str(), &content, &length, problem.out()) == FALSE) {
+        error = problem.get()->message;
+        return std::nullopt;
+    }
+    const std::unique_ptr<gchar, decltype(&g_free)> owned(content, g_free);
+    return std::string(content, length);
+}
+
+bool writeSettingsFile(const std::string& path, const std::string& text, std::string& error)
+{
+    GlibError problem;
+    const bool isDone = g_file_set_contents(path.c_str(), text.data(),
+                            static_cast<gssize>(text.size()), problem.out())
+        != FALSE;
+    error = isDone ? "" : problem.get()->message;
+    return isDone;
+}
+
+} // namespace zqcameralib
