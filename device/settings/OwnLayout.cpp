@@ -31,11 +31,9 @@ std::string printedLine(const ZQSettingsLine& line)
         + (line.unit.empty() ? "" : " [" + quotedWhereNeeded(line.unit) + "]") + "\n";
 }
 
-/// A comment of one line, whatever the texts hold.
 std::string printedComment(const ZQSettingsLeftOut& leftOut)
 {
-    const std::string text = shown(leftOut.label + ": " + leftOut.reason);
-    return "# not saved: " + text.substr(1, text.size() - 2) + "\n";
+    return "# not saved: " + escaped(leftOut.label + ": " + leftOut.reason) + "\n";
 }
 
 /// The next line that says something.

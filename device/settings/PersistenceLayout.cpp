@@ -228,6 +228,9 @@ std::string persistenceText(const ZQSettings& settings)
                 text += selector.name + "\t" + printedValue(selector.value) + "\n";
             }
         }
+        if (selectors.count(line.name) != 0) {
+            present.erase(line.name); // not told by a line about a position
+        }
         // A selector's own position comes last, where no other line moves it any more.
         (isSelector ? positions : text) += line.name + "\t" + printedValue(line.value) + "\n";
     }

@@ -49,6 +49,19 @@ std::string hexByte(char c)
     return { digits[byte >> 4U], digits[byte & 0xFU] };
 }
 
+} // namespace
+
+std::string_view trimmedText(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
 std::string escaped(std::string_view text)
 {
     const bool isText = isUtf8(text);
@@ -65,19 +78,6 @@ std::string escaped(std::string_view text)
         }
     }
     return result;
-}
-
-} // namespace
-
-std::string_view trimmedText(std::string_view text)
-{
-    while (!text.empty() && isBlank(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && isBlank(text.back())) {
-        text.remove_suffix(1);
-    }
-    return text;
 }
 
 std::string quotedWhereNeeded(std::string_view text)

@@ -1,0 +1,86 @@
+#include "transfer/SettingsTask.h"
+
+#include <chrono>
+
+namespace zqcameralib {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Of the caller's time, at every call.
+constexpr std::chrono::milliseconds slice(5);
+
+} // namespace
+
+SettingsTask::SettingsTask(ZQCamera& camera)
+    : m_camera(camera.impl())
+    , m_positions(m_camera)
+    , m_generation(m_camera.generation())
+    , m_changes(m_camera.port().changes())
+{
+}
+
+/// What has happened to the camera since the last step.
+void SettingsTask::look()
+{
+    RegisterBackend& backend = m_camera.port().backend();
+    if (m_generation != m_camera.generation()) {
+        m_positions.forget();
+        fail("there is another camera now");
+    } else if (backend.isLost()) {
+        fail(backend.loss().text());
+    }
+}
+
+SettingsTask::State SettingsTask::poll()
+{
+    if (m_changes != m_camera.port().changes()) {
+        m_positions.doubt();
+    }
+    const Clock::time_point end = Clock::now() + slice;
+    while (m_state == State::Running) {
+        look();
+        const Step next = m_state == State::Running ? step() : Step::Over;
+        if (next == Step::Over && m_state == State::Running) {
+            this->end(State::Done);
+        }
+        if (next == Step::Wait || Clock::now() >= end) {
+            break;
+        }
+    }
+    m_changes = m_camera.port().changes();
+    return m_state;
+}
+
+void SettingsTask::fail(const std::string& why)
+{
+    if (m_state == State::Running) {
+        m_error = why;
+        end(State::Failed);
+    }
+}
+
+void SettingsTask::cancel()
+{
+    if (m_state != State::Running) {
+        return;
+    }
+    if (m_generation != m_camera.generation()) {
+        m_positions.forget();
+    }
+    end(State::Cancelled);
+}
+
+void SettingsTask::end(State state)
+{
+    m_state = state;
+    const Status stuck = m_positions.putBack();
+    if (!stuck.isOk()) {
+        m_error += (m_error.empty() ? "" : "; ") + stuck.text();
+        m_state = State::Failed;
+    }
+    finish();
+}
+
+} // namespace zqcameralib

@@ -1,0 +1,178 @@
+#include "SettingsUser.h"
+
+using namespace featurebrowser;
+using namespace zqcameralib;
+
+namespace {
+
+constexpr const char* yes = "<Streamable>Yes</Streamable>";
+
+TEST(SettingsSaving, FindsEverySettingOfTheSimulatedCameraAndChangesNothing)
+{
+    TestCamera camera(TestCamera::simulated());
+    camera.set("DeviceUserTag", 7);
+    camera.device.SetEnumValue("LUTSelector", "Red", -1);
+    camera.set("LUTIndex", 5);
+    const std::string before = everything(camera);
+    const ZQSettings settings = saved(camera);
+    EXPECT_EQ(everything(camera), before);
+
+    EXPECT_EQ(settings.header().model, camera.camera->model());
+    EXPECT_EQ(valueIn(settings, "Width"), camera.read("Width"));
+    EXPECT_EQ(valueIn(settings, "DeviceUserTag"), "7");
+    EXPECT_EQ(valueIn(settings, "PixelFormat"), "Mono8");
+    EXPECT_EQ(valueIn(settings, "LUTValue[LUTSelector=Blue, LUTIndex=255]"), "4095");
+    EXPECT_EQ(valueIn(settings, "LUTSelector"), "Red");
+    EXPECT_EQ(valueIn(settings, "TriggerMode[TriggerSelector=FrameStart]"), "Off");
+    for (const char* none : { "AcquisitionStart", "UserSetLoad", "DeviceTemperature" }) {
+        EXPECT_EQ(settings.find(none), nullptr) << none;
+    }
+    ZQSettings parsed;
+    std::string error;
+    ASSERT_TRUE(ZQSettings::Parse(settings.toText(), parsed, error)) << error;
+    EXPECT_EQ(differences(settings, parsed), "");
+    ASSERT_TRUE(ZQSettings::Parse(settings.toPersistenceText(), parsed, error)) << error;
+    for (const ZQSettingsDifference& difference : ZQSettings::Compare(settings, parsed)) {
+        EXPECT_EQ(difference.name(), "LUTIndex"); // only moves there
+    }
+}
+
+TEST(SettingsSaving, WithoutMarksTakesWhatCanBeWrittenAndNamesWhatItLeavesOut)
+{
+    TestCamera camera("Plain Only Secret Raw Addr Run ExtraSelector Kind",
+        node("Integer", "Plain", element("pValue", "R0"))
+            + node("Integer", "Only", element("pValue", "R1"))
+            + node("Integer", "Secret", element("pValue", "R2"))
+            + reg("Register", "Raw", 12, element("Length", "8"))
+            + node("Integer", "Addr",
+                element("pValue", "R3") + element("Representation", "IPV4Address"))
+            + command("Run", "R3", "1")
+            + node("Enumeration", "ExtraSelector",
+                R"(<EnumEntry Name="A"><Value>0</Value></EnumEntry>)"
+                R"(<EnumEntry Name="B"><Value>1</Value></EnumEntry>)"
+                    + element("pValue", "R4") + element("pSelected", "Kind"))
+            + node("Integer", "Kind", element("pValue", "R5")) + intReg("R0", 0)
+            + intReg("R1", 4, element("AccessMode", "RO"))
+            + intReg("R2", 8, element("AccessMode", "WO")) + intReg("R3", 20) + intReg("R4", 24)
+            + intReg("R5", 28));
+    const ZQSettings settings = saved(camera);
+    EXPECT_EQ(labels(settings), "Plain Kind[ExtraSelector=A] Kind[ExtraSelector=B]");
+    EXPECT_EQ(leftOut(settings), "Secret: can only be written\nRaw: is raw data\n");
+}
+
+/// A table of 2 by `size` values, selected by a nested selector whose own place depends on the
+/// outer one, and a width that a binning only claims to select.
+std::string tables(int size)
+{
+    const auto place = [](const char* index, int step) {
+        return R"(<pIndex Offset=")" + std::to_string(step) + R"(">)" + index + "</pIndex>";
+    };
+    return node("Boolean", "TableSelector",
+               yes + element("pValue", "TableReg") + element("pSelected", "TableIndex"))
+        + node("Integer", "TableIndex",
+            element("pValue", "IndexReg") + element("Max", std::to_string(size - 1))
+                + element("pSelected", "TableValue"))
+        + node("Integer", "TableValue", yes + element("pValue", "ValueReg"))
+        + node("Enumeration", "Binning",
+            yes
+                + std::string(R"(<EnumEntry Name="X1"><Value>0</Value></EnumEntry>)"
+                              R"(<EnumEntry Name="X2"><Value>1</Value></EnumEntry>)")
+                + element("pValue", "BinningReg") + element("pSelected", "Width"))
+        + node("Integer", "Width", yes + element("pValue", "WidthReg")) + intReg("TableReg", 0)
+        + intReg("IndexReg", 4, place("TableReg", 4)) + intReg("BinningReg", 16)
+        + intReg("WidthReg", 20)
+        + intReg("ValueReg", 64, place("IndexReg", 4) + place("TableReg", 2048));
+}
+
+TEST(SettingsSaving, MovesNestedSelectorsAndLeavesEachWhereItStoodUnderTheOuterOne)
+{
+    TestCamera camera("TableSelector TableIndex TableValue Binning Width", tables(3));
+    camera.set("TableIndex", 2);
+    camera.set("TableValue", 9);
+    camera.device.SetBooleanValue("TableSelector", 1);
+    camera.set("TableIndex", 1);
+    const ZQSettings settings = saved(camera);
+    EXPECT_EQ(labels(settings),
+        "TableSelector TableValue[TableSelector=False, TableIndex=0] "
+        "TableValue[TableSelector=False, TableIndex=1] "
+        "TableValue[TableSelector=False, TableIndex=2] "
+        "TableValue[TableSelector=True, TableIndex=0] "
+        "TableValue[TableSelector=True, TableIndex=1] "
+        "TableValue[TableSelector=True, TableIndex=2] Binning Width");
+    EXPECT_EQ(valueIn(settings, "TableValue[TableSelector=False, TableIndex=2]"), "9");
+    EXPECT_EQ(valueIn(settings, "TableSelector"), "True");
+    EXPECT_EQ(camera.registerAt(0), 1);
+    EXPECT_EQ(camera.registerAt(4), 2);
+    EXPECT_EQ(camera.registerAt(8), 1);
+}
+
+TEST(SettingsSaving, NamesWhatHasTooManyPositions)
+{
+    TestCamera camera("TableSelector TableIndex TableValue", tables(257));
+    const ZQSettings settings = saved(camera);
+    EXPECT_EQ(labels(settings), "TableSelector");
+    EXPECT_EQ(leftOut(settings),
+        "Binning: is not shown by the description\nWidth: is not shown by the description\n"
+        "TableValue[TableSelector=False]: TableIndex: has 257 positions, at most 256 are saved\n"
+        "TableValue[TableSelector=True]: TableIndex: has 257 positions, at most 256 are saved\n");
+}
+
+TEST(SettingsSaving, PutsSelectorsBackWhicheverAccessFailsAndNeverTellsAWrongValue)
+{
+    TestCamera camera(TestCamera::simulated());
+    const std::string before = everything(camera);
+    const ZQSettings right = saved(camera);
+    const std::uint64_t accesses = withFault(camera, 0, [&camera] { saved(camera); });
+    for (std::uint64_t failing = 1; failing <= accesses; failing += stepOf(199)) {
+        ZQSettingsSaving saving(*camera.camera);
+        withFault(camera, failing, [&saving] { saving.wait(settingsLimit); });
+        ASSERT_EQ(everything(camera), before) << failing;
+        EXPECT_EQ(differences(saving.takeSettings(), right), "") << failing << saving.error();
+    }
+}
+
+TEST(SettingsSaving, PutsSelectorsBackWhenItIsCancelledOrDestroyed)
+{
+    TestCamera camera(TestCamera::simulated());
+    const std::string before = everything(camera);
+    for (int polls = 1; polls < 8; ++polls) {
+        auto saving = std::make_unique<ZQSettingsSaving>(*camera.camera);
+        for (int i = 0; i < polls; ++i) {
+            saving->poll();
+        }
+        if (polls % 2 == 0) {
+            saving->cancel();
+            EXPECT_NE(saving->poll(), ZQCameraTask::State::Running);
+        }
+        saving.reset();
+        EXPECT_EQ(everything(camera), before) << polls;
+    }
+}
+
+TEST(SettingsSaving, SaysSoWhenASelectorCannotBePutBack)
+{
+    TestCamera camera("TableSelector TableIndex TableValue", tables(2));
+    camera.port.setFaultHook([writes = 0](std::uint64_t address, auto, bool isWrite) mutable {
+        return isWrite && address == 0 && ++writes > 1;
+    });
+    ZQSettingsSaving saving(*camera.camera);
+    EXPECT_EQ(saving.wait(settingsLimit), ZQCameraTask::State::Failed);
+    EXPECT_EQ(saving.error(),
+        "TableSelector could not be put back to False: TableSelector: injected fault");
+    camera.port.setFaultHook(nullptr);
+}
+
+TEST_F(RealDescriptions, SaveReadsEachRegisterOnceAtEachPositionOfTheSelectors)
+{
+    for (const std::string& path : m_files) {
+        TestCamera camera(TestCamera::ofFile(path));
+        const std::string before = everything(camera);
+        const RegisterCount count(camera.port);
+        const ZQSettings settings = saved(camera);
+        EXPECT_LE(count.reads() * 10, count.distinct() * 11) << path;
+        EXPECT_EQ(everything(camera), before) << path;
+        EXPECT_FALSE(settings.lines().empty()) << path;
+    }
+}
+
+} // namespace

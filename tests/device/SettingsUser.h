@@ -1,0 +1,123 @@
+#pragma once
+
+#include "TestCamera.h"
+
+#include "featurebrowser/ZQSettings.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <set>
+#include <string>
+
+/// Counts accesses, and the distinct registers read between any two writes.
+class RegisterCount {
+public:
+    explicit RegisterCount(zqcameralib::RegisterPort& port)
+        : m_port(port)
+    {
+        port.setFaultHook([this](std::uint64_t address, std::size_t size, bool isWrite) {
+            if (m_changes != m_port.changes()) {
+                m_changes = m_port.changes();
+                m_seen.clear();
+            }
+            if (isWrite) {
+                ++m_writes;
+            } else {
+                ++m_reads;
+                m_distinct += m_seen.emplace(address, size).second ? 1U : 0U;
+            }
+            return false;
+        });
+    }
+    RegisterCount(const RegisterCount&) = delete;
+    RegisterCount& operator=(const RegisterCount&) = delete;
+    ~RegisterCount() { m_port.setFaultHook(nullptr); }
+
+    std::size_t reads() const { return m_reads; }
+    std::size_t writes() const { return m_writes; }
+    std::size_t distinct() const { return m_distinct; }
+
+private:
+    zqcameralib::RegisterPort& m_port;
+    std::set<std::pair<std::uint64_t, std::size_t>> m_seen;
+    std::uint64_t m_changes = 0;
+    std::size_t m_reads = 0;
+    std::size_t m_writes = 0;
+    std::size_t m_distinct = 0;
+};
+
+/// Long enough for any task in process.
+constexpr std::chrono::seconds settingsLimit(600);
+
+inline zqcameralib::ZQSettings saved(TestCamera& camera)
+{
+    zqcameralib::ZQSettingsSaving saving(*camera.camera);
+    EXPECT_EQ(saving.wait(settingsLimit), zqcameralib::ZQCameraTask::State::Done) << saving.error();
+    return saving.takeSettings();
+}
+
+/// Does something while the Nth access fails, none for 0; how many accesses there were.
+inline std::uint64_t withFault(
+    TestCamera& camera, std::uint64_t failing, const std::function<void()>& work)
+{
+    std::uint64_t count = 0;
+    camera.port.setFaultHook([&count, failing](auto, auto, bool) { return ++count == failing; });
+    camera.port.invalidate();
+    work();
+    camera.port.setFaultHook(nullptr);
+    return count;
+}
+
+/// All values that the camera shows, where the selectors stand.
+inline std::string everything(TestCamera& camera)
+{
+    std::string text;
+    camera.port.invalidate();
+    camera.repository.Load();
+    for (const auto& item : camera.repository.GetFeatureList()) {
+        if (!camera.changesByItself(item->name)) {
+            text += item->name + " " + item->valueText + "\n";
+        }
+    }
+    return text;
+}
+
+inline std::string valueIn(const zqcameralib::ZQSettings& settings, const std::string& label)
+{
+    const zqcameralib::ZQSettingsLine* line = settings.find(label);
+    return line == nullptr ? "(no line)" : line->value;
+}
+
+inline std::string labels(const zqcameralib::ZQSettings& settings)
+{
+    std::string text;
+    for (const zqcameralib::ZQSettingsLine& line : settings.lines()) {
+        text += (text.empty() ? "" : " ") + line.label();
+    }
+    return text;
+}
+
+inline std::string leftOut(const zqcameralib::ZQSettings& settings)
+{
+    std::string text;
+    for (const zqcameralib::ZQSettingsLeftOut& each : settings.leftOut()) {
+        text += each.label + ": " + each.reason + "\n";
+    }
+    return text;
+}
+
+inline std::string differences(
+    const zqcameralib::ZQSettings& first, const zqcameralib::ZQSettings& second)
+{
+    std::string text;
+    for (const auto& difference : zqcameralib::ZQSettings::Compare(first, second)) {
+        text += difference.text() + "\n";
+    }
+    return text;
+}
+
+/// Some faults in the usual run, all of them with ZQ_ALL_FAULTS.
+inline std::uint64_t stepOf(std::uint64_t few)
+{
+    return std::getenv("ZQ_ALL_FAULTS") == nullptr ? few : 1;
+}
