@@ -116,7 +116,7 @@ ReadAhead::State ReadAhead::step()
         m_pending = 0;
         m_isDone = true;
     }
-    if (m_generation != m_camera.generation() || m_changes != port.changes()) {
+    if (m_changes != port.changes()) {
         Registers registers;
         for (const auto& [place, known] : m_known) {
             registers.push_back(place);
@@ -149,8 +149,7 @@ ReadAhead::State ReadAhead::step()
 
 bool ReadAhead::isCurrent() const
 {
-    return m_isDone && m_generation == m_camera.generation()
-        && m_changes == m_camera.port().changes()
+    return m_isDone && m_changes == m_camera.port().changes()
         && std::chrono::steady_clock::now() - m_doneAt < currentFor;
 }
 

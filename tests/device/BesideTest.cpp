@@ -26,7 +26,9 @@ public:
             : m_camera(camera)
             , m_requests(std::move(requests))
         {
+            ++m_camera.readings;
         }
+        ~OneByOne() override { --m_camera.readings; }
         Requests takeFinished() override
         {
             if (!std::exchange(m_begun, true) || m_requests.empty()) {
@@ -79,6 +81,7 @@ public:
     std::string text;
     std::optional<std::uint64_t> slow;
     int reads = 0;
+    int readings = 0; ///< beside the caller, that have not ended
     int calls = 0; ///< that are not over
 };
 
@@ -160,6 +163,7 @@ TEST_F(Beside, AWriteHasEverythingReadAgainAndACancelTheLoad)
     other->poll();
     other->cancel();
     EXPECT_EQ(other->poll(), State::Cancelled);
+    EXPECT_EQ(m_tardy.readings, 0);
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
     EXPECT_EQ(m_tardy.reads, reads + 4);
 }
@@ -228,10 +232,15 @@ TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
     const auto task = m_device.ReconnectBeside();
     EXPECT_EQ(task->poll(), State::Running);
     EXPECT_EQ(task->progress().step, "Connecting");
+    EXPECT_EQ(task->progress().done + task->progress().total, 0U);
     EXPECT_EQ(task->wait(std::chrono::seconds(10)), State::Done);
     EXPECT_EQ(task->progress().step, "Reading the features");
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
     EXPECT_EQ(values(), " 3 ");
+    m_tardy.number = 2;
+    std::string error;
+    EXPECT_TRUE(m_camera->reconnect(error)) << error;
+    EXPECT_EQ(values(), ""); // nothing of the one before
     const auto again = m_device.ReconnectBeside();
     EXPECT_EQ(again->poll(), State::Running);
     m_tardy.lost = true;

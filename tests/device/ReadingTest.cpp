@@ -1,4 +1,5 @@
 #include "TestCamera.h"
+#include "base/StatusCodes.h"
 
 #include <cfloat>
 
@@ -180,6 +181,7 @@ TEST(Record, AddressesAreTranslatedByWhatTheDescriptionSays)
             { "GevMACAddressLow", "HexNumber", REPRESENTATION_NUMBER },
             { "deviceMacAddress", "MACAddress", REPRESENTATION_ADDRESS },
             { "GevMac", "MACAddress", REPRESENTATION_NUMBER },
+            { "GevMACHigh", "MACAddress", REPRESENTATION_ADDRESS },
             { "GevIP", "IPV4Address", REPRESENTATION_IPV4 },
             { "GevCurrentIPAddress", "HexNumber", REPRESENTATION_IPV4 },
             { "GevPersistentSubnetMask", "HexNumber", REPRESENTATION_IPV4 },
@@ -258,7 +260,7 @@ TEST(Load, ReadsEachRegisterOnceAndItsRecordsNotAgain)
 TEST(ReadFeature, FailedAccessKeepsTheValueAndMarksTheState)
 {
     TestCamera camera("A E",
-        intReg("A", 0) + intReg("S", 4)
+        intReg("A", 0, "<pIsLocked>S</pIsLocked>") + intReg("S", 4)
             + node("Enumeration", "E",
                 "<EnumEntry Name=\"One\"><Value>5</Value></EnumEntry><EnumEntry Name=\"Two\">"
                 "<Value>2</Value><pIsAvailable>S</pIsAvailable></EnumEntry><pValue>A</pValue>"));
@@ -271,6 +273,7 @@ TEST(ReadFeature, FailedAccessKeepsTheValueAndMarksTheState)
     EXPECT_EQ(camera.item("A").valueText, "5");
     EXPECT_EQ(camera.state("A"), FEATURE_READ_FAILED);
 
+    EXPECT_EQ(camera.repository.UpdateFeatureStates(), injectedFault);
     camera.port.setFaultHook(nullptr);
     EXPECT_EQ(camera.repository.UpdateFeatureStates(), STATUS_OK);
     EXPECT_EQ(camera.state("A"), FEATURE_READ_FAILED); // only a fresh value tells otherwise
