@@ -24,6 +24,8 @@ public:
     virtual void beforeRead(RegisterMemory& memory, std::uint64_t address, std::size_t size) = 0;
     /// Reacts to a write to [address, address + size), which the memory holds already.
     virtual void afterWrite(RegisterMemory& memory, std::uint64_t address, std::size_t size) = 0;
+    /// The images of an acquisition that ends by itself have been taken.
+    virtual void afterLastImage(RegisterMemory& /*memory*/) { }
 };
 
 } // namespace zqcameralib

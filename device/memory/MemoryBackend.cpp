@@ -38,6 +38,10 @@ MemoryBackend::MemoryBackend(std::unique_ptr<CameraBehaviour> behaviour)
 
 Status MemoryBackend::read(const Register& place, std::uint8_t* buffer, AccessKind)
 {
+    const std::shared_ptr<SceneFeed> feed = m_behaviour ? m_feed.lock() : nullptr;
+    if (feed && feed->takeEnd()) {
+        m_behaviour->afterLastImage(m_memory);
+    }
     if (m_behaviour) {
         m_behaviour->beforeRead(m_memory, place.address, place.size);
     }
@@ -47,6 +51,7 @@ Status MemoryBackend::read(const Register& place, std::uint8_t* buffer, AccessKi
 
 Status MemoryBackend::write(const Register& place, const std::uint8_t* buffer, AccessKind)
 {
+    m_isWritten = true;
     m_memory.write(place.address, buffer, place.size);
     if (m_behaviour) {
         m_behaviour->afterWrite(m_memory, place.address, place.size);
@@ -54,11 +59,51 @@ Status MemoryBackend::write(const Register& place, const std::uint8_t* buffer, A
     return {};
 }
 
+void MemoryBackend::tellSettings(SceneFeed& feed)
+{
+    m_isWritten = false;
+    if (m_readSettings) {
+        feed.setSettings(m_readSettings());
+    }
+}
+
+/// Within an operation, settings may be half written.
+void MemoryBackend::endCall()
+{
+    if (m_calls == 1 && m_isWritten) {
+        if (const std::shared_ptr<SceneFeed> feed = m_feed.lock()) {
+            tellSettings(*feed);
+        }
+    }
+    --m_calls;
+}
+
+void MemoryBackend::executed(const std::string& command)
+{
+    const std::shared_ptr<SceneFeed> feed = m_feed.lock();
+    if (!feed) {
+        return;
+    }
+    if (command == "TriggerSoftware") {
+        feed->trigger();
+    } else if (command == "AcquisitionStart") {
+        feed->setSending(true);
+    } else if (command == "AcquisitionStop" || command == "AcquisitionAbort"
+        || command == "DeviceReset") {
+        feed->setSending(false);
+    }
+}
+
 Result<std::unique_ptr<FrameSourceOpening>> MemoryBackend::openFrames(
     const ImageFormat& format, int /*buffers*/)
 {
     try {
-        return std::make_unique<OpenedFrames>(std::make_unique<SimulatedFrames>(format));
+        auto feed = std::make_shared<SceneFeed>();
+        feed->setSending(false);
+        tellSettings(*feed);
+        m_feed = feed;
+        return std::make_unique<OpenedFrames>(
+            std::make_unique<SimulatedFrames>(format, std::move(feed)));
     } catch (const std::bad_alloc&) {
         return Status(noImage,
             "not enough memory for an image of " + std::to_string(format.payload) + " bytes");

@@ -5,6 +5,7 @@
 #include "memory/MemoryBackend.h"
 #include "nodemap/RegisterCodec.h"
 #include "opening/InitialRegisters.h"
+#include "opening/SceneReading.h"
 
 #include <utility>
 
@@ -43,12 +44,24 @@ void addCommands(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
     }
 }
 
+/// Over a backend whose images follow the camera's settings.
+Result<std::unique_ptr<ZQCamera::Impl>> openWithImages(
+    std::string text, std::unique_ptr<MemoryBackend> backend)
+{
+    MemoryBackend& memory = *backend; // the camera owns it
+    Result<std::unique_ptr<ZQCamera::Impl>> camera = openOver(std::move(text), std::move(backend));
+    if (camera.isOk()) {
+        memory.setSettingsReader([&opened = *camera.value()] { return readScene(opened); });
+    }
+    return camera;
+}
+
 } // namespace
 
 Result<std::unique_ptr<ZQCamera::Impl>> openSimulated(
     std::string text, std::unique_ptr<CameraBehaviour> behaviour)
 {
-    return openOver(std::move(text), std::make_unique<MemoryBackend>(std::move(behaviour)));
+    return openWithImages(std::move(text), std::make_unique<MemoryBackend>(std::move(behaviour)));
 }
 
 Result<std::unique_ptr<ZQCamera::Impl>> openDescription(std::string text)
@@ -57,7 +70,8 @@ Result<std::unique_ptr<ZQCamera::Impl>> openDescription(std::string text)
     CommandBehaviour& commands = *behaviour;
     auto backend = std::make_unique<MemoryBackend>(std::move(behaviour));
     RegisterMemory& memory = backend->memory();
-    Result<std::unique_ptr<ZQCamera::Impl>> camera = openOver(std::move(text), std::move(backend));
+    Result<std::unique_ptr<ZQCamera::Impl>> camera
+        = openWithImages(std::move(text), std::move(backend));
     if (camera.isOk()) {
         chooseInitialRegisters(*camera.value(), memory);
         addCommands(*camera.value(), commands);

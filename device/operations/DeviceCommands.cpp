@@ -32,6 +32,9 @@ Status DeviceOperations::execute(const char* name, bool wait)
         m_camera.setGrabbing(true);
     }
     Status status = write(feature, [&](NodeMap& nodes) { return nodes.execute(feature.index); });
+    if (status.isOk()) {
+        m_camera.port().backend().executed(feature.name);
+    }
     if (status.isOk() && wait) {
         status = waitUntilDone(feature, begun);
     }

@@ -101,6 +101,8 @@ public:
     /// The camera's description where it comes with the registers.
     virtual std::string description() const { return {}; }
 
+    /// A command of that name has been sent; for what has no registers to look at.
+    virtual void executed(const std::string& /*command*/) { }
     /// Another number says that the camera was found again since: what was begun before is void.
     virtual std::uint64_t connectionNumber() const { return 0; }
     /// Begins to open the camera's stream of images, with as many buffers as may be filled ahead.

@@ -36,6 +36,7 @@ public:
     void start(RegisterMemory& memory) override;
     void beforeRead(RegisterMemory& memory, std::uint64_t address, std::size_t size) override;
     void afterWrite(RegisterMemory& memory, std::uint64_t address, std::size_t size) override;
+    void afterLastImage(RegisterMemory& memory) override;
 
 private:
     struct Command {
@@ -113,6 +114,11 @@ void SimulatedCamera::afterWrite(RegisterMemory& memory, std::uint64_t address, 
         m_selfTestReads = 0;
     }
     settleValues(memory);
+}
+
+void SimulatedCamera::afterLastImage(RegisterMemory& memory)
+{
+    writeWord(memory, acquisition, 0);
 }
 
 void SimulatedCamera::loadUserSet(RegisterMemory& memory, std::uint64_t /*index*/)

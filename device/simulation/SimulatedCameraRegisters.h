@@ -21,6 +21,7 @@ constexpr std::uint64_t gainAuto = 0x114;
 constexpr std::uint64_t sensorHeight = 0x118;
 constexpr std::uint64_t sensorWidth = 0x11c;
 constexpr std::uint64_t exposureTime = 0x120; // us
+constexpr std::uint64_t acquisition = 0x124; // 1 while images are taken
 constexpr std::uint64_t pixelFormat = 0x128;
 constexpr std::uint64_t offsetX = 0x130;
 constexpr std::uint64_t offsetY = 0x134;

@@ -41,8 +41,14 @@ struct ZQFrameCounters {
 ///
 /// Uses the device's commands, so that ICameraDevice::IsGrabbing and the features that are locked
 /// while images are acquired follow. start() and stop() belong to the thread that drives the
-/// device; all else may be asked on any thread, at any time. A simulated camera makes up moving
-/// images of its size, pixel format and frame rate.
+/// device; all else may be asked on any thread, at any time.
+///
+/// A simulated camera, whatever its description, makes up images of one scene: charts, and balls
+/// that move by one step a frame. They follow its settings, by the standard's names (SFNC) and
+/// older ones: region, binning, decimation, reversal, pixel format, exposure, gain, black level,
+/// gamma, white balance, test pattern, frame rate. With TriggerMode On it takes one image for each
+/// TriggerSoftware, and none for any other source. Images of the same settings and frameId are the
+/// same, byte by byte.
 ///
 /// For images of a GigE Vision camera the system needs a receive buffer: that of several images, 64
 /// MiB at most, is asked for, and the setting net.core.rmem_max limits what is granted. Programs

@@ -1,12 +1,10 @@
 #include "Eventually.h"
 #include "TestCamera.h"
 #include "base/StatusCodes.h"
-#include "memory/SimulatedFrames.h"
 
 #include "featurebrowser/ZQAcquisition.h"
 
 #include <atomic>
-#include <limits>
 
 using namespace featurebrowser;
 
@@ -19,7 +17,6 @@ public:
     {
         return [this](const ZQFrame& frame) {
             m_last = frame;
-            m_firstByte = frame.size == 0 ? 0 : frame.data[0];
             m_thread = std::this_thread::get_id();
             ++m_count;
         };
@@ -32,7 +29,6 @@ public:
     }
 
     ZQFrame m_last;
-    int m_firstByte = 0;
     std::thread::id m_thread;
     std::atomic<int> m_count { 0 };
 };
@@ -50,6 +46,7 @@ TEST(Acquisition, DeliversImagesOfTheCamerasSizeOnAThreadOfItsOwn)
     ASSERT_EQ(acquisition.start(frames.handler()), STATUS_OK);
     EXPECT_EQ(acquisition.start(frames.handler()), STATUS_OK);
     EXPECT_NE(camera.device.IsGrabbing(), 0);
+    EXPECT_EQ(camera.read("AcquisitionStatus"), "1");
     EXPECT_EQ(camera.set("Width", 128), zqcameralib::featureLocked);
     frames.waitFor(3);
     EXPECT_EQ(acquisition.stop(), STATUS_OK);
@@ -63,7 +60,6 @@ TEST(Acquisition, DeliversImagesOfTheCamerasSizeOnAThreadOfItsOwn)
     EXPECT_EQ(frames.m_last.height, 32);
     EXPECT_EQ(frames.m_last.size, static_cast<std::size_t>(payload));
     EXPECT_EQ(frames.m_last.pixelFormat, 0x01080001U);
-    EXPECT_EQ(frames.m_firstByte, static_cast<int>((frames.m_last.frameId - 1) & 0xFFU));
     EXPECT_NE(frames.m_thread, std::this_thread::get_id());
     EXPECT_EQ(camera.set("Width", 128), STATUS_OK);
 }
@@ -82,6 +78,8 @@ TEST(Acquisition, EndsByItselfAfterTheFramesAskedFor)
             EXPECT_TRUE(eventually([&] { return !acquisition.isRunning(); }));
             EXPECT_EQ(frames.waitFor(total), total) << mode;
             EXPECT_NE(camera.device.IsGrabbing(), 0);
+            camera.port.invalidate();
+            EXPECT_EQ(camera.read("AcquisitionStatus"), "0");
         }
         EXPECT_EQ(acquisition.stop(), STATUS_OK);
         EXPECT_EQ(camera.device.IsGrabbing(), 0);
@@ -148,56 +146,6 @@ TEST(Acquisition, IsNotDisturbedByOtherCamerasThatComeAndGo)
     frames.waitFor(before + 2);
     EXPECT_EQ(acquisition.stop(), STATUS_OK);
     EXPECT_GE(frames.m_count, before + 2);
-}
-
-TEST(MadeUpFrames, ClaimNoMoreThanTheyHold)
-{
-    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    const std::vector<std::pair<zqcameralib::ImageFormat, int>> formats {
-        { { 4, 480, 0x01080001, 100, 50.0, 0 }, 25 }, // payload below the height
-        { { 64, 32, 0x01100003, 2048, 50.0, 0 }, 16 }, // below the image
-        { { 64, 32, 0x01080001, 2560, 50.0, 0 }, 32 }, // beyond it
-        { { 10, 3, 0x010C0047, 45, 50.0, 0 }, 3 }, // packed
-        { { 1, 16, 0x01010037, 2, 50.0, 0 }, 16 }, // one bit
-        { { 4, 4, 0, 16, nan, 0 }, 4 },
-        { { 4, 4, 0, 16, infinity, 0 }, 4 },
-        { { 4, 4, 0, 16, -infinity, 0 }, 4 },
-        { { 4, 4, 0, 16, 1e300, 0 }, 4 },
-    };
-    for (const auto& [format, rows] : formats) {
-        zqcameralib::SimulatedFrames frames(format);
-        ZQFrame frame;
-        for (int tries = 0; tries < 10 && frame.data == nullptr; ++tries) {
-            frames.next(frame);
-        }
-        ASSERT_NE(frame.data, nullptr) << format.framesPerSecond;
-        EXPECT_EQ(frame.size, format.payload);
-        EXPECT_EQ(frame.height, rows) << format.payload;
-        EXPECT_GE(frame.frameId, 1U);
-    }
-}
-
-TEST(MadeUpFrames, CountAndMoveByOneStepAFrame)
-{
-    zqcameralib::SimulatedFrames frames({ 4, 3, 0x01080001, 12, 1000.0, 0 });
-    ZQFrame first;
-    while (frames.next(first) != zqcameralib::FrameSource::Outcome::Complete) { }
-    EXPECT_EQ(first.frameId, frames.lost() + 1);
-    for (std::uint64_t i = 0; i < 3; ++i) {
-        ZQFrame frame;
-        std::this_thread::sleep_for(std::chrono::milliseconds(3)); // loses some
-        EXPECT_EQ(frames.next(frame), zqcameralib::FrameSource::Outcome::Complete);
-        EXPECT_GT(frames.lost(), i);
-        EXPECT_EQ(frame.frameId, i + 2 + frames.lost());
-        EXPECT_EQ(frame.timestampNs - first.timestampNs, (frame.frameId - first.frameId) * 1000000);
-        EXPECT_GE(frame.systemTimestampNs, first.systemTimestampNs);
-        EXPECT_EQ(frame.pixelFormat, 0x01080001U);
-        EXPECT_EQ(frame.width * 10 + frame.height, 43);
-        for (std::size_t at = 0; at < frame.size; ++at) {
-            EXPECT_EQ(frame.data[at], (at % 4 + at / 4 + frame.frameId - 1) % 256);
-        }
-    }
 }
 
 TEST(Acquisition, IsRefusedWithWhatIsWrongWithTheImage)
