@@ -4,6 +4,7 @@
 #include "memory/CommandBehaviour.h"
 #include "memory/MemoryBackend.h"
 #include "nodemap/RegisterCodec.h"
+#include "opening/InitialImage.h"
 #include "opening/InitialRegisters.h"
 #include "opening/SceneReading.h"
 
@@ -74,6 +75,7 @@ Result<std::unique_ptr<ZQCamera::Impl>> openDescription(std::string text)
         = openWithImages(std::move(text), std::move(backend));
     if (camera.isOk()) {
         chooseInitialRegisters(*camera.value(), memory);
+        chooseInitialImage(*camera.value(), memory);
         addCommands(*camera.value(), commands);
     }
     return camera;

@@ -23,11 +23,11 @@ Status DeviceOperations::execute(const char* name, bool wait)
         return found.status();
     }
     const Feature& feature = *found.value();
-    if (Status status = checkWritable(feature); !status.isOk()) {
+    const bool starts = feature.name == "AcquisitionStart";
+    if (Status status = starts ? checkStart(feature) : checkWritable(feature); !status.isOk()) {
         return status;
     }
     const auto begun = Clock::now();
-    const bool starts = feature.name == "AcquisitionStart";
     if (starts) {
         m_camera.setGrabbing(true);
     }
@@ -43,6 +43,22 @@ Status DeviceOperations::execute(const char* name, bool wait)
     // A start that nobody has confirmed or refused may still happen.
     const bool isOpenEnded = status.code() == commandTimeout || status.code() == cameraSlow;
     if ((starts && !status.isOk() && !isOpenEnded) || (ends && status.isOk())) {
+        m_camera.setGrabbing(false);
+    }
+    return status;
+}
+
+/// Cameras may free the start only once what may not change meanwhile is locked (SFNC:
+/// TLParamsLocked).
+Status DeviceOperations::checkStart(const Feature& feature)
+{
+    Status status = checkWritable(feature);
+    if (status.code() != featureLocked || m_camera.isGrabbing()) {
+        return status;
+    }
+    m_camera.setGrabbing(true);
+    status = checkWritable(feature);
+    if (!status.isOk()) {
         m_camera.setGrabbing(false);
     }
     return status;

@@ -37,6 +37,7 @@ private:
     Status checkAvailable(const Feature& feature, featurebrowser::FEATURE_STATE& state);
     Status checkReadable(const Feature& feature);
     Status checkWritable(const Feature& feature);
+    Status checkStart(const Feature& feature);
     Status checkInteger(const Feature& feature, std::int64_t value);
     Status checkFloat(const Feature& feature, double value);
     Status checkText(const Feature& feature, const std::string& text);

@@ -310,6 +310,21 @@ TEST(Acquisition, LocksWhatTheDescriptionLocksUntilItStops)
     EXPECT_EQ(camera.set("Streaming", 1), STATUS_OK);
 }
 
+TEST(Acquisition, StartsWhereTheStartIsFreedByTheLockOfTheRest)
+{
+    for (const auto& [lock, status] : { std::pair("T=0", int(STATUS_OK)), { "T", STATUS_OK },
+             { "1", featureLocked }, { "0", STATUS_OK } }) {
+        TestCamera camera("AcquisitionStart",
+            node("Command", "AcquisitionStart",
+                "<pIsLocked>Lock</pIsLocked><pValue>R</pValue><CommandValue>1</CommandValue>")
+                + node("IntSwissKnife", "Lock",
+                    "<pVariable Name=\"T\">TLParamsLocked</pVariable>" + element("Formula", lock))
+                + node("Integer", "TLParamsLocked", "<Value>0</Value>") + intReg("R", 0));
+        EXPECT_EQ(camera.device.ExecuteCommand("AcquisitionStart", 0), status) << lock;
+        EXPECT_EQ(camera.device.IsGrabbing(), status == STATUS_OK ? 1 : 0) << lock;
+    }
+}
+
 TEST(ErrorText, EveryCodeHasANameAndASentence)
 {
     TestCamera camera(members, nodes);

@@ -340,4 +340,28 @@ TEST(SimulatedImages, FollowSettingsByTheirOlderNames)
     }
 }
 
+TEST(SimulatedImages, AreThereWhereADescriptionIsAllThatIsKnown)
+{
+    const std::string fixed = element("AccessMode", "RO");
+    TestCamera camera("SensorWidth BinningHorizontal WidthMax Width Height PixelFormat",
+        reg("MaskedIntReg", "SensorWidth", 0,
+            fixed + element("Endianess", "LittleEndian") + element("LSB", "8")
+                + element("MSB", "23"))
+            + intReg("BinningHorizontal", 4)
+            + knife("IntSwissKnife", "WidthMax", { "SensorWidth", "BinningHorizontal" },
+                "SensorWidth/BinningHorizontal/32*32-8")
+            + node("Integer", "Width", "<pValue>W</pValue><pMax>Most</pMax>") + intReg("W", 8)
+            + node("Integer", "Most", "<pValue>WidthMax</pValue>") + intReg("Height", 12, fixed)
+            + node("Enumeration", "PixelFormat",
+                "<EnumEntry Name=\"Other\"><Value>5</Value></EnumEntry>"
+                "<EnumEntry Name=\"Mono8\"><Value>0x01080001</Value></EnumEntry>"
+                "<pValue>F</pValue>")
+            + intReg("F", 16));
+    for (const auto& [name, value] :
+        { std::pair("SensorWidth", "1280"), { "BinningHorizontal", "1" }, { "WidthMax", "1272" },
+            { "Width", "1272" }, { "Height", "1024" }, { "PixelFormat", "1" } }) {
+        EXPECT_EQ(camera.read(name), value) << name;
+    }
+}
+
 } // namespace
