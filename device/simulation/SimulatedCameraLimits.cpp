@@ -32,20 +32,24 @@ void fit(RegisterMemory& memory, std::uint64_t address, std::uint32_t min, std::
 
 std::uint32_t widthMax(const RegisterMemory& memory)
 {
-    const std::uint32_t divisor
-        = readWord(memory, binningHorizontal) * (1 + readWord(memory, doubleRateEnable));
+    const std::uint32_t divisor = readWord(memory, binningHorizontal)
+        * readWord(memory, decimationHorizontal) * (1 + readWord(memory, doubleRateEnable));
     return readWord(memory, sensorWidth) / divisor / 8 * 8;
 }
 
 std::uint32_t heightMax(const RegisterMemory& memory)
 {
-    return readWord(memory, sensorHeight) / readWord(memory, binningVertical) / 2 * 2;
+    const std::uint32_t divisor
+        = readWord(memory, binningVertical) * readWord(memory, decimationVertical);
+    return readWord(memory, sensorHeight) / divisor / 2 * 2;
 }
 
 void settleModes(RegisterMemory& memory)
 {
     fit(memory, binningHorizontal, 1, 4, 1);
     fit(memory, binningVertical, 1, 4, 1);
+    fit(memory, decimationHorizontal, 1, 4, 1);
+    fit(memory, decimationVertical, 1, 4, 1);
     fit(memory, doubleRateEnable, 0, 1, 1);
 }
 

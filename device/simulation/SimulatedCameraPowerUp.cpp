@@ -65,6 +65,8 @@ constexpr std::initializer_list<PowerUpValue<std::uint32_t>> words = {
     { 0x1190, 0x00000002 }, // LineSource
     { 0x11dc, 0x00000001 }, // CounterDuration
     { 0x11e0, 0x00000001 }, // CounterDuration
+    { 0x1220, 0x00000001 }, // DecimationHorizontal
+    { 0x1224, 0x00000001 }, // DecimationVertical
     { 0x2020, 0x0000a501 }, // DeviceHardwareID high
     { 0x2024, 0x02030405 }, // DeviceHardwareID low
     { 0x2088, 0x00001267 }, // DeviceOperatingTime

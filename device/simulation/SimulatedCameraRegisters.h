@@ -48,6 +48,8 @@ constexpr std::uint64_t balanceRatio = 0x10d0; // float, three colours
 constexpr std::uint64_t lineMode = 0x1164; // four lines
 constexpr std::uint64_t lineInverter = 0x1174; // four lines
 constexpr std::uint64_t lineSource = 0x1184; // four lines
+constexpr std::uint64_t decimationHorizontal = 0x1220;
+constexpr std::uint64_t decimationVertical = 0x1224;
 constexpr std::uint64_t userOutput = 0x11bc; // two outputs
 
 // State, not part of a user set.

@@ -239,6 +239,8 @@ TEST(SimulatedImages, ShowTheSceneAsTheSettingsSay)
              { "BinningHorizontal=2 BinningVertical=2", 0, 0, 255, 0 }, // 4 * 79
              { "BinningHorizontal=2", 0, 0, 2 * 79, 1 },
              { "DoubleRate_Enable=1 OffsetX=16", 5, 6, seen(42, 6), 0 },
+             { "DecimationHorizontal=2 DecimationVertical=3 OffsetX=16 OffsetY=10", 5, 4,
+                 seen(42, 42), 0 },
              { "ExposureTime=5000", 0, 0, 79 / 2, 1 },
              { "ExposureTime=20000", 0, 0, 2 * 79, 1 },
              { "ExposureTime=40000", 0, 0, 255, 0 },
