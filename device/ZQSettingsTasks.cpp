@@ -1,3 +1,4 @@
+#include "transfer/SettingsRestoring.h"
 #include "transfer/SettingsSaving.h"
 
 #include "featurebrowser/ZQSettings.h"
@@ -35,6 +36,44 @@ std::string ZQSettingsSaving::error() const
 ZQSettings ZQSettingsSaving::takeSettings()
 {
     return m_impl->takeSettings();
+}
+
+ZQSettingsRestoring::ZQSettingsRestoring(ZQCamera& camera, const ZQSettings& settings)
+    : ZQSettingsRestoring(camera, settings, Options())
+{
+}
+
+ZQSettingsRestoring::ZQSettingsRestoring(
+    ZQCamera& camera, const ZQSettings& settings, const Options& options)
+    : m_impl(std::make_unique<Impl>(camera, settings, options))
+{
+}
+
+ZQSettingsRestoring::~ZQSettingsRestoring() = default;
+
+ZQCameraTask::State ZQSettingsRestoring::poll()
+{
+    return m_impl->poll();
+}
+ZQCameraTask::Progress ZQSettingsRestoring::progress() const
+{
+    return m_impl->progress();
+}
+void ZQSettingsRestoring::cancel()
+{
+    m_impl->stop();
+}
+std::string ZQSettingsRestoring::error() const
+{
+    return m_impl->error();
+}
+const ZQRestoreReport& ZQSettingsRestoring::report() const
+{
+    return m_impl->report();
+}
+const ZQSettings& ZQSettingsRestoring::before() const
+{
+    return m_impl->before();
 }
 
 } // namespace zqcameralib

@@ -33,7 +33,7 @@ std::string printedLine(const ZQSettingsLine& line)
 
 std::string printedComment(const ZQSettingsLeftOut& leftOut)
 {
-    return "# not saved: " + escaped(leftOut.label + ": " + leftOut.reason) + "\n";
+    return "# not saved: " + oneLine(leftOut.label + ": " + leftOut.reason) + "\n";
 }
 
 /// The next line that says something.

@@ -1,3 +1,5 @@
+#include "settings/TextLines.h"
+
 #include "featurebrowser/ZQSettings.h"
 
 #include <algorithm>
@@ -33,21 +35,23 @@ bool isGood(Outcome outcome)
         || outcome == Outcome::WouldBeWritten;
 }
 
-/// "from 3 to 5 [dB]", as far as it is known and says anything.
-std::string change(const ZQRestoredLine& line)
+/// "Gain: restored: 3 -> 5 [dB]", "Gain = 5 [dB]: refused: is read-only"
+std::string lineText(const ZQRestoredLine& line)
 {
     const std::string unit = line.line.unit.empty() ? "" : " [" + line.line.unit + "]";
+    const std::string outcome = std::string(": ") + wordOf(line.outcome);
+    const std::string label = line.line.label();
     switch (line.outcome) {
     case Outcome::Restored:
-        return line.before + " -> " + line.now + unit;
+        return label + outcome + ": " + line.before + " -> " + line.now + unit;
     case Outcome::WouldBeWritten:
-        return line.before + " -> " + line.line.value + unit;
+        return label + outcome + ": " + line.before + " -> " + line.line.value + unit;
     case Outcome::Adjusted:
-        return line.line.value + " -> " + line.now + unit;
+        return label + outcome + ": " + line.line.value + " -> " + line.now + unit;
     case Outcome::AlreadySo:
-        return line.now + unit;
+        return label + outcome + ": " + line.now + unit;
     default:
-        return line.line.value + unit + (line.reason.empty() ? "" : ", " + line.reason);
+        return label + " = " + line.line.value + unit + outcome + ": " + line.reason;
     }
 }
 
@@ -83,7 +87,7 @@ std::string ZQRestoreReport::toText(bool all) const
     text += error.empty() ? "" : "interrupted: " + error + "\n";
     for (const ZQRestoredLine& line : lines) {
         if (all || isDryRun || !isGood(line.outcome)) {
-            text += line.line.label() + ": " + wordOf(line.outcome) + ": " + change(line) + "\n";
+            text += oneLine(lineText(line)) + "\n";
         }
     }
     return text;

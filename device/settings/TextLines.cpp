@@ -49,25 +49,13 @@ std::string hexByte(char c)
     return { digits[byte >> 4U], digits[byte & 0xFU] };
 }
 
-} // namespace
-
-std::string_view trimmedText(std::string_view text)
-{
-    while (!text.empty() && isBlank(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && isBlank(text.back())) {
-        text.remove_suffix(1);
-    }
-    return text;
-}
-
-std::string escaped(std::string_view text)
+/// `special`: what else is escaped.
+std::string escaped(std::string_view text, std::string_view special)
 {
     const bool isText = isUtf8(text);
     std::string result;
     for (const char c : text) {
-        if (c == '"' || c == '\\') {
+        if (special.find(c) != std::string_view::npos) {
             result += { '\\', c };
         } else if (c == '\n') {
             result += "\\n";
@@ -80,10 +68,33 @@ std::string escaped(std::string_view text)
     return result;
 }
 
+std::string inQuotes(std::string_view text)
+{
+    return escaped(text, "\"\\");
+}
+
+} // namespace
+
+std::string oneLine(std::string_view text)
+{
+    return escaped(text, {});
+}
+
+std::string_view trimmedText(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
 std::string quotedWhereNeeded(std::string_view text)
 {
     const bool isPlainWord = !text.empty() && std::all_of(text.begin(), text.end(), isPlain);
-    return isPlainWord ? std::string(text) : '"' + escaped(text) + '"';
+    return isPlainWord ? std::string(text) : '"' + inQuotes(text) + '"';
 }
 
 std::string shown(std::string_view text)
@@ -93,7 +104,7 @@ std::string shown(std::string_view text)
     while (isCut && end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
         --end; // not within a character
     }
-    return '"' + escaped(text.substr(0, end)) + (isCut ? "...\"" : "\"");
+    return '"' + inQuotes(text.substr(0, end)) + (isCut ? "...\"" : "\"");
 }
 
 TextLines::TextLines(std::string_view text)

@@ -41,8 +41,8 @@ std::string_view trimmedText(std::string_view text);
 /// As it stands in a settings file: plain where it can, else in quotes, with escapes for what is no
 /// text of one line.
 std::string quotedWhereNeeded(std::string_view text);
-/// One line of text, whatever it held.
-std::string escaped(std::string_view text);
+/// One line of UTF-8 text, whatever it held.
+std::string oneLine(std::string_view text);
 /// For a message of one line: escaped, in quotes, and cut where it is long.
 std::string shown(std::string_view text);
 

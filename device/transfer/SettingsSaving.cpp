@@ -1,8 +1,8 @@
 #include "transfer/SettingsSaving.h"
 
+#include "capture/SettingAccess.h"
+#include "capture/SettingsPlan.h"
 #include "settings/SettingsBuilding.h"
-#include "transfer/SettingAccess.h"
-#include "transfer/SettingsPlan.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "transfer/SettingsReading.h"
-#include "transfer/SettingsTask.h"
+#include "capture/SettingsReading.h"
+#include "capture/SettingsTask.h"
 
 #include "featurebrowser/ZQSettings.h"
 

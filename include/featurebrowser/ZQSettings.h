@@ -207,6 +207,8 @@ public:
 
     State poll() override;
     Progress progress() const override;
+    /// Writes no more, but reads back what was written: poll() goes on until it is Cancelled.
+    /// Called again, or destroyed, it ends at once.
     void cancel() override;
     std::string error() const override;
     /// Complete when it is not Running any more; valid as long as this.

@@ -2,6 +2,12 @@
 
 #include "TestCamera.h"
 
+#include "base/NumberText.h"
+#include "capture/LineTargets.h"
+#include "capture/SelectorPositions.h"
+#include "capture/SettingAccess.h"
+#include "settings/Comparison.h"
+
 #include "featurebrowser/ZQSettings.h"
 
 #include <chrono>
@@ -120,4 +126,59 @@ inline std::string differences(
 inline std::uint64_t stepOf(std::uint64_t few)
 {
     return std::getenv("ZQ_ALL_FAULTS") == nullptr ? few : 1;
+}
+
+/// Values between which one is surely another than the present one.
+inline std::vector<std::string> legalValues(const featurebrowser::FeatureItem& item)
+{
+    switch (item.type) {
+    case featurebrowser::FEATURE_INTEGER: {
+        const std::int64_t step = std::max<std::int64_t>(item.intInc, 1);
+        return { zqcameralib::integerText(item.intMin),
+            zqcameralib::integerText(
+                item.intMin + (item.intMin <= item.intMax - step ? step : 0)) };
+    }
+    case featurebrowser::FEATURE_FLOAT:
+        return { zqcameralib::floatText(item.floatMin), zqcameralib::floatText(item.floatMax) };
+    case featurebrowser::FEATURE_STRING:
+        return { "x", "y" };
+    default:
+        return { item.enumEntries.begin(), item.enumEntries.end() };
+    }
+}
+
+/// Gives every line of the settings another value that is legal at the moment, as far as there is
+/// one; how many took it.
+inline std::size_t alter(TestCamera& camera, const zqcameralib::ZQSettings& settings)
+{
+    zqcameralib::ZQCamera::Impl& impl = camera.camera->impl();
+    zqcameralib::SelectorPositions positions(impl);
+    std::size_t altered = 0;
+    for (std::size_t i = 0; i < settings.lines().size(); ++i) {
+        const auto target = zqcameralib::lineTarget(impl, settings, i);
+        if (!target.isOk() || !positions.goTo(target.value().path).isOk()) {
+            continue;
+        }
+        featurebrowser::FeatureItem item;
+        featurebrowser::FEATURE_STATE state = featurebrowser::FEATURE_AVAILABLE;
+        impl.reader().read(*target.value().feature, item, state);
+        for (const std::string& value : legalValues(item)) {
+            const bool isOther = !zqcameralib::isSameValue(value, settings.lines()[i].value);
+            if (isOther && zqcameralib::writeSetting(impl, *target.value().feature, value).isOk()) {
+                ++altered;
+                break;
+            }
+        }
+    }
+    return altered;
+}
+
+inline zqcameralib::ZQRestoreReport restored(TestCamera& camera,
+    const zqcameralib::ZQSettings& settings,
+    const zqcameralib::ZQSettingsRestoring::Options& options = {})
+{
+    zqcameralib::ZQSettingsRestoring restoring(*camera.camera, settings, options);
+    EXPECT_EQ(restoring.wait(settingsLimit), zqcameralib::ZQCameraTask::State::Done)
+        << restoring.error();
+    return restoring.report();
 }

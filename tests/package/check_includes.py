@@ -26,7 +26,7 @@ ROOMS = {
         "base", "network", "usb", "frames", "scene", "registers", "formula", "description", "nodemap",
         "validation", "features",
         "memory", "simulation", "session", "stream", "link", "camera", "operations",
-        "acquisition", "opening", "settings", "transfer",
+        "acquisition", "opening", "settings", "capture", "transfer",
     ],
     "widget": ["row", "text", "look", "model", "events", "history", "editors", "tree", "panes", "window"],
     "imageview": ["formats", "rows", "view"],

@@ -1,4 +1,4 @@
-#include "transfer/SettingAccess.h"
+#include "capture/SettingAccess.h"
 
 #include "base/NumberText.h"
 #include "base/StatusCodes.h"
@@ -157,6 +157,21 @@ Status checkSetting(const Feature& feature, const std::string& value)
     default:
         return value.find('\0') == std::string::npos ? Status()
                                                      : fault(invalidArgument, " holds a NUL");
+    }
+}
+
+bool isAnswer(const Status& status)
+{
+    constexpr auto group = [](int code) { return static_cast<unsigned>(code) >> 16U; };
+    switch (group(status.code())) {
+    case group(STATUS_OK):
+    case group(ERROR_VALUE_OUT_OF_RANGE):
+    case group(ERROR_VALUE_NOT_ON_INCREMENT):
+    case group(ERROR_FLOAT_OUT_OF_RANGE):
+    case group(unknownFeature):
+        return status.code() != commandTimeout;
+    default:
+        return false;
     }
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "camera/Camera.h"
-#include "transfer/LineTargets.h"
-#include "transfer/SelectorPositions.h"
+#include "capture/LineTargets.h"
+#include "capture/SelectorPositions.h"
 
 #include <map>
 #include <memory>
-#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -40,6 +40,9 @@ public:
     /// By index of the line: what was read for a target, or why nothing was.
     const std::map<std::size_t, Result<std::string>>& targets() const { return m_read; }
 
+    /// Whether the feature, which was read, could not be written then at one of its positions.
+    bool isLocked(const Feature& feature) const { return m_locked.count(&feature) != 0; }
+
 private:
     struct Group;
     struct Frame;
@@ -49,6 +52,7 @@ private:
     bool stepFeatures();
     bool stepTargets();
     void readFeature(const Feature& feature);
+    Result<std::string> readAt(const Feature& feature, const SelectorPath& path);
     void open(const Feature& selector, const Group& group);
     Result<std::vector<std::string>> positionsOf(const Feature& selector);
     Result<std::vector<std::string>> integerPositions(const Feature& selector);
@@ -69,6 +73,7 @@ private:
     std::vector<LineTarget> m_targets;
     std::size_t m_nextTarget = 0;
     std::map<std::size_t, Result<std::string>> m_read;
+    std::set<const Feature*> m_locked;
     std::size_t m_done = 0;
     std::size_t m_total = 0;
 };

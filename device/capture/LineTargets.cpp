@@ -1,10 +1,10 @@
-#include "transfer/LineTargets.h"
+#include "capture/LineTargets.h"
 
 #include "base/StatusCodes.h"
+#include "capture/SettingAccess.h"
+#include "capture/SettingsPlan.h"
 #include "settings/Comparison.h"
 #include "settings/TextLines.h"
-#include "transfer/SettingAccess.h"
-#include "transfer/SettingsPlan.h"
 
 #include <algorithm>
 #include <map>

@@ -1,8 +1,8 @@
-#include "transfer/SelectorPositions.h"
+#include "capture/SelectorPositions.h"
 
 #include "base/StatusCodes.h"
+#include "capture/SettingAccess.h"
 #include "settings/TextLines.h"
-#include "transfer/SettingAccess.h"
 
 #include <utility>
 

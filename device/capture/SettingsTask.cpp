@@ -1,4 +1,4 @@
-#include "transfer/SettingsTask.h"
+#include "capture/SettingsTask.h"
 
 #include <chrono>
 

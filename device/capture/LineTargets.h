@@ -1,7 +1,7 @@
 #pragma once
 
 #include "camera/Camera.h"
-#include "transfer/SelectorPositions.h"
+#include "capture/SelectorPositions.h"
 
 #include "featurebrowser/ZQSettings.h"
 

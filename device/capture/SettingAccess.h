@@ -18,6 +18,9 @@ Status writeSetting(ZQCamera::Impl& camera, const Feature& feature, const std::s
 /// Whether the text can be a value of the feature at all, whatever its limits are now; a failure as
 /// of writeSetting.
 Status checkSetting(const Feature& feature, const std::string& value);
+/// Whether this is what the camera, its description or our checks say, and not an access that has
+/// failed.
+bool isAnswer(const Status& status);
 /// Whether the value that was read is the one that is asked for.
 bool isSetting(const Feature& feature, const std::string& asked, const std::string& read);
 /// Of the feature, or of what its value comes from; empty where there is none.

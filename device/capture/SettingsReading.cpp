@@ -1,10 +1,10 @@
-#include "transfer/SettingsReading.h"
+#include "capture/SettingsReading.h"
 
 #include "base/NumberText.h"
 #include "base/StatusCodes.h"
+#include "capture/SettingAccess.h"
+#include "capture/SettingsPlan.h"
 #include "features/FeatureLimits.h"
-#include "transfer/SettingAccess.h"
-#include "transfer/SettingsPlan.h"
 
 #include <algorithm>
 #include <utility>
@@ -38,26 +38,6 @@ struct SettingsReading::Frame {
     std::size_t feature = 0;
     std::size_t selected = 0;
 };
-
-namespace {
-
-/// What the camera and its description say, and not an access that failed.
-bool isAnswer(const Status& status)
-{
-    switch (status.code()) {
-    case STATUS_OK:
-    case unknownFeature:
-    case notAvailable:
-    case notReadable:
-    case notEvaluable:
-    case refused:
-        return true;
-    default:
-        return false;
-    }
-}
-
-} // namespace
 
 Result<std::string> readSettingSurely(ZQCamera::Impl& camera, const Feature& feature)
 {
@@ -134,13 +114,23 @@ std::string SettingsReading::labelOf(const Feature& feature, const SelectorPath&
     return ZQSettingsLine { feature.name, statesOf(path), {}, {}, 0 }.label();
 }
 
+Result<std::string> SettingsReading::readAt(const Feature& feature, const SelectorPath& path)
+{
+    ++m_done;
+    if (const Status there = m_positions.goTo(path); !there.isOk()) {
+        return there;
+    }
+    Result<std::string> value = readSettingSurely(m_camera, feature);
+    if (value.isOk() && m_camera.reader().state(feature) == FEATURE_LOCKED) {
+        m_locked.insert(&feature);
+    }
+    return value;
+}
+
 void SettingsReading::readFeature(const Feature& feature)
 {
     const std::string label = labelOf(feature, m_path);
-    const Status there = m_positions.goTo(m_path);
-    const Result<std::string> value
-        = there.isOk() ? readSettingSurely(m_camera, feature) : Result<std::string>(there);
-    ++m_done;
+    const Result<std::string> value = readAt(feature, m_path);
     if (value.isOk()) {
         m_values.emplace(label, value.value());
         m_lines.emplace_back(
@@ -286,10 +276,7 @@ bool SettingsReading::stepTargets()
         return false;
     }
     const LineTarget& target = m_targets[m_nextTarget++];
-    const Status there = m_positions.goTo(target.path);
-    m_read.emplace(target.line,
-        there.isOk() ? readSettingSurely(m_camera, *target.feature) : Result<std::string>(there));
-    ++m_done;
+    m_read.emplace(target.line, readAt(*target.feature, target.path));
     return true;
 }
 

@@ -1,7 +1,7 @@
-#include "transfer/SettingsPlan.h"
+#include "capture/SettingsPlan.h"
 
+#include "capture/SettingAccess.h"
 #include "description/ReferenceWalk.h"
-#include "transfer/SettingAccess.h"
 
 #include <glib.h>
 

@@ -1,0 +1,469 @@
+#include "transfer/SettingsRestoring.h"
+
+#include "base/StatusCodes.h"
+#include "capture/SettingAccess.h"
+#include "capture/SettingsPlan.h"
+#include "settings/SettingsBuilding.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <utility>
+
+namespace zqcameralib {
+
+using Outcome = ZQRestoredLine::Outcome;
+
+namespace {
+
+/// Of writing and reading back: two lines may change each other for ever.
+constexpr int mostPasses = 6;
+constexpr int mostWritesOfALine = 3;
+
+} // namespace
+
+ZQSettingsRestoring::Impl::Impl(
+    ZQCamera& camera, const ZQSettings& settings, const Options& options)
+    : SettingsTask(camera)
+    , m_settings(settings)
+    , m_options(options)
+{
+    m_report.isDryRun = options.isDryRun;
+    for (const ZQSettingsLine& line : settings.lines()) {
+        m_report.lines.push_back({ line, Outcome::NotKnown, {}, {}, "not reached" });
+    }
+}
+
+ZQCameraTask::Progress ZQSettingsRestoring::Impl::progress() const
+{
+    const std::size_t done = m_reading ? m_reading->done() : m_next;
+    const std::size_t total = m_reading ? m_reading->total() : m_queue.size();
+    switch (m_phase) {
+    case Phase::Check:
+        return { "Reading the settings back", done, total };
+    case Phase::Write:
+        return { "Writing the settings", done, total };
+    default:
+        return { "Reading the settings", done, total };
+    }
+}
+
+void ZQSettingsRestoring::Impl::stop()
+{
+    const bool canReadBack = state() == State::Running && m_writes > 0 && !m_isStopped;
+    if (!canReadBack) {
+        SettingsTask::cancel();
+        return;
+    }
+    m_isStopped = true;
+    if (m_phase != Phase::Check) {
+        m_phase = Phase::Check;
+        m_reading.emplace(camera(), positions(), RestoreOrder::Features(), targets());
+    }
+}
+
+bool ZQSettingsRestoring::Impl::checkTime()
+{
+    if (!m_end && m_options.limit.count() > 0) {
+        m_end = Clock::now() + m_options.limit;
+    }
+    if (m_isStopped || !m_end || Clock::now() < *m_end) {
+        return true;
+    }
+    m_stopReason = "not done within " + std::to_string(m_options.limit.count()) + " ms";
+    if (m_writes == 0) {
+        fail(m_stopReason);
+        return false;
+    }
+    stop();
+    return true;
+}
+
+SettingsTask::Step ZQSettingsRestoring::Impl::step()
+{
+    if (!checkTime()) {
+        return Step::Over;
+    }
+    switch (m_phase) {
+    case Phase::Begin:
+        return begin();
+    case Phase::Read:
+        return read();
+    case Phase::Order:
+        return order();
+    case Phase::Write:
+        return write();
+    default:
+        return check();
+    }
+}
+
+SettingsTask::Step ZQSettingsRestoring::Impl::begin()
+{
+    if (camera().port().backend().isReadOnly()) {
+        fail("the camera is opened for reading only");
+        return Step::Over;
+    }
+    resolve();
+    std::vector<std::size_t> nodes;
+    for (const Goal& goal : m_goals) {
+        nodes.push_back(goal.target.feature->index);
+    }
+    const std::vector<bool> affected = camera().dependencies().affectedBy(nodes);
+    RestoreOrder::Features settings;
+    for (const Feature* feature : settingsPlan(camera()).features) {
+        if (affected[feature->index] && !m_options.isDryRun) {
+            settings.push_back(feature);
+        }
+    }
+    m_reading.emplace(camera(), positions(), settings, targets());
+    warn();
+    m_phase = Phase::Read;
+    return Step::Next;
+}
+
+/// Of several lines that mean the same here the last one counts, as where one after the other is
+/// written.
+void ZQSettingsRestoring::Impl::resolve()
+{
+    std::map<std::pair<const Feature*, std::string>, std::size_t> known;
+    for (std::size_t i = 0; i < m_settings.lines().size(); ++i) {
+        const Result<LineTarget> target = lineTarget(camera(), m_settings, i);
+        ZQRestoredLine& line = m_report.lines[i];
+        if (!target.isOk()) {
+            const int code = target.status().code();
+            line.outcome = code == unknownFeature || code == unknownEntry ? Outcome::UnknownHere
+                                                                          : Outcome::Refused;
+            line.reason = target.status().text();
+            continue;
+        }
+        const LineTarget& found = target.value();
+        const std::string place = ZQSettingsLine { "", statesOf(found.path), "", "", 0 }.label();
+        const auto [same, isFirst] = known.emplace(std::pair(found.feature, place), m_goals.size());
+        if (isFirst) {
+            m_goals.emplace_back();
+        } else {
+            ZQRestoredLine& earlier = m_report.lines[m_goals[same->second].target.line];
+            earlier.outcome = Outcome::Refused;
+            earlier.reason = "a later line says it again";
+        }
+        m_goals[same->second].target = found;
+    }
+}
+
+void ZQSettingsRestoring::Impl::warn()
+{
+    const ZQSettingsHeader here = settingsHeader(camera());
+    const ZQSettingsHeader& there = m_settings.header();
+    using Member = std::string ZQSettingsHeader::*;
+    const auto differs = [&](Member member) {
+        return !(there.*member).empty() && !(here.*member).empty() && there.*member != here.*member;
+    };
+    const auto add = [this](const char* what, const std::string& of, const std::string& now) {
+        m_report.warnings.push_back(
+            std::string("the settings are of another ") + what + ": " + of + ", here " + now);
+    };
+    if (differs(&ZQSettingsHeader::vendor) || differs(&ZQSettingsHeader::model)) {
+        add("model", there.vendor + " " + there.model, here.vendor + " " + here.model);
+        return;
+    }
+    if (differs(&ZQSettingsHeader::firmware)) {
+        add("firmware", there.firmware, here.firmware);
+    }
+    if (differs(&ZQSettingsHeader::descriptionChecksum)) {
+        add("description", "version " + there.descriptionVersion,
+            "version " + here.descriptionVersion);
+    }
+}
+
+SettingsTask::Step ZQSettingsRestoring::Impl::read()
+{
+    if (m_reading->step()) {
+        return Step::Next;
+    }
+    for (Goal& goal : m_goals) {
+        const auto found = m_reading->targets().find(goal.target.line);
+        if (found != m_reading->targets().end()) {
+            goal.before = found->second;
+            goal.now = found->second;
+        }
+        goal.isLocked = m_reading->isLocked(*goal.target.feature);
+    }
+    keepBefore(m_reading->takeLines());
+    m_reading.reset();
+    return m_options.isDryRun ? Step::Over : planOrder();
+}
+
+/// With the lines that name what is no setting by itself.
+void ZQSettingsRestoring::Impl::keepBefore(std::vector<ZQSettingsLine> lines)
+{
+    std::set<std::string> known;
+    for (const ZQSettingsLine& line : lines) {
+        known.insert(line.label());
+    }
+    for (const Goal& goal : m_goals) {
+        if (goal.before && goal.before->isOk()) {
+            ZQSettingsLine line = zqcameralib::lineOf(camera().description(), *goal.target.feature,
+                goal.target.path, goal.before->value());
+            if (known.insert(line.label()).second) {
+                lines.push_back(std::move(line));
+            }
+        }
+    }
+    ZQSettings::Access before(m_before);
+    before.lines() = std::move(lines);
+    before.header() = settingsHeader(camera());
+}
+
+const ZQSettingsLine& ZQSettingsRestoring::Impl::lineOf(const Goal& goal) const
+{
+    return m_settings.lines()[goal.target.line];
+}
+
+bool ZQSettingsRestoring::Impl::isHeld(
+    const Goal& goal, const std::optional<Result<std::string>>& value) const
+{
+    return value && value->isOk()
+        && isSetting(*goal.target.feature, lineOf(goal).value, value->value());
+}
+
+/// Not when nothing has changed since it was tried in vain.
+bool ZQSettingsRestoring::Impl::isWorthTrying(const Goal& goal) const
+{
+    const bool isNew = goal.writes == 0 && goal.refusal.isOk();
+    return !isHeld(goal, goal.now) && !goal.isSettled && goal.writes < mostWritesOfALine
+        && (isNew || goal.tried < m_writes);
+}
+
+std::vector<LineTarget> ZQSettingsRestoring::Impl::targets() const
+{
+    std::vector<LineTarget> targets;
+    for (const Goal& goal : m_goals) {
+        targets.push_back(goal.target);
+    }
+    return targets;
+}
+
+RestoreOrder::Features ZQSettingsRestoring::Impl::features(bool onlyToBeWritten) const
+{
+    std::set<const Feature*> features;
+    for (const Goal& goal : m_goals) {
+        if (!onlyToBeWritten || isWorthTrying(goal)) {
+            features.insert(goal.target.feature);
+        }
+    }
+    return { features.begin(), features.end() };
+}
+
+/// What is to be written now; over when nothing is.
+SettingsTask::Step ZQSettingsRestoring::Impl::planOrder()
+{
+    RestoreOrder::Features written = features(true);
+    if (written.empty() || ++m_passes > mostPasses) {
+        return Step::Over;
+    }
+    m_order.emplace(camera(), std::move(written), features(false));
+    m_phase = Phase::Order;
+    return Step::Next;
+}
+
+SettingsTask::Step ZQSettingsRestoring::Impl::order()
+{
+    if (m_order->step()) {
+        return Step::Next;
+    }
+    const auto closedOf = [this](const Feature& feature) {
+        RestoreOrder::Closed closed;
+        for (const Goal& goal : m_goals) {
+            if (goal.target.feature == &feature) {
+                closed.isLocked = closed.isLocked || goal.isLocked;
+                closed.isUnavailable = closed.isUnavailable || (goal.now && !goal.now->isOk());
+            }
+        }
+        return closed;
+    };
+    const RestoreOrder::Features ordered = m_order->order(closedOf);
+    std::vector<LineTarget> run;
+    m_queue.clear();
+    const auto goalOf = [this](std::size_t line) {
+        const auto found = std::find_if(m_goals.begin(), m_goals.end(),
+            [line](const Goal& goal) { return goal.target.line == line; });
+        return static_cast<std::size_t>(found - m_goals.begin());
+    };
+    for (std::size_t i = 0; i < ordered.size(); ++i) {
+        for (const Goal& goal : m_goals) {
+            if (goal.target.feature == ordered[i] && isWorthTrying(goal)) {
+                run.push_back(goal.target);
+            }
+        }
+        const bool isLast = i + 1 == ordered.size()
+            || selectorsOf(camera(), *ordered[i]) != selectorsOf(camera(), *ordered[i + 1]);
+        if (isLast) { // what the same selectors choose is written position by position
+            sortByPositions(run);
+            for (const LineTarget& target : run) {
+                m_queue.push_back(goalOf(target.line));
+            }
+            run.clear();
+        }
+    }
+    m_next = 0;
+    m_writesAtRound = m_writes;
+    m_phase = Phase::Write;
+    return Step::Next;
+}
+
+SettingsTask::Step ZQSettingsRestoring::Impl::write()
+{
+    if (m_next < m_queue.size()) {
+        writeGoal(m_goals[m_queue[m_next++]]);
+        return Step::Next;
+    }
+    return endOfRound();
+}
+
+/// Once more for those that were refused, if anything was taken; then all is read back.
+SettingsTask::Step ZQSettingsRestoring::Impl::endOfRound()
+{
+    const bool isStuck = m_writesAtRound == m_writes;
+    m_queue.erase(std::remove_if(m_queue.begin(), m_queue.end(),
+                      [this](std::size_t i) { return m_goals[i].refusal.isOk(); }),
+        m_queue.end());
+    m_next = 0;
+    m_writesAtRound = m_writes;
+    if (isStuck || m_queue.empty()) {
+        m_phase = Phase::Check;
+        m_reading.emplace(camera(), positions(), RestoreOrder::Features(), targets());
+    }
+    return Step::Next;
+}
+
+void ZQSettingsRestoring::Impl::writeGoal(Goal& goal)
+{
+    const Feature& feature = *goal.target.feature;
+    goal.tried = m_writes;
+    goal.refusal = positions().goTo(goal.target.path);
+    if (!goal.refusal.isOk()) {
+        return;
+    }
+    goal.now = readSettingSurely(camera(), feature);
+    if (isHeld(goal, goal.now)) {
+        return;
+    }
+    const std::optional<Result<std::string>> last = goal.writes > 0 ? goal.now : std::nullopt;
+    const std::uint64_t sent = camera().port().writes();
+    goal.refusal = writeSetting(camera(), feature, lineOf(goal).value);
+    if (camera().port().writes() == sent && !goal.refusal.isOk()) {
+        return;
+    }
+    // One that has failed may have arrived all the same.
+    goal.now = readSettingSurely(camera(), feature);
+    const bool isTaken = goal.refusal.isOk() || isHeld(goal, goal.now);
+    noteWritten(goal);
+    if (isTaken) {
+        goal.refusal = {};
+        ++goal.writes;
+        goal.tried = ++m_writes;
+        goal.isSettled
+            = last && last->isOk() && goal.now->isOk() && last->value() == goal.now->value();
+    }
+}
+
+/// What other lines hold is only known again when it is read again.
+void ZQSettingsRestoring::Impl::noteWritten(const Goal& written)
+{
+    for (Goal& goal : m_goals) {
+        if (&goal != &written && m_order->affects(*written.target.feature, *goal.target.feature)) {
+            goal.now.reset();
+        }
+    }
+}
+
+SettingsTask::Step ZQSettingsRestoring::Impl::check()
+{
+    if (m_reading->step()) {
+        return Step::Next;
+    }
+    for (Goal& goal : m_goals) {
+        const auto found = m_reading->targets().find(goal.target.line);
+        if (found != m_reading->targets().end()) {
+            goal.now = found->second;
+        }
+        goal.isLocked = m_reading->isLocked(*goal.target.feature);
+    }
+    m_reading.reset();
+    if (!m_isStopped) {
+        return planOrder();
+    }
+    if (m_stopReason.empty()) {
+        SettingsTask::cancel();
+    } else {
+        fail(m_stopReason);
+    }
+    return Step::Over;
+}
+
+/// Whether that is known: an access that failed says nothing of what the camera holds.
+bool ZQSettingsRestoring::Impl::isRefused(const Goal& goal) const
+{
+    if (goal.refusal.isOk()) {
+        return false;
+    }
+    const bool isRead = goal.now && goal.now->isOk();
+    return isRead || (goal.writes == 0 && isAnswer(goal.refusal));
+}
+
+void ZQSettingsRestoring::Impl::conclude(const Goal& goal, ZQRestoredLine& line) const
+{
+    line.before = goal.before && goal.before->isOk() ? goal.before->value() : "";
+    line.now = goal.now && goal.now->isOk() ? goal.now->value() : "";
+    line.reason.clear();
+    if (isHeld(goal, goal.now)) {
+        line.outcome = isHeld(goal, goal.before) ? Outcome::AlreadySo : Outcome::Restored;
+    } else if (m_options.isDryRun && goal.before) {
+        line.outcome = Outcome::WouldBeWritten;
+    } else if (isRefused(goal)) {
+        line.outcome = Outcome::Refused;
+        line.reason = goal.refusal.text();
+    } else if (goal.now && goal.now->isOk() && goal.writes > 0) {
+        line.outcome = Outcome::Adjusted;
+    } else {
+        concludeUnread(goal, line);
+    }
+    if (goal.now && goal.now->status().code() == unknownFeature) {
+        line.outcome = Outcome::UnknownHere;
+        line.reason = goal.now->status().text();
+    }
+}
+
+void ZQSettingsRestoring::Impl::concludeUnread(const Goal& goal, ZQRestoredLine& line) const
+{
+    line.outcome = Outcome::NotKnown;
+    const std::string begin = goal.writes > 0 ? "was written, and " : "";
+    if (goal.now && !goal.now->isOk()) {
+        line.reason = begin + "cannot be read: " + goal.now->status().text();
+    } else if (!goal.refusal.isOk()) {
+        line.reason = begin + goal.refusal.text();
+    } else if (goal.before && !goal.now) {
+        line.reason = begin + "not read again after other writes";
+    } else {
+        line.reason = "not reached";
+    }
+}
+
+void ZQSettingsRestoring::Impl::finish()
+{
+    m_reading.reset();
+    for (const Goal& goal : m_goals) {
+        conclude(goal, m_report.lines[goal.target.line]);
+    }
+    if (state() == State::Cancelled) {
+        m_report.error = "cancelled";
+    } else if (state() == State::Failed) {
+        m_report.error = error();
+    }
+    if (m_writes == 0) {
+        m_before = {};
+    }
+}
+
+} // namespace zqcameralib

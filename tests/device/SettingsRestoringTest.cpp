@@ -1,0 +1,402 @@
+#include "SettingsUser.h"
+#include "memory/RegisterMemory.h"
+#include "memory/RegisterValues.h"
+#include "simulation/SimulatedCamera.h"
+
+#include <map>
+#include <thread>
+#include <tuple>
+
+using namespace featurebrowser;
+using namespace zqcameralib;
+
+namespace {
+
+using Outcome = ZQRestoredLine::Outcome;
+using State = ZQCameraTask::State;
+
+ZQSettings settingsOf(const std::string& lines, const std::string& header = "")
+{
+    ZQSettings settings;
+    std::string error;
+    const std::string text = "[camera settings 1]\n" + header + "[lines]\n" + lines + "[end]\n";
+    EXPECT_TRUE(ZQSettings::Parse(text, settings, error)) << error;
+    return settings;
+}
+
+/// What the lines name, as the camera holds it.
+ZQSettings savedAs(TestCamera& camera, const ZQSettings& lines)
+{
+    ZQSettingsSaving saving(*camera.camera, lines);
+    EXPECT_EQ(saving.wait(settingsLimit), State::Done) << saving.error();
+    return saving.takeSettings();
+}
+
+/// The simulated camera's settings but for its many look-up values.
+ZQSettings withoutTables(TestCamera& camera)
+{
+    const ZQSettings settings = saved(camera);
+    std::vector<std::string> labels;
+    for (const ZQSettingsLine& line : settings.lines()) {
+        if (line.name != "LUTValue") {
+            labels.push_back(line.label());
+        }
+    }
+    return settings.only(labels);
+}
+
+/// Whether every line of a report says what the camera holds.
+void expectTrue(TestCamera& camera, const ZQSettings& settings, const ZQRestoreReport& report,
+    const std::string& when)
+{
+    const ZQSettings now = savedAs(camera, settings);
+    ASSERT_EQ(report.lines.size(), settings.lines().size());
+    for (const ZQRestoredLine& line : report.lines) {
+        const std::string label = line.line.label();
+        const std::string held = valueIn(now, label);
+        const bool isHeld = isSameValue(held, line.line.value);
+        switch (line.outcome) {
+        case Outcome::Restored:
+        case Outcome::AlreadySo:
+            EXPECT_TRUE(isHeld) << label << " " << held << " " << when;
+            break;
+        case Outcome::Adjusted:
+            EXPECT_EQ(held, line.now) << label << " " << when;
+            EXPECT_FALSE(isHeld) << label << " " << when;
+            break;
+        case Outcome::Refused:
+            EXPECT_FALSE(isHeld) << label << " " << line.reason << " " << when;
+            break;
+        default:
+            EXPECT_NE(line.reason, "") << label << " " << when;
+        }
+    }
+}
+
+/// Text of a report without its first line.
+std::string details(const ZQRestoreReport& report, bool all = true)
+{
+    const std::string text = report.toText(all);
+    return text.substr(text.find('\n') + 1);
+}
+
+TEST(SettingsRestoring, FindsTheOrderInWhichTheCameraTakesThem)
+{
+    using Edits = std::vector<std::pair<const char*, const char*>>;
+    const std::pair<Edits, Edits> cases[] = {
+        { { { "Width", "64" }, { "OffsetX", "1000" } },
+            { { "OffsetX", "0" }, { "Width", "1936" } } },
+        { { { "BinningHorizontal", "2" }, { "Width", "640" }, { "PixelFormat", "Mono8" } },
+            { { "BinningHorizontal", "1" }, { "Width", "1936" }, { "PixelFormat", "BayerRG8" } } },
+        { { { "ExposureAuto", "Continuous" }, { "ExposureAutoTarget", "20" } },
+            { { "ExposureAuto", "Off" }, { "ExposureTime", "1234" } } },
+        { { { "AcquisitionMode", "MultiFrame" }, { "AcquisitionFrameCount", "9" } },
+            { { "AcquisitionMode", "Continuous" } } },
+        { { { "TriggerMode", "On" }, { "TriggerSource", "Line1" }, { "TriggerDelay", "50" } },
+            { { "TriggerMode", "Off" } } },
+        { { { "AcquisitionFrameRateEnable", "True" }, { "AcquisitionFrameRate", "5" },
+              { "ExposureTime", "150000" } },
+            { { "ExposureTime", "1000" }, { "AcquisitionFrameRate", "60" },
+                { "AcquisitionFrameRateEnable", "False" } } },
+    };
+    for (const auto& [first, second] : cases) {
+        TestCamera camera(TestCamera::simulated());
+        const ZQSettings plain = withoutTables(camera);
+        const auto apply = [&camera, &plain](const Edits& edits) {
+            for (const auto& [name, value] : edits) {
+                ZQCamera::Impl& impl = camera.camera->impl();
+                const Status status = writeSetting(impl, *impl.feature(name), value);
+                EXPECT_TRUE(status.isOk()) << name << ": " << status.text();
+            }
+            return savedAs(camera, plain);
+        };
+        const ZQSettings a = apply(first);
+        const ZQSettings b = apply(second);
+        ASSERT_NE(differences(a, b), "");
+        for (const ZQSettings* settings : { &a, &b, &a }) {
+            const ZQRestoreReport report = restored(camera, *settings);
+            EXPECT_EQ(report.exitStatus(), 0) << report.toText();
+            EXPECT_EQ(differences(*settings, savedAs(camera, plain)), "") << first.front().first;
+        }
+    }
+}
+
+/// Whatever is locked by a mode: written before the mode locks it, and after it has unlocked it.
+TEST(SettingsRestoring, WritesWhatAModeLocksWhileItIsOpen)
+{
+    TestCamera camera("Mode Value",
+        node("Boolean", "Mode", element("pValue", "ModeReg"))
+            + node("Integer", "Value", element("pValue", "ValueReg") + element("pIsLocked", "Mode"))
+            + intReg("ModeReg", 0) + intReg("ValueReg", 4));
+    for (const auto& [mode, value, outcome] :
+        { std::tuple("True", "5", Outcome::Restored), { "False", "6", Outcome::Restored },
+            { "True", "7", Outcome::Restored }, { "True", "8", Outcome::Refused } }) {
+        const ZQRestoreReport report = restored(
+            camera, settingsOf(std::string("Mode = ") + mode + "\nValue = " + value + "\n"));
+        EXPECT_EQ(report.lines[1].outcome, outcome) << report.toText(true);
+    }
+    const ZQRestoreReport report = restored(camera, settingsOf("Value = 9\n"));
+    EXPECT_EQ(details(report), "Value = 9: refused: locked by Mode\n");
+}
+
+/// Rounds what is written to the value, moves another value with it, and takes no 13.
+class Rounding : public CameraBehaviour {
+public:
+    void start(RegisterMemory& memory) override { writeWord(memory, 0, 100); }
+    void beforeRead(RegisterMemory&, std::uint64_t, std::size_t) override { }
+    void afterWrite(RegisterMemory& memory, std::uint64_t address, std::size_t) override
+    {
+        if (address == 0) {
+            writeWord(memory, 0, readWord(memory, 0) / 10 * 10);
+            writeWord(memory, 4, readWord(memory, 0) * 2);
+        }
+    }
+};
+
+TEST(SettingsRestoring, SaysWhatBecameOfEveryLine)
+{
+    const auto choice = node("Enumeration", "Choice",
+        R"(<EnumEntry Name="A"><Value>0</Value></EnumEntry>)"
+        R"(<EnumEntry Name="B"><Value>1</Value></EnumEntry>)"
+            + element("pValue", "R3"));
+    TestCamera camera(openSimulated(
+        TestCamera::description("Value Follower Fixed Choice Real Text Never Run",
+            node("Integer", "Value",
+                element("pValue", "R0") + element("Max", "1000") + element("Unit", "us"))
+                + node("Integer", "Follower", element("pValue", "R1"))
+                + node("Integer", "Fixed", element("pValue", "R2")) + choice
+                + reg("FloatReg", "Real", 16) + reg("StringReg", "Text", 20)
+                + node(
+                    "Integer", "Never", element("pValue", "R0") + element("pIsImplemented", "No"))
+                + node("Integer", "No", element("Value", "0")) + command("Run", "R3", "1")
+                + intReg("R0", 0) + intReg("R1", 4) + intReg("R2", 8, element("AccessMode", "RO"))
+                + intReg("R3", 12)),
+        std::make_unique<Rounding>()));
+    const struct {
+        const char* lines;
+        const char* report;
+    } cases[] = {
+        { "Value = 55 [us]\n", "Value: adjusted by the camera: 55 -> 50 [us]\n" },
+        { "Value = 50\nFollower = 7\n", "Value: already so: 50\nFollower: restored: 100 -> 7\n" },
+        { "Value = 60\nFollower = 7\n", "Value: restored: 50 -> 60\nFollower: already so: 7\n" },
+        { "Value = 2000\n", "Value = 2000: refused: 2000 is above the maximum of 1000\n" },
+        { "Value = 5 [ms]\n",
+            "Value = 5 [ms]: refused: its unit is \"ms\", and \"us\" in the camera\n" },
+        { "Value = 1.5\n", "Value = 1.5: refused: \"1.5\" is no integer\n" },
+        { "Value = 99999999999999999999\n",
+            "Value = 99999999999999999999: refused: "
+            "\"99999999999999999999\" is no integer\n" },
+        { "Fixed = 1\n", "Fixed = 1: refused: is read-only\n" },
+        { "Choice = B\n", "Choice: restored: A -> B\n" },
+        { "Choice = C\n", "Choice = C: unknown here: \"C\" is none of its entries here\n" },
+        { "Real = \"1,5\"\n", "Real = 1,5: refused: \"1,5\" is no number\n" },
+        { "Real = 1.1\n", "Real: adjusted by the camera: 1.1 -> 1.100000023841858\n" },
+        { "Text = \"a b\"\n", "Text: restored:  -> a b\n" },
+        { "Text = abcde\n", "Text = abcde: refused: the text has 5 bytes, at most 4 fit\n" },
+        { "Never = 1\n", "Never = 1: unknown here: the camera does not implement it\n" },
+        { "Other = 1\n", "Other = 1: unknown here: the camera has no such feature\n" },
+        { "Run = 1\n", "Run = 1: refused: is no feature that holds a value of one line\n" },
+        { "Value[Choice=A] = 1\n",
+            "Value[Choice=A] = 1: unknown here: \"Choice\" does not select it here\n" },
+    };
+    for (const auto& [lines, text] : cases) {
+        const ZQSettings settings = settingsOf(lines);
+        const ZQRestoreReport report = restored(camera, settings);
+        EXPECT_EQ(details(report), text);
+        expectTrue(camera, settings, report, lines);
+    }
+}
+
+TEST(SettingsRestoring, WritesNothingThatAlreadyHoldsAndMovesEachSelectorFewTimes)
+{
+    TestCamera camera(TestCamera::simulated());
+    const ZQSettings settings = saved(camera);
+    std::map<std::uint64_t, int> writes;
+    const auto count = [&writes](std::uint64_t address, auto, bool isWrite) {
+        writes[address] += isWrite ? 1 : 0;
+        return false;
+    };
+    camera.port.setFaultHook(count);
+    EXPECT_EQ(restored(camera, settings).count(Outcome::AlreadySo), settings.lines().size());
+    camera.port.setFaultHook(nullptr);
+    EXPECT_EQ(writes[0x100], 0);
+    EXPECT_EQ(writes[0x4000], 0);
+}
+
+TEST(SettingsRestoring, ADryRunWritesNoValueAndSaysWhatWouldBeWritten)
+{
+    TestCamera camera(TestCamera::simulated());
+    ZQSettings settings = saved(camera);
+    camera.set("Width", 640);
+    camera.set("TriggerDelay", 5.0);
+    const std::string before = everything(camera);
+    ZQSettingsRestoring::Options options;
+    options.isDryRun = true;
+    const ZQRestoreReport report = restored(camera, settings.only({ "Width", "Height" }), options);
+    EXPECT_EQ(details(report, false),
+        "Width: would be written: 640 -> 512 [px]\nHeight: already so: 512 [px]\n");
+    EXPECT_EQ(report.exitStatus(), 0);
+    EXPECT_EQ(everything(camera), before);
+}
+
+TEST(SettingsRestoring, IsTakenBackAsOneStep)
+{
+    TestCamera camera(TestCamera::simulated());
+    const ZQSettings settings = saved(camera);
+    alter(camera, settings);
+    const ZQSettings other = saved(camera);
+    ZQSettingsRestoring restoring(*camera.camera, settings);
+    ASSERT_EQ(restoring.wait(settingsLimit), State::Done);
+    EXPECT_EQ(differences(settings, saved(camera)), "");
+    restored(camera, restoring.before());
+    EXPECT_EQ(differences(other, saved(camera)), "");
+}
+
+TEST(SettingsRestoring, TakesFilesOfOtherToolsAndOfOtherCameras)
+{
+    TestCamera camera(TestCamera::simulated());
+    const ZQSettings settings = saved(camera);
+    alter(camera, settings);
+    ZQSettings read;
+    std::string error;
+    ASSERT_TRUE(ZQSettings::Parse(settings.toPersistenceText(), read, error)) << error;
+    const ZQRestoreReport report = restored(camera, read);
+    EXPECT_EQ(report.exitStatus(), 0) << report.toText();
+    EXPECT_EQ(differences(settings.only({ "Width", "Gain[GainSelector=Red]" }),
+                  saved(camera).only({ "Width", "Gain[GainSelector=Red]" })),
+        "");
+
+    const ZQRestoreReport foreign
+        = restored(camera, settingsOf("Width = 640\n", "vendor = V\nmodel = M\n"));
+    EXPECT_EQ(foreign.warnings.size(), 1U);
+    EXPECT_EQ(foreign.count(Outcome::Restored), 1U);
+}
+
+/// A few settings of several kinds, with a selector, in a state to which the camera can be put back
+/// quickly.
+class RestoringInTrouble : public testing::Test {
+protected:
+    RestoringInTrouble()
+        : camera(TestCamera::simulated())
+        , settings(settingsOf("Width = 640\nOffsetX = 96\nBinningVertical = 2\n"
+                              "Gain[GainSelector=Red] = 2\nGain[GainSelector=Blue] = 3\n"
+                              "TriggerMode[TriggerSelector=FrameStart] = On\n"
+                              "TriggerDelay[TriggerSelector=FrameStart] = 20\n"
+                              "ExposureAuto = Continuous\nDeviceUserTag = 99\nNone = 1\n"))
+    {
+        start = savedAs(camera, settings);
+        selectors = positions();
+    }
+
+    std::string positions() { return camera.read("GainSelector") + camera.read("TriggerSelector"); }
+    void reset()
+    {
+        camera.port.setFaultHook(nullptr);
+        restored(camera, start);
+    }
+    /// From now on a poll has time for a few writes only; counts them.
+    std::shared_ptr<int> slowWrites()
+    {
+        auto count = std::make_shared<int>(0);
+        camera.port.setFaultHook([count](auto, auto, bool isWrite) {
+            if (isWrite) {
+                ++*count;
+                std::this_thread::sleep_for(std::chrono::milliseconds(3));
+            }
+            return false;
+        });
+        return count;
+    }
+
+    TestCamera camera;
+    ZQSettings settings;
+    ZQSettings start;
+    std::string selectors;
+};
+
+TEST_F(RestoringInTrouble, TheReportIsTrueWhicheverAccessFails)
+{
+    const std::uint64_t accesses = withFault(camera, 0, [this] { restored(camera, settings); });
+    for (std::uint64_t failing = 1; failing <= accesses; failing += stepOf(7)) {
+        reset();
+        ZQSettingsRestoring restoring(*camera.camera, settings);
+        withFault(camera, failing, [&restoring] { restoring.wait(settingsLimit); });
+        const std::string when = "fault " + std::to_string(failing);
+        EXPECT_EQ(restoring.poll(), State::Done) << when << restoring.error();
+        expectTrue(camera, settings, restoring.report(), when);
+        EXPECT_EQ(positions(), selectors) << when;
+    }
+}
+
+TEST_F(RestoringInTrouble, TheReportIsTrueWhenAllAccessesFailFromOneOn)
+{
+    for (std::uint64_t failing = 1; failing < 260; failing += stepOf(11)) {
+        reset();
+        ZQSettingsRestoring restoring(*camera.camera, settings);
+        camera.port.setFaultHook(
+            [count = 0U, failing](auto, auto, bool) mutable { return ++count >= failing; });
+        camera.port.invalidate();
+        restoring.wait(settingsLimit);
+        camera.port.setFaultHook(nullptr);
+        camera.port.invalidate();
+        const std::string when = "from fault " + std::to_string(failing);
+        expectTrue(camera, settings, restoring.report(), when);
+    }
+}
+
+TEST_F(RestoringInTrouble, ReadsBackWhenItIsCancelled)
+{
+    for (int writes = 1; writes < 12; ++writes) {
+        reset();
+        ZQSettingsRestoring restoring(*camera.camera, settings);
+        const auto done = slowWrites();
+        while (restoring.poll() == State::Running && *done < writes) { }
+        restoring.cancel();
+        EXPECT_EQ(restoring.wait(settingsLimit), State::Cancelled) << writes;
+        EXPECT_EQ(restoring.report().exitStatus(), 2);
+        expectTrue(camera, settings, restoring.report(), "cancelled " + std::to_string(writes));
+        EXPECT_EQ(positions(), selectors) << writes;
+    }
+}
+
+TEST_F(RestoringInTrouble, SaysWhatIsLockedWhileTheCameraAcquires)
+{
+    camera.camera->impl().setGrabbing(true);
+    const ZQRestoreReport report = restored(camera, settings);
+    EXPECT_EQ(report.exitStatus(), 1);
+    EXPECT_EQ(
+        report.lines[0].reason, "locked by TLParamsLocked: stop the acquisition to change it");
+    EXPECT_EQ(report.lines[3].outcome, Outcome::Restored);
+    expectTrue(camera, settings, report, "while acquiring");
+}
+
+TEST_F(RestoringInTrouble, EndsInTime)
+{
+    ZQSettingsRestoring::Options options;
+    options.limit = std::chrono::milliseconds(1);
+    ZQSettingsRestoring restoring(*camera.camera, settings, options);
+    slowWrites();
+    EXPECT_EQ(restoring.wait(settingsLimit), State::Failed);
+    EXPECT_EQ(restoring.report().error, "not done within 1 ms");
+    EXPECT_EQ(restoring.report().exitStatus(), 2);
+    expectTrue(camera, settings, restoring.report(), "late");
+}
+
+TEST_F(RealDescriptions, SettingsThatWereAlteredAreRestored)
+{
+    m_files.emplace_back(); // the simulated camera
+    for (const std::string& path : m_files) {
+        TestCamera camera(path.empty() ? TestCamera::simulated() : TestCamera::ofFile(path));
+        alter(camera, saved(camera)); // much of what starts at zero is illegal
+        const ZQSettings settings = saved(camera);
+        EXPECT_GT(alter(camera, settings), 0U) << path;
+        const std::size_t differing = ZQSettings::Compare(settings, saved(camera)).size();
+        const RegisterCount count(camera.port);
+        const ZQRestoreReport report = restored(camera, settings);
+        EXPECT_EQ(report.exitStatus(), 0) << path << "\n" << report.toText();
+        EXPECT_LE(count.writes(), 4 * differing) << path;
+        EXPECT_EQ(differences(settings, saved(camera)), "") << path;
+    }
+}
+
+} // namespace
