@@ -1,5 +1,6 @@
 #include "batch/BatchRun.h"
 #include "batch/Report.h"
+#include "batch/SettingsActions.h"
 #include "program/EndSignals.h"
 #include "program/ViewerApplication.h"
 #include "program/Words.h"
@@ -83,6 +84,9 @@ int main(int argc, char** argv)
     if (options.report) {
         return printReport(options);
     }
+    if (!options.compared.isEmpty()) {
+        return compareFiles(options.compared.first(), options.compared.last());
+    }
     // Before the window system: what it prints would stand around the one line of a failure.
     std::unique_ptr<OpenedCamera> camera;
     if (options.needsNoWindow()) {
@@ -92,9 +96,9 @@ int main(int argc, char** argv)
         }
     }
     if (!chooseDisplay(!options.needsNoWindow())) {
-        return fail(
-            QStringLiteral("No display. --get, --set, --exec, --frames, --report, --dump, --print "
-                           "and --screenshot need none."));
+        return fail(QStringLiteral("No display. --get, --set, --exec, --frames, --save, --load, "
+                                   "--compare, --report, --dump, --print "
+                                   "and --screenshot need none."));
     }
     return options.needsNoWindow() ? runBatch(options, *camera, argc, argv)
                                    : runWindow(options, argc, argv);

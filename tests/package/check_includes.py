@@ -30,7 +30,7 @@ ROOMS = {
     ],
     "widget": ["row", "text", "look", "model", "events", "history", "editors", "tree", "panes", "window"],
     "imageview": ["formats", "rows", "view"],
-    "viewer": ["program", "camera", "images", "log", "opening", "window", "batch"],
+    "viewer": ["program", "camera", "images", "log", "opening", "settings", "window", "batch"],
 }
 MOST_FILES = 16
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)')

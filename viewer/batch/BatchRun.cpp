@@ -201,7 +201,7 @@ std::unique_ptr<OpenedCamera> openAndLoad(const CommandLine& options, QString& e
 int runBatch(const CommandLine& options, OpenedCamera& camera, int& argc, char** argv)
 {
     if (!options.actions.empty()) {
-        const int status = runActions(options.actions, camera);
+        const int status = runActions(options, camera);
         if (status != 0 || !options.showsTree()) {
             return status;
         }

@@ -2,6 +2,7 @@
 
 #include "batch/BatchRun.h"
 #include "batch/FrameCapture.h"
+#include "batch/SettingsActions.h"
 #include "batch/ValueInput.h"
 
 #include "featurebrowser/CameraFeatureBrowser.h"
@@ -85,8 +86,15 @@ bool run(OpenedCamera& camera, const QString& name, QString& error)
     return status == featurebrowser::STATUS_OK;
 }
 
-bool carryOut(const CameraAction& action, OpenedCamera& camera, QString& error)
+/// What the actions have found.
+struct Findings {
+    bool areSettingsEqual = true;
+};
+
+bool carryOut(const CameraAction& action, OpenedCamera& camera, bool isDryRun, Findings& findings,
+    QString& error)
 {
+    bool areEqual = false;
     switch (action.kind) {
     case CameraAction::Kind::Get:
         return get(camera, action.argument, error);
@@ -94,6 +102,16 @@ bool carryOut(const CameraAction& action, OpenedCamera& camera, QString& error)
         return set(camera, action.argument, error);
     case CameraAction::Kind::Run:
         return run(camera, action.argument, error);
+    case CameraAction::Kind::Save:
+        return saveSettings(camera, action.file, error);
+    case CameraAction::Kind::Load:
+        return loadSettings(camera, action.file, isDryRun, error);
+    case CameraAction::Kind::Compare:
+        if (!compareSettings(camera, action.file, areEqual, error)) {
+            return false;
+        }
+        findings.areSettingsEqual = findings.areSettingsEqual && areEqual;
+        return true;
     case CameraAction::Kind::Capture:
         break;
     }
@@ -103,20 +121,21 @@ bool carryOut(const CameraAction& action, OpenedCamera& camera, QString& error)
 
 } // namespace
 
-int runActions(const std::vector<CameraAction>& actions, OpenedCamera& camera)
+int runActions(const CommandLine& options, OpenedCamera& camera)
 {
     // Qt finds the writers of picture formats with its help.
     static std::array<char, 9> name { "zqviewer" };
     std::array<char*, 2> arguments { name.data(), nullptr };
     int count = 1;
     const QCoreApplication application(count, arguments.data());
-    for (const CameraAction& action : actions) {
+    Findings findings;
+    for (const CameraAction& action : options.actions) {
         QString error;
-        if (!carryOut(action, camera, error)) {
+        if (!carryOut(action, camera, options.isDryRun, findings, error)) {
             return error.isEmpty() ? 1 : fail(error); // a line that cannot be printed has been told
         }
     }
-    return 0;
+    return findings.areSettingsEqual ? 0 : 1;
 }
 
 } // namespace zqviewer

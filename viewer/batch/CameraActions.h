@@ -8,6 +8,6 @@ namespace zqviewer {
 /// Carries the actions out, one after the other, and prints what is asked for. At the first one
 /// that fails it says why in one line on standard error, and leaves the rest. Returns the program's
 /// exit status.
-int runActions(const std::vector<CameraAction>& actions, OpenedCamera& camera);
+int runActions(const CommandLine& options, OpenedCamera& camera);
 
 } // namespace zqviewer

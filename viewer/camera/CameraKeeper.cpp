@@ -52,7 +52,7 @@ void CameraKeeper::look()
         noteReturn();
     }
     m_browser.RefreshStates();
-    if (m_isCancelled || m_tasks.isRunning() || !m_pause.hasExpired()) {
+    if (m_isPaused || m_isCancelled || m_tasks.isRunning() || !m_pause.hasExpired()) {
         return;
     }
     const Wanted what = wanted();

@@ -37,6 +37,8 @@ public:
     void lookSoon();
     /// Finds a lost camera, or another one in its place, and reads it.
     void reconnect();
+    /// While it is paused nothing is read: the camera belongs to somebody else.
+    void pause(bool isPaused) { m_isPaused = isPaused; }
     /// Whether a lost camera is sought without being asked for, at growing intervals. On at first.
     void setReconnectsByItself(bool doesIt);
 
@@ -81,6 +83,7 @@ private:
     bool m_reconnectsByItself = true;
     int m_tries = 0; ///< since the camera was lost
     std::vector<std::string> m_shown; ///< names of the rows; none when the tree was emptied
+    bool m_isPaused = false;
     bool m_isLost = false;
     QString m_loss; ///< as the user was told
     bool m_isReconnecting = false;

@@ -45,8 +45,8 @@ FeaturePolling::FeaturePolling(
 
 bool FeaturePolling::isIdle() const
 {
-    return m_tree.isVisible() && !m_tree.window()->isMinimized() && !m_tasks.isRunning()
-        && !m_camera.camera().isLost() && m_camera.repository().isLoaded()
+    return !m_isPaused && m_tree.isVisible() && !m_tree.window()->isMinimized()
+        && !m_tasks.isRunning() && !m_camera.camera().isLost() && m_camera.repository().isLoaded()
         && Clock::now() >= m_rest;
 }
 

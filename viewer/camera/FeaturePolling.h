@@ -33,6 +33,8 @@ public:
 
     /// The feature is shown beside the browser and is read as well, where the camera has it.
     void follow(const std::string& name) { m_followed.push_back(name); }
+    /// While it is paused nothing is read: the camera belongs to somebody else.
+    void pause(bool isPaused) { m_isPaused = isPaused; }
     /// The camera's features have been read anew: their polling times may be others.
     void forget() { m_features.clear(); }
 
@@ -59,6 +61,7 @@ private:
     CameraTaskBar& m_tasks;
     std::vector<std::string> m_followed;
     std::unordered_map<std::string, Polled> m_features;
+    bool m_isPaused = false;
     Clock::time_point m_rest; ///< until when the camera is left alone
     QTimer m_timer;
 };

@@ -1,5 +1,7 @@
 #include "program/CommandLine.h"
 
+#include "program/FileKind.h"
+
 #include <QCommandLineParser>
 #include <QRegularExpression>
 
@@ -90,6 +92,20 @@ struct Options {
         QStringLiteral("Where the images of --frames go to, with all their bits: FILE.png or "
                        "FILE.tiff. Of several images, %d is the number, or it is added."),
         QStringLiteral("FILE") };
+    const QCommandLineOption save { QStringLiteral("save"),
+        QStringLiteral("Save the camera's settings to a file; in the order given, as --get."),
+        QStringLiteral("FILE") };
+    const QCommandLineOption load { QStringLiteral("load"),
+        QStringLiteral("Restore settings from a file and print what became of them. A file that is "
+                       "damaged anywhere is refused as a whole."),
+        QStringLiteral("FILE") };
+    const QCommandLineOption dryRun { QStringLiteral("dry-run"),
+        QStringLiteral("With --load: only print what would be written.") };
+    const QCommandLineOption compare { QStringLiteral("compare"),
+        QStringLiteral("Print where the camera differs from a file of settings, and end with "
+                       "status 1 when it does. With a second file: where the two differ, without "
+                       "any camera."),
+        QStringLiteral("FILE [FILE2]") };
     const QCommandLineOption report { QStringLiteral("report"),
         QStringLiteral("Print what a support engineer needs and exit: versions, the camera, every "
                        "feature with its state, and the description; also of a camera or file that "
@@ -109,6 +125,14 @@ struct Options {
                        "Works without a display."),
         QStringLiteral("FILE.png") };
 };
+
+/// --compare FILE1 FILE2 alone.
+bool comparesFiles(const QCommandLineParser& parser, const Options& options)
+{
+    const QStringList files = parser.positionalArguments();
+    return parser.optionNames() == QStringList { QStringLiteral("compare") } && files.size() == 1
+        && !isDescriptionFile(files.first()) && !parser.value(options.compare).isEmpty();
+}
 
 /// The description file, by option or by itself.
 QString descriptionOf(const QCommandLineParser& parser, const Options& options)
@@ -153,6 +177,14 @@ QString problem(const QCommandLineParser& parser, const Options& options)
     if (parser.isSet(options.list) && parser.optionNames().size() > 1) {
         return QStringLiteral("--list goes without other options.");
     }
+    for (const auto* option : { &options.save, &options.load, &options.compare }) {
+        if (parser.values(*option).contains(QString())) {
+            return QStringLiteral("--%1 needs the name of a file.").arg(option->names().first());
+        }
+    }
+    if (parser.isSet(options.dryRun) && !parser.isSet(options.load)) {
+        return QStringLiteral("--dry-run goes with --load only.");
+    }
     for (const QString& assignment : parser.values(options.set)) {
         if (assignment.indexOf(QLatin1Char('=')) < 1) {
             return QStringLiteral("--set needs NAME=VALUE, not '%1'.").arg(assignment);
@@ -179,6 +211,9 @@ std::vector<CameraAction> actionsOf(const QCommandLineParser& parser, const Opti
     QStringList runs = parser.values(options.run);
     QStringList counts = parser.values(options.frames);
     QStringList files = parser.values(options.output);
+    QStringList saved = parser.values(options.save);
+    QStringList loaded = parser.values(options.load);
+    QStringList compared = parser.values(options.compare);
     std::vector<CameraAction> actions;
     for (const QString& name : parser.optionNames()) {
         if (name == QLatin1String("get")) {
@@ -189,6 +224,12 @@ std::vector<CameraAction> actionsOf(const QCommandLineParser& parser, const Opti
             actions.push_back({ Kind::Run, runs.takeFirst(), {} });
         } else if (name == QLatin1String("frames")) {
             actions.push_back({ Kind::Capture, counts.takeFirst(), files.takeFirst() });
+        } else if (name == QLatin1String("save")) {
+            actions.push_back({ Kind::Save, {}, saved.takeFirst() });
+        } else if (name == QLatin1String("load")) {
+            actions.push_back({ Kind::Load, {}, loaded.takeFirst() });
+        } else if (name == QLatin1String("compare")) {
+            actions.push_back({ Kind::Compare, {}, compared.takeFirst() });
         }
     }
     return actions;
@@ -203,8 +244,9 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
     parser.setApplicationDescription(
         QStringLiteral("Shows the features of a GenICam camera, changes them and runs commands."));
     parser.addOptions({ options.simulate, options.list, options.camera, options.readOnly,
-        options.get, options.set, options.run, options.frames, options.output, options.level,
-        options.dump, options.print, options.report, options.screenshot });
+        options.get, options.set, options.run, options.frames, options.output, options.save,
+        options.load, options.dryRun, options.compare, options.level, options.dump, options.print,
+        options.report, options.screenshot });
     parser.addPositionalArgument(QStringLiteral("FILE.xml"),
         QStringLiteral("A GenICam description, as with --simulate=FILE.xml."),
         QStringLiteral("[FILE.xml]"));
@@ -216,6 +258,10 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
         return false;
     }
     parser.process(own); // --help, --help-all and --version
+    if (comparesFiles(parser, options)) {
+        result.compared = parser.values(options.compare) + parser.positionalArguments();
+        return true;
+    }
     error = problem(parser, options);
     if (!error.isEmpty()) {
         return false;
@@ -227,6 +273,7 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
         || !parser.positionalArguments().isEmpty();
     result.choice.description = descriptionOf(parser, options);
     result.actions = actionsOf(parser, options);
+    result.isDryRun = parser.isSet(options.dryRun);
     result.report = parser.isSet(options.report);
     result.choice.camera = parser.value(options.camera);
     result.choice.access = parser.isSet(options.readOnly) ? zqcameralib::CameraAccess::ReadOnly

@@ -14,10 +14,10 @@ namespace zqviewer {
 
 /// Something to be done with the camera.
 struct CameraAction {
-    enum class Kind { Get, Set, Run, Capture };
+    enum class Kind { Get, Set, Run, Capture, Save, Load, Compare };
     Kind kind;
     QString argument; ///< "Width", "Width=640", "DeviceReset" or the number of images
-    QString file; ///< where images go to
+    QString file; ///< of images or settings
 };
 
 /// What the user asked for on the command line.
@@ -25,6 +25,9 @@ struct CommandLine {
     bool namesCamera = false; ///< real or simulated; else the user is asked
     CameraChoice choice;
     std::vector<CameraAction> actions; ///< in the order given
+    bool isDryRun = false; ///< settings are not loaded, it is only told what would be written
+    /// Two files of settings to be compared, without any camera; empty when there are none.
+    QStringList compared;
     bool report = false; ///< print what a support engineer needs and exit
     std::optional<featurebrowser::TYPE_LEVEL> level; ///< none given: as it was last
     bool list = false; ///< print the cameras found and exit
@@ -33,7 +36,10 @@ struct CommandLine {
     QString screenshot; ///< write a picture of the window to this file and exit; empty = do not
 
     bool showsTree() const { return dump || print || !screenshot.isEmpty(); }
-    bool needsNoWindow() const { return showsTree() || report || !actions.empty(); }
+    bool needsNoWindow() const
+    {
+        return showsTree() || report || !actions.empty() || !compared.isEmpty();
+    }
 };
 
 /// Reads the arguments (the first is the program's name; Qt's own options are left to it). Ends the

@@ -116,7 +116,7 @@ void CameraWindows::show(std::unique_ptr<OpenedCamera> camera, const CameraChoic
         *desk->camera, m_level.value_or(m_memory.level()), &m_memory, m_log);
     ViewerWindow* window = desk->window.get();
     connect(window, &ViewerWindow::openWanted, this, &CameraWindows::showStartPage);
-    connect(window, &ViewerWindow::fileDropped, this, [this](const QString& file) {
+    connect(window, &ViewerWindow::descriptionDropped, this, [this](const QString& file) {
         open({ file, {} });
     });
     connect(

@@ -9,9 +9,12 @@
 #include "log/CameraLog.h"
 #include "log/LogPane.h"
 #include "opening/DroppedFile.h"
+#include "program/FileKind.h"
 #include "program/ViewerApplication.h"
+#include "settings/SettingsMenu.h"
 #include "window/LostBanner.h"
 #include "window/MessageLabel.h"
+#include "window/OfferBar.h"
 #include "window/WindowMemory.h"
 
 #include <QAction>
@@ -21,6 +24,8 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
+#include <QToolBar>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -40,6 +45,7 @@ ViewerWindow::ViewerWindow(
           *m_browser.GetWidget()->property("changeLog").value<QAbstractItemModel*>(),
           std::move(log)))
     , m_banner(new LostBanner(this))
+    , m_offer(new OfferBar(this))
     , m_message(new MessageLabel(this))
     , m_tasks(new CameraTaskBar(this))
 {
@@ -89,6 +95,7 @@ void ViewerWindow::arrange()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_banner);
+    layout->addWidget(m_offer);
     layout->addWidget(m_browser.GetWidget(), 1);
     setCentralWidget(middle);
     makeDocks();
@@ -150,6 +157,8 @@ void ViewerWindow::makeMenus()
     QMenu* file = menuBar()->addMenu(tr("&File"));
     QAction* open = file->addAction(tr("&Open a camera\u2026"), this, &ViewerWindow::openWanted);
     open->setShortcut(QKeySequence::Open);
+    open->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
+    open->setIconText(tr("Open"));
     file->addSeparator();
     fill(*file, m_images->fileActions());
     file->addSeparator();
@@ -157,7 +166,9 @@ void ViewerWindow::makeMenus()
     QAction* quit = file->addAction(tr("&Quit"), qApp, &QApplication::closeAllWindows);
     quit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Q));
     makeCameraMenu();
+    makeSettingsMenu();
     makeViewMenu();
+    makeToolBar(open);
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("About &zqviewer"), this, [this] {
         QMessageBox::about(this, tr("About zqviewer"),
@@ -166,6 +177,15 @@ void ViewerWindow::makeMenus()
                 + QStringLiteral("\n\n") + QString::fromStdString(zqcameralib::ZQCamera::versions())
                 + QStringLiteral(", Qt ") + QLatin1String(qVersion()));
     });
+}
+
+void ViewerWindow::makeToolBar(QAction* open)
+{
+    m_tools = addToolBar(tr("Tools"));
+    m_tools->setObjectName(QStringLiteral("tools"));
+    m_tools->addAction(open);
+    m_tools->addSeparator();
+    m_tools->addActions(m_settings->mainActions());
 }
 
 void ViewerWindow::makeCameraMenu()
@@ -188,6 +208,51 @@ void ViewerWindow::makeCameraMenu()
             m_memory->setReconnectsByItself(isOn);
         }
     });
+}
+
+void ViewerWindow::makeSettingsMenu()
+{
+    m_settings = new SettingsMenu(m_camera, m_images->live(), this);
+    m_settings->fill(*menuBar()->addMenu(tr("&Settings")));
+    connect(m_settings, &SettingsMenu::begun, this, [this] { pause(true); });
+    connect(m_settings, &SettingsMenu::ended, this, [this] { pause(false); });
+    connect(m_settings, &SettingsMenu::changed, m_keeper.get(), &CameraKeeper::readAgain);
+    connect(m_settings, &SettingsMenu::told, this, [this](bool good, const QString& text) {
+        showMessage(good, text);
+        m_isKeepersMessage = false;
+        m_log->add(good ? LogLine::Kind::Note : LogLine::Kind::Refused, text);
+    });
+    connect(m_offer, &OfferBar::accepted, this,
+        [this] { m_settings->compareWith(m_lostSettings, tr("Before the loss")); });
+}
+
+/// While the camera belongs to a task of the settings.
+void ViewerWindow::pause(bool isPaused)
+{
+    m_keeper->pause(isPaused);
+    m_polling->pause(isPaused);
+    for (QWidget* part : { static_cast<QWidget*>(menuBar()), centralWidget(),
+             static_cast<QWidget*>(m_images), static_cast<QWidget*>(m_tools) }) {
+        part->setEnabled(!isPaused);
+    }
+}
+
+/// Where a camera that was lost holds other settings now, as after it was without power.
+void ViewerWindow::offerSettings()
+{
+    if (m_camera.camera().isLost() || std::exchange(m_lostName, {}) != m_camera.title()) {
+        return; // another one has settings of its own
+    }
+    const auto now = shownSettings(m_camera);
+    int count = 0;
+    for (const auto& difference : zqcameralib::ZQSettings::Compare(m_lostSettings, now)) {
+        count += difference.first && difference.second ? 1 : 0;
+    }
+    if (count > 0) {
+        m_offer->offer(
+            tr("%n setting(s) differ from those before the camera was lost.", nullptr, count),
+            tr("&Show and restore\u2026"));
+    }
 }
 
 void ViewerWindow::makeViewMenu()
@@ -213,18 +278,24 @@ void ViewerWindow::connectKeeper()
     connect(m_keeper.get(), &CameraKeeper::cameraChanged, this, [this] {
         m_polling->forget();
         showTitle();
+        offerSettings();
     });
     connect(m_keeper.get(), &CameraKeeper::message, this, &ViewerWindow::keeperSays);
     connect(m_keeper.get(), &CameraKeeper::recovered, this, [this](const QString& text) {
         if (m_isKeepersMessage) {
             showMessage(true, text);
         }
+        offerSettings();
     });
     connect(m_polling.get(), &FeaturePolling::failed, m_keeper.get(), &CameraKeeper::lookSoon);
 }
 
 void ViewerWindow::setLost(bool isLost)
 {
+    if (isLost && !m_browser.GetWidget()->property("cameraLost").toBool()) {
+        m_lostSettings = shownSettings(m_camera);
+        m_lostName = m_camera.title();
+    }
     m_browser.GetWidget()->setProperty("cameraLost", isLost);
     m_reconnect->setEnabled(isLost);
     if (!isLost) {
@@ -392,7 +463,12 @@ void ViewerWindow::dragEnterEvent(QDragEnterEvent* event)
 
 void ViewerWindow::dropEvent(QDropEvent* event)
 {
-    Q_EMIT fileDropped(fileOf(*event->mimeData()));
+    const QString file = fileOf(*event->mimeData());
+    if (isDescriptionFile(file)) {
+        Q_EMIT descriptionDropped(file);
+    } else {
+        m_settings->load(file);
+    }
 }
 
 } // namespace zqviewer

@@ -4,12 +4,14 @@
 
 #include "featurebrowser/IEventFeatureReceiver.h"
 #include "featurebrowser/ZQFeatureBrowser.h"
+#include "featurebrowser/ZQSettings.h"
 
 #include <QDockWidget>
 #include <QMainWindow>
 
 #include <memory>
 
+class QToolBar;
 class QTreeView;
 
 namespace zqviewer {
@@ -22,6 +24,8 @@ class FeaturePolling;
 class ImagePane;
 class LostBanner;
 class MessageLabel;
+class OfferBar;
+class SettingsMenu;
 class WindowMemory;
 
 /// The viewer's window: the feature browser of one camera, its live image, histogram and log in
@@ -47,7 +51,7 @@ public:
 
 Q_SIGNALS:
     void openWanted();
-    void fileDropped(const QString& file);
+    void descriptionDropped(const QString& file);
     void closed();
 
 protected:
@@ -77,6 +81,11 @@ private:
     void makeDocks();
     void makeMenus();
     void makeCameraMenu();
+    void makeSettingsMenu();
+    void connectSettings();
+    void makeToolBar(QAction* open);
+    void pause(bool isPaused);
+    void offerSettings();
     void makeViewMenu();
     void begin();
     void connectKeeper();
@@ -92,6 +101,11 @@ private:
     std::unique_ptr<CameraLog> m_log;
     ImagePane* m_images = nullptr;
     LostBanner* m_banner;
+    OfferBar* m_offer;
+    SettingsMenu* m_settings = nullptr;
+    QToolBar* m_tools = nullptr;
+    zqcameralib::ZQSettings m_lostSettings; ///< as shown when the camera was lost
+    QString m_lostName; ///< of that camera; empty when there is nothing to offer
     MessageLabel* m_message;
     CameraTaskBar* m_tasks;
     QAction* m_reconnect = nullptr;

@@ -1,0 +1,104 @@
+#include "batch/SettingsActions.h"
+
+#include "batch/BatchRun.h"
+
+#include "featurebrowser/ZQSettings.h"
+
+#include <QFile>
+
+namespace zqviewer {
+
+using zqcameralib::ZQSettings;
+
+namespace {
+
+bool run(zqcameralib::ZQCameraTask& task, QString& error)
+{
+    using State = zqcameralib::ZQCameraTask::State;
+    State state = State::Running;
+    while (state == State::Running) {
+        state = task.wait(std::chrono::hours(1));
+    }
+    error = QString::fromStdString(task.error());
+    return state == State::Done;
+}
+
+bool read(const QString& file, ZQSettings& settings, QString& error)
+{
+    std::string problem;
+    const bool isRead
+        = ZQSettings::ReadFile(QFile::encodeName(file).toStdString(), settings, problem);
+    error = QString::fromStdString(problem);
+    return isRead;
+}
+
+bool printDifferences(const ZQSettings& first, const ZQSettings& second, bool& areEqual)
+{
+    const auto differences = ZQSettings::Compare(first, second);
+    areEqual = differences.empty();
+    QByteArray text;
+    for (const auto& difference : differences) {
+        text += QByteArray::fromStdString(difference.text()) + '\n';
+    }
+    return print(text);
+}
+
+} // namespace
+
+bool saveSettings(OpenedCamera& camera, const QString& file, QString& error)
+{
+    zqcameralib::ZQSettingsSaving saving(camera.camera());
+    if (!run(saving, error)) {
+        return false;
+    }
+    std::string problem;
+    const bool isWritten = ZQSettings::WriteFile(
+        QFile::encodeName(file).toStdString(), saving.takeSettings().toText(), problem);
+    error = QString::fromStdString(problem);
+    return isWritten;
+}
+
+bool loadSettings(OpenedCamera& camera, const QString& file, bool isDryRun, QString& error)
+{
+    ZQSettings settings;
+    if (!read(file, settings, error)) {
+        return false;
+    }
+    zqcameralib::ZQSettingsRestoring::Options options;
+    options.isDryRun = isDryRun;
+    zqcameralib::ZQSettingsRestoring restoring(camera.camera(), settings, options);
+    const bool isDone = run(restoring, error);
+    camera.repository().Load(); // what follows finds what was written
+    if (!print(QByteArray::fromStdString(restoring.report().toText()))) {
+        error.clear();
+        return false;
+    }
+    if (isDone && restoring.report().exitStatus() != 0) {
+        error = QStringLiteral("%1: some settings do not hold").arg(file);
+    }
+    return isDone && restoring.report().exitStatus() == 0;
+}
+
+bool compareSettings(OpenedCamera& camera, const QString& file, bool& areEqual, QString& error)
+{
+    ZQSettings settings;
+    if (!read(file, settings, error)) {
+        return false;
+    }
+    zqcameralib::ZQSettingsSaving reading(camera.camera(), settings);
+    return run(reading, error) && printDifferences(settings, reading.takeSettings(), areEqual);
+}
+
+int compareFiles(const QString& first, const QString& second)
+{
+    ZQSettings one;
+    ZQSettings other;
+    QString error;
+    if (!read(first, one, error) || !read(second, other, error)) {
+        return fail(error);
+    }
+    bool areEqual = false;
+    return printDifferences(one, other, areEqual) && areEqual ? 0 : 1;
+}
+
+} // namespace zqviewer

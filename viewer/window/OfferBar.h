@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QWidget>
+
+class QPushButton;
+
+namespace zqviewer {
+
+class MessageLabel;
+
+/// Offers the user something that can wait, over the browser. Hidden until there is an offer.
+class OfferBar : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit OfferBar(QWidget* parent);
+
+    void offer(const QString& text, const QString& action);
+
+Q_SIGNALS:
+    /// The user wants it; the bar is hidden again.
+    void accepted();
+
+private:
+    MessageLabel* m_text;
+    QPushButton* m_accept;
+};
+
+} // namespace zqviewer
