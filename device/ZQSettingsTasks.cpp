@@ -1,5 +1,6 @@
 #include "transfer/SettingsRestoring.h"
 #include "transfer/SettingsSaving.h"
+#include "transfer/UserSet.h"
 
 #include "featurebrowser/ZQSettings.h"
 
@@ -74,6 +75,47 @@ const ZQRestoreReport& ZQSettingsRestoring::report() const
 const ZQSettings& ZQSettingsRestoring::before() const
 {
     return m_impl->before();
+}
+
+std::vector<std::string> ZQUserSet::Names(ZQCamera& camera)
+{
+    return Impl::names(camera.impl());
+}
+
+ZQUserSet::ZQUserSet(ZQCamera& camera, const std::string& set, Action action)
+    : m_impl(std::make_unique<Impl>(camera, set, action))
+{
+}
+
+ZQUserSet::~ZQUserSet() = default;
+
+ZQCameraTask::State ZQUserSet::poll()
+{
+    return m_impl->poll();
+}
+ZQCameraTask::Progress ZQUserSet::progress() const
+{
+    return m_impl->progress();
+}
+void ZQUserSet::cancel()
+{
+    m_impl->cancel();
+}
+std::string ZQUserSet::error() const
+{
+    return m_impl->error();
+}
+const ZQSettings& ZQUserSet::contents() const
+{
+    return m_impl->contents();
+}
+const ZQSettings& ZQUserSet::now() const
+{
+    return m_impl->now();
+}
+const ZQRestoreReport& ZQUserSet::report() const
+{
+    return m_impl->report();
 }
 
 } // namespace zqcameralib

@@ -25,7 +25,7 @@ SettingsTask::SettingsTask(ZQCamera& camera)
 void SettingsTask::look()
 {
     RegisterBackend& backend = m_camera.port().backend();
-    if (m_generation != m_camera.generation()) {
+    if (!isSameCamera()) {
         m_positions.forget();
         fail("there is another camera now");
     } else if (backend.isLost()) {
@@ -66,7 +66,7 @@ void SettingsTask::cancel()
     if (m_state != State::Running) {
         return;
     }
-    if (m_generation != m_camera.generation()) {
+    if (!isSameCamera()) {
         m_positions.forget();
     }
     end(State::Cancelled);

@@ -41,6 +41,8 @@ protected:
     virtual void finish() { }
     /// Ends it before its time: the next poll() says so.
     void fail(const std::string& why);
+    /// Whether it is still the one that it began with.
+    bool isSameCamera() const { return m_generation == m_camera.generation(); }
     ZQCamera::Impl& camera() { return m_camera; }
     SelectorPositions& positions() { return m_positions; }
 

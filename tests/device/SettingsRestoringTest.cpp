@@ -243,7 +243,7 @@ TEST(SettingsRestoring, IsTakenBackAsOneStep)
 {
     TestCamera camera(TestCamera::simulated());
     const ZQSettings settings = saved(camera);
-    alter(camera, settings);
+    alter(*camera.camera, settings);
     const ZQSettings other = saved(camera);
     ZQSettingsRestoring restoring(*camera.camera, settings);
     ASSERT_EQ(restoring.wait(settingsLimit), State::Done);
@@ -256,7 +256,7 @@ TEST(SettingsRestoring, TakesFilesOfOtherToolsAndOfOtherCameras)
 {
     TestCamera camera(TestCamera::simulated());
     const ZQSettings settings = saved(camera);
-    alter(camera, settings);
+    alter(*camera.camera, settings);
     ZQSettings read;
     std::string error;
     ASSERT_TRUE(ZQSettings::Parse(settings.toPersistenceText(), read, error)) << error;
@@ -387,9 +387,9 @@ TEST_F(RealDescriptions, SettingsThatWereAlteredAreRestored)
     m_files.emplace_back(); // the simulated camera
     for (const std::string& path : m_files) {
         TestCamera camera(path.empty() ? TestCamera::simulated() : TestCamera::ofFile(path));
-        alter(camera, saved(camera)); // much of what starts at zero is illegal
+        alter(*camera.camera, saved(camera)); // much of what starts at zero is illegal
         const ZQSettings settings = saved(camera);
-        EXPECT_GT(alter(camera, settings), 0U) << path;
+        EXPECT_GT(alter(*camera.camera, settings), 0U) << path;
         const std::size_t differing = ZQSettings::Compare(settings, saved(camera)).size();
         const RegisterCount count(camera.port);
         const ZQRestoreReport report = restored(camera, settings);
