@@ -48,6 +48,7 @@ int runWindow(const CommandLine& options, int& argc, char** argv)
         const EndSignals signals;
         QObject::connect(&signals, &EndSignals::endWanted, &application, &QCoreApplication::quit);
         CameraWindows windows(options.level);
+        windows.setLive(options.isLive);
         if (options.namesCamera) {
             windows.open(options.choice);
         } else {

@@ -4,7 +4,9 @@
 
 #include <glib.h>
 
+#include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 
 namespace zqcameralib {
@@ -36,10 +38,29 @@ std::optional<std::string> readSettingsFile(const std::string& path, std::string
     return std::string(content, length);
 }
 
+namespace {
+
+/// Into what is no file of its own, as a pipe, nothing may be put in its place.
+bool writeInto(const std::string& path, const std::string& text, std::string& error)
+{
+    std::ofstream stream(path, std::ios::binary);
+    stream << text << std::flush;
+    error = stream.good() ? "" : path + ": " + g_strerror(errno);
+    return stream.good();
+}
+
+} // namespace
+
 bool writeSettingsFile(const std::string& path, const std::string& text, std::string& error)
 {
+    std::error_code none;
+    const auto target = std::filesystem::weakly_canonical(path, none); // behind a link
+    const std::string place = none ? path : target.string();
+    if (std::filesystem::exists(place, none) && !std::filesystem::is_regular_file(place, none)) {
+        return writeInto(path, text, error);
+    }
     GlibError problem;
-    const bool isDone = g_file_set_contents(path.c_str(), text.data(),
+    const bool isDone = g_file_set_contents(place.c_str(), text.data(),
                             static_cast<gssize>(text.size()), problem.out())
         != FALSE;
     error = isDone ? "" : problem.get()->message;

@@ -133,6 +133,47 @@ TEST(CommandLine, AReportTellsOfWhatIsThereAndOfWhatIsNot)
     EXPECT_EQ(bad.error, "zqviewer: missing.xml: no such file\n");
 }
 
+TEST(CommandLine, SettingsAreSavedLoadedAndCompared)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("a.zqs");
+    ASSERT_EQ(run({ "--save", file }).status, 0);
+    struct Case {
+        QStringList arguments;
+        int status;
+        const char *output, *error; ///< patterns
+    };
+    const QString other = folder.filePath("b.zqs");
+    ASSERT_EQ(run({ "--set", "Width=640", "--save", other }).status, 0);
+    const QString damaged = folder.filePath("c.zqs");
+    ASSERT_TRUE(QFile::copy(file, damaged));
+    QFile more(damaged);
+    ASSERT_TRUE(more.open(QFile::Append) && more.write("Width\n") > 0);
+    more.close();
+    for (const Case& c : std::vector<Case> { { { "--compare", file }, 0, "^$", "^$" },
+             { { "--set", "Width=640", "--compare", file }, 1, "^Width: 512 .*640", "^$" },
+             { { "--compare", file, other }, 1, "^Width: 512 .*640", "^$" },
+             { { "--compare", file, file }, 0, "^$", "^$" },
+             { { "--set", "Width=640", "--load", file, "--get", "Width" }, 0, "\n512\n$", "^$" },
+             { { "--set", "Width=640", "--load", file, "--dry-run", "--get", "Width" }, 0,
+                 "Width: would be written: 640 -> 512.*\n640\n$", "^$" },
+             { { "--load", damaged, "--get", "Width" }, 1, "^$", "c.zqs: line \\d+" },
+             { { "--load", folder.filePath("none") }, 1, "^$", "none" },
+             { { "--save", "/dev/full" }, 1, "^$", "/dev/full" },
+             { { "--dry-run" }, 1, "^$", "--dry-run goes with --load only" } }) {
+        const Result result = run(c.arguments);
+        const auto matches = [](const char* pattern, const QString& text) {
+            return QRegularExpression(pattern, QRegularExpression::DotMatchesEverythingOption)
+                .match(text)
+                .hasMatch();
+        };
+        const std::string words = c.arguments.join(' ').toStdString();
+        EXPECT_EQ(result.status, c.status) << words;
+        EXPECT_TRUE(matches(c.output, result.output)) << words << result.output.toStdString();
+        EXPECT_TRUE(matches(c.error, result.error)) << words << result.error.toStdString();
+    }
+}
+
 TEST(CommandLine, QtsOwnOptionsAreLeftToQt)
 {
     EXPECT_EQ(

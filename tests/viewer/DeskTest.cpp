@@ -6,16 +6,19 @@
 #include "images/LiveImage.h"
 #include "images/RegionOfInterest.h"
 #include "log/EventLog.h"
+#include "settings/SettingsMenu.h"
 #include "window/CameraWindows.h"
 
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QDialog>
 #include <QDir>
 #include <QDockWidget>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
 
@@ -161,6 +164,55 @@ TEST_F(Desk, TheLogTellsWhatTheCameraHoldsAndKeepsWhatIsFound)
     EXPECT_EQ(line(1), "Command|TimestampLatch|||Command run");
     m_viewer.child<QLineEdit>("logFilter")->setText(QStringLiteral("WIDTH written"));
     EXPECT_EQ(table->model()->rowCount(), 1);
+}
+
+TEST_F(Desk, SettingsAreSavedLoadedComparedAndTakenBack)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("a.zqs"));
+    auto& settings = *m_viewer.child<zqviewer::SettingsMenu>();
+    settings.save(file);
+    ASSERT_TRUE(waitFor([&] { return QFile::exists(file) && !settings.isRunning(); }));
+    const std::string exposure = value("ExposureTime");
+    m_viewer.edit("Width", "256");
+    m_viewer.edit("ExposureTime", "7000");
+    trigger("startImages"); // locks the width; it is written all the same
+    ASSERT_TRUE(waitFor([&] { return live().isRunning(); }));
+    settings.load(file);
+    EXPECT_TRUE(waitFor([&] { return value("Width") == "512" && live().isRunning(); }));
+    EXPECT_EQ(value("ExposureTime"), exposure);
+    trigger("stopImages");
+    trigger("takeBackSettings");
+    EXPECT_TRUE(waitFor([&] { return value("Width") == "256"; }));
+    EXPECT_EQ(value("ExposureTime"), "7000");
+
+    settings.compareWithFile(file);
+    ASSERT_TRUE(waitFor([&] { return m_viewer.child<QDialog>("comparison") != nullptr; }));
+    auto* comparison = m_viewer.child<QDialog>("comparison");
+    auto* model = comparison->findChild<QTableView*>()->model();
+    QStringList rows;
+    for (int row = 0; row < model->rowCount(); ++row) {
+        rows.append(
+            QStringLiteral("%1|%2|%3")
+                .arg(model->index(row, 0).data().toString(), model->index(row, 1).data().toString(),
+                    model->index(row, 2).data().toString()));
+        model->setData(model->index(row, 0),
+            rows.back().startsWith(QLatin1String("Width")) ? Qt::Checked : Qt::Unchecked,
+            Qt::CheckStateRole);
+    }
+    EXPECT_EQ(rows.join(QLatin1Char(';')).toStdString(),
+        "Width|512 px|256 px;ExposureTime|" + exposure + " us|7000 us");
+    comparison->findChild<QPushButton*>(QStringLiteral("putIntoSecond"))->click();
+    EXPECT_TRUE(waitFor([&] { return value("Width") == "512"; }));
+    EXPECT_EQ(value("ExposureTime"), "7000") << "was not chosen";
+
+    QFile damaged(file);
+    ASSERT_TRUE(damaged.open(QFile::Append));
+    damaged.write("Width 640\n");
+    damaged.close();
+    settings.load(file);
+    EXPECT_NE(m_viewer.words().find("a.zqs: line "), std::string::npos) << m_viewer.words();
+    EXPECT_EQ(value("ExposureTime"), "7000");
 }
 
 TEST(Desks, CamerasOfOneModelAreToldApartAndKeepTheirWordsToThemselves)

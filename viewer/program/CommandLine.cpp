@@ -73,6 +73,8 @@ struct Options {
         QStringLiteral("ID") };
     const QCommandLineOption readOnly { QStringLiteral("read-only"),
         QStringLiteral("With --camera: only look, and leave the control to other applications.") };
+    const QCommandLineOption live { QStringLiteral("live"),
+        QStringLiteral("Start the images as soon as the window is there.") };
     const QCommandLineOption get { QStringLiteral("get"),
         QStringLiteral(
             "Print the value of a feature on a line of its own, as its row shows it, "
@@ -244,9 +246,9 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
     parser.setApplicationDescription(
         QStringLiteral("Shows the features of a GenICam camera, changes them and runs commands."));
     parser.addOptions({ options.simulate, options.list, options.camera, options.readOnly,
-        options.get, options.set, options.run, options.frames, options.output, options.save,
-        options.load, options.dryRun, options.compare, options.level, options.dump, options.print,
-        options.report, options.screenshot });
+        options.live, options.get, options.set, options.run, options.frames, options.output,
+        options.save, options.load, options.dryRun, options.compare, options.level, options.dump,
+        options.print, options.report, options.screenshot });
     parser.addPositionalArgument(QStringLiteral("FILE.xml"),
         QStringLiteral("A GenICam description, as with --simulate=FILE.xml."),
         QStringLiteral("[FILE.xml]"));
@@ -278,6 +280,7 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
     result.choice.camera = parser.value(options.camera);
     result.choice.access = parser.isSet(options.readOnly) ? zqcameralib::CameraAccess::ReadOnly
                                                           : zqcameralib::CameraAccess::Control;
+    result.isLive = parser.isSet(options.live);
     result.list = parser.isSet(options.list);
     result.dump = parser.isSet(options.dump);
     result.print = parser.isSet(options.print);

@@ -30,6 +30,7 @@ struct CommandLine {
     QStringList compared;
     bool report = false; ///< print what a support engineer needs and exit
     std::optional<featurebrowser::TYPE_LEVEL> level; ///< none given: as it was last
+    bool isLive = false; ///< images start at once
     bool list = false; ///< print the cameras found and exit
     bool dump = false; ///< print the tree as JSON and exit
     bool print = false; ///< print the tree as readable text and exit

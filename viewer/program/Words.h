@@ -9,7 +9,8 @@ class Words {
     Q_DECLARE_TR_FUNCTIONS(zqviewer::Words)
 };
 
-/// Puts the words of the program, and Qt's own, into the language of the user. Needs a QApplication.
+/// Puts the words of the program, and Qt's own, into the language of the user. Needs a
+/// QApplication.
 void loadWords();
 
 } // namespace zqviewer

@@ -22,8 +22,9 @@ QString shown(const std::optional<ZQSettingsLine>& line)
         return ComparisonWindow::tr("(none)");
     }
     const QString value = QString::fromStdString(line->value);
-    return line->unit.empty() ? value
-                              : QStringLiteral("%1 %2").arg(value, QString::fromStdString(line->unit));
+    return line->unit.empty()
+        ? value
+        : QStringLiteral("%1 %2").arg(value, QString::fromStdString(line->unit));
 }
 
 } // namespace
@@ -78,10 +79,11 @@ QPushButton* ComparisonWindow::makePut(bool fromFirst)
     if (!target.isCamera && target.file.isEmpty()) {
         return nullptr;
     }
-    auto* button = new QPushButton(
-        target.isCamera ? tr("&Write chosen to the camera") : tr("&Put chosen into %1").arg(target.name),
+    auto* button = new QPushButton(target.isCamera ? tr("&Write chosen to the camera")
+                                                   : tr("&Put chosen into %1").arg(target.name),
         this);
-    button->setObjectName(fromFirst ? QStringLiteral("putIntoSecond") : QStringLiteral("putIntoFirst"));
+    button->setObjectName(
+        fromFirst ? QStringLiteral("putIntoSecond") : QStringLiteral("putIntoFirst"));
     button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, [this, fromFirst] { put(fromFirst); });
     return button;

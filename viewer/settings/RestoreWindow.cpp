@@ -74,8 +74,8 @@ QString RestoreWindow::summary(const ZQRestoreReport& report)
 RestoreWindow::RestoreWindow(ZQRestoreReport report, QWidget* parent)
     : QDialog(parent)
     , m_report(std::move(report))
-    , m_table(new SettingsTable({ tr("Feature"), tr("Wanted"), tr("Before"), tr("Now"),
-                                    tr("Outcome"), tr("Reason") },
+    , m_table(new SettingsTable(
+          { tr("Feature"), tr("Wanted"), tr("Before"), tr("Now"), tr("Outcome"), tr("Reason") },
           this))
 {
     setAttribute(Qt::WA_DeleteOnClose);

@@ -128,8 +128,9 @@ void SettingsMenu::fillRecent(QMenu& menu)
 {
     menu.clear();
     for (const QString& file : recentFiles()) {
-        QAction* action = menu.addAction(nameOf(file).replace(QLatin1Char('&'), QLatin1String("&&")),
-            this, [this, file] { load(file); });
+        QAction* action
+            = menu.addAction(nameOf(file).replace(QLatin1Char('&'), QLatin1String("&&")), this,
+                [this, file] { load(file); });
         action->setToolTip(file);
     }
     menu.setToolTipsVisible(true);
@@ -162,12 +163,11 @@ void SettingsMenu::fillUserSets(QMenu& menu)
     for (const std::string& name : ZQUserSet::Names(m_camera.camera())) {
         const QString set = QString::fromStdString(name);
         QMenu* actions = menu.addMenu(set);
-        actions->addAction(
-            tr("&Load\u2026"), this, [this, set] { runUserSet(set, Action::Load); });
-        actions->addAction(
-            tr("&Save the settings of now into it\u2026"), this, [this, set] { runUserSet(set, Action::Save); });
-        actions->addAction(
-            tr("&Compare with now\u2026"), this, [this, set] { runUserSet(set, Action::LookInto); });
+        actions->addAction(tr("&Load\u2026"), this, [this, set] { runUserSet(set, Action::Load); });
+        actions->addAction(tr("&Save the settings of now into it\u2026"), this,
+            [this, set] { runUserSet(set, Action::Save); });
+        actions->addAction(tr("&Compare with now\u2026"), this,
+            [this, set] { runUserSet(set, Action::LookInto); });
     }
     if (menu.isEmpty()) {
         menu.addAction(tr("The camera keeps none"))->setEnabled(false);
@@ -203,8 +203,8 @@ void SettingsMenu::chooseAndLoad()
 
 void SettingsMenu::chooseAndCompare()
 {
-    const QString file = QFileDialog::getOpenFileName(
-        m_window, tr("Compare with a file"), {}, fileFilter());
+    const QString file
+        = QFileDialog::getOpenFileName(m_window, tr("Compare with a file"), {}, fileFilter());
     if (!file.isEmpty()) {
         compareWithFile(file);
     }
@@ -235,17 +235,19 @@ void SettingsMenu::save(const QString& file)
 void SettingsMenu::write(const QString& file, const Settings& settings)
 {
     std::string error;
-    const bool isWritten = Settings::WriteFile(
-        QFile::encodeName(file).toStdString(), settings.toText(), error);
+    const bool isWritten
+        = Settings::WriteFile(QFile::encodeName(file).toStdString(), settings.toText(), error);
     if (!isWritten) {
         Q_EMIT told(false, QString::fromStdString(error));
         return;
     }
     remembered(file);
     const int leftOut = static_cast<int>(settings.leftOut().size());
-    QString text = tr("%n setting(s) saved in %1", nullptr, static_cast<int>(settings.lines().size()))
-                       .arg(nameOf(file));
-    text += leftOut > 0 ? tr("; the file names %n left out.", nullptr, leftOut) : QStringLiteral(".");
+    QString text
+        = tr("%n setting(s) saved in %1", nullptr, static_cast<int>(settings.lines().size()))
+              .arg(nameOf(file));
+    text += leftOut > 0 ? tr("; the file names %n left out.", nullptr, leftOut)
+                        : QStringLiteral(".");
     Q_EMIT told(true, text);
 }
 
@@ -271,7 +273,8 @@ void SettingsMenu::restore(const Settings& settings, const QString& what)
         m_images.stop(); // they lock what is to be written
     }
     m_task.run(std::make_unique<ZQSettingsRestoring>(m_camera.camera(), settings),
-        tr("Restoring the settings\u2026"), [this, what, wasRunning](Task& task, Task::State state) {
+        tr("Restoring the settings\u2026"),
+        [this, what, wasRunning](Task& task, Task::State state) {
             restored(task, state, what);
             if (wasRunning) {
                 m_images.start();
@@ -387,8 +390,8 @@ void SettingsMenu::runUserSet(const QString& set, ZQUserSet::Action action)
     if (action != Action::Save) {
         m_images.stop();
     }
-    m_task.run(std::make_unique<ZQUserSet>(m_camera.camera(), set.toStdString(), action),
-        set, [this, set, action](Task& task, Task::State state) {
+    m_task.run(std::make_unique<ZQUserSet>(m_camera.camera(), set.toStdString(), action), set,
+        [this, set, action](Task& task, Task::State state) {
             auto& work = static_cast<ZQUserSet&>(task);
             Q_EMIT changed();
             if (state != Task::State::Done) {
@@ -412,8 +415,8 @@ using featurebrowser::FeatureItem;
 bool isSetting(const FeatureItem& item)
 {
     return item.type != featurebrowser::FEATURE_CATEGORY
-        && item.type != featurebrowser::FEATURE_COMMAND && !item.isSelector
-        && item.displayFlag != 0 && item.accessMode == featurebrowser::ACCESS_READ_WRITE
+        && item.type != featurebrowser::FEATURE_COMMAND && !item.isSelector && item.displayFlag != 0
+        && item.accessMode == featurebrowser::ACCESS_READ_WRITE
         && item.name.rfind("Gev", 0) != 0; // of the connection, which is another one now
 }
 
@@ -431,8 +434,8 @@ ZQSettings shownSettings(OpenedCamera& camera)
         const bool isChoice = item->type == featurebrowser::FEATURE_ENUMERATION
             || item->type == featurebrowser::FEATURE_BOOLEAN;
         line.value = isChoice ? camera.shown(item->name.c_str()).toStdString() : item->valueText;
-        const QStringList selectors
-            = QString::fromStdString(item->selectorParent).split(QLatin1Char(','), Qt::SkipEmptyParts);
+        const QStringList selectors = QString::fromStdString(item->selectorParent)
+                                          .split(QLatin1Char(','), Qt::SkipEmptyParts);
         for (const QString& selector : selectors) {
             const std::string name = selector.trimmed().toStdString();
             line.selectors.push_back({ name, camera.shown(name.c_str()).toStdString() });

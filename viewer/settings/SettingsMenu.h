@@ -61,7 +61,8 @@ private:
     void remember();
     void takeBack();
     /// The camera's settings, all or those that `lines` name.
-    void read(const QString& words, const Settings* lines, const std::function<void(Settings)>& then);
+    void read(
+        const QString& words, const Settings* lines, const std::function<void(Settings)>& then);
     void compareWithCamera(SettingsMenu& other);
     void show(ComparedSettings first, ComparedSettings second);
     void restore(const Settings& settings, const QString& what);

@@ -53,7 +53,8 @@ SettingsTable::SettingsTable(const QStringList& headings, QWidget* parent)
     layout->addWidget(m_filter);
     layout->addWidget(m_table, 1);
     connect(copyLines, &QAction::triggered, this, &SettingsTable::copy);
-    connect(m_filter, &QLineEdit::textChanged, &m_shown, &QSortFilterProxyModel::setFilterFixedString);
+    connect(
+        m_filter, &QLineEdit::textChanged, &m_shown, &QSortFilterProxyModel::setFilterFixedString);
     connect(&m_model, &QStandardItemModel::itemChanged, this, &SettingsTable::checksChanged);
 }
 

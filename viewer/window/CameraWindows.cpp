@@ -1,5 +1,7 @@
 #include "window/CameraWindows.h"
 
+#include "images/ImagePane.h"
+#include "images/LiveImage.h"
 #include "log/EventLog.h"
 #include "opening/OpeningWindow.h"
 #include "opening/StartPage.h"
@@ -127,6 +129,9 @@ void CameraWindows::show(std::unique_ptr<OpenedCamera> camera, const CameraChoic
     }
     m_desks.push_back(std::move(desk));
     raise(*window);
+    if (m_isLive) {
+        window->images().live().start();
+    }
     if (m_start) {
         m_start->hide();
     }

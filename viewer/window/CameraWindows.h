@@ -32,6 +32,8 @@ public:
     void showStartPage();
     /// Beside the user. A real camera that is open already is brought to the front.
     void open(const CameraChoice& choice);
+    /// Images of cameras that are opened from now on start by themselves.
+    void setLive(bool isLive) { m_isLive = isLive; }
 
 private:
     struct Desk {
@@ -55,6 +57,7 @@ private:
     std::vector<std::unique_ptr<OpeningWindow>> m_openings;
     std::vector<std::unique_ptr<Desk>> m_desks;
     bool m_hasOpened = false; ///< any camera
+    bool m_isLive = false;
 };
 
 } // namespace zqviewer

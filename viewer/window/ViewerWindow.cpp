@@ -198,7 +198,7 @@ void ViewerWindow::makeCameraMenu()
     reload->setShortcut(QKeySequence::Refresh);
     m_reconnect = menu->addAction(tr("&Reconnect"), this, [this] { m_keeper->reconnect(); });
     m_reconnect->setEnabled(false);
-    QAction* byItself = menu->addAction(tr("Reconnect &by itself"));
+    QAction* byItself = menu->addAction(tr("Reconnect a&utomatically"));
     byItself->setObjectName(QStringLiteral("reconnectByItself"));
     byItself->setCheckable(true);
     byItself->setChecked(m_memory == nullptr || m_memory->reconnectsByItself());
