@@ -88,7 +88,7 @@ void ZQCamera::Impl::endAcquisition()
         return;
     }
     const Feature* stop = feature("AcquisitionStop");
-    if (stop != nullptr && stop->type == featurebrowser::FEATURE_COMMAND && stop->isUsable()) {
+    if (stop != nullptr && stop->type == featurebrowser::FEATURE_COMMAND) {
         (void)nodes().execute(stop->index); // one that was restarted has none to stop
     }
     setGrabbing(false);

@@ -233,7 +233,7 @@ void inherit(AccessConditions& conditions, const AccessConditions& category)
 
 bool Feature::isUsable() const
 {
-    return type != FEATURE_CATEGORY && !node->isBroken();
+    return !node->isBroken();
 }
 
 bool Feature::isReadable() const

@@ -144,7 +144,7 @@ bool NodeMap::isFalling(std::size_t converter, const Limits& raw, const Limits& 
     // One end is known: the value beside it shows the direction.
     const bool isAtTop = converted.maximum.has_value();
     const Number& end = isAtTop ? *raw.maximum : *raw.minimum;
-    const double beside = end.asReal() + (isAtTop ? -1.0 : 1.0) * (end.isReal ? 1e-3 : 1.0);
+    const double beside = end.asReal() + (isAtTop ? -1e-3 : 1e-3);
     const auto next = static_cast<std::int64_t>(
         static_cast<std::uint64_t>(end.integer) + (isAtTop ? -1ULL : 1ULL));
     const Number probe = end.isReal ? Number::of(beside) : Number::of(next);

@@ -196,11 +196,7 @@ Result<Number> NodeMap::onGrid(std::size_t index, const Number& value)
     if (grid.holds(*nearest)) {
         return Number::of(*nearest);
     }
-    const RegisterPort::FailureScope failures(m_port);
     const Result<Number> present = number(index);
-    if (failures.hasFailed()) {
-        return failures.status();
-    }
     const bool isPresent = present.isOk() && present.value().integer == *nearest;
     return isPresent ? present : Number::of(grid.nearest(value.asReal()));
 }

@@ -45,8 +45,7 @@ void store(const RegisterFacts& facts, std::uint64_t word, std::uint8_t* bytes, 
 
 bool holdsInteger(const RegisterFacts& facts, std::size_t length)
 {
-    return length >= 1 && length <= 8
-        && (!facts.isBitField || std::max(facts.lsb, facts.msb) < 8 * length);
+    return length >= 1 && (!facts.isBitField || std::max(facts.lsb, facts.msb) < 8 * length);
 }
 
 bool holdsReal(std::size_t length)

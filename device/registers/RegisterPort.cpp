@@ -229,10 +229,7 @@ RegisterPort::Pass::Pass(RegisterPort& port)
 
 RegisterPort::Pass::~Pass()
 {
-    // What a pass has read may be older than a snapshot's usual life.
-    if (--m_port.m_passes == 0 && m_port.snapshotExpired()) {
-        m_port.clearSnapshot();
-    }
+    --m_port.m_passes;
 }
 
 } // namespace zqcameralib
