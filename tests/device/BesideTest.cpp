@@ -189,7 +189,12 @@ TEST_F(Beside, ALoadWithoutTimeGoesOnWithTheNext)
 TEST_F(Beside, WhatThereWasNoTimeForIsReadAlone)
 {
     ASSERT_EQ(m_repository.Load(), STATUS_OK);
+    EXPECT_EQ(m_repository.UpdateFeatureStates(), STATUS_OK);
     EXPECT_FALSE(m_repository.HasOutstanding());
+    m_tardy.slow = 0;
+    m_camera->impl().port().invalidate();
+    EXPECT_EQ(m_repository.UpdateFeatureStates(), cameraSlow);
+    EXPECT_TRUE(m_repository.HasOutstanding());
     m_repository.Clear();
     m_repository.Clear(); // what was known is kept
     m_tardy.slow = 4;
@@ -217,6 +222,8 @@ TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
     ASSERT_EQ(m_repository.Load(), STATUS_OK);
     m_tardy.lost = true;
     EXPECT_EQ(m_repository.UpdateFeatureStates(), cameraLost);
+    EXPECT_EQ(read("A"), failed);
+    EXPECT_EQ(value("A"), "1"); // as last known
     EXPECT_EQ(m_repository.Load(), cameraLost);
     EXPECT_FALSE(m_repository.isLoaded());
     EXPECT_EQ(state("A"), FEATURE_READ_FAILED);
@@ -237,10 +244,19 @@ TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
     EXPECT_EQ(task->progress().step, "Reading the features");
     EXPECT_EQ(m_repository.Load(), STATUS_OK);
     EXPECT_EQ(values(), " 3 ");
-    m_tardy.number = 2;
-    std::string error;
-    EXPECT_TRUE(m_camera->reconnect(error)) << error;
-    EXPECT_EQ(values(), ""); // nothing of the one before
+    const auto last = m_repository.GetFeature("Z");
+    for (const auto& isForgotten : std::vector<std::function<bool()>> {
+             [&] { return !m_repository.isLoaded(); }, [&] { return values().empty(); },
+             [&] { return m_repository.GetFeature("Z") == nullptr; },
+             [&] { return m_repository.GetInvalidatedFeatures("Y").empty(); },
+             [&] { return m_repository.UpdateFeatureStates() == notLoaded; },
+             [&] { return !m_repository.ReadFeature(last); } }) {
+        std::string error;
+        ++m_tardy.number;
+        EXPECT_TRUE(m_camera->reconnect(error)) << error;
+        EXPECT_TRUE(isForgotten()) << m_tardy.number;
+        EXPECT_EQ(m_repository.Load(), STATUS_OK);
+    }
     const auto again = m_device.ReconnectBeside();
     EXPECT_EQ(again->poll(), State::Running);
     m_tardy.lost = true;

@@ -50,6 +50,24 @@ std::string nested(int count)
     }) + "<Formula>E0</Formula>");
 }
 
+std::string expressionOf(int i, const std::string& formula)
+{
+    return node("Expression", "E" + std::to_string(i), formula);
+}
+
+/// A formula of expressions each of which takes the one before twice.
+std::string sums(int count)
+{
+    return named("IntSwissKnife",
+        expressionOf(0, "1")
+            + repeated(count,
+                [](int i) {
+                    const std::string last = "E" + std::to_string(i);
+                    return expressionOf(i + 1, last + "+" + last);
+                })
+            + "<Formula>E" + std::to_string(count) + "</Formula>");
+}
+
 const std::string blanks(19998, '\n');
 
 TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
@@ -97,6 +115,13 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
             noName },
         { named("SwissKnife", "<Constant>1</Constant><Formula>1</Formula>"), noName },
         { named("SwissKnife", "<Expression>1</Expression><Formula>1</Formula>"), noName },
+        { named("SwissKnife", "<Formula>1 +</Formula>"),
+            "its formula is wrong: it ends too early" },
+        { sums(14), "" }, { sums(15), "it takes too long to evaluate" },
+        { named("SwissKnife",
+              repeated(60, [](int i) { return expressionOf(i, "1"); }) + "<Formula>0"
+                  + repeated(60, [](int i) { return "+E" + std::to_string(i); }) + "</Formula>"),
+            "" },
         { nested(50), "" }, { nested(51), "its expressions are nested too deeply" },
         { named("Converter",
               "<pValue>L</pValue><FormulaTo>No</FormulaTo><FormulaFrom>TO</FormulaFrom>")

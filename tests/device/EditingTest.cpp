@@ -26,6 +26,8 @@ const std::string nodes = intReg("Reg", 0) + reg("FloatReg", "FReg", 4, "<Length
     + intReg("Unset", 72, "<pIsAvailable>NoInputs</pIsAvailable>")
     + intReg("Held", 76, "<pIsLocked>Inputs</pIsLocked>")
     + intReg("Sealed", 80, "<pIsLocked>Always</pIsLocked>")
+    + reg("StringReg", "Vague", 88, "<pLength>Quotient</pLength>")
+    + intReg("Astray", 88, "<pAddress>Quotient</pAddress>")
     + intReg("Either", 84, "<pIsLocked>One</pIsLocked>") + knife("IntSwissKnife", "Never", {}, "0")
     + knife("IntSwissKnife", "Always", {}, "1")
     + knife("IntSwissKnife", "Quotient", { "Never" }, "1/Never")
@@ -46,7 +48,8 @@ const std::string nodes = intReg("Reg", 0) + reg("FloatReg", "FReg", 4, "<Length
 <Float Name="Whole"><pValue>Tens</pValue><Min>0</Min><Max>1e300</Max></Float>
 <Float Name="Big"><pValue>Single</pValue><Max>1e300</Max></Float>
 <Float Name="Level"><pValue>ReadOnly</pValue></Float>
-<Integer Name="Bound"><pValue>Reg</pValue><pMax>ReadOnly</pMax></Integer>
+<Integer Name="Picked"><pIndex>Quotient</pIndex><pValueIndexed Index="0">Reg</pValueIndexed>
+</Integer><Integer Name="Bound"><pValue>Reg</pValue><pMax>ReadOnly</pMax></Integer>
 <Float Name="Limitless"><pValue>FReg</pValue><pMax>Quotient</pMax></Float>
 <Boolean Name="Far"><pValue>Narrow</pValue><OnValue>256</OnValue></Boolean>
 <Boolean Name="Bool"><pValue>BoolReg</pValue></Boolean>
@@ -67,7 +70,7 @@ const char* const members
     = "Int Set Wide Float Text Bool Enum Run AcquisitionStart "
       "AcquisitionStop ReadOnly WriteOnly Streaming Absent Rate Tenfold Step Whole Big Over Broken "
       "Fixed Nil Bytes Chunk Odd Twins Quotient Unset Held Sealed Mode Level Flag Stuck Either "
-      "TLParamsLocked Bound Limitless Far";
+      "TLParamsLocked Bound Limitless Far Vague Astray Picked";
 
 struct Refusal {
     const char* name;
@@ -97,6 +100,16 @@ const auto get = [](TestCamera& camera, const char* name) {
     return value == 5 ? code : STATUS_OK; // left alone
 };
 
+const auto getReal = [](TestCamera& camera, const char* name) {
+    double value = 5.0;
+    const int code = camera.device.GetFloatValue(name, &value);
+    return value == 5.0 ? code : STATUS_OK;
+};
+const auto getState = [](TestCamera& camera, const char* name) {
+    bool value = false;
+    return camera.device.GetBooleanValue(name, &value);
+};
+
 TEST(Writes, AreRefusedWithCodeAndSentenceBeforeAnythingIsSent)
 {
     TestCamera camera(members, nodes);
@@ -124,6 +137,14 @@ TEST(Writes, AreRefusedWithCodeAndSentenceBeforeAnythingIsSent)
             "256 cannot be written, it is converted into 256, which its register does not hold" },
         { "Int", check, wrongKind, "holds another kind of value" },
         { "Int", run, wrongKind, "holds another kind of value" },
+        { "Int", getReal, wrongKind, "holds another kind of value" },
+        { "Int", getState, wrongKind, "holds another kind of value" },
+        { "Main", set(1), wrongKind, "holds another kind of value" },
+        { "Vague", set("a"), notEvaluable,
+            "its limits cannot be told, its formula divides by zero now" },
+        { "Picked", set(1), notEvaluable,
+            "its limits cannot be told, its formula divides by zero now" },
+        { "Astray", set(1), notEvaluable, "its formula divides by zero now" },
         { "Nothing", set(1), unknownFeature, "the camera has no such feature" },
         { nullptr, set(1), unknownFeature, "the camera has no such feature" },
         { "Broken", set(1), notReadable, "cannot be used, it has no value" },
@@ -250,13 +271,16 @@ TEST(Commands, AreWaitedForUntilTheirRegisterSaysDone)
 {
     for (const auto& [looks, value] : { std::pair(3, "<pCommandValue>One</pCommandValue>"),
              { 0, "<CommandValue>1</CommandValue>" } }) {
-        const std::string busy = TestCamera::description("AcquisitionStart Zero",
+        const std::string busy = TestCamera::description("AcquisitionStart Zero Kept Blind",
             node("Command", "AcquisitionStart", std::string("<pValue>R</pValue>") + value)
                 + node("Integer", "One", "<Value>1</Value>") + command("Zero", "R", "0")
-                + intReg("R", 0));
+                + command("Kept", "One", "1") + command("Blind", "W", "1")
+                + intReg("W", 8, "<AccessMode>WO</AccessMode>") + intReg("R", 0));
         TestCamera camera(openSimulated(busy, std::make_unique<Busy>(looks)));
         EXPECT_EQ(camera.device.ExecuteCommand("AcquisitionStart", 0), STATUS_OK);
         EXPECT_EQ(camera.device.ExecuteCommand("Zero", 1), STATUS_OK); // a zero cannot go
+        EXPECT_EQ(camera.device.ExecuteCommand("Kept", 1), STATUS_OK); // nor what no camera has
+        EXPECT_EQ(camera.device.ExecuteCommand("Blind", 1), STATUS_OK); // or lets nobody see
         EXPECT_EQ(camera.port.reads(), 0U);
         EXPECT_EQ(camera.device.ExecuteCommand("AcquisitionStart", 1),
             looks == 0 ? commandTimeout : STATUS_OK);
@@ -323,6 +347,16 @@ TEST(Acquisition, StartsWhereTheStartIsFreedByTheLockOfTheRest)
         EXPECT_EQ(camera.device.ExecuteCommand("AcquisitionStart", 0), status) << lock;
         EXPECT_EQ(camera.device.IsGrabbing(), status == STATUS_OK ? 1 : 0) << lock;
     }
+}
+
+TEST(Acquisition, TakesNoTextForItsLock)
+{
+    TestCamera camera("AcquisitionStart TLParamsLocked",
+        command("AcquisitionStart", "R", "1") + intReg("R", 8)
+            + reg("StringReg", "TLParamsLocked", 0));
+    EXPECT_EQ(camera.set("TLParamsLocked", "text"), STATUS_OK);
+    EXPECT_EQ(camera.device.ExecuteCommand("AcquisitionStart", 0), STATUS_OK);
+    EXPECT_EQ(camera.read("TLParamsLocked"), "text");
 }
 
 TEST(ErrorText, EveryCodeHasANameAndASentence)

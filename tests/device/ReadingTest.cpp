@@ -25,8 +25,9 @@ TEST(FeatureListing, EachNameOnceInTreeOrderInsideACategory)
 
 TEST(FeatureListing, NotImplementedIsLeftOutAndNotAvailableIsListedAsSuch)
 {
-    TestCamera camera("A B C D",
-        node("Category", "D", "<pIsImplemented>Never</pIsImplemented><pFeature>In</pFeature>")
+    TestCamera camera("A E B C D",
+        node("Category", "E", "<pFeature>A</pFeature>")
+            + node("Category", "D", "<pIsImplemented>Never</pIsImplemented><pFeature>In</pFeature>")
             + intReg("In", 12) + intReg("A", 0, element("pIsImplemented", "Never"))
             + intReg("B", 4, element("pIsAvailable", "Never")) + intReg("C", 8)
             + knife("IntSwissKnife", "Never", {}, "0"));
@@ -151,6 +152,8 @@ const std::vector<ValueCase> valueCases {
     { "imposed access", overR("Integer", "<ImposedAccessMode>RO</ImposedAccessMode>"),
         { 0, 0, 0, 1 }, "1 1 RO 0..4294967295/1" },
     { "no access at all", overR("Integer", "", "<AccessMode>NA</AccessMode>"), {}, " 0 NA 0..0/0" },
+    { "not implemented at all", overR("Integer", "", "<AccessMode>NI</AccessMode>"), {},
+        " 0 NA 0..0/0" },
     { "accesses that exclude each other",
         overR("Integer", "<ImposedAccessMode>WO</ImposedAccessMode>", readOnly), {},
         " 0 NA 0..0/0" },
@@ -249,6 +252,7 @@ TEST(Load, ReadsEachRegisterOnceAndItsRecordsNotAgain)
 
     EXPECT_GT(all, read.size());
     EXPECT_EQ(camera.port.reads() - before, read.size());
+    camera.repository.UpdateFeatureStates();
     read.clear();
     camera.read("Width");
     EXPECT_FALSE(read.empty()); // asked once more

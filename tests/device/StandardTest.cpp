@@ -93,6 +93,12 @@ const std::vector<Meaning> meanings {
         ofR("IntSwissKnife", node("pVariable", "X.Max", "I") + "<Formula>X.Max</Formula>")
             + limited,
         7, "90 1 RO" },
+    { "limit that a variable has not",
+        ofX("IntSwissKnife", "X.Max", "N") + node("Integer", "N", "<Value>4</Value>"), 0, unread },
+    { "increment that a variable has not",
+        ofX("IntSwissKnife", "X.Inc", "N") + node("Integer", "N", "<Value>4</Value>"), 0,
+        "1 1 RO" },
+    { "limit by an entry", overR("Integer", "<pMax>Mode</pMax>") + mode, 5, "5 1 RW 0..5/1" },
     { "entry of a variable", ofX("IntSwissKnife", "(X = X.Enum.On) + 10*X.Entry.On", "Mode") + mode,
         5, "51 1 RO" },
     { "entry that there is not", ofX("IntSwissKnife", "X.Enum.No", "Mode") + mode, 5, unread },
@@ -138,6 +144,8 @@ const std::vector<Meaning> meanings {
     { "source that another index chooses", indexed(oneIsReadOnly), 2, "2 1 RW" },
     { "what can only be read, from a source that can only be read",
         indexed(oneIsReadOnly, "<ImposedAccessMode>RO</ImposedAccessMode>"), 1, "0 1 RO" },
+    { "one source of two indices can only be read",
+        indexed(oneIsReadOnly, "<pValueIndexed Index=\"2\">One</pValueIndexed>"), 2, "0 1 RO" },
     { "source that an index chooses is not there",
         indexed("<pIsAvailable>Zero</pIsAvailable>") + zero, 1, " 0 NA" },
     { "a formula can be read as what it reads",
@@ -260,6 +268,8 @@ const std::string raw
     = node("Integer", "R", "<pValue>Reg</pValue><Min>10</Min><Max>90</Max><Inc>8</Inc>")
     + intReg("Reg", 0);
 const std::string stepped = overR("Float", "<Min>1</Min><Max>9</Max><Inc>0.1</Inc>");
+const std::string fine = node("Float", "F", "<pValue>D</pValue><Min>0</Min><Inc>0.1</Inc>")
+    + reg("FloatReg", "D", 0, "<Length>8</Length>");
 const std::string overCheck = node("Float", "F", "<pValue>Check</pValue>") + check + intReg("R", 0);
 
 std::string inEights(const std::string& access)
@@ -288,6 +298,9 @@ const std::vector<Write> writes {
     { "and no half", overCheck, 5, 0.5, notConvertible, 5 },
     { "takes a value of the float's grid", stepped, 0, 1.7, STATUS_OK, 2 },
     { "and no other", stepped, 5, 1.75, ERROR_VALUE_NOT_ON_INCREMENT, 5 },
+    { "between two values of a grid, however far", fine, 0, 500000.05, ERROR_VALUE_NOT_ON_INCREMENT,
+        0 },
+    { "on it as far as doubles can tell", fine, 0, 100000000000.1, STATUS_OK, 0x76 },
     { "writes back what lies beside the grid", inEights(""), 13, 13, STATUS_OK, 13 },
     { "and nothing else beside it", inEights(""), 13, 14, ERROR_VALUE_NOT_ON_INCREMENT, 13 },
     { "nor what cannot be read", inEights("<AccessMode>WO</AccessMode>"), 13, 13,
