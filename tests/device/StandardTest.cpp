@@ -327,13 +327,16 @@ TEST(Standard, SaysWhatReachesTheRegister)
 
 TEST(Standard, LimitsOfConvertersFollowTheirSlope)
 {
-    const auto limits = [](const std::string& more, const std::string& from) {
+    const std::string range = "<pValue>R</pValue><Min>0</Min><Max>50</Max>";
+    const auto limits = [&](const std::string& more, const std::string& from,
+                            const std::string& behind = {}) {
         TestCamera camera("F",
             node("Converter", "F",
                 "<pValue>I</pValue><FormulaTo>FROM</FormulaTo>" + element("FormulaFrom", from)
                     + more)
-                + node("Integer", "I", "<pValue>R</pValue><Min>0</Min><Max>50</Max>")
-                + intReg("R", 0));
+                + (behind.empty() ? node("Integer", "I", range) + intReg("R", 0)
+                                  : node("Float", "I", "<pValue>R</pValue>" + behind)
+                            + reg("FloatReg", "R", 0)));
         EXPECT_TRUE(camera.port.write({ 0, 4 }, toBigEndian(std::uint32_t(20)).data()).isOk());
         camera.read("F");
         return std::pair(camera.item("F").floatMin, camera.item("F").floatMax);
@@ -347,6 +350,11 @@ TEST(Standard, LimitsOfConvertersFollowTheirSlope)
     EXPECT_EQ(limits("<Slope>Increasing</Slope>", "100 / (50 - TO)"), std::pair(2.0, DBL_MAX));
     EXPECT_EQ(limits("", "100 / (50 - TO)"), std::pair(2.0, DBL_MAX));
     EXPECT_EQ(limits("", "100 / (TO - 50)"), std::pair(-DBL_MAX, -2.0));
+    // What any float fits into limits nothing.
+    EXPECT_EQ(limits("", "TO * 2", "<Min>1</Min>"), std::pair(2.0, DBL_MAX));
+    EXPECT_EQ(limits("", "10 - TO", "<Min>1</Min>"), std::pair(-DBL_MAX, 9.0));
+    EXPECT_EQ(limits("", "10 - TO", "<Max>4</Max>"), std::pair(6.0, DBL_MAX));
+    EXPECT_EQ(limits("", "TO * 2", "<Max>4</Max>"), std::pair(-DBL_MAX, 8.0));
 }
 
 TEST(Standard, CopiesAndBooleansAreWrittenThrough)
