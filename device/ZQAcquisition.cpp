@@ -1,6 +1,7 @@
 #include "featurebrowser/ZQAcquisition.h"
 
 #include "acquisition/Acquisition.h"
+#include "acquisition/PacketTask.h"
 #include "acquisition/StartTask.h"
 #include "base/StatusCodes.h"
 
@@ -31,7 +32,7 @@ ZQAcquisition::~ZQAcquisition()
 
 int ZQAcquisition::start(FrameHandler handler, int buffers)
 {
-    return m_impl->start(std::move(handler), buffers, startLimit);
+    return m_impl->startForUser(std::move(handler), buffers, startLimit);
 }
 
 std::unique_ptr<ZQCameraTask> ZQAcquisition::StartBeside(FrameHandler handler, int buffers)
@@ -39,11 +40,16 @@ std::unique_ptr<ZQCameraTask> ZQAcquisition::StartBeside(FrameHandler handler, i
     Impl* impl = m_impl.get();
     StartTask::Steps steps;
     steps.goOn = [impl, handle = std::move(handler), buffers] {
-        return impl->start(handle, buffers, std::chrono::milliseconds(0));
+        return impl->startForUser(handle, buffers, std::chrono::milliseconds(0));
     };
     steps.giveUp = [impl] { impl->giveUp(); };
     steps.error = [impl] { return impl->state().lastError(); };
     return std::make_unique<StartTask>(impl->camera(), std::move(steps));
+}
+
+std::unique_ptr<ZQCameraTask> ZQAcquisition::FindPacketSettings(double framesPerSecond)
+{
+    return std::make_unique<PacketTask>(*m_impl, framesPerSecond);
 }
 
 int ZQAcquisition::stop()
@@ -58,8 +64,7 @@ bool ZQAcquisition::isRunning() const
 
 ZQFrameCounters ZQAcquisition::counters() const
 {
-    const AcquisitionState& state = m_impl->state();
-    return { state.delivered, state.incomplete, state.lost };
+    return m_impl->state().counters();
 }
 
 std::string ZQAcquisition::lastError() const

@@ -25,14 +25,27 @@ int ZQAcquisition::Impl::start(FrameHandler handler, int buffers, std::chrono::m
         return succeed();
     }
     if (m_delivery) {
-        stop(); // what has ended by itself
+        stopImages(); // what has ended by itself
     }
     const CallScope call(backend());
     prepare(std::move(handler), std::clamp(buffers, 2, 1000));
     return advance(Clock::now() + limit);
 }
 
+int ZQAcquisition::Impl::startForUser(
+    FrameHandler handler, int buffers, std::chrono::milliseconds limit)
+{
+    return m_isMeasuring ? fail({ noImage, "no image can be acquired: packets are being measured" })
+                         : start(std::move(handler), buffers, limit);
+}
+
 int ZQAcquisition::Impl::stop()
+{
+    m_isMeasuring = false;
+    return stopImages();
+}
+
+int ZQAcquisition::Impl::stopImages()
 {
     giveUp();
     if (!m_delivery) {

@@ -24,13 +24,25 @@ public:
     {
     }
 
-    /// As ZQAcquisition::start, waiting at most `limit`.
+    /// As ZQAcquisition::start, waiting at most `limit`; also while packets are measured.
     int start(FrameHandler handler, int buffers, std::chrono::milliseconds limit);
+    /// The same for the user, who is refused then.
+    int startForUser(FrameHandler handler, int buffers, std::chrono::milliseconds limit);
+    /// Ends the images and a measuring.
     int stop();
+    int stopImages();
     /// Ends a start that is on its way.
     void giveUp();
     const zqcameralib::AcquisitionState& state() const { return m_state; }
     zqcameralib::ZQCamera::Impl& camera() { return m_camera.impl(); }
+    ICameraDevice& device() { return m_device; }
+
+    /// Whether images are acquired, or about to be.
+    bool isBusy() const { return m_delivery || m_starting || m_isMeasuring; }
+    /// Keeps the acquisition for measuring packets until that, or the images, are ended.
+    bool beginMeasuring() { return m_isMeasuring = true; }
+    void endMeasuring() { m_isMeasuring = false; }
+    bool isMeasuring() const { return m_isMeasuring; }
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -66,6 +78,7 @@ private:
     std::unique_ptr<Starting> m_starting;
     /// There from a successful start until stop().
     std::unique_ptr<zqcameralib::FrameDelivery> m_delivery;
+    bool m_isMeasuring = false;
 };
 
 } // namespace featurebrowser

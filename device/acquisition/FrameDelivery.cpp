@@ -40,6 +40,20 @@ void AcquisitionState::write(std::string& member, std::string text)
     member = std::move(text);
 }
 
+featurebrowser::ZQFrameCounters AcquisitionState::counters() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const FrameTroubles& of = m_troubles;
+    return { delivered, incomplete, lost, of.underruns, of.gaps, of.resendRequests,
+        of.resentPackets, of.missingPackets, of.wrongSize, of.aborted };
+}
+
+void AcquisitionState::setTroubles(const FrameTroubles& troubles)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_troubles = troubles;
+}
+
 FrameDelivery::FrameDelivery(std::unique_ptr<FrameSource> source, const ImageFormat& format,
     Handler handler, AcquisitionState& state)
     : m_source(std::move(source))
@@ -50,6 +64,7 @@ FrameDelivery::FrameDelivery(std::unique_ptr<FrameSource> source, const ImageFor
     , m_complainAt(Clock::now() + m_patience)
 {
     m_state.delivered = m_state.incomplete = m_state.lost = 0;
+    m_state.setTroubles({});
     m_state.setProblem(m_source->warning());
     m_state.isRunning = true;
     m_thread = std::thread([this] { run(); });
@@ -74,6 +89,7 @@ bool FrameDelivery::deliverNext()
     ZQFrame frame;
     const FrameSource::Outcome outcome = m_source->next(frame);
     m_state.lost = m_source->lost();
+    m_state.setTroubles(m_source->troubles());
     if (outcome == FrameSource::Outcome::Ended) {
         endWith(endedText);
         return false;

@@ -17,6 +17,8 @@ public:
     std::atomic<std::uint64_t> incomplete { 0 };
     std::atomic<std::uint64_t> lost { 0 };
 
+    featurebrowser::ZQFrameCounters counters() const;
+    void setTroubles(const FrameTroubles& troubles);
     std::string lastError() const { return read(m_lastError); }
     void setLastError(std::string text) { write(m_lastError, std::move(text)); }
     std::string problem() const { return read(m_problem); }
@@ -27,6 +29,7 @@ private:
     void write(std::string& member, std::string text);
 
     mutable std::mutex m_mutex;
+    FrameTroubles m_troubles;
     std::string m_lastError;
     std::string m_problem;
 };

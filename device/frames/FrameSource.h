@@ -21,6 +21,17 @@ struct ImageFormat {
     bool isTriggered = false; ///< TriggerMode is On
 };
 
+/// What is known about frames that are missing; see ZQFrameCounters.
+struct FrameTroubles {
+    std::uint64_t underruns = 0;
+    std::uint64_t gaps = 0;
+    std::uint64_t resendRequests = 0;
+    std::uint64_t resentPackets = 0;
+    std::uint64_t missingPackets = 0;
+    std::uint64_t wrongSize = 0;
+    std::uint64_t aborted = 0;
+};
+
 /// Where frames come from. Used by one acquisition: next() on its thread, the rest before and
 /// after.
 class FrameSource {
@@ -37,6 +48,8 @@ public:
     virtual Outcome next(featurebrowser::ZQFrame& frame) = 0;
     /// Frames not received so far.
     virtual std::uint64_t lost() const = 0;
+    /// So far. On the thread of next().
+    virtual FrameTroubles troubles() const { return {}; }
     /// What can keep images from arriving, known from the start; empty when there is nothing.
     virtual std::string warning() const { return {}; }
     /// Why there may be no complete image so far. On the thread of next().

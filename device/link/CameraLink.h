@@ -49,6 +49,7 @@ public:
     Status loss() const override;
     void check() override;
     void giveUp(const std::string& reason) override;
+    bool isReal() const override { return true; }
     bool isReadOnly() const override { return m_isReadOnly; }
     Status reconnect(bool waits) override;
     bool isReconnecting() override { return m_connecting != nullptr; }

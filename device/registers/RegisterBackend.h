@@ -89,6 +89,8 @@ public:
     virtual void check() { }
     /// Gives the camera up, for instance because it is another one that cannot be used.
     virtual void giveUp(const std::string& /*reason*/) { }
+    /// Whether it is a camera beyond this process.
+    virtual bool isReal() const { return false; }
     /// Whether the camera takes no writes in this session.
     virtual bool isReadOnly() const { return false; }
     /// Tries once to find a lost camera again; what takes longer goes on, and the next call tells

@@ -38,7 +38,7 @@ void StreamFrames::giveBack()
 /// until it is ended, which takes no time then.
 void StreamFrames::endHere()
 {
-    m_lost = lost();
+    m_troubles = troubles();
     m_open.stream.reset();
 }
 
@@ -56,8 +56,13 @@ FrameSource::Outcome StreamFrames::next(featurebrowser::ZQFrame& frame)
         return Outcome::Nothing;
     }
     m_current = buffer;
-    if (arv_buffer_get_status(buffer) != ARV_BUFFER_STATUS_SUCCESS) {
+    const ArvBufferStatus status = arv_buffer_get_status(buffer);
+    if (status != ARV_BUFFER_STATUS_SUCCESS) {
         ++m_incomplete;
+        const bool isTooLarge = status == ARV_BUFFER_STATUS_SIZE_MISMATCH
+            || status == ARV_BUFFER_STATUS_WRONG_PACKET_ID;
+        m_troubles.wrongSize += isTooLarge ? 1 : 0;
+        m_troubles.aborted += status == ARV_BUFFER_STATUS_ABORTED ? 1 : 0;
         return Outcome::Incomplete;
     }
     if (!findImage(buffer, m_open.facts.imageBytes, m_open.format, frame)) {
@@ -72,14 +77,30 @@ FrameSource::Outcome StreamFrames::next(featurebrowser::ZQFrame& frame)
 
 std::uint64_t StreamFrames::lost() const
 {
-    if (!m_open.stream) {
-        return m_lost;
+    return troubles().underruns;
+}
+
+FrameTroubles StreamFrames::troubles() const
+{
+    FrameTroubles troubles = m_troubles;
+    ArvStream* stream = m_open.stream.get();
+    if (stream == nullptr) {
+        return troubles;
     }
     guint64 completed = 0;
     guint64 failures = 0;
-    guint64 underruns = 0;
-    arv_stream_get_statistics(m_open.stream.get(), &completed, &failures, &underruns);
-    return underruns;
+    arv_stream_get_statistics(stream, &completed, &failures, &troubles.underruns);
+    if (ARV_IS_GV_STREAM(stream)) {
+        const auto count = [stream](const char* name) {
+            return arv_stream_get_info_uint64_by_name(stream, name);
+        };
+        troubles.gaps = count("n_missing_frames");
+        troubles.resendRequests = count("n_resend_requests");
+        troubles.resentPackets = count("n_resent_packets");
+        troubles.missingPackets = count("n_missing_packets");
+        troubles.wrongSize += count("n_size_mismatch_errors");
+    }
+    return troubles;
 }
 
 std::string StreamFrames::whyNothing() const

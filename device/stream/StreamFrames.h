@@ -15,6 +15,7 @@ public:
 
     Outcome next(featurebrowser::ZQFrame& frame) override;
     std::uint64_t lost() const override;
+    FrameTroubles troubles() const override;
     std::string warning() const override { return receiveBufferWords(m_open.facts); }
     std::string whyNothing() const override;
 
@@ -28,7 +29,7 @@ private:
     std::uint64_t m_connection;
     OpenStream m_open;
     ArvBuffer* m_current = nullptr; ///< handed out, to be given back
-    std::uint64_t m_lost = 0; ///< when the stream ended
+    FrameTroubles m_troubles; ///< counted here; all of them when the stream has ended
     std::uint64_t m_incomplete = 0;
     std::uint64_t m_withoutImage = 0;
 };

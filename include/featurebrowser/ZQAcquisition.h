@@ -35,6 +35,16 @@ struct ZQFrameCounters {
     std::uint64_t delivered = 0; ///< handed out
     std::uint64_t incomplete = 0; ///< arrived with data missing; not handed out
     std::uint64_t lost = 0; ///< not received at all, for example because no buffer was free
+
+    // Why frames are missing; 0 also where it cannot be known: all of them of a simulated camera,
+    // packets of one that has none (USB3 Vision).
+    std::uint64_t underruns = 0; ///< frames for which no buffer was free: the handler is too slow
+    std::uint64_t gaps = 0; ///< times that frames were left out between one and the next
+    std::uint64_t resendRequests = 0; ///< packets that the camera was asked for once more
+    std::uint64_t resentPackets = 0; ///< of them, those that came
+    std::uint64_t missingPackets = 0; ///< that did not come at all
+    std::uint64_t wrongSize = 0; ///< frames, or packets of them, beyond the size of the start
+    std::uint64_t aborted = 0; ///< of the incomplete: frames that the camera or the end cut off
 };
 
 /// Starts and stops a camera's image acquisition and hands its frames out on a thread of its own.
@@ -55,6 +65,8 @@ struct ZQFrameCounters {
 /// with CAP_NET_RAW do without it. problem() tells when it is too small for one image.
 class ZQ_EXPORT ZQAcquisition {
 public:
+    class Impl;
+
     /// Called with each complete frame, on the acquisition's thread. It may take its time: frames
     /// that find no free buffer meanwhile are lost. It may not throw, nor call stop().
     using FrameHandler = std::function<void(const ZQFrame&)>;
@@ -79,6 +91,20 @@ public:
     /// or the error of the camera's stop command; the acquisition has ended in any case. Does not
     /// wait for a camera that is lost.
     int stop();
+    /// Finds by measuring, and sets, how a GigE Vision camera's images arrive whole: the largest
+    /// usual packet size (GevSCPSPacketSize, of which the network may not take all), from large to
+    /// small; and where packets get lost at the present delay between them (GevSCPD, in ticks of
+    /// the camera's clock), the smallest of some delays at which none does. The delay leaves room
+    /// for `framesPerSecond` (0: as many as the camera takes at present). Takes trial images: each
+    /// trial some frame periods, at least 0.1 s.
+    ///
+    /// progress() counts trials. When it is Done, progress().step is a sentence that says what was
+    /// found and set. What was set before is restored when it fails or is cancelled. It fails at
+    /// once, with a sentence, for cameras that send no packets (USB3 Vision, simulated), while
+    /// images are acquired, and where they wait for a trigger. start() and StartBeside() are
+    /// refused while it goes on; stop() cancels it with its next poll(). counters() and problem()
+    /// tell of the trials meanwhile. It waits for the camera at most 1.2 s a poll().
+    std::unique_ptr<zqcameralib::ZQCameraTask> FindPacketSettings(double framesPerSecond = 0.0);
     /// Whether images can come: from a successful start() until stop(), or until the camera has
     /// been lost (also when it was found again meanwhile), or has taken the one or several images
     /// of its AcquisitionMode. The camera's settings stay locked until stop() all the same.
@@ -98,7 +124,6 @@ public:
     std::string problem() const;
 
 private:
-    class Impl;
     std::unique_ptr<Impl> m_impl;
 };
 

@@ -40,6 +40,12 @@ public:
         return ioctl(m_socket.handle(), SIOCSIFADDR, &m_request) == 0;
     }
 
+    bool setLargestPacket(int bytes)
+    {
+        m_request.ifr_mtu = bytes;
+        return ioctl(m_socket.handle(), SIOCSIFMTU, &m_request) == 0;
+    }
+
 private:
     Socket m_socket;
     ifreq m_request {};
@@ -86,6 +92,18 @@ bool addAddress(const std::string& address)
 bool removeAddress(const std::string& address)
 {
     return Interface(alias(address)).setUp(false);
+}
+
+bool limitPackets(int bytes)
+{
+    // No fragments are put together without memory for them; the lower limit is never above.
+    const long memory = bytes < loopbackPacket ? 0 : 4L << 20;
+    bool isSet = false;
+    for (const char* limit : { "low", "high", "low" }) {
+        std::ofstream file("/proc/sys/net/ipv4/ipfrag_" + std::string(limit) + "_thresh");
+        isSet = bool(file << memory << std::flush);
+    }
+    return isSet && Interface("lo").setLargestPacket(bytes);
 }
 
 int countListeners(const std::string& address, unsigned port)

@@ -18,6 +18,12 @@ bool giveUpPrivileges();
 bool addAddress(const std::string& address);
 bool removeAddress(const std::string& address);
 
+/// What loopback carries unless limited.
+constexpr int loopbackPacket = 65536;
+/// Makes loopback carry packets up to so many bytes; larger ones get lost. Returns whether that was
+/// done.
+bool limitPackets(int bytes);
+
 /// How many sockets of this network stand at the port of an IPv4 address. Only looks: to try the
 /// port would keep another process from it.
 int countListeners(const std::string& address, unsigned port);

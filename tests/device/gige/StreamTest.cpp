@@ -66,6 +66,7 @@ TEST_F(Streams, StartAnewOnTheSameConnectionAfterControlIsRetaken)
     isHeld = false;
     EXPECT_TRUE(eventually([this] { return !m_acquisition->isRunning(); }));
     EXPECT_GT(m_acquisition->counters().lost, 0U); // no buffer was free
+    EXPECT_EQ(m_acquisition->counters().underruns, m_acquisition->counters().lost);
     ASSERT_EQ(start(), STATUS_OK) << m_acquisition->lastError();
     EXPECT_TRUE(framesCome(2));
 }
@@ -90,6 +91,10 @@ TEST_F(Streams, CountImagesThatLosePacketsAndHandThemNotOut)
     }));
     EXPECT_EQ(m_acquisition->stop(), STATUS_OK);
     EXPECT_EQ(wrong, 0);
+    const ZQFrameCounters counters = m_acquisition->counters();
+    EXPECT_GE(counters.resendRequests, counters.resentPackets);
+    EXPECT_GT(counters.missingPackets, 0U);
+    EXPECT_EQ(counters.wrongSize + counters.aborted, 0U);
 }
 
 TEST_F(Streams, ReachAnOrdinaryUserWholeUnlessTheReceiveBufferIsTooSmall)
