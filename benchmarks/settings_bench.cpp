@@ -1,6 +1,6 @@
 // What saving and restoring settings costs, in process, for the built-in camera and for every
 // description named after the benchmark's own options. Restoring: after every setting was given
-// another legal value, and each selector another position than it had.
+// another legal value where there is one.
 //
 //   save/reads       registers read over distinct ones at each position of the selectors; to reach:
 //                    at most 1.1
@@ -9,9 +9,9 @@
 //   restored         share of them that hold afterwards; to reach: 1, but for what the camera
 //                    itself forbids
 //   writes           registers written, selectors among them, over changed values; to reach: at
-//                    most 3
+//                    most 3, and 4 where nearly every value has a position of its own
 //   working          accesses beyond the reading before and the reading back, over changed values;
-//                    to reach: at most 3 without selectors
+//                    to reach: at most 3, and 6 where nearly every value has a position of its own
 //   all              all accesses over changed values
 //   /naive           all accesses over those of the naive way: each line in the order of the file,
 //                    its selectors first, again until nothing changes any more

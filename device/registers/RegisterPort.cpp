@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <unordered_set>
 #include <utility>
 
@@ -75,8 +76,20 @@ void RegisterPort::noteAgain(const Registers& registers)
 
 void RegisterPort::invalidate()
 {
-    clearSnapshot();
+    if (m_keeping == nullptr) {
+        clearSnapshot();
+    } else {
+        forgetChanged();
+    }
     ++m_changes;
+}
+
+void RegisterPort::forgetChanged()
+{
+    for (auto kept = m_snapshot.begin(); kept != m_snapshot.end();) {
+        kept = m_keeping->m_isChanged(kept->first) ? m_snapshot.erase(kept) : std::next(kept);
+    }
+    ++m_snapshotNumber;
 }
 
 /// Nothing when the register has to be read from the camera.
@@ -204,6 +217,18 @@ RegisterPort::Ahead::~Ahead()
 bool RegisterPort::Ahead::begin()
 {
     return std::exchange(m_isMissing, false);
+}
+
+RegisterPort::Keeping::Keeping(RegisterPort& port, IsChanged isChanged)
+    : m_port(port)
+    , m_isChanged(std::move(isChanged))
+{
+    m_port.m_keeping = this;
+}
+
+RegisterPort::Keeping::~Keeping()
+{
+    m_port.m_keeping = nullptr;
 }
 
 RegisterPort::Recorder::Recorder(RegisterPort& port)

@@ -55,6 +55,23 @@ public:
         RegisterPort& m_port;
     };
 
+    /// While one lives, what is written, or invalidates, forgets only the registers of which
+    /// `isChanged`. For one who knows how far a write reaches.
+    class Keeping {
+    public:
+        using IsChanged = std::function<bool(const Register& place)>;
+
+        Keeping(RegisterPort& port, IsChanged isChanged);
+        Keeping(const Keeping&) = delete;
+        Keeping& operator=(const Keeping&) = delete;
+        ~Keeping();
+
+    private:
+        friend class RegisterPort;
+        RegisterPort& m_port;
+        IsChanged m_isChanged;
+    };
+
     /// While one lives, it collects the registers read (from the snapshot or not) and written.
     class Recorder {
     public:
@@ -148,6 +165,7 @@ private:
     void noteTime(std::chrono::nanoseconds taken);
     void keep(const Register& place, const std::uint8_t* bytes);
     void clearSnapshot();
+    void forgetChanged();
 
     std::unique_ptr<RegisterBackend> m_backend;
     std::unordered_map<Register, std::size_t, RegisterHash> m_snapshot;
@@ -166,6 +184,7 @@ private:
     FaultHook m_faultHook;
     std::vector<Recorder*> m_recorders;
     Ahead* m_ahead = nullptr;
+    const Keeping* m_keeping = nullptr;
 };
 
 } // namespace zqcameralib

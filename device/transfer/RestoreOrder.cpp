@@ -1,6 +1,7 @@
 #include "transfer/RestoreOrder.h"
 
 #include "capture/SettingsPlan.h"
+#include "description/RegisterPlace.h"
 
 #include <algorithm>
 #include <tuple>
@@ -25,6 +26,17 @@ RestoreOrder::RestoreOrder(ZQCamera::Impl& camera, Features written, Features al
 {
     std::sort(m_written.begin(), m_written.end());
     std::sort(m_all.begin(), m_all.end());
+    findPlaces();
+}
+
+void RestoreOrder::findPlaces()
+{
+    const std::vector<DescriptionNode>& nodes = m_camera.description().nodes();
+    for (std::size_t node = 0; node < nodes.size(); ++node) {
+        if (const auto place = fixedPlace(nodes[node])) {
+            m_places[{ place->first, place->size() }].push_back(node);
+        }
+    }
 }
 
 bool RestoreOrder::step()
@@ -32,11 +44,10 @@ bool RestoreOrder::step()
     if (m_effects.size() == m_written.size()) {
         return false;
     }
-    const std::vector<bool> affected
-        = m_camera.dependencies().affectedBy(m_written[m_effects.size()]->index);
+    m_affected.push_back(m_camera.dependencies().affectedBy(m_written[m_effects.size()]->index));
     std::vector<Effect> effects;
     for (const Feature* feature : m_all) {
-        effects.push_back(effectOn(*feature, affected));
+        effects.push_back(effectOn(*feature, m_affected.back()));
     }
     m_effects.push_back(std::move(effects));
     return true;
@@ -65,15 +76,28 @@ std::size_t RestoreOrder::columnOf(const Feature& feature) const
     return static_cast<std::size_t>(found - m_all.begin());
 }
 
+std::size_t RestoreOrder::rowOf(const Feature& feature) const
+{
+    const auto row = std::lower_bound(m_written.begin(), m_written.end(), &feature);
+    const bool isThere = row != m_written.end() && *row == &feature;
+    return isThere ? static_cast<std::size_t>(row - m_written.begin()) : m_written.size();
+}
+
 bool RestoreOrder::affects(const Feature& written, const Feature& other) const
 {
-    const auto row = std::lower_bound(m_written.begin(), m_written.end(), &written);
-    if (row == m_written.end() || *row != &written) {
-        return true;
-    }
+    const std::size_t row = rowOf(written);
     const std::size_t column = columnOf(other);
-    return column == m_all.size() || m_all[column] != &other
-        || m_effects[static_cast<std::size_t>(row - m_written.begin())][column].onValue;
+    return row >= m_effects.size() || column == m_all.size() || m_all[column] != &other
+        || m_effects[row][column].onValue;
+}
+
+bool RestoreOrder::affects(const Feature& written, const Register& place) const
+{
+    const std::size_t row = rowOf(written);
+    const auto found = m_places.find(place);
+    return row >= m_affected.size() || found == m_places.end()
+        || std::any_of(found->second.begin(), found->second.end(),
+            [this, row](std::size_t node) { return m_affected[row][node]; });
 }
 
 /// Takes the feature that waits for the fewest others, again and again: circles, as of a size and

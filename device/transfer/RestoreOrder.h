@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <unordered_map>
 #include <vector>
 
 namespace zqcameralib {
@@ -29,6 +30,8 @@ public:
     bool step();
     /// Whether writing the feature can change the other one.
     bool affects(const Feature& written, const Feature& other) const;
+    /// Whether it can change what a register holds; a register of which that cannot be told counts.
+    bool affects(const Feature& written, const Register& place) const;
     /// The features to be written, in their order.
     Features order(const ClosedOf& closedOf) const;
 
@@ -43,6 +46,9 @@ private:
 
     class Sorting;
 
+    void findPlaces();
+    /// Of a feature that is written; m_written.size() where it is not.
+    std::size_t rowOf(const Feature& feature) const;
     Effect effectOn(const Feature& feature, const std::vector<bool>& affected) const;
     std::size_t columnOf(const Feature& feature) const;
 
@@ -50,6 +56,9 @@ private:
     Features m_written;
     Features m_all; ///< sorted
     std::vector<std::vector<Effect>> m_effects; ///< by written feature, of all
+    std::vector<std::vector<bool>> m_affected; ///< by written feature, of nodes
+    /// The nodes whose value stands there, as far as their places are fixed.
+    std::unordered_map<Register, std::vector<std::size_t>, RegisterHash> m_places;
 };
 
 } // namespace zqcameralib

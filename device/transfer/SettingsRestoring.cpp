@@ -57,8 +57,7 @@ void ZQSettingsRestoring::Impl::stop()
     }
     m_isStopped = true;
     if (m_phase != Phase::Check) {
-        m_phase = Phase::Check;
-        m_reading.emplace(camera(), positions(), RestoreOrder::Features(), targets());
+        beginCheck();
     }
 }
 
@@ -117,6 +116,7 @@ SettingsTask::Step ZQSettingsRestoring::Impl::begin()
         }
     }
     m_reading.emplace(camera(), positions(), settings, targets());
+    m_before.setHeader(settingsHeader(camera()));
     warn();
     m_phase = Phase::Read;
     return Step::Next;
@@ -153,7 +153,7 @@ void ZQSettingsRestoring::Impl::resolve()
 
 void ZQSettingsRestoring::Impl::warn()
 {
-    const ZQSettingsHeader here = settingsHeader(camera());
+    const ZQSettingsHeader& here = m_before.header();
     const ZQSettingsHeader& there = m_settings.header();
     using Member = std::string ZQSettingsHeader::*;
     const auto differs = [&](Member member) {
@@ -212,7 +212,6 @@ void ZQSettingsRestoring::Impl::keepBefore(std::vector<ZQSettingsLine> lines)
     }
     ZQSettings::Access before(m_before);
     before.lines() = std::move(lines);
-    before.header() = settingsHeader(camera());
 }
 
 const ZQSettingsLine& ZQSettingsRestoring::Impl::lineOf(const Goal& goal) const
@@ -306,9 +305,7 @@ SettingsTask::Step ZQSettingsRestoring::Impl::order()
             run.clear();
         }
     }
-    m_next = 0;
-    m_writesAtRound = m_writes;
-    m_phase = Phase::Write;
+    beginRound();
     return Step::Next;
 }
 
@@ -328,13 +325,39 @@ SettingsTask::Step ZQSettingsRestoring::Impl::endOfRound()
     m_queue.erase(std::remove_if(m_queue.begin(), m_queue.end(),
                       [this](std::size_t i) { return m_goals[i].refusal.isOk(); }),
         m_queue.end());
-    m_next = 0;
-    m_writesAtRound = m_writes;
     if (isStuck || m_queue.empty()) {
-        m_phase = Phase::Check;
-        m_reading.emplace(camera(), positions(), RestoreOrder::Features(), targets());
+        beginCheck();
+    } else {
+        beginRound();
     }
     return Step::Next;
+}
+
+/// With nothing known that was read before.
+void ZQSettingsRestoring::Impl::beginRound()
+{
+    m_next = 0;
+    m_writesAtRound = m_writes;
+    camera().port().invalidate();
+    m_pass.emplace(camera().port());
+    m_phase = Phase::Write;
+}
+
+void ZQSettingsRestoring::Impl::beginCheck()
+{
+    m_pass.reset();
+    m_reading.emplace(camera(), positions(), RestoreOrder::Features(), targets());
+    m_phase = Phase::Check;
+}
+
+/// What was read for the checks before still holds but for what the description says to depend on
+/// the feature.
+Status ZQSettingsRestoring::Impl::send(const Goal& goal)
+{
+    const Feature& feature = *goal.target.feature;
+    const RegisterPort::Keeping keeping(camera().port(),
+        [this, &feature](const Register& place) { return m_order->affects(feature, place); });
+    return writeSetting(camera(), feature, lineOf(goal).value);
 }
 
 void ZQSettingsRestoring::Impl::writeGoal(Goal& goal)
@@ -351,7 +374,7 @@ void ZQSettingsRestoring::Impl::writeGoal(Goal& goal)
     }
     const std::optional<Result<std::string>> last = goal.writes > 0 ? goal.now : std::nullopt;
     const std::uint64_t sent = camera().port().writes();
-    goal.refusal = writeSetting(camera(), feature, lineOf(goal).value);
+    goal.refusal = send(goal);
     if (camera().port().writes() == sent && !goal.refusal.isOk()) {
         return;
     }
@@ -453,6 +476,7 @@ void ZQSettingsRestoring::Impl::concludeUnread(const Goal& goal, ZQRestoredLine&
 void ZQSettingsRestoring::Impl::finish()
 {
     m_reading.reset();
+    m_pass.reset();
     for (const Goal& goal : m_goals) {
         conclude(goal, m_report.lines[goal.target.line]);
     }

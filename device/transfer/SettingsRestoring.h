@@ -50,7 +50,10 @@ private:
     Step planOrder();
     Step order();
     Step write();
+    void beginRound();
+    void beginCheck();
     void writeGoal(Goal& goal);
+    Status send(const Goal& goal);
     void noteWritten(const Goal& written);
     Step check();
     Step endOfRound();
@@ -73,6 +76,7 @@ private:
     std::vector<Goal> m_goals;
     std::optional<SettingsReading> m_reading;
     std::optional<RestoreOrder> m_order;
+    std::optional<RegisterPort::Pass> m_pass; ///< of a round of writing
     std::vector<std::size_t> m_queue; ///< goals, in the order of writing
     std::size_t m_next = 0; ///< in the queue
     std::uint64_t m_writes = 0; ///< that the camera took

@@ -187,8 +187,9 @@ struct ZQ_EXPORT ZQRestoreReport {
 ///
 /// Done also when lines were refused: report() says which. Failed when it was interrupted: the
 /// camera was lost, or the time was over. Selectors are put back as by ZQSettingsSaving, unless a
-/// line is about their position. Afterwards the application loads its repository again
-/// (ZQCameraRepository::Load). What the acquisition locks is refused while it runs.
+/// line is about their position; nothing else may be done with the camera between its calls of
+/// poll(). Afterwards the application loads its repository again (ZQCameraRepository::Load). What
+/// the acquisition locks is refused while it runs. A camera opened for reading only fails at once.
 class ZQ_EXPORT ZQSettingsRestoring : public ZQCameraTask {
 public:
     class Impl;
