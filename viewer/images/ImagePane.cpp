@@ -85,9 +85,14 @@ void ImagePane::connectView()
         [this](const QRect& region) { m_region->setEnabled(!region.isNull()); });
     connect(m_live.get(), &LiveImage::runningChanged, this, &ImagePane::runningChanged);
     connect(m_live.get(), &LiveImage::recordingChanged, m_record, &QAction::setChecked);
-    connect(m_live.get(), &LiveImage::figures, this, [this](const QString& text) {
-        m_figures->setText(text);
-        m_figures->setToolTip(text.toHtmlEscaped()); // where it does not fit
+    connect(m_live.get(), &LiveImage::figures, m_figures, &QLabel::setText);
+    connect(m_live.get(), &LiveImage::reasons, this, [this](const QString& text) {
+        const QString all = m_figures->text() + QLatin1Char('\n') + text; // where it does not fit
+        m_figures->setToolTip(
+            QStringLiteral("<div style='white-space:pre'>%1</div>").arg(all.toHtmlEscaped()));
+    });
+    connect(m_live.get(), &LiveImage::packetsSet, this, [this] {
+        Q_EMIT written({ QStringLiteral("GevSCPSPacketSize"), QStringLiteral("GevSCPD") });
     });
     connect(m_live.get(), &LiveImage::told, this, &ImagePane::told);
 }
@@ -118,6 +123,10 @@ void ImagePane::makeAcquisitionActions()
         tr("Have the camera send only the region that was drawn with Shift and the mouse"));
     m_region->setEnabled(false);
     QAction* whole = add(m_acquisition, tr("Use the &whole sensor"), "wholeSensor", {});
+    m_packets = add(m_acquisition, tr("Find the best &packets"), "findPackets", {});
+    m_packets->setToolTip(
+        tr("Measure with which packet size and delay the images of a GigE Vision camera arrive"));
+    connect(m_packets, &QAction::triggered, this, [this] { m_live->findPacketSettings(); });
     connect(m_start, &QAction::triggered, this, [this] { m_live->start(); });
     connect(m_stop, &QAction::triggered, this, [this] { m_live->stop(); });
     connect(m_single, &QAction::triggered, this, [this] { m_live->start(1); });
@@ -177,7 +186,7 @@ void ImagePane::fillBar(QToolBar& bar)
 void ImagePane::runningChanged(bool isRunning)
 {
     m_stop->setEnabled(isRunning);
-    for (QAction* action : { m_start, m_single, m_several }) {
+    for (QAction* action : { m_start, m_single, m_several, m_packets }) {
         action->setEnabled(!isRunning);
     }
 }

@@ -79,6 +79,7 @@ private:
     QAction* m_flipX = nullptr;
     QAction* m_flipY = nullptr;
     QAction* m_region = nullptr;
+    QAction* m_packets = nullptr;
     QAction* m_save = nullptr;
     QAction* m_record = nullptr;
     int m_count = 10; ///< images that were wanted last

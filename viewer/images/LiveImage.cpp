@@ -70,6 +70,20 @@ void LiveImage::start(int count)
         });
 }
 
+void LiveImage::findPacketSettings()
+{
+    using State = zqcameralib::ZQCameraTask::State;
+    m_tasks.run(m_acquisition.FindPacketSettings(), CameraTaskBar::Appearance::AtOnce,
+        [this](zqcameralib::ZQCameraTask& task, State state) {
+            Q_EMIT packetsSet();
+            Q_EMIT told(state == State::Done,
+                state == State::Cancelled
+                    ? tr("Looking for the best packets was cancelled.")
+                    : QString::fromStdString(
+                        state == State::Done ? task.progress().step : task.error()));
+        });
+}
+
 void LiveImage::started(zqcameralib::ZQCameraTask& task, zqcameralib::ZQCameraTask::State state)
 {
     if (state == zqcameralib::ZQCameraTask::State::Done) {
@@ -139,6 +153,7 @@ void LiveImage::look()
     const double seconds = static_cast<double>(m_sinceLook.restart()) / 1000;
     if (m_isRunning) {
         Q_EMIT figures(figuresText(seconds));
+        Q_EMIT reasons(reasonsText());
         if (!m_acquisition.isRunning()) {
             stop();
         }
@@ -215,6 +230,25 @@ QString LiveImage::missingText() const
         text += tr(", %n incomplete", nullptr, static_cast<int>(counters.incomplete));
     }
     return text;
+}
+
+QString LiveImage::reasonsText() const
+{
+    const ZQFrameCounters counters = m_acquisition.counters();
+    QStringList lines;
+    const auto add = [&lines](std::uint64_t count, const QString& words) {
+        if (count > 0) {
+            lines.append(QStringLiteral("%1: %2").arg(words, QString::number(count)));
+        }
+    };
+    add(counters.underruns, tr("Images without a free buffer, as this computer is too slow"));
+    add(counters.gaps, tr("Gaps between images"));
+    add(counters.missingPackets, tr("Packets that never came"));
+    add(counters.resendRequests, tr("Packets asked for again"));
+    add(counters.resentPackets, tr("Packets that came when asked again"));
+    add(counters.wrongSize, tr("Images of another size than at the start"));
+    add(counters.aborted, tr("Images that were cut off"));
+    return lines.join(QLatin1Char('\n'));
 }
 
 QString LiveImage::figuresText(double seconds)

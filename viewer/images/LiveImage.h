@@ -35,6 +35,10 @@ public:
     void start(int count = 0);
     void stop();
 
+    /// Finds by measuring how the camera's images arrive whole, and sets it; told() tells. Images
+    /// may not be running.
+    void findPacketSettings();
+
     /// Writes each image from now on into the folder; told() says at the end how many, and which
     /// are missing.
     void record(const QString& folder, const QString& suffix);
@@ -49,6 +53,10 @@ Q_SIGNALS:
     void told(bool isGood, const QString& text);
     /// "29.9 of 30 images/s, 61.2 MB/s", what is missing and why, temperature. Empty: nothing runs.
     void figures(const QString& text);
+    /// Why images are missing, a line each; empty while none is.
+    void reasons(const QString& text);
+    /// The packets of the camera's images have been set.
+    void packetsSet();
 
 private:
     void show(const featurebrowser::ZQFrame& frame);
@@ -61,6 +69,7 @@ private:
     QString wantedRate();
     QString rateText(double seconds);
     QString missingText() const;
+    QString reasonsText() const;
 
     OpenedCamera& m_camera;
     featurebrowser::ZQImageView& m_view;
