@@ -112,10 +112,6 @@ ReadAhead::State ReadAhead::step()
     if (port.backend().isGivenUp()) {
         return State::Failed;
     }
-    if (!port.backend().prefersBatches()) { // reading it then costs no more
-        m_pending = 0;
-        m_isDone = true;
-    }
     if (m_changes != port.changes()) {
         Registers registers;
         for (const auto& [place, known] : m_known) {
@@ -124,6 +120,10 @@ ReadAhead::State ReadAhead::step()
         const bool isSameCamera = m_generation == m_camera.generation();
         m_wanted.resize(isSameCamera ? m_wanted.size() : 0);
         begin(isSameCamera ? registers : Registers());
+    }
+    if (!port.backend().prefersBatches()) { // reading it then costs no more
+        m_pending = 0;
+        m_isDone = true;
     }
     while (!m_isDone) {
         collect();

@@ -1,5 +1,7 @@
 #include "camera/Repository.h"
 
+#include <glib.h>
+
 #include <algorithm>
 #include <array>
 #include <initializer_list>
@@ -17,7 +19,7 @@ bool hasWord(std::string_view name, std::string_view word)
     for (std::size_t at = name.find(word); at != std::string_view::npos;
          at = name.find(word, at + 1)) {
         const std::size_t end = at + word.size();
-        if (end == name.size() || name[end] < 'a' || name[end] > 'z') {
+        if (end == name.size() || !g_ascii_islower(name[end])) {
             return true;
         }
     }

@@ -118,9 +118,6 @@ Result<std::vector<std::uint8_t>> NodeMap::bytes(std::size_t index, std::size_t 
 Result<std::string> NodeMap::text(std::size_t index)
 {
     const Visit visit(*this);
-    if (node(index).isBroken() || !visit.status().isOk()) {
-        return node(index).isBroken() ? Status(notEvaluable, node(index).broken) : visit.status();
-    }
     if (node(index).kind == NodeKind::String) {
         const ValueFacts& facts = valueFactsOf(index);
         return facts.value.node == Description::absent ? facts.text : text(facts.value.node);
@@ -136,9 +133,6 @@ Result<std::string> NodeMap::text(std::size_t index)
 Status NodeMap::setText(std::size_t index, const std::string& text)
 {
     const Visit visit(*this);
-    if (node(index).isBroken() || !visit.status().isOk()) {
-        return node(index).isBroken() ? Status(notEvaluable, node(index).broken) : visit.status();
-    }
     if (node(index).kind == NodeKind::String) {
         valueFactsOf(index);
         ValueFacts& facts = *this->facts(index).value;

@@ -64,8 +64,9 @@ public:
     /// Reads what can be read at once; an access that fails, or the end of the time, ends it early.
     /// Nothing is an error: what is not done is read again one by one.
     virtual void readTogether(Requests& /*requests*/) { }
-    /// Reads beside the caller, and behind everything else that is asked for meanwhile.
-    virtual std::unique_ptr<Reading> readBeside(Requests requests);
+    /// Reads beside the caller, and behind everything else that is asked for meanwhile. Null where
+    /// reading several together costs no less.
+    virtual std::unique_ptr<Reading> readBeside(Requests /*requests*/) { return nullptr; }
 
     /// What is asked for between these two belongs to one operation, and waits for the camera at
     /// most as long as one operation may, all in all. They nest; see CallScope.

@@ -35,7 +35,7 @@ Status RegisterPort::noted(Status status)
 
 bool RegisterPort::snapshotExpired() const
 {
-    return m_passes == 0
+    return !m_snapshot.empty() && m_passes == 0
         && Clock::now() - m_snapshotStart > std::clamp<std::chrono::nanoseconds>(
                accessesShared * m_accessTime, shortestLife, longestLife);
 }
@@ -54,7 +54,7 @@ void RegisterPort::clearSnapshot()
 
 std::uint64_t RegisterPort::snapshotNumber()
 {
-    if (!m_snapshot.empty() && snapshotExpired()) {
+    if (snapshotExpired()) {
         clearSnapshot();
     }
     return m_snapshotNumber;
@@ -124,7 +124,7 @@ Status RegisterPort::read(const Register& place, std::uint8_t* buffer)
             return *known;
         }
     }
-    if (!m_snapshot.empty() && snapshotExpired()) {
+    if (snapshotExpired()) {
         clearSnapshot();
     }
     const auto kept = m_snapshot.find(place);
@@ -164,7 +164,7 @@ void RegisterPort::prefetch(const Registers& registers)
     if (!m_backend->prefersBatches() || m_ahead != nullptr) {
         return;
     }
-    if (!m_snapshot.empty() && snapshotExpired()) {
+    if (snapshotExpired()) {
         clearSnapshot();
     }
     RegisterBackend::Requests requests;
