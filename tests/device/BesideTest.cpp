@@ -48,6 +48,7 @@ public:
     };
 
     bool prefersBatches() const override { return true; }
+    bool isReadOnly() const override { return readOnly; }
     bool isLimited() const override { return hasNoTime; }
     bool isTimeOver() const override { return hasNoTime; }
     bool isLost() override { return lost; }
@@ -75,6 +76,7 @@ public:
     }
 
     bool hasNoTime = false;
+    bool readOnly = false;
     bool lost = false;
     int tries = 0; ///< until it is found
     std::uint64_t number = 0;
@@ -168,6 +170,14 @@ TEST_F(Beside, AWriteHasEverythingReadAgainAndACancelTheLoad)
     EXPECT_EQ(m_tardy.reads, reads + 4);
 }
 
+TEST_F(Beside, WhatIsOpenedForReadingOnlyIsLocked)
+{
+    m_tardy.readOnly = true;
+    EXPECT_EQ(m_repository.Load(), STATUS_OK);
+    EXPECT_EQ(state("A"), FEATURE_LOCKED);
+    EXPECT_EQ(state("Main"), FEATURE_AVAILABLE);
+}
+
 TEST_F(Beside, ALoadWithoutTimeGoesOnWithTheNext)
 {
     m_tardy.hasNoTime = true;
@@ -227,6 +237,7 @@ TEST_F(Beside, ALostCameraIsToldAndAnotherOneFollowed)
     EXPECT_EQ(m_repository.Load(), cameraLost);
     EXPECT_FALSE(m_repository.isLoaded());
     EXPECT_EQ(state("A"), FEATURE_READ_FAILED);
+    EXPECT_EQ(m_repository.GetFeatureStates().count("Main"), 0U);
     EXPECT_EQ(set("A", 1), cameraLost);
     for (const auto& vain : { m_repository.ReadAhead(), m_device.ReconnectBeside() }) {
         EXPECT_EQ(vain->poll(), State::Failed);

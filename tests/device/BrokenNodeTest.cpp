@@ -117,6 +117,8 @@ TEST(BrokenNode, IsListedWithTheReasonAndOneAtTheLimitIsNone)
         { named("SwissKnife", "<Expression>1</Expression><Formula>1</Formula>"), noName },
         { named("SwissKnife", "<Formula>1 +</Formula>"),
             "its formula is wrong: it ends too early" },
+        { named("SwissKnife", "<Constant Name=\"C\">F</Constant><Formula>C</Formula>"),
+            "its constant C is no number" },
         { sums(14), "" }, { sums(15), "it takes too long to evaluate" },
         { named("SwissKnife",
               repeated(60, [](int i) { return expressionOf(i, "1"); }) + "<Formula>0"

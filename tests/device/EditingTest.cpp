@@ -144,6 +144,7 @@ TEST(Writes, AreRefusedWithCodeAndSentenceBeforeAnythingIsSent)
             "its limits cannot be told, its formula divides by zero now" },
         { "Picked", set(1), notEvaluable,
             "its limits cannot be told, its formula divides by zero now" },
+        { "Astray", get, notEvaluable, "its formula divides by zero now" },
         { "Astray", set(1), notEvaluable, "its formula divides by zero now" },
         { "Nothing", set(1), unknownFeature, "the camera has no such feature" },
         { nullptr, set(1), unknownFeature, "the camera has no such feature" },

@@ -10,12 +10,14 @@ namespace {
 
 TEST(FeatureListing, EachNameOnceInTreeOrderInsideACategory)
 {
-    const std::string xml = TestCamera::description("A Missing Main Sub A Hidden",
+    std::string xml = TestCamera::description("A Missing Main Sub A Hidden",
         intReg("A", 0) + intReg("B", 4) + intReg("Direct", 8)
             + intReg("Hidden", 12, element("Visibility", "Invisible"))
             + R"(<Category Name="Sub"><pFeature>B</pFeature><pFeature>A</pFeature>
                  <pFeature>Main</pFeature><pFeature>Empty</pFeature></Category>
                  <Category Name="Empty"><pFeature>Hidden</pFeature></Category>)");
+    xml.replace(xml.find("Main</pFeature></Category>"), 4, "Main</pFeature><pFeature>Bare");
+    xml.replace(xml.find("<Port"), 0, "<Category Name=\"Bare\"/>");
     std::string direct = xml;
     direct.replace(direct.find("<pFeature>Main"), 0, "<pFeature>Direct</pFeature>");
 
@@ -71,7 +73,7 @@ const std::string choice
     = overR("Enumeration", R"(<EnumEntry Name="One"><Value>1</Value></EnumEntry>
 <EnumEntry Name="Gone"><Value>2</Value><pIsAvailable>Zero</pIsAvailable></EnumEntry>
 <EnumEntry Name="Not"><Value>4</Value><pIsImplemented>Zero</pIsImplemented></EnumEntry>
-<EnumEntry Name="Same"><Value>1</Value></EnumEntry>
+<EnumEntry Name="None"/><EnumEntry Name="Same"><Value>1</Value></EnumEntry>
 <EnumEntry Name="Three"><Value>3</Value></EnumEntry>)")
     + zero;
 const std::string flag = overR("Boolean", "<OnValue>7</OnValue><OffValue>3</OffValue>");

@@ -72,6 +72,8 @@ std::string placed(const std::string& place)
         + node("Integer", "Two", "<Value>2</Value>") + knife("IntSwissKnife", "None", {}, "1/0");
 }
 
+const std::string hundredth = converter("Converter", "FROM * 100", "TO / 100") + intReg("R", 0);
+
 struct Meaning {
     const char* what;
     std::string nodes; ///< with F, and mostly R: 4 bytes at 0
@@ -134,6 +136,27 @@ const std::vector<Meaning> meanings {
         node("Integer", "F", "<Value>1<!-- and -->2<![CDATA[3]]></Value>"), 0, "123 1 RW" },
     { "all bits are on", overR("Boolean", "<OnValue>0xFFFFFFFF</OnValue>"), -1, "1 1 RW" },
     { "neither on nor off", overR("Boolean", "<OnValue>1</OnValue>"), 2, " 0 RW" },
+    { "state of a command that writes a zero",
+        ofX("IntSwissKnife", "X", "Zeroing") + command("Zeroing", "R", "0"), 5, "1 1 RO" },
+    { "between two integers", hundredth, 29, "0.29 1 RW" },
+    { "limits of a converter that falls, of which one is known",
+        converter("IntConverter", "10000 / FROM", "10000 / TO")
+            + node("Integer", "R", "<pValue>Reg</pValue><Min>0</Min><Max>50</Max>")
+            + intReg("Reg", 0),
+        20, "500 1 RW 200..9223372036854775807/1" },
+    { "limits of a converter of what has none",
+        node("IntConverter", "F",
+            "<pValue>N</pValue><FormulaTo>FROM</FormulaTo><FormulaFrom>TO * 2</FormulaFrom>")
+            + node("Integer", "N", "<Value>4</Value>"),
+        0, "8 1 RW -9223372036854775808..9223372036854775807/1" },
+    { "text at no address",
+        reg("StringReg", "F", 0, "<pAddress>None</pAddress>")
+            + knife("IntSwissKnife", "None", {}, "1/0"),
+        0, unread },
+    { "raw data beyond a row", reg("Register", "F", 0, "<Length>65537</Length>"), 0, unread },
+    { "locked by what has no value",
+        overR("Integer", "<pIsLocked>None</pIsLocked>") + knife("IntSwissKnife", "None", {}, "1/0"),
+        1, unread },
     { "entries that nobody shall see",
         overR("Enumeration", entry("A", 0) + entry("B", 1, "<Visibility>Invisible</Visibility>")),
         0, "0 1 RW A" },
@@ -146,6 +169,8 @@ const std::vector<Meaning> meanings {
         indexed(oneIsReadOnly, "<ImposedAccessMode>RO</ImposedAccessMode>"), 1, "0 1 RO" },
     { "one source of two indices can only be read",
         indexed(oneIsReadOnly, "<pValueIndexed Index=\"2\">One</pValueIndexed>"), 2, "0 1 RO" },
+    { "what can only be read, from a source that can be written",
+        indexed("", "<ImposedAccessMode>RO</ImposedAccessMode>"), 1, "0 1 RO" },
     { "source that an index chooses is not there",
         indexed("<pIsAvailable>Zero</pIsAvailable>") + zero, 1, " 0 NA" },
     { "a formula can be read as what it reads",
@@ -210,6 +235,11 @@ const std::vector<Meaning> meanings {
         overR("Integer", "<pIsAvailable>G</pIsAvailable>")
             + node("Integer", "G", "<pValue>R</pValue><pIsAvailable>F</pIsAvailable>"),
         1, "1 1 RW" },
+    { "limits by entries in any order",
+        node("Integer", "F", "<pValue>E</pValue>")
+            + node("Enumeration", "E", "<pValue>R</pValue>" + entry("A", -2) + entry("B", -7))
+            + intReg("R", 0, "<Sign>Signed</Sign>"),
+        -2, "-2 1 RW -7..-2/1" },
     { "limits by entries", node("Integer", "F", "<pValue>Mode</pValue>") + mode + intReg("R", 0), 5,
         "5 1 RW 0..5/1" },
     { "addresses add up",
@@ -247,8 +277,9 @@ TEST(Standard, SaysWhatEachConstructMeans)
         const std::string shown = summary(camera.item("F"));
         EXPECT_EQ(shown.substr(0, test.expected.size()), test.expected) << shown;
         if (test.expected == unread) {
-            EXPECT_EQ(camera.state("F") == FEATURE_READ_FAILED,
-                camera.item("F").description.find("Cannot be read: ") != std::string::npos);
+            EXPECT_EQ(camera.state("F"), FEATURE_READ_FAILED);
+            const std::string& why = camera.item("F").description;
+            EXPECT_GT(why.size(), why.find("Cannot be read: ") + sizeof "Cannot be read: .");
         }
     }
 }
@@ -262,7 +293,6 @@ struct Write {
     int after;
 };
 
-const std::string hundredth = converter("Converter", "FROM * 100", "TO / 100") + intReg("R", 0);
 const std::string inverse = converter("Converter", "1000000 / FROM", "1000000 / TO");
 const std::string raw
     = node("Integer", "R", "<pValue>Reg</pValue><Min>10</Min><Max>90</Max><Inc>8</Inc>")
@@ -400,11 +430,13 @@ TEST(Standard, WhatCanComeIsListedFromTheStart)
 {
     // With all registers zero.
     TestCamera camera(openSimulated(
-        TestCamera::description("Mode Comes Never Deep Kept Later Polled Told Unwritten",
+        TestCamera::description("Mode Comes Never Deep Kept Later Polled Told Unwritten ByTwin",
             node("Integer", "Mode", "<pValue>R</pValue>") + intReg("R", 0)
                 + intReg("Comes", 4, "<pIsImplemented>Mode</pIsImplemented>")
                 + intReg("Never", 8, "<pIsImplemented>Fixed</pIsImplemented>")
                 + intReg("Fixed", 12, "<AccessMode>RO</AccessMode>")
+                + intReg("ByTwin", 44, "<pIsImplemented>Twin</pIsImplemented>")
+                + intReg("Twin", 0, oneIsReadOnly)
                 + node("Category", "Deep",
                     "<pIsAvailable>Mode</pIsAvailable><Visibility>Guru</Visibility><pFeature>In</"
                     "pFeature>")
@@ -419,12 +451,13 @@ TEST(Standard, WhatCanComeIsListedFromTheStart)
                 + node("Integer", "Zero", "<Value>0</Value>")
                 + intReg("In", 16, "<Visibility>Expert</Visibility>")),
         nullptr));
-    EXPECT_EQ(camera.listed(), "Main:0 Mode:1 Comes:1 Deep:1 In:2 Kept:1 Later:1 Polled:1 Told:1");
+    EXPECT_EQ(camera.listed(),
+        "Main:0 Mode:1 Comes:1 Deep:1 In:2 Kept:1 Later:1 Polled:1 Told:1 ByTwin:1");
     EXPECT_EQ(camera.item("Deep").level, LEVEL_EXPERT);
     EXPECT_EQ(camera.state("Comes") + camera.state("In"), 2 * FEATURE_NOT_AVAILABLE);
     EXPECT_EQ(camera.set("Comes", 1), notAvailable);
     EXPECT_EQ(camera.errorText(notAvailable), "Comes: not available now, depends on Mode");
-    EXPECT_EQ(camera.repository.GetInvalidatedFeatures("Mode").size(), 3U);
+    EXPECT_EQ(camera.repository.GetInvalidatedFeatures("Mode").size(), 4U);
     EXPECT_EQ(camera.set("Mode", 1), STATUS_OK);
     EXPECT_EQ(camera.set("Comes", 1) + camera.set("In", 2), STATUS_OK);
     EXPECT_EQ(camera.read("Comes") + camera.read("In"), "12");
