@@ -60,9 +60,34 @@ SettingsReading::SettingsReading(ZQCamera::Impl& camera, SelectorPositions& posi
         add(*feature);
     }
     m_frames.push_back({ m_root.get(), {} });
+    beginAhead(m_root->features);
 }
 
 SettingsReading::~SettingsReading() = default;
+
+void SettingsReading::beginAhead(const std::vector<const Feature*>& features)
+{
+    if (!m_camera.port().backend().prefersBatches()) {
+        return;
+    }
+    const std::vector<Feature>& all = m_camera.features();
+    std::vector<bool> wanted(all.size(), false);
+    for (const Feature* feature : features) {
+        wanted[static_cast<std::size_t>(feature - all.data())] = true;
+    }
+    for (const LineTarget& target : m_targets) {
+        const auto index = static_cast<std::size_t>(target.feature - all.data());
+        wanted[index] = wanted[index] || target.path.empty();
+    }
+    (void)m_positions.goTo({}); // what was read ahead is only good until a selector moves
+    m_ahead = std::make_unique<ReadAhead>(m_camera, Registers(), std::move(wanted));
+    m_isWaiting = true;
+}
+
+void SettingsReading::stepAhead()
+{
+    m_isWaiting = m_ahead->step() == ReadAhead::State::Running;
+}
 
 void SettingsReading::add(const Feature& feature)
 {
@@ -75,6 +100,10 @@ void SettingsReading::add(const Feature& feature)
 
 bool SettingsReading::step()
 {
+    if (m_isWaiting) {
+        stepAhead();
+        return true;
+    }
     if (!m_frames.empty()) {
         return stepFeatures();
     }
@@ -119,6 +148,10 @@ Result<std::string> SettingsReading::readAt(const Feature& feature, const Select
     ++m_done;
     if (const Status there = m_positions.goTo(path); !there.isOk()) {
         return there;
+    }
+    std::optional<RegisterPort::Ahead> ahead;
+    if (path.empty() && m_ahead && m_ahead->isCurrent()) {
+        ahead.emplace(m_camera.port(), m_ahead->known());
     }
     Result<std::string> value = readSettingSurely(m_camera, feature);
     if (value.isOk() && m_camera.reader().state(feature) == FEATURE_LOCKED) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "camera/Camera.h"
+#include "camera/ReadAhead.h"
 #include "capture/LineTargets.h"
 #include "capture/SelectorPositions.h"
 
@@ -29,6 +30,8 @@ public:
 
     /// Reads one thing, or moves on; false when all is read.
     bool step();
+    /// Whether the camera is being asked beside the caller, and nothing else can be done meanwhile.
+    bool isWaiting() const { return m_isWaiting; }
     /// Values read, and to be read as far as known.
     std::size_t done() const { return m_done; }
     std::size_t total() const { return m_total; }
@@ -47,6 +50,8 @@ private:
     struct Group;
     struct Frame;
 
+    void beginAhead(const std::vector<const Feature*>& features);
+    void stepAhead();
     void add(const Feature& feature);
     void planTargets();
     bool stepFeatures();
@@ -64,6 +69,9 @@ private:
     ZQCamera::Impl& m_camera;
     SelectorPositions& m_positions;
     RegisterPort::Pass m_pass;
+    /// Of a camera that is far: what no selector chooses is read beside the caller first.
+    std::unique_ptr<ReadAhead> m_ahead;
+    bool m_isWaiting = false;
     std::unique_ptr<Group> m_root;
     std::vector<Frame> m_frames; ///< from the root to where it is
     SelectorPath m_path;

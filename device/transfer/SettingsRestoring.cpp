@@ -116,8 +116,6 @@ SettingsTask::Step ZQSettingsRestoring::Impl::begin()
         }
     }
     m_reading.emplace(camera(), positions(), settings, targets());
-    m_before.setHeader(settingsHeader(camera()));
-    warn();
     m_phase = Phase::Read;
     return Step::Next;
 }
@@ -178,8 +176,13 @@ void ZQSettingsRestoring::Impl::warn()
 
 SettingsTask::Step ZQSettingsRestoring::Impl::read()
 {
-    if (m_reading->step()) {
+    if (m_before.header().date.empty()) {
+        m_before.setHeader(settingsHeader(camera()));
+        warn();
         return Step::Next;
+    }
+    if (m_reading->step()) {
+        return m_reading->isWaiting() ? Step::Wait : Step::Next;
     }
     for (Goal& goal : m_goals) {
         const auto found = m_reading->targets().find(goal.target.line);
@@ -404,7 +407,7 @@ void ZQSettingsRestoring::Impl::noteWritten(const Goal& written)
 SettingsTask::Step ZQSettingsRestoring::Impl::check()
 {
     if (m_reading->step()) {
-        return Step::Next;
+        return m_reading->isWaiting() ? Step::Wait : Step::Next;
     }
     for (Goal& goal : m_goals) {
         const auto found = m_reading->targets().find(goal.target.line);

@@ -45,7 +45,6 @@ void ZQSettingsSaving::Impl::begin()
         settings.leftOut().push_back(std::move(leftOut));
     }
     m_reading.emplace(camera(), positions(), plan.features, std::move(targets));
-    settings.header() = settingsHeader(camera());
 }
 
 SettingsTask::Step ZQSettingsSaving::Impl::step()
@@ -54,8 +53,12 @@ SettingsTask::Step ZQSettingsSaving::Impl::step()
         begin();
         return Step::Next;
     }
-    if (m_reading->step()) {
+    if (m_settings.header().date.empty()) {
+        m_settings.setHeader(settingsHeader(camera()));
         return Step::Next;
+    }
+    if (m_reading->step()) {
+        return m_reading->isWaiting() ? Step::Wait : Step::Next;
     }
     collect();
     return Step::Over;

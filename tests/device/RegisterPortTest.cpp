@@ -72,6 +72,22 @@ TEST_F(Port, KeepsWhatAPassReadsUntilAWriteOrItsEnd)
     EXPECT_EQ(m_port.changes(), 2U);
 }
 
+TEST_F(Port, KeepsThroughAWriteWhatItCannotHaveChanged)
+{
+    EXPECT_EQ(read(0), 0);
+    EXPECT_EQ(read(4), 0);
+    {
+        const RegisterPort::Keeping keeping(
+            m_port, [](const Register& place) { return place.address == 4; });
+        EXPECT_TRUE(write(4).isOk());
+    }
+    change(1);
+    EXPECT_EQ(read(4), 5);
+    EXPECT_EQ(read(0), 0);
+    m_port.invalidate();
+    EXPECT_EQ(read(0), 1);
+}
+
 TEST_F(Port, ReadsAgainWhatIsTooOld)
 {
     read(0);

@@ -1,4 +1,8 @@
+#include "DistantCamera.h"
 #include "SettingsUser.h"
+#include "simulation/SimulatedCamera.h"
+
+#include <climits>
 
 using namespace featurebrowser;
 using namespace zqcameralib;
@@ -160,6 +164,88 @@ TEST(SettingsSaving, SaysSoWhenASelectorCannotBePutBack)
     EXPECT_EQ(saving.error(),
         "TableSelector could not be put back to False: TableSelector: injected fault");
     camera.port.setFaultHook(nullptr);
+}
+
+/// Counts what is read beside the caller.
+class FarCamera : public DistantCamera {
+public:
+    using DistantCamera::DistantCamera;
+
+    std::unique_ptr<Reading> readBeside(Requests requests) override
+    {
+        beside += requests.size();
+        return DistantCamera::readBeside(std::move(requests));
+    }
+
+    std::size_t beside = 0;
+};
+
+TEST(SettingsSaving, ReadsBesideTheCallerWhatNoSelectorChoosesOfACameraThatIsFar)
+{
+    auto owned = std::make_unique<FarCamera>(makeSimulatedCameraBehaviour());
+    FarCamera& distant = *owned;
+    TestCamera far(openOver(std::string(simulatedCameraDescription()), std::move(owned)));
+    TestCamera near(TestCamera::simulated());
+    const ZQSettings settings = saved(far);
+    EXPECT_EQ(differences(settings, saved(near)), "");
+    EXPECT_GT(distant.beside, 40U);
+
+    alter(*far.camera, settings.only({ "Width", "Gamma", "PixelFormat", "DeviceUserTag" }));
+    const ZQRestoreReport report = restored(far, settings);
+    EXPECT_EQ(report.exitStatus(), 0) << report.toText();
+    EXPECT_EQ(report.count(ZQRestoredLine::Outcome::Restored), 4U);
+    EXPECT_EQ(differences(settings, saved(far)), "");
+}
+
+/// A camera that is lost from an access on.
+class Losable : public MemoryBackend {
+public:
+    using MemoryBackend::MemoryBackend;
+
+    Status read(const Register& place, std::uint8_t* buffer, AccessKind kind) override
+    {
+        return --accessesLeft < 0 ? loss() : MemoryBackend::read(place, buffer, kind);
+    }
+    Status write(const Register& place, const std::uint8_t* buffer, AccessKind kind) override
+    {
+        return --accessesLeft < 0 ? loss() : MemoryBackend::write(place, buffer, kind);
+    }
+    bool isLost() override { return accessesLeft < 0; }
+    Status loss() const override { return { cameraLost, "the camera does not answer" }; }
+
+    int accessesLeft = INT_MAX;
+};
+
+TEST(SettingsSaving, EndsWhenTheCameraIsLostAndSoDoesARestoring)
+{
+    for (int accesses = 0; accesses < 150; accesses += 7) {
+        auto owned = std::make_unique<Losable>(makeSimulatedCameraBehaviour());
+        Losable& backend = *owned;
+        TestCamera camera(openOver(std::string(simulatedCameraDescription()), std::move(owned)));
+        const ZQSettings all = saved(camera);
+        const ZQSettings settings
+            = all.only({ "Width", "Gamma", "TriggerMode[TriggerSelector=FrameStart]" });
+        alter(*camera.camera, settings);
+        camera.port.invalidate();
+
+        backend.accessesLeft = accesses;
+        ZQSettingsRestoring restoring(*camera.camera, settings);
+        restoring.wait(settingsLimit);
+        const bool isLost = backend.isLost();
+        backend.accessesLeft = INT_MAX;
+        camera.port.invalidate();
+        EXPECT_EQ(restoring.report().exitStatus(), isLost ? 2 : 0) << accesses;
+        EXPECT_EQ(restoring.error().substr(0, 26), isLost ? "the camera does not answer" : "");
+        for (const ZQRestoredLine& line : restoring.report().lines) {
+            if (line.outcome == ZQRestoredLine::Outcome::Restored) {
+                EXPECT_EQ(valueIn(saved(camera), line.line.label()), line.line.value) << accesses;
+            }
+        }
+        backend.accessesLeft = accesses;
+        ZQSettingsSaving saving(*camera.camera);
+        EXPECT_EQ(saving.wait(settingsLimit), ZQCameraTask::State::Failed);
+        EXPECT_TRUE(saving.takeSettings().lines().empty());
+    }
 }
 
 TEST_F(RealDescriptions, SaveReadsEachRegisterOnceAtEachPositionOfTheSelectors)
