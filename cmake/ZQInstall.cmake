@@ -1,21 +1,29 @@
-# cmake --install: headers, libraries, CMake package ZQFeatureBrowser and a pkg-config file each.
+# cmake --install: headers, libraries, CMake package ZQFeatureBrowser and a pkg-config file each. The
+# components (runtime, dev, viewer, doc) are what packages are made of.
 include(CMakePackageConfigHelpers)
 
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/featurebrowser COMPONENT dev
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 get_property(libraries GLOBAL PROPERTY ZQ_LIBRARIES)
-install(TARGETS Contract ${libraries} EXPORT ZQFeatureBrowserTargets FILE_SET HEADERS)
+install(TARGETS ZQContract ${libraries} EXPORT ZQFeatureBrowserTargets
+  LIBRARY COMPONENT runtime NAMELINK_COMPONENT dev)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ZQFeatureBrowser)
-install(EXPORT ZQFeatureBrowserTargets NAMESPACE ZQ:: DESTINATION ${package_dir}
-  FILE ZQFeatureBrowserConfig.cmake)
-write_basic_package_version_file(${CMAKE_BINARY_DIR}/ZQFeatureBrowserConfigVersion.cmake
+install(EXPORT ZQFeatureBrowserTargets NAMESPACE ZQ:: DESTINATION ${package_dir} COMPONENT dev)
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ZQFeatureBrowserConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/ZQFeatureBrowserConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZQFeatureBrowserConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
-install(FILES ${CMAKE_BINARY_DIR}/ZQFeatureBrowserConfigVersion.cmake DESTINATION ${package_dir})
+install(FILES ${PROJECT_BINARY_DIR}/ZQFeatureBrowserConfig.cmake
+  ${PROJECT_BINARY_DIR}/ZQFeatureBrowserConfigVersion.cmake
+  DESTINATION ${package_dir} COMPONENT dev)
 
 # The .pc files name their prefix by where they lie, so that the installed tree can be moved.
 file(RELATIVE_PATH pc_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 function(zq_install_pc name description requires)
-  configure_file(${PROJECT_SOURCE_DIR}/cmake/library.pc.in ${CMAKE_BINARY_DIR}/${name}.pc @ONLY)
-  install(FILES ${CMAKE_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/library.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+    COMPONENT dev)
 endfunction()
 zq_install_pc(ZQDeviceManager "Camera side: GenICam features over Aravis" "")
 zq_install_pc(ZQFeatureBrowserWidget "Qt widget that shows and edits camera features" "")

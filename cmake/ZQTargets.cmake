@@ -6,7 +6,7 @@ target_compile_options(zq_options INTERFACE
   -Wcast-align -Wformat=2 -Wmissing-declarations -Wundef -Wextra-semi -Wdouble-promotion
   -Wnon-virtual-dtor -Woverloaded-virtual
   # Optimised, GCC reports it for the insides of the standard library that it has inlined.
-  $<$<NOT:$<CONFIG:RelWithDebInfo,Release>>:-Wnull-dereference>
+  $<$<NOT:$<OR:$<CONFIG:RelWithDebInfo>,$<CONFIG:Release>>>:-Wnull-dereference>
   $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override>
   $<$<BOOL:${ZQ_WARNINGS_AS_ERRORS}>:-Werror>)
 if(ZQ_SANITIZE)

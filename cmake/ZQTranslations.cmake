@@ -12,8 +12,8 @@ function(zq_add_translations target name)
       "<file alias=\"${name}_${language}.qm\">${directory}/${name}_${language}.qm</file>")
   endforeach()
   qt5_add_translation(qm_files ${sources})
-  file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}.qrc
-    CONTENT "<RCC><qresource prefix=\"/${name}\">${entries}</qresource></RCC>")
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/translations.qrc.in
+    ${CMAKE_CURRENT_BINARY_DIR}/${name}.qrc @ONLY)
   qt5_add_resources(resources ${CMAKE_CURRENT_BINARY_DIR}/${name}.qrc)
   set_source_files_properties(${resources} PROPERTIES COMPILE_OPTIONS -w)
   target_sources(${target} PRIVATE ${resources})
