@@ -17,6 +17,7 @@ FORBIDDEN = {
     "device": rf"{UI}|safe_|\.\./(src|widget)",
     "imageview": rf"{CAMERA}|safe_|\.\./(src|widget|device)",
     "viewer": rf"{CAMERA}|safe_|\.\./(src|widget|device)",
+    "examples": rf"{CAMERA}|safe_|\.\./",
 }
 # A widget whose header shows what it is derived from.
 UI_FACES = {"include/featurebrowser/ZQImageView.h"}
