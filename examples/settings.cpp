@@ -53,8 +53,6 @@ int main(int argc, char** argv)
         return 1;
     }
     featurebrowser::ZQCameraDevice device(camera.get(), nullptr);
-    if (!save(*camera, argv[1]) || device.SetIntegerValue("Width", 320, 1) != 0) {
-        return 1;
-    }
-    return restore(*camera, argv[1]) ? 0 : 1;
+    const bool isChanged = save(*camera, argv[1]) && device.SetIntegerValue("Width", 320, 1) == 0;
+    return isChanged && restore(*camera, argv[1]) ? 0 : 1;
 }
