@@ -12,6 +12,15 @@ QImage convertImage(const ZQImage& image)
     return faultOf(image) == ImageFault::None ? savedImage(ImageLines(image)) : QImage();
 }
 
+ZQImage rawMosaic(const ZQImage& image)
+{
+    ZQImage raw = image;
+    if (const PixelFormat* format = findFormat(image.pixelFormat)) {
+        raw.pixelFormat = greyOf(*format).code;
+    }
+    return raw;
+}
+
 QString imageProblem(const ZQImage& image)
 {
     return problemText(image);

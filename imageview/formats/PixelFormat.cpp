@@ -174,6 +174,16 @@ const PixelFormat* findFormat(std::uint32_t code)
     return find(formats, code);
 }
 
+const PixelFormat& greyOf(const PixelFormat& format)
+{
+    const auto isGrey = [&format](const PixelFormat& other) {
+        return other.kind == PixelKind::Mono && other.bits == format.bits
+            && other.packing == format.packing;
+    };
+    const auto* const found = std::find_if(std::begin(formats), std::end(formats), isGrey);
+    return format.kind == PixelKind::Bayer && found != std::end(formats) ? *found : format;
+}
+
 const char* nameOfOther(std::uint32_t code)
 {
     const OtherFormat* found = find(others, code);

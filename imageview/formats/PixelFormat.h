@@ -52,6 +52,8 @@ struct PixelFormat {
 
 /// Null when it cannot be shown.
 const PixelFormat* findFormat(std::uint32_t code);
+/// The grey format whose components lie as those of a Bayer format; the format itself otherwise.
+const PixelFormat& greyOf(const PixelFormat& format);
 /// Name of a format that is known but cannot be shown; null when it is unknown.
 const char* nameOfOther(std::uint32_t code);
 

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <numeric>
 #include <vector>
 
@@ -109,6 +111,21 @@ TEST(ImageFormats, KnowTheFirstColoursOfBayerImages)
                 << std::hex << formats[i];
         }
     }
+}
+
+TEST(ImageFormats, KeepTheMosaicOfBayerImagesForSaving)
+{
+    for (const auto& formats : bayerFormats) {
+        for (const std::uint32_t format : formats) {
+            const ZQImage image = testImage(format, 2, 2, QByteArray::fromHex("0103050709000204"));
+            std::string values = valuesOf(image);
+            const auto isColour = [](char letter) { return std::isupper(letter) != 0; };
+            values.erase(std::remove_if(values.begin(), values.end(), isColour), values.end());
+            EXPECT_EQ(valuesOf(rawMosaic(image)), values) << std::hex << format;
+            EXPECT_TRUE(convertImage(rawMosaic(image)).isGrayscale());
+        }
+    }
+    EXPECT_EQ(rawMosaic(testImage(0x02180014, 1, 1, QByteArray(3, '\0'))).pixelFormat, 0x02180014U);
 }
 
 struct Colour {

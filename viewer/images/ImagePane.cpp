@@ -111,7 +111,8 @@ void ImagePane::makeAcquisitionActions()
 {
     m_start = add(m_acquisition, tr("St&art images"), "startImages", Qt::Key_F6);
     m_start->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
-    m_stop = add(m_acquisition, tr("St&op images"), "stopImages", Qt::SHIFT + Qt::Key_F6);
+    m_stop = add(
+        m_acquisition, tr("St&op images"), "stopImages", QKeySequence(QStringLiteral("Shift+F6")));
     m_stop->setIcon(style()->standardIcon(QStyle::SP_MediaStop));
     m_single = add(m_acquisition, tr("&Single image"), "singleImage", Qt::Key_F7);
     m_single->setIconText(tr("Single"));
@@ -167,7 +168,8 @@ void ImagePane::makeFileActions()
     m_save = add(m_files, tr("&Save this image\u2026"), "saveImage", QKeySequence::Save);
     m_save->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
     m_save->setEnabled(false);
-    m_record = add(m_files, tr("&Record images\u2026"), "recordImages", Qt::CTRL + Qt::Key_R);
+    m_record = add(m_files, tr("&Record images\u2026"), "recordImages",
+        QKeySequence(QStringLiteral("Ctrl+R")));
     m_record->setIconText(tr("Record"));
     m_record->setCheckable(true);
     connect(m_save, &QAction::triggered, this, &ImagePane::save);
@@ -242,13 +244,21 @@ void ImagePane::writeRegion(bool isWhole)
 
 void ImagePane::save()
 {
-    const QImage image = m_view->toImage(); // the one that the user sees now
-    const QString name = QFileDialog::getSaveFileName(this, tr("Save this image"),
-        QStringLiteral("image.png"), tr("Images (*.png *.tif *.tiff)"));
+    const featurebrowser::ZQImage image = m_view->image(); // the one that the user sees now
+    const featurebrowser::ZQImage raw = featurebrowser::rawMosaic(image);
+    const QString rawFilter = tr("Raw, without interpolated colours (*.png *.tif *.tiff)");
+    QString filters = tr("Images (*.png *.tif *.tiff)");
+    if (raw.pixelFormat != image.pixelFormat) {
+        filters += QStringLiteral(";;") + rawFilter;
+    }
+    QString filter;
+    const QString name = QFileDialog::getSaveFileName(
+        this, tr("Save this image"), QStringLiteral("image.png"), filters, &filter);
     if (name.isEmpty()) {
         return;
     }
-    const QString problem = saveImage(image, name);
+    const QString problem
+        = saveImage(featurebrowser::convertImage(filter == rawFilter ? raw : image), name);
     Q_EMIT told(problem.isEmpty(),
         problem.isEmpty() ? tr("Saved %1.").arg(QFileInfo(name).fileName()) : problem);
 }

@@ -86,10 +86,10 @@ void SettingsMenu::makeActions()
 {
     m_save = add(tr("&Save settings\u2026"), "saveSettings");
     m_save->setIconText(tr("Save settings"));
-    m_save->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_S);
+    m_save->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+S")));
     m_load = add(tr("&Load settings\u2026"), "loadSettings");
     m_load->setIconText(tr("Load settings"));
-    m_load->setShortcut(Qt::CTRL + Qt::Key_L);
+    m_load->setShortcut(QKeySequence(QStringLiteral("Ctrl+L")));
     m_compare = add(tr("&Compare with a file\u2026"), "compareSettings");
     m_compare->setIconText(tr("Compare settings"));
     m_remember = add(tr("&Remember the settings of now"), "rememberSettings");

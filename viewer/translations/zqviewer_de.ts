@@ -301,6 +301,10 @@
         <source>Measure with which packet size and delay the images of a GigE Vision camera arrive</source>
         <translation>Messen, mit welcher Paketgröße und welchem Abstand die Bilder einer GigE-Vision-Kamera ankommen</translation>
     </message>
+    <message>
+        <source>Raw, without interpolated colours (*.png *.tif *.tiff)</source>
+        <translation>Roh, ohne interpolierte Farben (*.png *.tif *.tiff)</translation>
+    </message>
 </context>
 <context>
     <name>zqviewer::LiveImage</name>

@@ -164,7 +164,7 @@ void ViewerWindow::makeMenus()
     file->addSeparator();
     file->addAction(tr("&Close"), this, &QWidget::close)->setShortcut(QKeySequence::Close);
     QAction* quit = file->addAction(tr("&Quit"), qApp, &QApplication::closeAllWindows);
-    quit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Q));
+    quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
     makeCameraMenu();
     makeSettingsMenu();
     makeViewMenu();
@@ -262,7 +262,7 @@ void ViewerWindow::makeViewMenu()
         { "histogramDock", Qt::Key_2 }, { "logDock", Qt::Key_3 } } };
     for (const auto& [name, key] : docks) {
         QAction* toggle = findChild<QDockWidget*>(QLatin1String(name))->toggleViewAction();
-        toggle->setShortcut(QKeySequence(static_cast<int>(Qt::CTRL) + key));
+        toggle->setShortcut(QKeySequence(QLatin1String(key)));
         menu->addAction(toggle);
     }
     menu->addSeparator();
