@@ -6,7 +6,6 @@
 #include <glib.h>
 
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <sstream>
 
