@@ -18,9 +18,11 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 #include <set>
 
@@ -213,6 +215,30 @@ TEST_F(Desk, SettingsAreSavedLoadedComparedAndTakenBack)
     settings.load(file);
     EXPECT_NE(m_viewer.words().find("a.zqs: line "), std::string::npos) << m_viewer.words();
     EXPECT_EQ(value("ExposureTime"), "7000");
+}
+
+/// Each letter of a menu means one thing, in every language.
+TEST_F(Desk, MenusAreOperatedByLetters)
+{
+    for (const char* language : { "en", "de" }) {
+        QTranslator words;
+        ASSERT_TRUE(
+            words.load(QStringLiteral(":/zqviewer/zqviewer_%1").arg(QLatin1String(language))));
+        QCoreApplication::installTranslator(&words);
+        const Viewer viewer(simulated());
+        for (const QMenu* menu : viewer.tree()->window()->findChildren<QMenu*>()) {
+            std::set<QString> letters;
+            for (const QAction* action : menu->actions()) {
+                const QString letter = QKeySequence::mnemonic(action->text()).toString();
+                EXPECT_TRUE(letter.isEmpty() || letters.insert(letter).second)
+                    << language << ' ' << action->text().toStdString();
+            }
+        }
+        const QList<QAction*> bar = viewer.child<QMenuBar>()->actions();
+        EXPECT_EQ(bar.size(), 5);
+        EXPECT_EQ(bar.first()->text() == QStringLiteral("&File"), *language == 'e');
+        QCoreApplication::removeTranslator(&words);
+    }
 }
 
 TEST(Desks, CamerasOfOneModelAreToldApartAndKeepTheirWordsToThemselves)

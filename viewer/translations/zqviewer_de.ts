@@ -874,7 +874,7 @@
         <translation>Werkzeuge</translation>
     </message>
     <message>
-        <source>Reconnect a&amp;utomatically</source>
+        <source>Reconnect au&amp;tomatically</source>
         <translation>A&amp;utomatisch wieder verbinden</translation>
     </message>
     <message>

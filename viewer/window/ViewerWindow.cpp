@@ -198,7 +198,7 @@ void ViewerWindow::makeCameraMenu()
     reload->setShortcut(QKeySequence::Refresh);
     m_reconnect = menu->addAction(tr("&Reconnect"), this, [this] { m_keeper->reconnect(); });
     m_reconnect->setEnabled(false);
-    QAction* byItself = menu->addAction(tr("Reconnect a&utomatically"));
+    QAction* byItself = menu->addAction(tr("Reconnect au&tomatically"));
     byItself->setObjectName(QStringLiteral("reconnectByItself"));
     byItself->setCheckable(true);
     byItself->setChecked(m_memory == nullptr || m_memory->reconnectsByItself());
@@ -413,6 +413,9 @@ void ViewerWindow::imagesTold(bool good, const QString& text)
 void ViewerWindow::SendError(int code, std::string text)
 {
     showMessage(code == STATUS_OK, QString::fromStdString(text));
+    if (code != STATUS_OK) { // a command that was run stands in the browser's own list
+        m_log->add(LogLine::Kind::Refused, QString::fromStdString(text));
+    }
     // Where no answer came in time, reading tells whether the camera has taken it.
     m_isKeepersMessage = code != STATUS_OK && ViewerApplication::isTurnOver();
     if (m_isKeepersMessage) {
