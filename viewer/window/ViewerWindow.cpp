@@ -258,8 +258,8 @@ void ViewerWindow::offerSettings()
 void ViewerWindow::makeViewMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&View"));
-    const std::array<std::pair<const char*, Qt::Key>, 3> docks { { { "imageDock", Qt::Key_1 },
-        { "histogramDock", Qt::Key_2 }, { "logDock", Qt::Key_3 } } };
+    const std::array<std::pair<const char*, const char*>, 3> docks { { { "imageDock", "Ctrl+1" },
+        { "histogramDock", "Ctrl+2" }, { "logDock", "Ctrl+3" } } };
     for (const auto& [name, key] : docks) {
         QAction* toggle = findChild<QDockWidget*>(QLatin1String(name))->toggleViewAction();
         toggle->setShortcut(QKeySequence(QLatin1String(key)));
