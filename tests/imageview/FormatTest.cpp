@@ -118,10 +118,10 @@ TEST(ImageFormats, KeepTheMosaicOfBayerImagesForSaving)
     for (const auto& formats : bayerFormats) {
         for (const std::uint32_t format : formats) {
             const ZQImage image = testImage(format, 2, 2, QByteArray::fromHex("0103050709000204"));
-            std::string values = valuesOf(image);
+            std::string plain = valuesOf(image);
             const auto isColour = [](char letter) { return std::isupper(letter) != 0; };
-            values.erase(std::remove_if(values.begin(), values.end(), isColour), values.end());
-            EXPECT_EQ(valuesOf(rawMosaic(image)), values) << std::hex << format;
+            plain.erase(std::remove_if(plain.begin(), plain.end(), isColour), plain.end());
+            EXPECT_EQ(valuesOf(rawMosaic(image)), plain) << std::hex << format;
             EXPECT_TRUE(convertImage(rawMosaic(image)).isGrayscale());
         }
     }
