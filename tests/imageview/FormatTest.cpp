@@ -120,7 +120,7 @@ TEST(ImageFormats, KeepTheMosaicOfBayerImagesForSaving)
             const ZQImage image = testImage(format, 2, 2, QByteArray::fromHex("0103050709000204"));
             std::string plain = valuesOf(image);
             const auto isColour = [](char letter) { return std::isupper(letter) != 0; };
-            plain.erase(std::remove_if(plain.begin(), plain.end(), isColour), plain.end());
+            std::replace_if(plain.begin(), plain.end(), isColour, 'Y');
             EXPECT_EQ(valuesOf(rawMosaic(image)), plain) << std::hex << format;
             EXPECT_TRUE(convertImage(rawMosaic(image)).isGrayscale());
         }
