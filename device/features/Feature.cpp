@@ -238,7 +238,7 @@ bool Feature::isUsable() const
 
 bool Feature::isReadable() const
 {
-    return isUsable() && (access == ACCESS_READ_ONLY || access == ACCESS_READ_WRITE);
+    return access == ACCESS_READ_ONLY || access == ACCESS_READ_WRITE;
 }
 
 std::vector<Feature> collectFeatures(

@@ -21,7 +21,6 @@ Result<IntegerLimits> integerLimits(NodeMap& nodes, const Feature& feature)
     take(given.value().minimum, limits.minimum);
     take(given.value().maximum, limits.maximum);
     take(given.value().increment, limits.increment);
-    limits.increment = std::max<std::int64_t>(limits.increment, 0);
     return limits;
 }
 

@@ -11,7 +11,7 @@ namespace zqcameralib {
 struct IntegerLimits {
     std::int64_t minimum = INT64_MIN;
     std::int64_t maximum = INT64_MAX;
-    std::int64_t increment = 1; ///< 0 = the description gives none that is possible
+    std::int64_t increment = 1; ///< 0 or less = the description gives none that is possible
 };
 struct FloatLimits {
     double minimum = 0.0;

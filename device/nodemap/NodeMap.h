@@ -45,7 +45,8 @@ public:
     Status set(std::size_t node, const Number& value);
     Status execute(std::size_t command);
 
-    /// Of a String or StringReg, up to the first NUL.
+    /// Of a String or StringReg that is not broken, up to the first NUL. What is longer than its
+    /// register is cut: length() tells before.
     Result<std::string> text(std::size_t index);
     Status setText(std::size_t index, const std::string& text);
     /// Of a Register, at most that many.

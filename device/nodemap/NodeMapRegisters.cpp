@@ -143,8 +143,8 @@ Status NodeMap::setText(std::size_t index, const std::string& text)
         return {};
     }
     const Result<std::size_t> size = readLength(index);
-    if (!size.isOk() || text.size() > size.value()) {
-        return size.isOk() ? Status(textTooLong, "the text is too long") : size.status();
+    if (!size.isOk()) {
+        return size.status();
     }
     std::vector<std::uint8_t> bytes(text.begin(), text.end());
     bytes.resize(size.value()); // the rest is cleared

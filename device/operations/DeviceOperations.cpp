@@ -118,7 +118,7 @@ Status DeviceOperations::getFloat(const char* name, double& value)
     const Feature& feature = *found.value();
     return read(feature, [&](NodeMap& nodes) {
         const Result<Number> result = nodes.number(feature.index);
-        if (result.isOk() && !result.value().isFinite()) {
+        if (!result.value().isFinite()) {
             return Status(notReadable, "the camera holds no finite number");
         }
         value = result.isOk() ? result.value().asReal() : value;
