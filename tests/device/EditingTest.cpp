@@ -231,6 +231,31 @@ TEST(Writes, ReachTheCameraAndReadBack)
     }
 }
 
+TEST(Writes, OfATextWithoutARegisterAreKept)
+{
+    TestCamera camera("S", node("String", "S", "<Value>old</Value>"));
+    EXPECT_EQ(camera.item("S").maxLength, 0U); // nothing limits it
+    EXPECT_EQ(camera.set("S", "something new"), STATUS_OK);
+    EXPECT_EQ(camera.read("S"), "something new");
+}
+
+TEST(Writes, OfBitsNeedTheOthersAndALengthThatHoldsThem)
+{
+    TestCamera camera("Low Size",
+        reg("MaskedIntReg", "Low", 0, "<LSB>0</LSB><MSB>15</MSB><pLength>Size</pLength>")
+            + node("Integer", "Size", "<Value>2</Value>"));
+    camera.port.invalidate();
+    camera.port.setFaultHook([](auto, auto, bool write) { return !write; });
+    EXPECT_EQ(camera.set("Low", 1, 0), injectedFault);
+    EXPECT_EQ(camera.port.writes(), 0U);
+    camera.port.setFaultHook(nullptr);
+    EXPECT_EQ(camera.set("Low", 1), STATUS_OK);
+    EXPECT_EQ(camera.set("Size", 1), STATUS_OK);
+    EXPECT_EQ(camera.set("Low", 2, 0), notEvaluable);
+    camera.read("Low");
+    EXPECT_EQ(camera.state("Low"), FEATURE_READ_FAILED);
+}
+
 TEST(Writes, OfBitsThatCannotBeReadKeepTheOthersWhereARegisterShowsThem)
 {
     const std::string low = "<LSB>31</LSB><MSB>28</MSB><AccessMode>WO</AccessMode>";
