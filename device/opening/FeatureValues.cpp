@@ -94,6 +94,12 @@ AsIfSelected::AsIfSelected(ZQCamera::Impl& camera, const char* selector, const s
     m_isPossible = m_isPresent || (wanted != nullptr && choose(camera, *feature, wanted->value));
 }
 
+AsIfSelected::AsIfSelected(ZQCamera::Impl& camera, const Feature& selector, std::int64_t value)
+    : m_isPresent(false)
+{
+    m_isPossible = choose(camera, selector, value);
+}
+
 bool AsIfSelected::choose(ZQCamera::Impl& camera, const Feature& selector, std::int64_t value)
 {
     const Description& description = camera.description();

@@ -43,6 +43,8 @@ class AsIfSelected {
 public:
     /// Without a selector of that name, nothing changes. `entry` is one of those of the selector.
     AsIfSelected(ZQCamera::Impl& camera, const char* selector, const std::string& entry);
+    /// The same of a selector that is a number.
+    AsIfSelected(ZQCamera::Impl& camera, const Feature& selector, std::int64_t value);
 
     /// Whether it does: not where the camera has the selector, but no such entry, or where more
     /// than a register stands behind it and it is not there at present.

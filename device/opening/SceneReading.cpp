@@ -79,6 +79,25 @@ SceneAxis readAxis(FeatureValues& values, const AxisNames& names)
     return axis;
 }
 
+/// Cameras that send several bands of rows as one image name them so.
+void readBands(FeatureValues& values, SceneSettings& settings)
+{
+    constexpr std::int64_t most = 16;
+    const auto index = values.find({ "MROI_Index" });
+    if (!index || !values.isOn({ "MROI_Enable" })) {
+        return;
+    }
+    const Limits limits = values.limits(*index->feature);
+    const std::int64_t last
+        = std::min(limits.maximum ? limits.maximum->rounded().value_or(0) : 0, most);
+    for (std::int64_t i = 0; i <= last; ++i) {
+        const AsIfSelected selected(values.camera(), *index->feature, i);
+        settings.bands.push_back(
+            { std::clamp<std::int64_t>(values.integer({ "MROI_Y" }, 0), 0, largestSide),
+                std::clamp<std::int64_t>(values.integer({ "MROI_H" }, 0), 0, largestSide) });
+    }
+}
+
 double exposureOf(FeatureValues& values)
 {
     struct Unit {
@@ -290,6 +309,7 @@ SceneSettings readScene(ZQCamera::Impl& camera)
     SceneSettings settings;
     settings.x = readAxis(values, horizontal);
     settings.y = readAxis(values, vertical);
+    readBands(values, settings);
     readResponse(values, settings);
     readPattern(values, settings);
     settings.hasChunks = values.isOn({ "ChunkModeActive" });

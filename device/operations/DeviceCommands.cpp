@@ -76,7 +76,7 @@ Status DeviceOperations::waitUntilDone(const Feature& feature, Clock::time_point
          pause = std::min<std::chrono::milliseconds>(2 * pause, maxPause)) {
         port.invalidate();
         const Result<Number> isDone = m_camera.nodes().number(feature.index);
-        const Status failure = failures.status();
+        Status failure = failures.status();
         if (!failure.isOk() && failure.code() != cameraSlow) {
             return failure;
         }

@@ -24,6 +24,19 @@ std::vector<std::int64_t> beginnings(const SceneAxis& axis, std::int64_t length)
     return begins;
 }
 
+/// The rows of the region that show the bands one below the other.
+void showBands(const std::vector<SceneBand>& bands, std::vector<std::int64_t>& rows, SceneAxis axis)
+{
+    std::size_t at = 0;
+    for (const SceneBand& band : bands) {
+        const auto left = static_cast<std::int64_t>(rows.size() - at);
+        axis.offset = band.top;
+        for (const std::int64_t row : beginnings(axis, std::min(band.rows, left))) {
+            rows[at++] = row;
+        }
+    }
+}
+
 std::int64_t seenSensor(const SceneAxis& axis, std::int64_t length)
 {
     return std::max(axis.sensor, (axis.offset + length) * axis.step);
@@ -46,6 +59,7 @@ void Picture::use(const SceneSettings& settings)
     m_settings = settings;
     m_columns = beginnings(settings.x, m_format.width);
     m_rows = beginnings(settings.y, m_format.height);
+    showBands(settings.bands, m_rows, settings.y);
     m_scene
         = Scene(seenSensor(settings.x, m_format.width), seenSensor(settings.y, m_format.height));
     m_isDrawn = false;

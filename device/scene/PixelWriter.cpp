@@ -127,8 +127,8 @@ void putBits(
         const unsigned shift = at % 8;
         const unsigned now = std::min(count, 8 - shift);
         const unsigned mask = ((1U << now) - 1U) << shift;
-        std::uint8_t& byte = image[at / 8];
-        byte = static_cast<std::uint8_t>((byte & ~mask) | ((value << shift) & mask));
+        const unsigned others = image[at / 8] & ~mask;
+        image[at / 8] = static_cast<std::uint8_t>(others | ((value << shift) & mask));
         value >>= now;
         count -= now;
         at += now;
@@ -208,7 +208,8 @@ void PixelWriter::putYuv(
     std::uint8_t* image, std::size_t size, std::uint64_t pixel, const Levels& levels) const
 {
     const std::string_view group = m_format.order;
-    const auto shared = static_cast<std::uint64_t>(std::count(group.begin(), group.end(), 'Y'));
+    const auto count = std::count(group.begin(), group.end(), 'Y');
+    const std::uint64_t shared = count > 0 ? static_cast<std::uint64_t>(count) : 1;
     const std::uint64_t begin = pixel / shared * group.size();
     const std::uint64_t inGroup = pixel % shared;
     const Yuv yuv = codedAs(m_format.coding, levels);

@@ -18,8 +18,10 @@ constexpr float shade = 0.5F; ///< light lost across the whole sensor
 // The belt of each row of charts.
 constexpr std::int64_t beltTop = 280;
 constexpr std::int64_t beltBottom = 328;
+constexpr std::int64_t beltMiddle = (beltTop + beltBottom) / 2;
 constexpr std::int64_t ballRadius = 20;
 constexpr std::int64_t ballDistance = 128;
+constexpr std::int64_t ballMiddle = ballDistance / 2;
 constexpr std::uint64_t ballStep = 4; ///< pixels a frame
 
 struct Area {
@@ -148,8 +150,8 @@ Light beltAt(std::int64_t x, std::int64_t y, std::uint64_t frame)
     constexpr std::int64_t lap = 4 * ballDistance;
     const auto moved = static_cast<std::int64_t>(frame * ballStep % std::uint64_t(lap));
     const std::int64_t onBelt = within(x - moved, lap);
-    const auto dx = static_cast<float>(onBelt % ballDistance - ballDistance / 2);
-    const auto dy = static_cast<float>(y - (beltTop + beltBottom) / 2);
+    const auto dx = static_cast<float>(onBelt % ballDistance - ballMiddle);
+    const auto dy = static_cast<float>(y - beltMiddle);
     const float inside = 1.0F - (dx * dx + dy * dy) / float(ballRadius * ballRadius);
     if (inside <= 0.0F) {
         return grey(onBelt % 16 == 0 ? 0.14F : 0.1F);

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace zqcameralib {
 
@@ -30,6 +31,12 @@ struct SceneAxis {
     bool isReversed = false;
 };
 
+/// Rows that follow each other on the sensor, in pixels of the image.
+struct SceneBand {
+    std::int64_t top = 0;
+    std::int64_t rows = 0;
+};
+
 /// What starts frames beside the clock.
 struct SceneTrigger {
     bool isAwaited = false;
@@ -43,6 +50,7 @@ struct SceneTrigger {
 /// default the whole scene is well lit.
 struct SceneSettings {
     SceneAxis x, y;
+    std::vector<SceneBand> bands; ///< what the image consists of, instead of one region
     double gain = 1.0; ///< factor of the light, exposure time and gain together
     double black = 0.0; ///< added, as a share of the brightest value
     /// The same once more for red, green and blue, where colours are told apart.

@@ -194,7 +194,7 @@ public:
             return -1;
         }
         const std::lock_guard<std::mutex> lock(m_mutex);
-        return m_bytes.at(static_cast<std::size_t>(y * m_width + x));
+        return m_bytes.at(static_cast<std::size_t>(y) * m_width + static_cast<std::size_t>(x));
     }
     std::uint64_t count() const { return m_acquisition.counters().delivered; }
 
@@ -203,12 +203,12 @@ private:
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_bytes.assign(frame.data, frame.data + frame.size);
-        m_width = frame.width;
+        m_width = static_cast<std::size_t>(frame.width);
     }
 
     std::mutex m_mutex;
     std::vector<std::uint8_t> m_bytes;
-    int m_width = 0;
+    std::size_t m_width = 0;
     ZQAcquisition m_acquisition;
 };
 
@@ -241,6 +241,8 @@ TEST(SimulatedImages, ShowTheSceneAsTheSettingsSay)
              { "DoubleRate_Enable=1 OffsetX=16", 5, 6, seen(42, 6), 0 },
              { "DecimationHorizontal=2 DecimationVertical=3 OffsetX=16 OffsetY=10", 5, 4,
                  seen(42, 42), 0 },
+             { "MROI_Enable=1", 5, 130, 74, 0 }, // row 514: 79 in less light
+             { "MROI_Enable=1 MROI_Index=1 MROI_Y=20 MROI_Index=0", 5, 130, seen(5, 22), 0 },
              { "ExposureTime=5000", 0, 0, 79 / 2, 1 },
              { "ExposureTime=20000", 0, 0, 2 * 79, 1 },
              { "ExposureTime=40000", 0, 0, 255, 0 },
