@@ -6,6 +6,7 @@
 #include <charconv>
 #include <map>
 #include <set>
+#include <utility>
 
 namespace zqcameralib {
 
@@ -17,16 +18,20 @@ using Names = std::set<std::string>;
 /// By the name of a feature: the selectors that tell its lines apart.
 using Deciding = std::map<std::string, Names>;
 
-/// Lines that tell all positions: those that differ between the lines of a feature.
+/// Lines that tell all positions: those that are not the same for all lines of a feature.
 void addDiffering(const ZQSettings& settings, Deciding& deciding)
 {
-    std::map<std::string, std::map<std::string, std::string>> seen;
+    std::map<std::string, std::size_t> lines;
+    std::map<std::pair<std::string, std::string>, std::multiset<std::string>> positions;
     for (const Line& line : settings.lines()) {
+        ++lines[line.name];
         for (const ZQSelectorState& selector : line.selectors) {
-            const auto [known, isFirst] = seen[line.name].emplace(selector.name, selector.value);
-            if (!isFirst && known->second != selector.value) {
-                deciding[line.name].insert(selector.name);
-            }
+            positions[{ line.name, selector.name }].insert(selector.value);
+        }
+    }
+    for (const auto& [names, values] : positions) {
+        if (values.count(*values.begin()) != lines[names.first]) {
+            deciding[names.first].insert(names.second);
         }
     }
 }

@@ -175,6 +175,8 @@ TEST(SettingsText, ComparesValuesAndUnits)
     EXPECT_EQ(differencesOf(a, b),
         "B: 9007199254740993 | 9007199254740992\nC: 5 [ms] | 5 [us]\nD: x | (none)\n"
         "F[S=q]: (none) | \n");
+    const ZQSettings unplaced = parsed("Gain\t1\nGainSelector\tBlue\nGain\t2\n");
+    EXPECT_EQ(differencesOf(unplaced, unplaced), "");
     ZQSettings merged = b;
     for (const ZQSettingsLine& line : a.only({ "B", "C", "D" }).lines()) {
         merged.put(line);
