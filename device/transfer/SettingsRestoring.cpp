@@ -398,7 +398,8 @@ void ZQSettingsRestoring::Impl::writeGoal(Goal& goal)
 void ZQSettingsRestoring::Impl::noteWritten(const Goal& written)
 {
     for (Goal& goal : m_goals) {
-        if (&goal != &written && m_order->affects(*written.target.feature, *goal.target.feature)) {
+        if (&goal != &written && goal.now
+            && m_order->affects(*written.target.feature, *goal.target.feature)) {
             goal.now.reset();
         }
     }

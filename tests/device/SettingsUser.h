@@ -22,6 +22,27 @@ inline zqcameralib::ZQSettings saved(TestCamera& camera)
     return saving.takeSettings();
 }
 
+/// What the lines name, as the camera holds it.
+inline zqcameralib::ZQSettings savedAs(TestCamera& camera, const zqcameralib::ZQSettings& lines)
+{
+    zqcameralib::ZQSettingsSaving saving(*camera.camera, lines);
+    EXPECT_EQ(saving.wait(settingsLimit), zqcameralib::ZQCameraTask::State::Done) << saving.error();
+    return saving.takeSettings();
+}
+
+/// The simulated camera's settings but for its many look-up values.
+inline zqcameralib::ZQSettings withoutTables(TestCamera& camera)
+{
+    const zqcameralib::ZQSettings settings = saved(camera);
+    std::vector<std::string> labels;
+    for (const zqcameralib::ZQSettingsLine& line : settings.lines()) {
+        if (line.name != "LUTValue") {
+            labels.push_back(line.label());
+        }
+    }
+    return settings.only(labels);
+}
+
 /// Does something while the Nth access fails, none for 0; how many accesses there were.
 inline std::uint64_t withFault(
     TestCamera& camera, std::uint64_t failing, const std::function<void()>& work)
