@@ -9,9 +9,9 @@
 //   restored         share of them that hold afterwards; to reach: 1, but for what the camera
 //                    itself forbids
 //   writes           registers written, selectors among them, over changed values; to reach: at
-//                    most 3, and 4 where nearly every value has a position of its own
+//                    most 3
 //   working          accesses beyond the reading before and the reading back, over changed values;
-//                    to reach: at most 3, and 6 where nearly every value has a position of its own
+//                    to reach: at most 3, and 4 where nearly every value has a position of its own
 //   all              all accesses over changed values
 //   /naive           all accesses over those of the naive way: each line in the order of the file,
 //                    its selectors first, again until nothing changes any more

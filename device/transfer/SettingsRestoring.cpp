@@ -3,10 +3,8 @@
 #include "base/StatusCodes.h"
 #include "capture/SettingAccess.h"
 #include "capture/SettingsPlan.h"
-#include "settings/SettingsBuilding.h"
 
 #include <algorithm>
-#include <map>
 #include <set>
 #include <utility>
 
@@ -97,83 +95,6 @@ SettingsTask::Step ZQSettingsRestoring::Impl::step()
     }
 }
 
-SettingsTask::Step ZQSettingsRestoring::Impl::begin()
-{
-    if (camera().port().backend().isReadOnly()) {
-        fail("the camera is opened for reading only");
-        return Step::Over;
-    }
-    resolve();
-    std::vector<std::size_t> nodes;
-    for (const Goal& goal : m_goals) {
-        nodes.push_back(goal.target.feature->index);
-    }
-    const std::vector<bool> affected = camera().dependencies().affectedBy(nodes);
-    RestoreOrder::Features settings;
-    for (const Feature* feature : settingsPlan(camera()).features) {
-        if (affected[feature->index] && !m_options.isDryRun) {
-            settings.push_back(feature);
-        }
-    }
-    m_reading.emplace(camera(), positions(), settings, targets());
-    m_phase = Phase::Read;
-    return Step::Next;
-}
-
-/// Of several lines that mean the same here the last one counts, as where one after the other is
-/// written.
-void ZQSettingsRestoring::Impl::resolve()
-{
-    std::map<std::pair<const Feature*, std::string>, std::size_t> known;
-    for (std::size_t i = 0; i < m_settings.lines().size(); ++i) {
-        const Result<LineTarget> target = lineTarget(camera(), m_settings, i);
-        ZQRestoredLine& line = m_report.lines[i];
-        if (!target.isOk()) {
-            const int code = target.status().code();
-            line.outcome = code == unknownFeature || code == unknownEntry ? Outcome::UnknownHere
-                                                                          : Outcome::Refused;
-            line.reason = target.status().text();
-            continue;
-        }
-        const LineTarget& found = target.value();
-        const std::string place = ZQSettingsLine { "", statesOf(found.path), "", "", 0 }.label();
-        const auto [same, isFirst] = known.emplace(std::pair(found.feature, place), m_goals.size());
-        if (isFirst) {
-            m_goals.emplace_back();
-        } else {
-            ZQRestoredLine& earlier = m_report.lines[m_goals[same->second].target.line];
-            earlier.outcome = Outcome::Refused;
-            earlier.reason = "a later line says it again";
-        }
-        m_goals[same->second].target = found;
-    }
-}
-
-void ZQSettingsRestoring::Impl::warn()
-{
-    const ZQSettingsHeader& here = m_before.header();
-    const ZQSettingsHeader& there = m_settings.header();
-    using Member = std::string ZQSettingsHeader::*;
-    const auto differs = [&](Member member) {
-        return !(there.*member).empty() && !(here.*member).empty() && there.*member != here.*member;
-    };
-    const auto add = [this](const char* what, const std::string& of, const std::string& now) {
-        m_report.warnings.push_back(
-            std::string("the settings are of another ") + what + ": " + of + ", here " + now);
-    };
-    if (differs(&ZQSettingsHeader::vendor) || differs(&ZQSettingsHeader::model)) {
-        add("model", there.vendor + " " + there.model, here.vendor + " " + here.model);
-        return;
-    }
-    if (differs(&ZQSettingsHeader::firmware)) {
-        add("firmware", there.firmware, here.firmware);
-    }
-    if (differs(&ZQSettingsHeader::descriptionChecksum)) {
-        add("description", "version " + there.descriptionVersion,
-            "version " + here.descriptionVersion);
-    }
-}
-
 SettingsTask::Step ZQSettingsRestoring::Impl::read()
 {
     if (m_before.header().date.empty()) {
@@ -197,26 +118,6 @@ SettingsTask::Step ZQSettingsRestoring::Impl::read()
     return m_options.isDryRun ? Step::Over : planOrder();
 }
 
-/// With the lines that name what is no setting by itself.
-void ZQSettingsRestoring::Impl::keepBefore(std::vector<ZQSettingsLine> lines)
-{
-    std::set<std::string> known;
-    for (const ZQSettingsLine& line : lines) {
-        known.insert(line.label());
-    }
-    for (const Goal& goal : m_goals) {
-        if (goal.before && goal.before->isOk()) {
-            ZQSettingsLine line = zqcameralib::lineOf(camera().description(), *goal.target.feature,
-                goal.target.path, goal.before->value());
-            if (known.insert(line.label()).second) {
-                lines.push_back(std::move(line));
-            }
-        }
-    }
-    ZQSettings::Access before(m_before);
-    before.lines() = std::move(lines);
-}
-
 const ZQSettingsLine& ZQSettingsRestoring::Impl::lineOf(const Goal& goal) const
 {
     return m_settings.lines()[goal.target.line];
@@ -237,11 +138,13 @@ bool ZQSettingsRestoring::Impl::isWorthTrying(const Goal& goal) const
         && (isNew || goal.tried < m_writes);
 }
 
-std::vector<LineTarget> ZQSettingsRestoring::Impl::targets() const
+std::vector<LineTarget> ZQSettingsRestoring::Impl::targets(bool withTables) const
 {
     std::vector<LineTarget> targets;
     for (const Goal& goal : m_goals) {
-        targets.push_back(goal.target);
+        if (withTables || !goal.isOfTable) {
+            targets.push_back(goal.target);
+        }
     }
     return targets;
 }
@@ -349,7 +252,7 @@ void ZQSettingsRestoring::Impl::beginRound()
 void ZQSettingsRestoring::Impl::beginCheck()
 {
     m_pass.reset();
-    m_reading.emplace(camera(), positions(), RestoreOrder::Features(), targets());
+    m_reading.emplace(camera(), positions(), RestoreOrder::Features(), targets(true));
     m_phase = Phase::Check;
 }
 
@@ -372,6 +275,12 @@ void ZQSettingsRestoring::Impl::writeGoal(Goal& goal)
         return;
     }
     goal.now = readSettingSurely(camera(), feature);
+    if (!goal.before) {
+        goal.before = goal.now;
+        if (goal.now->isOk()) {
+            keepBefore(goal);
+        }
+    }
     if (isHeld(goal, goal.now)) {
         return;
     }
@@ -427,71 +336,6 @@ SettingsTask::Step ZQSettingsRestoring::Impl::check()
         fail(m_stopReason);
     }
     return Step::Over;
-}
-
-/// Whether that is known: an access that failed says nothing of what the camera holds.
-bool ZQSettingsRestoring::Impl::isRefused(const Goal& goal) const
-{
-    if (goal.refusal.isOk()) {
-        return false;
-    }
-    const bool isRead = goal.now && goal.now->isOk();
-    return isRead || (goal.writes == 0 && isAnswer(goal.refusal));
-}
-
-void ZQSettingsRestoring::Impl::conclude(const Goal& goal, ZQRestoredLine& line) const
-{
-    line.before = goal.before && goal.before->isOk() ? goal.before->value() : "";
-    line.now = goal.now && goal.now->isOk() ? goal.now->value() : "";
-    line.reason.clear();
-    if (isHeld(goal, goal.now)) {
-        line.outcome = isHeld(goal, goal.before) ? Outcome::AlreadySo : Outcome::Restored;
-    } else if (m_options.isDryRun && goal.before) {
-        line.outcome = Outcome::WouldBeWritten;
-    } else if (isRefused(goal)) {
-        line.outcome = Outcome::Refused;
-        line.reason = goal.refusal.text();
-    } else if (goal.now && goal.now->isOk() && goal.writes > 0) {
-        line.outcome = Outcome::Adjusted;
-    } else {
-        concludeUnread(goal, line);
-    }
-    if (goal.now && goal.now->status().code() == unknownFeature) {
-        line.outcome = Outcome::UnknownHere;
-        line.reason = goal.now->status().text();
-    }
-}
-
-void ZQSettingsRestoring::Impl::concludeUnread(const Goal& goal, ZQRestoredLine& line) const
-{
-    line.outcome = Outcome::NotKnown;
-    const std::string begin = goal.writes > 0 ? "was written, and " : "";
-    if (goal.now && !goal.now->isOk()) {
-        line.reason = begin + "cannot be read: " + goal.now->status().text();
-    } else if (!goal.refusal.isOk()) {
-        line.reason = begin + goal.refusal.text();
-    } else if (goal.before && !goal.now) {
-        line.reason = begin + "not read again after other writes";
-    } else {
-        line.reason = "not reached";
-    }
-}
-
-void ZQSettingsRestoring::Impl::finish()
-{
-    m_reading.reset();
-    m_pass.reset();
-    for (const Goal& goal : m_goals) {
-        conclude(goal, m_report.lines[goal.target.line]);
-    }
-    if (state() == State::Cancelled) {
-        m_report.error = "cancelled";
-    } else if (state() == State::Failed) {
-        m_report.error = error();
-    }
-    if (m_writes == 0) {
-        m_before = {};
-    }
 }
 
 } // namespace zqcameralib

@@ -37,6 +37,7 @@ private:
         int writes = 0; ///< that the camera took
         std::uint64_t tried = 0; ///< number of writes when it was tried last
         bool isLocked = false;
+        bool isOfTable = false; ///< is read when it is written, and not before
         bool isSettled = false; ///< the camera keeps making the same of it
     };
 
@@ -44,9 +45,12 @@ private:
     void finish() override;
     Step begin();
     void resolve();
+    void findTables();
+    RestoreOrder::Features settingsToKeep();
     void warn();
     Step read();
     void keepBefore(std::vector<ZQSettingsLine> lines);
+    void keepBefore(const Goal& goal);
     Step planOrder();
     Step order();
     Step write();
@@ -63,7 +67,7 @@ private:
     bool isHeld(const Goal& goal, const std::optional<Result<std::string>>& value) const;
     bool isRefused(const Goal& goal) const;
     bool isWorthTrying(const Goal& goal) const;
-    std::vector<LineTarget> targets() const;
+    std::vector<LineTarget> targets(bool withTables) const;
     RestoreOrder::Features features(bool onlyToBeWritten) const;
     void conclude(const Goal& goal, ZQRestoredLine& line) const;
     void concludeUnread(const Goal& goal, ZQRestoredLine& line) const;

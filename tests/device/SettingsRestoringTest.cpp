@@ -370,12 +370,21 @@ TEST_F(RealDescriptions, SettingsThatWereAlteredAreRestored)
         alter(*camera.camera, saved(camera)); // much of what starts at zero is illegal
         const ZQSettings settings = saved(camera);
         EXPECT_GT(alter(*camera.camera, settings), 0U) << path;
-        const std::size_t differing = ZQSettings::Compare(settings, saved(camera)).size();
-        const RegisterCount count(camera.port);
-        const ZQRestoreReport report = restored(camera, settings);
-        EXPECT_EQ(report.exitStatus(), 0) << path << "\n" << report.toText();
-        EXPECT_LE(count.writes(), 4 * differing) << path;
+        const ZQSettings other = saved(camera);
+        const std::size_t differing = ZQSettings::Compare(settings, other).size();
+        ZQSettingsRestoring restoring(*camera.camera, settings);
+        {
+            const RegisterCount count(camera.port);
+            ASSERT_EQ(restoring.wait(settingsLimit), State::Done) << path << restoring.error();
+            EXPECT_LE(count.writes(), 3 * differing) << path;
+        }
+        EXPECT_EQ(restoring.report().exitStatus(), 0) << path << restoring.report().toText();
         EXPECT_EQ(differences(settings, saved(camera)), "") << path;
+
+        const ZQRestoreReport back = restored(camera, restoring.before());
+        const auto remaining = ZQSettings::Compare(other, saved(camera));
+        EXPECT_EQ(remaining.size(), back.count(Outcome::Refused)) << path << back.toText();
+        EXPECT_LE(remaining.size(), 1U); // an entry that came only with a mode that ended since
     }
 }
 
