@@ -1,0 +1,55 @@
+#!/usr/bin/env bash
+# Makes the Debian packages of a build, looks into them, and uses them without installing: the viewer,
+# and an example built against what they hold. Arguments: build directory, source directory of the
+# project, C++ compiler, flags of that build.
+set -euo pipefail
+build=$1 source=$2 compiler=$3 flags=$4
+for tool in dpkg-shlibdeps file lintian appstreamcli desktop-file-validate; do
+  command -v $tool >/dev/null && continue
+  echo "Skipped: no $tool"
+  [ -z "${ZQ_MUST_RUN:-}" ] && exit 77
+  exit 1
+done
+stage=$(mktemp -d)
+trap 'rm -rf "$stage"' EXIT
+export QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0
+
+(cd "$build" && cpack -G DEB -B "$stage" >"$stage/log" 2>&1) || { cat "$stage/log"; exit 1; }
+field() { dpkg-deb -f "$stage/$1"_*.deb "$2"; }
+while read -r package field wanted; do # what has to stand in that field
+  field "$package" "$field" | grep -qF "$wanted" || { echo "$package: $field lacks $wanted"; exit 1; }
+done <<END
+libzqfeaturebrowser1 Depends libaravis-0.8-0 (>= 0.8
+libzqfeaturebrowser1 Depends libqt5widgets5
+libzqfeaturebrowser-dev Depends libzqfeaturebrowser1 (= $(field libzqfeaturebrowser1 Version))
+libzqfeaturebrowser-dev Depends qtbase5-dev
+libzqfeaturebrowser-doc Architecture all
+zqviewer Depends libzqfeaturebrowser1 (= $(field libzqfeaturebrowser1 Version))
+END
+for package in "$stage"/*.deb; do
+  dpkg-deb -x "$package" "$stage/root"
+done
+lintian --allow-root --fail-on error "$stage"/*.deb >"$stage/lint" 2>&1 || { cat "$stage/lint"; exit 1; }
+echo "Packages: fields and lintian"
+
+root=$stage/root/usr
+for file in lib/udev/rules.d/60-zqfeaturebrowser.rules share/icons/hicolor/scalable/apps/zqviewer.svg \
+  share/doc/libzqfeaturebrowser-doc/{embedding.md,examples/dock.cpp}; do
+  [ -s "$root/$file" ] || { echo "missing: $file"; exit 1; }
+done
+desktop-file-validate "$root"/share/applications/*.desktop
+appstreamcli validate --no-net "$root"/share/metainfo/*.xml
+LD_LIBRARY_PATH=$(dirname "$(find "$root" -name libZQFeatureBrowser.so)")
+export LD_LIBRARY_PATH
+[ "$("$root/bin/zqviewer" --simulate --set Width=640 --get Width 2>/dev/null)" = 640 ]
+zcat "$root/share/man/man1/zqviewer.1.gz" | sed 's/\\-/-/g' >"$stage/manual"
+"$root/bin/zqviewer" --help | grep -oE '^ +(-., )?--[a-z-]+' | grep -oE -- '--.*' | while read -r option; do
+  grep -qE -- "$option( |$)" "$stage/manual" || { echo "the manual lacks $option"; exit 1; }
+done
+echo "Viewer: runs, and its manual has all its options"
+
+cmake -G Ninja -S "$source/examples" -B "$stage/examples" -DCMAKE_PREFIX_PATH="$root" \
+  -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" >/dev/null
+cmake --build "$stage/examples" --target zq_features >/dev/null
+grep -q "Width = " <<<"$("$stage/examples/zq_features")"
+echo "Example: built against the development package and ran"
