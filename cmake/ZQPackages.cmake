@@ -33,7 +33,8 @@ file(WRITE ${made}/changelog "zqfeaturebrowser (${PROJECT_VERSION}-1) unstable; 
 ")
 zq_compress(${made}/changelog ${made}/changelog.Debian.gz)
 foreach(component runtime dev viewer doc)
-  install(FILES ${made}/copyright ${made}/changelog.Debian.gz COMPONENT ${component}
+  install(FILES ${made}/copyright ${made}/changelog.Debian.gz
+    ${PROJECT_SOURCE_DIR}/NOTICE COMPONENT ${component}
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${${component}_package} EXCLUDE_FROM_ALL)
 endforeach()
 install(FILES ${packaging}/60-zqfeaturebrowser.rules COMPONENT runtime EXCLUDE_FROM_ALL
