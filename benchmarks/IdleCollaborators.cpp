@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // A camera side and a widget that do nothing, so that what is measured over them is the core's own
 // share: the calls with the copies that the contract's signatures ask for.
 

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // The core's own share of a load, per record and pass over the records: a load adds every record
 // (first pass) and updates it (second pass), over collaborators that do nothing.
 

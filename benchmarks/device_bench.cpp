@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // What the camera side costs, in process for every description named after the benchmark's own
 // options, and over GigE Vision: the built-in camera's description served by a camera process on
 // loopback, in a network of this program's own, everything on one processor. A round trip takes

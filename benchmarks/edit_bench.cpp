@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // What one edit costs from the Enter key to the refreshed tree, on the simulated camera.
 //
 //   writes, accesses   register accesses of the edit; to reach for a plain integer: one write and

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // The image view against a plain copy of the pixels it shows and against converting whole images,
 // in one run: xvfb-run -a, or QT_QPA_PLATFORM=offscreen.
 #include "featurebrowser/ZQImageView.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // What a load costs: opening the camera, its repository, and the browser with its hidden widget.
 // For the built-in camera, and for every description named after the benchmark's own options.
 //

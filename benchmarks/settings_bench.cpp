@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // What saving and restoring settings costs, in process, for the built-in camera and for every
 // description named after the benchmark's own options. Restoring: after every setting was given
 // another legal value where there is one.

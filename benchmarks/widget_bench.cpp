@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // The widget against a bare item model in a tree view: the same rows, hidden and shown, in one run.
 #include "featurebrowser/CameraFeatureBrowser.h"
 

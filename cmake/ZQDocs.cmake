@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 # `docs`: the API reference in docs/html of the build, where doxygen is there. Not part of `all`.
 configure_file(${PROJECT_SOURCE_DIR}/docs/Doxyfile.in ${PROJECT_BINARY_DIR}/Doxyfile @ONLY)
 find_program(ZQ_DOXYGEN doxygen)

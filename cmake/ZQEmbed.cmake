@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 # zq_embed(<target> <file> <function>): compiles the file's bytes into the target, handed out by
 # `std::string_view zqcameralib::<function>()`. Generated while building, anew when the file changes.
 

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 # cmake --install: headers, libraries, CMake package ZQFeatureBrowser and a pkg-config file each. The
 # components (runtime, dev, viewer, doc) are what packages are made of.
 include(CMakePackageConfigHelpers)

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 # `cpack -G DEB` in the build directory: one package for each component. What only packages hold is
 # left out of an ordinary installation.
 set(ZQ_MAINTAINER "The ZQFeatureBrowser maintainers <maintainers@zqfeaturebrowser.invalid>"

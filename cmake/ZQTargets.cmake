@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 # Compile options and target helpers shared by all folders.
 
 add_library(zq_options INTERFACE)

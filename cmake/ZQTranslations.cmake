@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 # Compiles translations/NAME_de.ts and translations/NAME_en.ts (plural forms) of this folder into
 # `target`, as resources in /NAME, from where zqtranslations::load(NAME, ":/NAME") takes them.
 function(zq_add_translations target name)

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "session/Discovery.h"
 
 #include "featurebrowser/ZQCamera.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "transfer/SettingsRestoring.h"
 #include "transfer/SettingsSaving.h"
 #include "transfer/UserSet.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // Takes the pictures of docs/: `screenshots FOLDER`. Shows the browser in the middle of its work,
 // on a light and on a dark palette.
 #include "../tests/system/Browser.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // Random records, device answers and event sequences through the core over the doubles. Only the
 // exceptions of number conversions may come out.
 

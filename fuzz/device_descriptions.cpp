@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // Opens whatever the bytes say as a camera, reads it and writes to it. Either the bytes are the
 // text of a description, or they choose, node by node, what one is made of: that reaches deeper.
 

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // Random text as settings: it is refused with the number of a line, or written so that it reads
 // back the same, in both layouts.
 

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 """Where scripts/mutate can put faults: looks through C++ sources with libclang.
 
 Text is held as Latin-1, so that positions are those of bytes. A site is a dictionary: `at` and

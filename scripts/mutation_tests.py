@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 """What scripts/mutate runs: the tests of a build, each with the faults that it meets."""
 import concurrent.futures
 import json

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // The free functions that the widget shares with its users.
 #include "featurebrowser/CameraFeatureBrowser.h"
 

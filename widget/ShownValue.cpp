@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // What rows show, for programs without a window.
 #include "row/FeatureRow.h"
 #include "text/NumberInput.h"

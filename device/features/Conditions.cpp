@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "features/Conditions.h"
 
 #include "description/ReferenceWalk.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "formula/FormulaEvaluation.h"
 
 #include "base/StatusCodes.h"

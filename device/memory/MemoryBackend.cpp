@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "memory/MemoryBackend.h"
 
 #include "base/StatusCodes.h"

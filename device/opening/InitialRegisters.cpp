@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "opening/InitialRegisters.h"
 
 #include "description/ReferenceWalk.h"

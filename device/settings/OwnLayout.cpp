@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "settings/SettingsBuilding.h"
 #include "settings/SettingsLayout.h"
 

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "simulation/SimulatedCameraRegisters.h"
 
 #include "memory/RegisterValues.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "stream/ReceiveBuffer.h"
 
 #include "network/FileDescriptor.h"

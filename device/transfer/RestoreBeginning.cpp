@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "base/StatusCodes.h"
 #include "capture/SettingsPlan.h"
 #include "settings/SettingsBuilding.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "base/StatusCodes.h"
 #include "capture/SettingAccess.h"
 #include "transfer/SettingsRestoring.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "formats/ImageLines.h"
 
 #include "featurebrowser/ZQImage.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "Export.h"
@@ -121,8 +125,9 @@ private:
 /// cameras fill it with anything. Null when the image cannot be shown. Any thread; no QApplication
 /// needed.
 ZQ_EXPORT QImage convertImage(const ZQImage& image);
-/// The same bytes of a Bayer image as those of a grey one: what the sensor's pixels saw behind their
-/// filters, for saving without interpolation. Other images are returned as they are. Any thread.
+/// The same bytes of a Bayer image as those of a grey one: what the sensor's pixels saw behind
+/// their filters, for saving without interpolation. Other images are returned as they are. Any
+/// thread.
 ZQ_EXPORT ZQImage rawMosaic(const ZQImage& image);
 /// Why the image cannot be shown, as a sentence for a user; empty when it can. Any thread.
 ZQ_EXPORT QString imageProblem(const ZQImage& image);

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 # Run with -P: what LIBRARY shows to others, and its version record.
 cmake_minimum_required(VERSION 3.25)
 

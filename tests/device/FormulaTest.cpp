@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // What formulas of descriptions give, in the arithmetic of integers and in that of real numbers.
 #include "formula/Formula.h"
 #include "TestCamera.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // What descriptions mean by the GenApi standard (schema 1.1) and by SFNC, construct by construct.
 #include "TestCamera.h"
 

@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 # Makes the API reference, whose warnings are errors. Argument: the Doxyfile.
 set -euo pipefail
 output=$(mktemp -d)

@@ -1,4 +1,9 @@
 #!/usr/bin/env python3
+
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 """Each file includes only what its place in the house allows. Argument: the source directory.
 
 Folders keep to their libraries; the rooms of a folder include downwards only, so that no circle

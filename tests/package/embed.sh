@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 # As a part of another build the project brings its targets, and neither programs nor files to
 # install. Arguments: source directory of this folder, C++ compiler.
 set -euo pipefail

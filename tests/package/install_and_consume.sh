@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 # Installs into a staging prefix and builds consumers against it with CMake and with pkg-config: the
 # examples of README as they stand, and a program that shows that it works. Arguments: build
 # directory, source directory of this folder, C++ compiler, flags of that build.

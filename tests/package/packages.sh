@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+
+# SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+#
+# SPDX-License-Identifier: MIT
+
 # Makes the Debian packages of a build, looks into them, and uses them without installing: the viewer,
 # and an example built against what they hold. Arguments: build directory, source directory of the
 # project, C++ compiler, flags of that build.

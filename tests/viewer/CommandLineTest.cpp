@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // The program itself, without a display, as scripts use it.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // What a user does in the window beside the tree: images, files, log, several cameras.
 #include "Viewer.h"
 

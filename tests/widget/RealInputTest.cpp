@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // Keys as the X server sends them, with its own repetition.
 #include "WidgetTest.h"
 

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // Nothing acts that the user does not see, or did not mean.
 #include "WidgetTest.h"
 

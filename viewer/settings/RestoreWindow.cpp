@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "settings/RestoreWindow.h"
 
 #include "settings/SettingsTable.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "panes/MatrixDelegate.h"
 
 #include "editors/EditorFactory.h"

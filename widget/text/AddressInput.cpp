@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "text/AddressInput.h"
 
 #include "featurebrowser/CameraFeatureBrowser.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // What search and level show and hide, and how the user gets about in it.
 #include "tree/FeatureTreeView.h"
 

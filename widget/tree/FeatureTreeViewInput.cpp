@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // What keys and mouse do in the tree.
 #include "tree/FeatureTreeView.h"
 

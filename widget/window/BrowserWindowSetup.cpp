@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // How the window's parts are made, placed and connected.
 #include "window/BrowserWindow.h"
 

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 // For the thread sanitizer only. GLib's locks and queues are system calls of its own, which the
 // sanitizer does not know, so all that Aravis does under them looked like a race. These stand in
 // for them, tell the sanitizer what they order, and call GLib's. Calls inside of GLib do not pass

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include "Datagram.h"
 #include "base/StatusCodes.h"
 #include "link/CameraLink.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: the ZQFeatureBrowser authors
+//
+// SPDX-License-Identifier: MIT
+
 #include <featurebrowser/ZQCamera.h>
 #include <featurebrowser/ZQCameraDevice.h>
 #include <featurebrowser/ZQCameraRepository.h>
