@@ -43,7 +43,8 @@ bool isStreamable(const DescriptionNode& node)
 bool isOfTransportLayer(const Feature& feature)
 {
     return feature.representation != REPRESENTATION_NUMBER
-        || endsWithAny(feature.name, { "HostPort", "GevCCP", "HeartbeatTimeout" });
+        || endsWithAny(
+            feature.name, { "HostPort", "GevCCP", "HeartbeatTimeout", "TLParamsLocked" });
 }
 
 /// By the rules of names.

@@ -128,8 +128,9 @@ private:
 /// selectors at up to 256 positions, and one feature at up to 4096. What is not saved is named with
 /// the reason (ZQSettings::leftOut).
 ///
-/// It moves selectors, and puts them back also when it fails, is cancelled or destroyed. Nothing
-/// else may be done with the camera between its calls of poll(): that would find selectors moved.
+/// Its progress counts settings. It moves selectors, and puts them back also when it fails, is
+/// cancelled or destroyed. Nothing else may be done with the camera between its calls of poll():
+/// that would find selectors moved.
 class ZQ_EXPORT ZQSettingsSaving : public ZQCameraTask {
 public:
     class Impl;

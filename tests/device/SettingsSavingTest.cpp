@@ -7,6 +7,7 @@
 #include "simulation/SimulatedCamera.h"
 
 #include <climits>
+#include <clocale>
 
 using namespace featurebrowser;
 using namespace zqcameralib;
@@ -42,6 +43,25 @@ TEST(SettingsSaving, FindsEverySettingOfTheSimulatedCameraAndChangesNothing)
     ASSERT_TRUE(ZQSettings::Parse(settings.toPersistenceText(), parsed, error)) << error;
     for (const ZQSettingsDifference& difference : ZQSettings::Compare(settings, parsed)) {
         EXPECT_EQ(difference.name(), "LUTIndex"); // only moves there
+    }
+}
+
+TEST(SettingsSaving, IsTheSameInEveryLocale)
+{
+    TestCamera camera(TestCamera::simulated());
+    camera.set("Gamma", 1.25);
+    const ZQSettings lines = saved(camera).only({ "Gamma", "AcquisitionFrameRate", "Width" });
+    if (std::setlocale(LC_ALL, "de_DE.utf8") == nullptr) {
+        GTEST_SKIP() << "no locale with another decimal point";
+    }
+    alter(*camera.camera, lines);
+    const ZQRestoreReport report = restored(camera, lines);
+    const ZQSettings now = savedAs(camera, lines);
+    std::setlocale(LC_ALL, "C");
+    EXPECT_EQ(report.exitStatus(), 0) << report.toText();
+    ASSERT_EQ(now.lines().size(), 3U);
+    for (std::size_t i = 0; i < now.lines().size(); ++i) {
+        EXPECT_EQ(now.lines()[i].value, lines.lines()[i].value);
     }
 }
 
