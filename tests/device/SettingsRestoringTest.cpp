@@ -66,7 +66,7 @@ std::string details(const ZQRestoreReport& report, bool all = true)
 TEST(SettingsRestoring, FindsTheOrderInWhichTheCameraTakesThem)
 {
     using Edits = std::vector<std::pair<const char*, const char*>>;
-    const std::pair<Edits, Edits> cases[] = {
+    const std::vector<std::pair<Edits, Edits>> cases {
         { { { "Width", "64" }, { "OffsetX", "1000" } },
             { { "OffsetX", "0" }, { "Width", "1936" } } },
         { { { "BinningHorizontal", "2" }, { "Width", "640" }, { "PixelFormat", "Mono8" } },
@@ -156,10 +156,11 @@ TEST(SettingsRestoring, SaysWhatBecameOfEveryLine)
                 + intReg("R0", 0) + intReg("R1", 4) + intReg("R2", 8, element("AccessMode", "RO"))
                 + intReg("R3", 12)),
         std::make_unique<Rounding>()));
-    const struct {
+    struct Case {
         const char* lines;
         const char* report;
-    } cases[] = {
+    };
+    const std::vector<Case> cases {
         { "Value = 55 [us]\n", "Value: adjusted by the camera: 55 -> 50 [us]\n" },
         { "Value = 50\nFollower = 7\n", "Value: already so: 50\nFollower: restored: 100 -> 7\n" },
         { "Value = 60\nFollower = 7\n", "Value: restored: 50 -> 60\nFollower: already so: 7\n" },

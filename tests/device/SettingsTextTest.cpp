@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <vector>
 
 using namespace zqcameralib;
 
@@ -59,15 +60,16 @@ TEST(SettingsText, ReadsBackWhateverAValueHolds)
 {
     ZQSettings settings;
     settings.setHeader({ "V", "M \"quoted\"", "#7", "1.0 [b]", "1.2.3", "ab12", "2026-01-02" });
-    const std::string values[] = { "640", "-9223372036854775808", "5e-324", "", " a ", "a # b",
-        "a\tb\nc\\\"d\"", "\xC3\xA4\xE2\x82\xAC", "\xFF\xFE raw", std::string("x\0y", 3), "[x]=," };
+    const std::vector<std::string> values { "640", "-9223372036854775808", "5e-324", "", " a ",
+        "a # b", "a\tb\nc\\\"d\"", "\xC3\xA4\xE2\x82\xAC", "\xFF\xFE raw", std::string("x\0y", 3),
+        "[x]=," };
     for (const std::string& value : values) {
         settings.put({ "F", { { "S", value }, { "I", "3" } }, value, value, 0 });
     }
     const ZQSettings read = parsed(settings.toText());
     EXPECT_EQ(read.toText(), settings.toText());
-    ASSERT_EQ(read.lines().size(), std::size(values));
-    for (std::size_t i = 0; i < std::size(values); ++i) {
+    ASSERT_EQ(read.lines().size(), values.size());
+    for (std::size_t i = 0; i < values.size(); ++i) {
         EXPECT_EQ(read.lines()[i].value, values[i]);
         EXPECT_EQ(read.lines()[i].unit, values[i]);
         EXPECT_EQ(read.lines()[i].selectors[0].value, values[i]);
@@ -94,9 +96,10 @@ TEST(SettingsText, TakesWhatEditorsAndPeopleMakeOfIt)
 
 TEST(SettingsText, RefusesADamagedTextAsAWholeAndNamesTheLine)
 {
-    const struct {
+    struct Case {
         std::string text, error;
-    } cases[] = {
+    };
+    const std::vector<Case> cases {
         { "", "line 1: the text is empty" },
         { "# nothing\n", "line 1: there is no setting in the text" },
         { "[camera settings 2]\n", "line 1: the layout \"[camera settings 2]\" is not known here" },
@@ -122,7 +125,7 @@ TEST(SettingsText, RefusesADamagedTextAsAWholeAndNamesTheLine)
         { whole("A = 1\n") + "B = 2\n", "line 5: stands behind [end]" },
         { whole("A = \xC3\n"), "line 3: is not UTF-8 text" },
         { whole(std::string("A = 1\0\n", 7)), "line 3: holds a control character, 0x00" },
-        { "\xFF\xFE[\0", "line 1: the text is UTF-16; it has to be UTF-8" },
+        { "\xFF\xFE[", "line 1: the text is UTF-16; it has to be UTF-8" },
         { whole("A = " + std::string(10U << 20U, 'x') + "\n"), "line 3: longer than 65536 bytes" },
         { "A\t1\nB 2\n", "line 2: is not a name and a value with a tab between them: \"B 2\"" },
         { "A\t1\nB\t{S}\t2\n",

@@ -25,7 +25,7 @@ protected:
         camera.device.SetEnumValue("UserSetSelector", "UserSet2", -1);
     }
 
-    void run(const char* set, Action action)
+    void run(const char* set, Action action) const
     {
         ZQUserSet task(*camera.camera, set, action);
         EXPECT_EQ(task.wait(settingsLimit), State::Done) << task.error();
