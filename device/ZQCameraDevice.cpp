@@ -53,17 +53,6 @@ public:
         return code;
     }
 
-    /// What was said when `code` last happened, else a general sentence.
-    std::string errorText(int code) const
-    {
-        const zqcameralib::RegisterBackend& backend = camera.impl().port().backend();
-        if (camera.isLost() && code == backend.loss().code()) {
-            return backend.loss().text();
-        }
-        const zqcameralib::Status& last = camera.impl().lastError();
-        return !last.isOk() && code == last.code() ? last.text() : zqcameralib::statusText(code);
-    }
-
     ZQCamera& camera;
     ZQCameraRepository repository;
     zqcameralib::DeviceOperations operations;
@@ -167,7 +156,7 @@ int ZQCameraDevice::ExecuteCommand(const char* name, int flag)
 void ZQCameraDevice::GetErrorText(int code, char* errorName, char* errorText)
 {
     copyText(zqcameralib::statusName(code), errorName);
-    copyText(m_impl->errorText(code), errorText);
+    copyText(m_impl->camera.impl().errorText(code), errorText);
 }
 
 int ZQCameraDevice::GetLastError()

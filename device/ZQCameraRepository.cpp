@@ -23,6 +23,11 @@ int ZQCameraRepository::Load()
 {
     return m_impl->load();
 }
+std::string ZQCameraRepository::GetErrorText(int status)
+{
+    return m_impl->errorText(status);
+}
+
 void ZQCameraRepository::Clear()
 {
     m_impl->clear();

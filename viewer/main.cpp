@@ -11,6 +11,7 @@
 #include "window/CameraWindows.h"
 
 #include <QFile>
+#include <QIcon>
 
 #include <csignal>
 
@@ -46,6 +47,7 @@ int runWindow(const CommandLine& options, int& argc, char** argv)
 {
     ViewerApplication application(argc, argv);
     loadWords();
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("zqviewer")));
     int caught = 0;
     int status = 0;
     {

@@ -65,6 +65,16 @@ Status ZQCamera::Impl::reconnect(bool waits)
     return {};
 }
 
+std::string ZQCamera::Impl::errorText(int code)
+{
+    RegisterBackend& backend = m_port.backend();
+    if (backend.isLost() && code == backend.loss().code()) {
+        return backend.loss().text();
+    }
+    return !m_lastError.isOk() && code == m_lastError.code() ? m_lastError.text()
+                                                             : statusText(code);
+}
+
 int ZQCamera::Impl::note(const Status& failure)
 {
     m_lastError = failure;

@@ -58,6 +58,8 @@ public:
 
     /// What went wrong last on this camera.
     const Status& lastError() const { return m_lastError; }
+    /// What was said when `code` last happened, else a general sentence.
+    std::string errorText(int code);
     /// Notes a failure, for lastError(); returns its code.
     int note(const Status& failure);
     /// Whether images are acquired; not while the camera is lost.

@@ -43,6 +43,7 @@ public:
     void endReadAhead() { m_ahead.reset(); }
     /// Null when none goes on.
     zqcameralib::ReadAhead* readAhead() { return m_ahead.get(); }
+    std::string errorText(int status) { return m_camera.errorText(status); }
     /// The error of a reading ahead that has failed, or cannot begin.
     std::string lossText() { return m_camera.port().backend().loss().text(); }
 

@@ -44,6 +44,9 @@ public:
     /// loaded, and its states say FEATURE_READ_FAILED for every feature. A feature that alone
     /// cannot be read keeps the value that was known before, and its state says so too.
     virtual int Load();
+    /// A sentence for a status that Load or UpdateFeatureStates has returned: what was said when it
+    /// last happened, else a general one. For an application that has no ZQCameraDevice of its own.
+    std::string GetErrorText(int status);
     /// Forgets all records and states. What was known is compared with, and marked where it cannot
     /// be read, at the next Load.
     virtual void Clear();

@@ -399,6 +399,7 @@ TEST(ErrorText, EveryCodeHasANameAndASentence)
         camera.device.GetErrorText(code, name.data(), text.data());
         EXPECT_GT(std::string(name.data()).size(), 1U) << code;
         EXPECT_GT(std::string(text.data()).size(), 5U) << code;
+        EXPECT_EQ(camera.repository.GetErrorText(code), text.data());
     }
     // A name longer than the buffer is cut between characters.
     camera.set(repeated(200, [](int) { return "\xC3\xA4"; }).c_str(), 1);
