@@ -102,7 +102,7 @@ void LogPane::makeTable()
     header->setHighlightSections(false);
     header->setDefaultAlignment(Qt::AlignLeading | Qt::AlignVCenter);
     const int character = fontMetrics().averageCharWidth();
-    const std::array<int, EventLog::WordsColumn> widths { 14, 24, 11, 28, 16, 16 };
+    const std::array<int, EventLog::WordsColumn> widths { 14, 24, 13, 28, 16, 16 };
     for (std::size_t i = 0; i < widths.size(); ++i) {
         header->resizeSection(static_cast<int>(i), widths[i] * character);
     }
