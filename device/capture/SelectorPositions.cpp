@@ -82,15 +82,20 @@ Status SelectorPositions::move(Moved& moved, const std::string& value)
 }
 
 /// What cannot be put back stays where it is, and shall not keep the others from it.
-void SelectorPositions::backOne()
+Status SelectorPositions::backOne()
 {
     const Moved& last = m_moved.back();
     const std::string what = last.selector->name + " could not be put back to " + last.original;
     const Status status = move(m_moved.back(), last.original);
+    RegisterBackend& backend = m_camera.port().backend();
+    if (!status.isOk() && backend.isLost() && !backend.isGivenUp() && !m_isLastCall) {
+        return status;
+    }
     if (!status.isOk() && m_stuck.isOk()) {
         m_stuck = status.withText(what + ": " + status.text());
     }
     m_moved.pop_back();
+    return {};
 }
 
 Status SelectorPositions::enter(const SelectorPosition& position)
@@ -114,7 +119,9 @@ Status SelectorPositions::goTo(const SelectorPath& path)
     const bool movesOn = same < m_moved.size() && same < path.size()
         && m_moved[same].selector == path[same].selector;
     while (m_moved.size() > same + (movesOn ? 1 : 0)) {
-        backOne();
+        if (Status status = backOne(); !status.isOk()) {
+            return status;
+        }
     }
     if (movesOn) {
         if (Status status = move(m_moved.back(), path[same].value); !status.isOk()) {
@@ -131,7 +138,9 @@ Status SelectorPositions::goTo(const SelectorPath& path)
 
 Status SelectorPositions::putBack()
 {
-    (void)goTo({}); // which only fails where it moves on
+    m_isLastCall = true;
+    (void)goTo({}); // which does not fail then
+    m_isLastCall = false;
     return std::exchange(m_stuck, {});
 }
 

@@ -42,9 +42,11 @@ public:
     ~SelectorPositions() { (void)putBack(); }
 
     /// Moves what does not stand there yet; all others that were moved go back. After a failure
-    /// some of them stand elsewhere, and the next call goes on from there.
+    /// some of them stand elsewhere, and the next call goes on from there. To go nowhere only fails
+    /// while the camera does not answer, but may again.
     Status goTo(const SelectorPath& path);
-    /// Puts all back. A failure names those that could not be put back since the last call.
+    /// Puts all back, now or never. A failure names those that could not be put back since the last
+    /// call.
     Status putBack();
     /// Somebody else may have moved selectors meanwhile.
     void doubt();
@@ -59,12 +61,14 @@ private:
     };
 
     Status move(Moved& moved, const std::string& value);
-    void backOne();
+    /// A failure while the camera does not answer, but may again.
+    Status backOne();
     Status enter(const SelectorPosition& position);
 
     ZQCamera::Impl& m_camera;
     std::vector<Moved> m_moved; ///< outermost first
     Status m_stuck; ///< the first that could not be put back
+    bool m_isLastCall = false;
 };
 
 } // namespace zqcameralib

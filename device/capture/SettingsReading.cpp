@@ -118,12 +118,14 @@ bool SettingsReading::stepFeatures()
 {
     Frame& frame = m_frames.back();
     if (frame.feature < frame.group->features.size()) {
-        readFeature(*frame.group->features[frame.feature++]);
+        frame.feature += readFeature(*frame.group->features[frame.feature]) ? 1U : 0U;
         return true;
     }
     if (frame.selected < frame.group->selected.size()) {
         const auto& [selector, group] = frame.group->selected[frame.selected++];
-        open(*selector, *group);
+        if (!open(*selector, *group)) {
+            --frame.selected;
+        }
         return true;
     }
     frame.feature = 0;
@@ -149,7 +151,6 @@ std::string SettingsReading::labelOf(const Feature& feature, const SelectorPath&
 
 Result<std::string> SettingsReading::readAt(const Feature& feature, const SelectorPath& path)
 {
-    ++m_done;
     if (const Status there = m_positions.goTo(path); !there.isOk()) {
         return there;
     }
@@ -164,10 +165,19 @@ Result<std::string> SettingsReading::readAt(const Feature& feature, const Select
     return value;
 }
 
-void SettingsReading::readFeature(const Feature& feature)
+bool SettingsReading::isToBeAskedAgain(const Status& status)
+{
+    return !isAnswer(status) && m_camera.port().backend().isLost();
+}
+
+bool SettingsReading::readFeature(const Feature& feature)
 {
     const std::string label = labelOf(feature, m_path);
     const Result<std::string> value = readAt(feature, m_path);
+    if (isToBeAskedAgain(value.status())) {
+        return false;
+    }
+    ++m_done;
     if (value.isOk()) {
         m_values.emplace(label, value.value());
         m_lines.emplace_back(
@@ -175,6 +185,7 @@ void SettingsReading::readFeature(const Feature& feature)
     } else if (value.status().code() != unknownFeature) {
         m_leftOut.push_back({ label, value.status().text() });
     }
+    return true;
 }
 
 void SettingsReading::leaveOut(const Group& group, const std::string& reason)
@@ -203,7 +214,7 @@ Status SettingsReading::movability(
     return canGoBack ? Status() : Status(unknownEntry, "could not be put back to where it stands");
 }
 
-void SettingsReading::open(const Feature& selector, const Group& group)
+bool SettingsReading::open(const Feature& selector, const Group& group)
 {
     const Status there = m_positions.goTo(m_path);
     const Result<std::string> present
@@ -211,13 +222,16 @@ void SettingsReading::open(const Feature& selector, const Group& group)
     const int code = present.status().code();
     if (code == unknownFeature || code == notAvailable) { // then it does not choose either
         m_frames.push_back({ &group, {} });
-        return;
+        return true;
     }
     Result<std::vector<std::string>> positions
         = present.isOk() ? positionsOf(selector) : present.status();
+    if (isToBeAskedAgain(positions.status())) {
+        return false;
+    }
     if (!positions.isOk()) {
         leaveOut(group, selector.name + ": " + positions.status().text());
-        return;
+        return true;
     }
     const Status canMove = movability(selector, present.value(), positions.value());
     if (!canMove.isOk()) {
@@ -229,6 +243,7 @@ void SettingsReading::open(const Feature& selector, const Group& group)
     m_path.push_back({ &selector, positions.value().front() });
     m_total += (positions.value().size() - 1) * group.features.size();
     m_frames.push_back({ &group, std::move(positions.value()) });
+    return true;
 }
 
 /// All where the selector can stand.
@@ -312,8 +327,13 @@ bool SettingsReading::stepTargets()
     if (m_nextTarget == m_targets.size()) {
         return false;
     }
-    const LineTarget& target = m_targets[m_nextTarget++];
-    m_read.emplace(target.line, readAt(*target.feature, target.path));
+    const LineTarget& target = m_targets[m_nextTarget];
+    const Result<std::string> value = readAt(*target.feature, target.path);
+    if (!isToBeAskedAgain(value.status())) {
+        m_read.emplace(target.line, value);
+        ++m_nextTarget;
+        ++m_done;
+    }
     return true;
 }
 

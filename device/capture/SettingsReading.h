@@ -60,9 +60,11 @@ private:
     void planTargets();
     bool stepFeatures();
     bool stepTargets();
-    void readFeature(const Feature& feature);
+    // False where the camera did not answer: to be asked again.
+    bool readFeature(const Feature& feature);
+    bool open(const Feature& selector, const Group& group);
+    bool isToBeAskedAgain(const Status& status);
     Result<std::string> readAt(const Feature& feature, const SelectorPath& path);
-    void open(const Feature& selector, const Group& group);
     Result<std::vector<std::string>> positionsOf(const Feature& selector);
     Result<std::vector<std::string>> integerPositions(const Feature& selector);
     Status movability(const Feature& selector, const std::string& present,

@@ -25,16 +25,16 @@ SettingsTask::SettingsTask(ZQCamera& camera)
 {
 }
 
-/// What has happened to the camera since the last step.
-void SettingsTask::look()
+bool SettingsTask::look()
 {
     RegisterBackend& backend = m_camera.port().backend();
     if (!isSameCamera()) {
         m_positions.forget();
         fail("there is another camera now");
-    } else if (backend.isLost()) {
+    } else if (backend.isGivenUp()) {
         fail(backend.loss().text());
     }
+    return m_state == State::Running && !backend.isLost();
 }
 
 SettingsTask::State SettingsTask::poll()
@@ -44,9 +44,12 @@ SettingsTask::State SettingsTask::poll()
     }
     const Clock::time_point end = Clock::now() + slice;
     while (m_state == State::Running) {
-        look();
-        const Step next = m_state == State::Running ? step() : Step::Over;
+        const Step next = !look() ? Step::Wait : m_isOver ? Step::Over : step();
+        m_isOver = m_isOver || next == Step::Over;
         if (next == Step::Over && m_state == State::Running) {
+            if (!m_positions.goTo({}).isOk()) {
+                break; // later
+            }
             this->end(State::Done);
         }
         if (next == Step::Wait || Clock::now() >= end) {

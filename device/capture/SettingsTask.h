@@ -14,8 +14,8 @@
 
 namespace zqcameralib {
 
-/// What works on a camera's settings in small steps: ends when the camera is lost or is another
-/// one, and puts the selectors back however it ends.
+/// What works on a camera's settings in small steps: waits while the camera does not answer, ends
+/// when it was given up or is another one, and puts the selectors back however it ends.
 class SettingsTask {
 public:
     using State = ZQCameraTask::State;
@@ -52,13 +52,15 @@ protected:
 
 private:
     void end(State state);
-    void look();
+    /// Whether the camera can be asked now.
+    bool look();
 
     ZQCamera::Impl& m_camera;
     SelectorPositions m_positions;
     std::uint64_t m_generation;
     std::uint64_t m_changes;
     State m_state = State::Running;
+    bool m_isOver = false; ///< all is done but to put the selectors back
     std::string m_error;
 };
 

@@ -90,7 +90,8 @@ std::string ZQRestoreReport::toText(bool all) const
     }
     text += error.empty() ? "" : "interrupted: " + error + "\n";
     for (const ZQRestoredLine& line : lines) {
-        if (all || isDryRun || !isGood(line.outcome)) {
+        const bool isToldAlways = !isGood(line.outcome) || line.outcome == Outcome::WouldBeWritten;
+        if (all || isToldAlways) {
             text += oneLine(lineText(line)) + "\n";
         }
     }

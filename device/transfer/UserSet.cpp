@@ -9,6 +9,7 @@
 #include "settings/TextLines.h"
 
 #include <algorithm>
+#include <thread>
 #include <utility>
 
 namespace zqcameralib {
@@ -18,6 +19,7 @@ namespace {
 constexpr const char* selectorName = "UserSetSelector";
 /// Saving may have to erase a flash memory first.
 constexpr std::chrono::seconds longestRun(30);
+constexpr std::chrono::milliseconds pollPeriod(1);
 constexpr std::size_t mostNamed = 5;
 
 const Feature* setSelector(const ZQCamera::Impl& camera)
@@ -165,7 +167,10 @@ void ZQUserSet::Impl::finish()
 {
     m_saving.reset();
     if (m_isToBeRestored && isSameCamera() && !camera().port().backend().isLost()) {
-        while (restore() != Step::Over) { }
+        const Clock::time_point end = Clock::now() + longestRun;
+        while (restore() != Step::Over && Clock::now() < end) {
+            std::this_thread::sleep_for(pollPeriod);
+        }
     }
     if (m_restoring) {
         m_report = m_restoring->report();

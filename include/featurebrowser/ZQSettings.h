@@ -182,7 +182,8 @@ struct ZQ_EXPORT ZQRestoreReport {
     std::size_t count(ZQRestoredLine::Outcome outcome) const;
     /// For a program: 0 all lines hold, or would be written; 1 some do not; 2 interrupted.
     int exitStatus() const;
-    /// For a user: a summary, then every line that does not hold; with `all`, every line.
+    /// For a user: a summary, then every line that does not hold, or would be written; with `all`,
+    /// every line.
     std::string toText(bool all = false) const;
 };
 
@@ -252,7 +253,7 @@ public:
     State poll() override;
     Progress progress() const override;
     /// A camera that has begun to load or save goes on. LookInto restores the settings first,
-    /// which waits for the camera as long as that takes.
+    /// which waits for the camera as long as that takes, at most 30 s.
     void cancel() override;
     std::string error() const override;
     /// LookInto: what the set holds, and the settings now, to compare them.

@@ -236,11 +236,31 @@ public:
     {
         return --accessesLeft < 0 ? loss() : MemoryBackend::write(place, buffer, kind);
     }
-    bool isLost() override { return accessesLeft < 0; }
+    bool isLost() override
+    {
+        accessesLeft += accessesLeft < 0 && --pause == 0 ? INT_MAX : 0;
+        return accessesLeft < 0;
+    }
+    bool isGivenUp() override { return accessesLeft < 0 && pause < 0; }
     Status loss() const override { return { cameraLost, "the camera does not answer" }; }
 
     int accessesLeft = INT_MAX;
+    int pause = -1; ///< how often one finds it lost until it is there again; below 0: for ever
 };
+
+TEST(SettingsSaving, WaitsForACameraThatPauses)
+{
+    auto owned = std::make_unique<Losable>(makeSimulatedCameraBehaviour());
+    Losable& backend = *owned;
+    TestCamera camera(openOver(std::string(simulatedCameraDescription()), std::move(owned)));
+    const ZQSettings settings = saved(camera);
+    for (int accesses = 1; accesses < 300; accesses += 23) {
+        backend.accessesLeft = accesses;
+        backend.pause = 40;
+        EXPECT_EQ(ZQSettings::Compare(saved(camera), settings).size(), 0U) << accesses;
+        EXPECT_EQ(backend.pause, 0);
+    }
+}
 
 TEST(SettingsSaving, EndsWhenTheCameraIsLostAndSoDoesARestoring)
 {
