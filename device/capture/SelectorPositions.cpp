@@ -86,7 +86,7 @@ Status SelectorPositions::backOne()
 {
     const Moved& last = m_moved.back();
     const std::string what = last.selector->name + " could not be put back to " + last.original;
-    const Status status = move(m_moved.back(), last.original);
+    Status status = move(m_moved.back(), last.original);
     RegisterBackend& backend = m_camera.port().backend();
     if (!status.isOk() && backend.isLost() && !backend.isGivenUp() && !m_isLastCall) {
         return status;
