@@ -149,6 +149,8 @@ TEST(CommandLine, SettingsAreSavedLoadedAndCompared)
     };
     const QString other = folder.filePath("b.zqs");
     ASSERT_EQ(run({ "--set", "Width=640", "--save", other }).status, 0);
+    const QString persistence = folder.filePath("a.pfs");
+    ASSERT_EQ(run({ "--save", persistence }).status, 0);
     const QString damaged = folder.filePath("c.zqs");
     ASSERT_TRUE(QFile::copy(file, damaged));
     QFile more(damaged);
@@ -158,6 +160,7 @@ TEST(CommandLine, SettingsAreSavedLoadedAndCompared)
              { { "--set", "Width=640", "--compare", file }, 1, "^Width: 512 .*640", "^$" },
              { { "--compare", file, other }, 1, "^Width: 512 .*640", "^$" },
              { { "--compare", file, file }, 0, "^$", "^$" },
+             { { "--compare", persistence }, 0, "^$", "^$" },
              { { "--set", "Width=640", "--load", file, "--get", "Width" }, 0, "\n512\n$", "^$" },
              { { "--set", "Width=640", "--load", file, "--dry-run", "--get", "Width" }, 0,
                  "Width: would be written: 640 -> 512.*\n640\n$", "^$" },

@@ -5,10 +5,7 @@
 #include "batch/SettingsActions.h"
 
 #include "batch/BatchRun.h"
-
-#include "featurebrowser/ZQSettings.h"
-
-#include <QFile>
+#include "settings/SettingsFile.h"
 
 namespace zqviewer {
 
@@ -25,15 +22,6 @@ bool run(zqcameralib::ZQCameraTask& task, QString& error)
     }
     error = QString::fromStdString(task.error());
     return state == State::Done;
-}
-
-bool read(const QString& file, ZQSettings& settings, QString& error)
-{
-    std::string problem;
-    const bool isRead
-        = ZQSettings::ReadFile(QFile::encodeName(file).toStdString(), settings, problem);
-    error = QString::fromStdString(problem);
-    return isRead;
 }
 
 bool printDifferences(const ZQSettings& first, const ZQSettings& second, bool& areEqual)
@@ -55,17 +43,13 @@ bool saveSettings(OpenedCamera& camera, const QString& file, QString& error)
     if (!run(saving, error)) {
         return false;
     }
-    std::string problem;
-    const bool isWritten = ZQSettings::WriteFile(
-        QFile::encodeName(file).toStdString(), saving.takeSettings().toText(), problem);
-    error = QString::fromStdString(problem);
-    return isWritten;
+    return writeSettings(file, saving.takeSettings(), error);
 }
 
 bool loadSettings(OpenedCamera& camera, const QString& file, bool isDryRun, QString& error)
 {
     ZQSettings settings;
-    if (!read(file, settings, error)) {
+    if (!readSettings(file, settings, error)) {
         return false;
     }
     zqcameralib::ZQSettingsRestoring::Options options;
@@ -86,7 +70,7 @@ bool loadSettings(OpenedCamera& camera, const QString& file, bool isDryRun, QStr
 bool compareSettings(OpenedCamera& camera, const QString& file, bool& areEqual, QString& error)
 {
     ZQSettings settings;
-    if (!read(file, settings, error)) {
+    if (!readSettings(file, settings, error)) {
         return false;
     }
     zqcameralib::ZQSettingsSaving reading(camera.camera(), settings);
@@ -98,7 +82,7 @@ int compareFiles(const QString& first, const QString& second)
     ZQSettings one;
     ZQSettings other;
     QString error;
-    if (!read(first, one, error) || !read(second, other, error)) {
+    if (!readSettings(first, one, error) || !readSettings(second, other, error)) {
         return fail(error);
     }
     bool areEqual = false;

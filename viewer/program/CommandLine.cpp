@@ -99,7 +99,9 @@ struct Options {
                        "FILE.tiff. Of several images, %d is the number, or it is added."),
         QStringLiteral("FILE") };
     const QCommandLineOption save { QStringLiteral("save"),
-        QStringLiteral("Save the camera's settings to a file; in the order given, as --get."),
+        QStringLiteral(
+            "Save the camera's settings to a file, in the order given as --get. FILE.pfs is "
+            "written in the persistence layout of other tools."),
         QStringLiteral("FILE") };
     const QCommandLineOption load { QStringLiteral("load"),
         QStringLiteral("Restore settings from a file and print what became of them. A file that is "

@@ -6,9 +6,9 @@
 
 #include "images/LiveImage.h"
 #include "settings/RestoreWindow.h"
+#include "settings/SettingsFile.h"
 
 #include <QAction>
-#include <QFile>
 #include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
@@ -122,6 +122,7 @@ void SettingsMenu::fill(QMenu& menu)
     menu.addAction(m_compare);
     QMenu* cameras = menu.addMenu(tr("Compare with another c&amera"));
     connect(cameras, &QMenu::aboutToShow, this, [this, cameras] { fillCameras(*cameras); });
+    menu.addAction(tr("Compare two &files\u2026"), this, &SettingsMenu::compareFiles);
     menu.addActions({ m_remember, m_compareRemembered });
     menu.addSeparator();
     QMenu* sets = menu.addMenu(tr("User s&ets of the camera"));
@@ -214,6 +215,20 @@ void SettingsMenu::chooseAndCompare()
     }
 }
 
+void SettingsMenu::compareFiles()
+{
+    QList<ComparedSettings> sides;
+    for (const QString& title : { tr("First file"), tr("Second file") }) {
+        const QString file = QFileDialog::getOpenFileName(m_window, title, {}, fileFilter());
+        Settings settings;
+        if (file.isEmpty() || !open(file, settings)) {
+            return;
+        }
+        sides.append({ nameOf(file), settings, file, false });
+    }
+    show(sides.first(), sides.last());
+}
+
 void SettingsMenu::read(
     const QString& words, const Settings* lines, const std::function<void(Settings)>& then)
 {
@@ -238,11 +253,9 @@ void SettingsMenu::save(const QString& file)
 
 void SettingsMenu::write(const QString& file, const Settings& settings)
 {
-    std::string error;
-    const bool isWritten
-        = Settings::WriteFile(QFile::encodeName(file).toStdString(), settings.toText(), error);
-    if (!isWritten) {
-        Q_EMIT told(false, QString::fromStdString(error));
+    QString error;
+    if (!writeSettings(file, settings, error)) {
+        Q_EMIT told(false, error);
         return;
     }
     remembered(file);
@@ -255,15 +268,24 @@ void SettingsMenu::write(const QString& file, const Settings& settings)
     Q_EMIT told(true, text);
 }
 
+/// Tells why not.
+bool SettingsMenu::open(const QString& file, Settings& settings)
+{
+    QString error;
+    if (!readSettings(file, settings, error)) {
+        Q_EMIT told(false, error);
+        return false;
+    }
+    remembered(file);
+    return true;
+}
+
 void SettingsMenu::load(const QString& file)
 {
     Settings settings;
-    std::string error;
-    if (!Settings::ReadFile(QFile::encodeName(file).toStdString(), settings, error)) {
-        Q_EMIT told(false, QString::fromStdString(error));
+    if (!open(file, settings)) {
         return;
     }
-    remembered(file);
     restore(settings, nameOf(file));
 }
 
@@ -332,12 +354,9 @@ void SettingsMenu::compareWith(const Settings& before, const QString& name)
 void SettingsMenu::compareWithFile(const QString& file)
 {
     Settings settings;
-    std::string error;
-    if (!Settings::ReadFile(QFile::encodeName(file).toStdString(), settings, error)) {
-        Q_EMIT told(false, QString::fromStdString(error));
+    if (!open(file, settings)) {
         return;
     }
-    remembered(file);
     read(tr("Reading the settings\u2026"), &settings, [this, settings, file](Settings now) {
         show({ nameOf(file), settings, file, false }, ofCamera(std::move(now)));
     });

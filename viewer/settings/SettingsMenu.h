@@ -62,6 +62,8 @@ private:
     void chooseAndSave();
     void chooseAndLoad();
     void chooseAndCompare();
+    void compareFiles();
+    bool open(const QString& file, Settings& settings);
     void remember();
     void takeBack();
     /// The camera's settings, all or those that `lines` name.

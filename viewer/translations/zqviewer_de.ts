@@ -717,6 +717,18 @@
         <source>The settings were saved into %1.</source>
         <translation>Die Einstellungen wurden in %1 gespeichert.</translation>
     </message>
+    <message>
+        <source>Compare two &amp;files…</source>
+        <translation>Zwei Da&amp;teien vergleichen…</translation>
+    </message>
+    <message>
+        <source>First file</source>
+        <translation>Erste Datei</translation>
+    </message>
+    <message>
+        <source>Second file</source>
+        <translation>Zweite Datei</translation>
+    </message>
 </context>
 <context>
     <name>zqviewer::SettingsTable</name>
