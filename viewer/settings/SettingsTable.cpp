@@ -18,6 +18,7 @@ namespace zqviewer {
 
 namespace {
 
+constexpr int narrowestCharacters = 16;
 constexpr int widestCharacters = 40;
 
 } // namespace
@@ -80,9 +81,11 @@ void SettingsTable::addRow(const QStringList& cells, bool isCheckable)
 void SettingsTable::fitColumns()
 {
     m_table->resizeColumnsToContents();
-    const int widest = widestCharacters * fontMetrics().averageCharWidth();
+    const int character = fontMetrics().averageCharWidth();
     for (int column = 0; column + 1 < m_model.columnCount(); ++column) {
-        m_table->setColumnWidth(column, std::min(m_table->columnWidth(column), widest));
+        m_table->setColumnWidth(column,
+            std::clamp(m_table->columnWidth(column), narrowestCharacters * character,
+                widestCharacters * character));
     }
 }
 
