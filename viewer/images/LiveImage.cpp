@@ -27,6 +27,7 @@ LiveImage::LiveImage(OpenedCamera& camera, ZQImageView& view, CameraTaskBar& tas
 {
     m_timer.setInterval(1000);
     connect(&m_timer, &QTimer::timeout, this, &LiveImage::look);
+    connect(this, &LiveImage::allCame, this, &LiveImage::stop, Qt::QueuedConnection);
 }
 
 LiveImage::~LiveImage()
@@ -54,8 +55,7 @@ bool LiveImage::isWanted()
     if (toCome > 0) {
         m_toCome = toCome - 1;
         if (toCome == 1) {
-            QMetaObject::invokeMethod(
-                this, [this] { stop(); }, Qt::QueuedConnection);
+            Q_EMIT allCame();
         }
     }
     return toCome != 0;

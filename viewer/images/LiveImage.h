@@ -59,6 +59,8 @@ Q_SIGNALS:
     void figures(const QString& text);
     /// Why images are missing, a line each; empty while none is.
     void reasons(const QString& text);
+    /// On the acquisition's thread: the wanted number of images is there.
+    void allCame();
     /// The packets of the camera's images have been set.
     void packetsSet();
 

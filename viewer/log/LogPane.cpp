@@ -17,6 +17,7 @@
 #include <QSaveFile>
 #include <QScrollBar>
 #include <QTableView>
+#include <QTimer>
 
 #include <algorithm>
 #include <array>
@@ -112,7 +113,7 @@ void LogPane::makeTable()
         [this, bar] { m_isAtEnd = bar->value() == bar->maximum(); });
     connect(m_shown, &QAbstractItemModel::rowsInserted, this, [this] {
         if (m_isAtEnd) {
-            QMetaObject::invokeMethod(m_table, &QTableView::scrollToBottom, Qt::QueuedConnection);
+            QTimer::singleShot(0, m_table, &QTableView::scrollToBottom);
         }
     });
 }
