@@ -17,7 +17,6 @@
 #include <QSaveFile>
 #include <QScrollBar>
 #include <QTableView>
-#include <QTimer>
 
 #include <algorithm>
 #include <array>
@@ -111,11 +110,13 @@ void LogPane::makeTable()
     const QScrollBar* bar = m_table->verticalScrollBar();
     connect(m_shown, &QAbstractItemModel::rowsAboutToBeInserted, this,
         [this, bar] { m_isAtEnd = bar->value() == bar->maximum(); });
-    connect(m_shown, &QAbstractItemModel::rowsInserted, this, [this] {
+    const auto follow = [this] {
         if (m_isAtEnd) {
-            QTimer::singleShot(0, m_table, &QTableView::scrollToBottom);
+            m_table->scrollToBottom();
         }
-    });
+    };
+    // Later, when the table has its new height.
+    connect(m_shown, &QAbstractItemModel::rowsInserted, m_table, follow, Qt::QueuedConnection);
 }
 
 void LogPane::arrange()
