@@ -122,11 +122,8 @@ void LiveImage::setRunning(bool isRunning)
     m_delivered = 0;
     m_bytes = 0;
     m_sinceLook.start();
-    if (isRunning) {
-        m_timer.start();
-    } else if (!m_isRecording) {
-        m_timer.stop();
-    }
+    const bool hasToLook = isRunning || m_isRecording;
+    hasToLook ? m_timer.start() : m_timer.stop();
     Q_EMIT figures({});
     Q_EMIT runningChanged(isRunning);
 }
@@ -197,7 +194,7 @@ QString LiveImage::wantedRate()
 {
     for (const char* result :
         { "AcquisitionResultingFrameRate", "ResultingFrameRate", "ResultingFrameRateAbs" }) {
-        if (const QString value = m_camera.shown(result); !value.isEmpty()) {
+        if (QString value = m_camera.shown(result); !value.isEmpty()) {
             return value;
         }
     }
