@@ -12,6 +12,7 @@
 
 #include <QDir>
 
+#include <utility>
 #include <vector>
 
 namespace zqviewer {
@@ -27,9 +28,9 @@ constexpr std::uint64_t lastShortId = 65535;
 
 } // namespace
 
-FrameRecorder::FrameRecorder(const QString& folder, const QString& suffix)
+FrameRecorder::FrameRecorder(const QString& folder, QString suffix)
     : m_folder(folder)
-    , m_suffix(suffix)
+    , m_suffix(std::move(suffix))
     , m_index(QDir(folder).filePath(QStringLiteral("index.csv")))
 {
     if (!m_index.open(QFile::WriteOnly | QFile::Text)) {

@@ -33,7 +33,7 @@ public:
     };
 
     /// `folder` exists. `suffix`: "tiff" or "png".
-    FrameRecorder(const QString& folder, const QString& suffix);
+    FrameRecorder(const QString& folder, QString suffix);
     FrameRecorder(const FrameRecorder&) = delete;
     FrameRecorder& operator=(const FrameRecorder&) = delete;
     /// Waits until all is written.

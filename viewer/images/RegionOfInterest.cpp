@@ -40,7 +40,7 @@ constexpr const char* height = "Height";
 
 std::shared_ptr<FeatureItem> RegionOfInterest::read(const char* name)
 {
-    const auto item = m_camera.repository().GetFeature(name);
+    auto item = m_camera.repository().GetFeature(name);
     if (item) {
         m_camera.repository().ReadFeature(item);
     }
