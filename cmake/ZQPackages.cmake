@@ -24,8 +24,6 @@ endfunction()
 # Debian's form of the licence and of the changelog.
 file(READ ${PROJECT_SOURCE_DIR}/LICENSE license)
 string(REGEX REPLACE "^.*authors\n\n" "" license "${license}")
-string(REGEX REPLACE "\n\n" "\n.\n" license "${license}")
-string(REGEX REPLACE "(^|\n)([^\n]+)" "\\1 \\2" license "${license}")
 configure_file(${packaging}/copyright.in ${made}/copyright @ONLY)
 string(TIMESTAMP ZQ_RELEASE_DATE "%Y-%m-%d" UTC)
 string(TIMESTAMP date "%a, %d %b %Y 00:00:00 +0000" UTC)
