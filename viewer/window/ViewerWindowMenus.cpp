@@ -7,7 +7,6 @@
 #include "images/ImagePane.h"
 #include "log/CameraLog.h"
 #include "settings/SettingsMenu.h"
-#include "window/MessageLabel.h"
 #include "window/OfferBar.h"
 #include "window/ViewerWindow.h"
 #include "window/WindowMemory.h"
