@@ -22,6 +22,17 @@ else()
     $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,SHARED_LIBRARY>:-Wl,--no-undefined>)
 endif()
 
+# What nearly every source of a target reads first, read once for all of them: clang gets through a
+# Qt source in half the time then (GCC gains nothing by it). Never to be relied on: other builds, and
+# clang-tidy, go without.
+option(ZQ_PRECOMPILED_HEADERS "Precompile what many sources include" OFF)
+function(zq_precompile target)
+  if(ZQ_PRECOMPILED_HEADERS)
+    target_precompile_headers(${target} PRIVATE <algorithm> <array> <chrono> <functional> <map>
+      <memory> <optional> <string> <thread> <utility> <vector> ${ARGN})
+  endif()
+endfunction()
+
 # The feature browser links either the real camera side and widget or the tests' doubles of both.
 # CMake refuses a target that mixes them; the linker would silently take whichever comes first.
 function(zq_collaborators target kind)
