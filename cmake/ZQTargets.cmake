@@ -40,14 +40,18 @@ function(zq_collaborators target kind)
   set_property(TARGET ${target} APPEND PROPERTY COMPATIBLE_INTERFACE_STRING ZQ_COLLABORATORS)
 endfunction()
 
-# A public shared library: versioned, installed and exported as ZQ::<name>.
+# A public shared library: versioned, installed and exported as ZQ::<name>. It shows only what
+# <name>.map beside it says.
 function(zq_add_library name)
+  set(map ${CMAKE_CURRENT_SOURCE_DIR}/${name}.map)
   add_library(${name} SHARED ${ARGN})
   add_library(ZQ::${name} ALIAS ${name})
   set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR})
   target_compile_features(${name} PUBLIC cxx_std_17)
   target_link_libraries(${name} PUBLIC ZQ::Contract PRIVATE $<BUILD_INTERFACE:zq_options>)
+  target_link_options(${name} PRIVATE -Wl,--version-script=${map})
+  set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${map})
   zq_collaborators(${name} real)
   set_property(GLOBAL APPEND PROPERTY ZQ_LIBRARIES ${name})
 endfunction()

@@ -15,7 +15,7 @@ namespace featurebrowser {
 using zqcameralib::ZQCamera;
 using zqcameralib::ZQDiscovery;
 
-class ZQCameraDevice::Impl {
+class __attribute__((visibility("hidden"))) ZQCameraDevice::Impl {
 public:
     explicit Impl(ZQCamera& opened)
         : camera(opened)

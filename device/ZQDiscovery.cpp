@@ -8,7 +8,7 @@
 
 namespace zqcameralib {
 
-class ZQDiscovery::Impl {
+class __attribute__((visibility("hidden"))) ZQDiscovery::Impl {
 public:
     std::vector<CameraInfo> cameras;
 };

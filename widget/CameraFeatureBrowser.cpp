@@ -41,7 +41,7 @@ EditValue asHeld(const FeatureRow& row, const EditValue& value)
 
 // The window is gone when the application's window that embedded it was destroyed first; all
 // operations then do nothing.
-class CameraFeatureBrowser::Impl {
+class __attribute__((visibility("hidden"))) CameraFeatureBrowser::Impl {
 public:
     QPointer<BrowserWindow> window;
 

@@ -19,7 +19,7 @@ namespace featurebrowser {
 
 /// The acquisition of one camera. Its start asks what images look like, opens their source and
 /// tells the camera to send; what does not fit into one call is continued by the next.
-class ZQAcquisition::Impl {
+class __attribute__((visibility("hidden"))) ZQAcquisition::Impl {
 public:
     /// Both have to outlive it.
     Impl(zqcameralib::ZQCamera& camera, ICameraDevice& device)

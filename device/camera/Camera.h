@@ -24,7 +24,7 @@
 namespace zqcameralib {
 
 /// An open camera: its checked description, its registers, and the node map between them.
-class ZQCamera::Impl {
+class __attribute__((visibility("hidden"))) ZQCamera::Impl {
 public:
     explicit Impl(std::unique_ptr<RegisterBackend> backend);
     Impl(const Impl&) = delete;

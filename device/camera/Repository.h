@@ -16,7 +16,7 @@
 namespace featurebrowser {
 
 /// The records of one camera over its features.
-class ZQCameraRepository::Impl {
+class __attribute__((visibility("hidden"))) ZQCameraRepository::Impl {
 public:
     using ItemPointer = std::shared_ptr<FeatureItem>;
     using ItemList = std::list<ItemPointer>;

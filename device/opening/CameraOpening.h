@@ -19,7 +19,7 @@ std::unique_ptr<ZQCamera> openReal(const std::string& id, CameraAccess access,
 
 /// Opens on a thread of its own, which outlives this when the opening was cancelled: the library
 /// below does not always let it end.
-class ZQCameraOpening::Impl {
+class __attribute__((visibility("hidden"))) ZQCameraOpening::Impl {
 public:
     Impl(std::string id, CameraAccess access);
     Impl(const Impl&) = delete;

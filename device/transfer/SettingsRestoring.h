@@ -17,7 +17,7 @@ namespace zqcameralib {
 
 /// Reads what the lines name, writes what differs in rounds as long as something is taken, reads
 /// all lines back, and begins again where that shows that more can be had.
-class ZQSettingsRestoring::Impl : public SettingsTask {
+class __attribute__((visibility("hidden"))) ZQSettingsRestoring::Impl : public SettingsTask {
 public:
     Impl(ZQCamera& camera, const ZQSettings& settings, const Options& options);
     ~Impl() override { SettingsTask::cancel(); }

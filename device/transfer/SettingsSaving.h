@@ -14,7 +14,7 @@
 namespace zqcameralib {
 
 /// Reads all settings of a camera, or those that lines name.
-class ZQSettingsSaving::Impl : public SettingsTask {
+class __attribute__((visibility("hidden"))) ZQSettingsSaving::Impl : public SettingsTask {
 public:
     Impl(ZQCamera& camera, const ZQSettings* lines);
     ~Impl() override { cancel(); }

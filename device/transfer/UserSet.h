@@ -16,7 +16,7 @@
 namespace zqcameralib {
 
 /// Loads or saves a user set; or looks into one, between a saving and a restoring of the settings.
-class ZQUserSet::Impl : public SettingsTask {
+class __attribute__((visibility("hidden"))) ZQUserSet::Impl : public SettingsTask {
 public:
     Impl(ZQCamera& camera, std::string set, Action action);
     ~Impl() override { cancel(); }
