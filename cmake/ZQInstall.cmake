@@ -23,6 +23,8 @@ install(FILES ${PROJECT_BINARY_DIR}/ZQFeatureBrowserConfig.cmake
   DESTINATION ${package_dir} COMPONENT dev)
 
 # The .pc files name their prefix by where they lie, so that the installed tree can be moved.
+get_property(definitions TARGET ZQContract PROPERTY INTERFACE_COMPILE_DEFINITIONS)
+string(REGEX REPLACE "(^|;)([^;]+)" " -D\\2" pc_definitions "${definitions}")
 file(RELATIVE_PATH pc_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 function(zq_install_pc name description requires)
   configure_file(${PROJECT_SOURCE_DIR}/cmake/library.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)

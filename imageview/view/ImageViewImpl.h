@@ -14,7 +14,9 @@
 
 #include <optional>
 
+QT_BEGIN_NAMESPACE
 class QPainter;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

@@ -7,6 +7,7 @@
 #include "Export.h"
 #include "FeatureItem.h"
 #include "FeatureTypes.h"
+#include "ForwardQWidget.h"
 #include "IEventFeatureReceiver.h"
 
 #include <list>
@@ -14,8 +15,6 @@
 #include <memory>
 #include <string>
 #include <vector>
-
-class QWidget;
 
 namespace featurebrowser {
 

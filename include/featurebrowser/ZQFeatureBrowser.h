@@ -6,14 +6,13 @@
 
 #include "Export.h"
 #include "FeatureTypes.h"
+#include "ForwardQWidget.h"
 #include "IEventFeatureReceiver.h"
 
 #include <list>
 #include <memory>
 #include <string>
 #include <vector>
-
-class QWidget;
 
 namespace zqcameralib {
 class ZQCamera;

@@ -6,7 +6,9 @@
 
 #include <QByteArray>
 
+QT_BEGIN_NAMESPACE
 class QAbstractItemModel;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

@@ -13,9 +13,11 @@
 #include <functional>
 #include <memory>
 
+QT_BEGIN_NAMESPACE
 class QLabel;
 class QProgressBar;
 class QPushButton;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

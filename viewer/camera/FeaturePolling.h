@@ -17,7 +17,9 @@
 #include <unordered_map>
 #include <vector>
 
+QT_BEGIN_NAMESPACE
 class QTreeView;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

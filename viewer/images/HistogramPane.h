@@ -10,7 +10,9 @@
 #include <cstdint>
 #include <vector>
 
+QT_BEGIN_NAMESPACE
 class QLabel;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 class ZQImageView;

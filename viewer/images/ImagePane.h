@@ -10,9 +10,11 @@
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
 class QAction;
 class QLabel;
 class QToolBar;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 class ZQImageView;

@@ -11,7 +11,9 @@
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
 class QAbstractItemModel;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

@@ -9,9 +9,11 @@
 #include <QSortFilterProxyModel>
 #include <QWidget>
 
+QT_BEGIN_NAMESPACE
 class QCheckBox;
 class QLineEdit;
 class QTableView;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

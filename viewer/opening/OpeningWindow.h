@@ -15,8 +15,10 @@
 #include <functional>
 #include <memory>
 
+QT_BEGIN_NAMESPACE
 class QLabel;
 class QPushButton;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

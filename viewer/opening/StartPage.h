@@ -13,10 +13,12 @@
 
 #include <future>
 
+QT_BEGIN_NAMESPACE
 class QBoxLayout;
 class QLabel;
 class QListWidget;
 class QPushButton;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

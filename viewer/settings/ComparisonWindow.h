@@ -10,8 +10,10 @@
 
 #include <vector>
 
+QT_BEGIN_NAMESPACE
 class QLabel;
 class QPushButton;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

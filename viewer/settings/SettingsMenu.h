@@ -15,8 +15,10 @@
 
 #include <functional>
 
+QT_BEGIN_NAMESPACE
 class QAction;
 class QMenu;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

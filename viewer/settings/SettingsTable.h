@@ -8,8 +8,10 @@
 #include <QStandardItemModel>
 #include <QWidget>
 
+QT_BEGIN_NAMESPACE
 class QLineEdit;
 class QTableView;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

@@ -12,7 +12,9 @@
 #include <functional>
 #include <memory>
 
+QT_BEGIN_NAMESPACE
 class QProgressDialog;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

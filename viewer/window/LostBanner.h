@@ -8,8 +8,10 @@
 #include <QTimer>
 #include <QWidget>
 
+QT_BEGIN_NAMESPACE
 class QLabel;
 class QPushButton;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

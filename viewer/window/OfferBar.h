@@ -6,7 +6,9 @@
 
 #include <QWidget>
 
+QT_BEGIN_NAMESPACE
 class QPushButton;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

@@ -15,8 +15,10 @@
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
 class QToolBar;
 class QTreeView;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

@@ -11,7 +11,9 @@
 
 #include <vector>
 
+QT_BEGIN_NAMESPACE
 class QMainWindow;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 

@@ -10,7 +10,9 @@
 
 #include <optional>
 
+QT_BEGIN_NAMESPACE
 class QHBoxLayout;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

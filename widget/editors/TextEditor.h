@@ -6,7 +6,9 @@
 
 #include "editors/RowEditor.h"
 
+QT_BEGIN_NAMESPACE
 class QLabel;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

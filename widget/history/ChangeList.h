@@ -7,8 +7,10 @@
 #include <QDialog>
 #include <QSortFilterProxyModel>
 
+QT_BEGIN_NAMESPACE
 class QPushButton;
 class QTableView;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

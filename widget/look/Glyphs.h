@@ -7,7 +7,9 @@
 #include <QColor>
 #include <QRectF>
 
+QT_BEGIN_NAMESPACE
 class QPainter;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

@@ -8,7 +8,9 @@
 
 #include <QWidget>
 
+QT_BEGIN_NAMESPACE
 class QLabel;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

@@ -8,11 +8,13 @@
 
 #include <QWidget>
 
+QT_BEGIN_NAMESPACE
 class QBoxLayout;
 class QFormLayout;
 class QLabel;
 class QPlainTextEdit;
 class QScrollArea;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

@@ -8,10 +8,12 @@
 
 #include <QWidget>
 
+QT_BEGIN_NAMESPACE
 class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

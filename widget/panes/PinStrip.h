@@ -9,8 +9,10 @@
 #include <QByteArrayList>
 #include <QScrollArea>
 
+QT_BEGIN_NAMESPACE
 class QTreeView;
 class QVBoxLayout;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

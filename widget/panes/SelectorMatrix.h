@@ -9,11 +9,13 @@
 
 #include <QDialog>
 
+QT_BEGIN_NAMESPACE
 class QLabel;
 class QProgressBar;
 class QPushButton;
 class QTableWidget;
 class QTableWidgetItem;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

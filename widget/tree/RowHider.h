@@ -4,9 +4,13 @@
 
 #pragma once
 
+#include <QtGlobal>
+
 #include <vector>
 
+QT_BEGIN_NAMESPACE
 class QTreeView;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

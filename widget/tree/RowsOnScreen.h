@@ -9,7 +9,9 @@
 
 #include <vector>
 
+QT_BEGIN_NAMESPACE
 class QTreeView;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

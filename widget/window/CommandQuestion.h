@@ -6,8 +6,10 @@
 
 #include "window/RowCallout.h"
 
+QT_BEGIN_NAMESPACE
 class QLabel;
 class QPushButton;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 

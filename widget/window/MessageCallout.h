@@ -6,7 +6,9 @@
 
 #include "window/RowCallout.h"
 
+QT_BEGIN_NAMESPACE
 class QLabel;
+QT_END_NAMESPACE
 
 namespace featurebrowser {
 
