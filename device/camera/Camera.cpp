@@ -25,10 +25,11 @@ Status ZQCamera::Impl::use(std::string text)
 {
     std::string error;
     auto contents = std::make_unique<Contents>();
-    contents->description = Description::parse(std::move(text), error);
-    if (!contents->description || !checkDescription(*contents->description, error)) {
+    auto parsed = Description::parse(std::move(text), error);
+    if (!parsed || !checkDescription(*parsed, error)) {
         return { notLoaded, error };
     }
+    contents->description = std::move(parsed);
     const Description& description = *contents->description;
     m_port.setFourByteKind(
         wantsRegisterAccess(description) ? AccessKind::Register : AccessKind::Memory);

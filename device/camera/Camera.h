@@ -41,6 +41,8 @@ public:
     std::uint64_t generation() const { return m_generation; }
 
     const Description& description() const { return *m_contents->description; }
+    /// For those who need it longer than the camera shows it.
+    std::shared_ptr<const Description> sharedDescription() const { return m_contents->description; }
     RegisterPort& port() { return m_port; }
     const std::vector<Feature>& features() const { return m_contents->features; }
     /// Null when there is no feature of that name.
@@ -70,7 +72,7 @@ public:
 private:
     /// All that comes from one description.
     struct Contents {
-        std::unique_ptr<Description> description;
+        std::shared_ptr<const Description> description;
         std::unique_ptr<DependencyGraph> dependencies;
         std::unique_ptr<NodeMap> nodes;
         std::unique_ptr<FeatureReader> reader;

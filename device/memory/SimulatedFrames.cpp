@@ -147,6 +147,11 @@ void SimulatedFrames::take(featurebrowser::ZQFrame& frame)
     frame.systemTimestampNs = nanoseconds(std::chrono::system_clock::now().time_since_epoch());
     const Clock::time_point taken = m_start + m_period * static_cast<std::int64_t>(m_turn);
     frame.timestampNs = nanoseconds(taken.time_since_epoch());
+    if (m_settings.chunks) {
+        const auto& chunks = m_settings.chunks->of(frame);
+        frame.chunks = chunks.data();
+        frame.chunkCount = chunks.size();
+    }
     ++m_taken;
     if (hasTakenAll()) {
         m_feed->end();

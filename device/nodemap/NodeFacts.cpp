@@ -4,6 +4,7 @@
 
 #include "nodemap/NodeFacts.h"
 
+#include "base/NumberText.h"
 #include "description/RegisterPlace.h"
 
 namespace zqcameralib {
@@ -80,6 +81,23 @@ bool swapsBytes(const Description& description, const pugi::xml_node& reg)
         && childText(description.node(port).element, "SwapEndianess") == "Yes";
 }
 
+/// Ids of chunks stand there as hexadecimal digits.
+NumberSource chunkIdIn(const Description& description, const pugi::xml_node& reg)
+{
+    NumberSource id;
+    const std::size_t port = description.find(childText(reg, "pPort"));
+    if (port == Description::absent) {
+        return id;
+    }
+    const pugi::xml_node& element = description.node(port).element;
+    id.node = description.find(childText(element, "pChunkID"));
+    if (const std::string_view digits = childText(element, "ChunkID"); !digits.empty()) {
+        constexpr unsigned hexadecimal = 16;
+        id.constant = Number::of(static_cast<std::int64_t>(leadingUnsigned(digits, hexadecimal)));
+    }
+    return id;
+}
+
 void addPlace(const Description& description, const pugi::xml_node& reg, RegisterFacts& facts)
 {
     for (const pugi::xml_node& child : reg.children()) {
@@ -147,6 +165,7 @@ RegisterFacts registerFacts(const Description& description, std::size_t node)
     facts.isBitField = isBitField(owner.kind);
     facts.isReadable = own("AccessMode") != "WO";
     facts.isChunkOrEventData = isOnChunkOrEventPort(description, owner);
+    facts.chunkId = chunkIdIn(description, reg);
     const pugi::xml_node bit = owner.element.child("Bit");
     facts.lsb = static_cast<unsigned>(integerIn(bit ? bit : owner.element.child("LSB"), 0));
     facts.msb = static_cast<unsigned>(integerIn(bit ? bit : owner.element.child("MSB"), 0));

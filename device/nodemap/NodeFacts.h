@@ -54,7 +54,8 @@ struct RegisterFacts {
     bool isSigned = false;
     bool isBitField = false;
     bool isReadable = true;
-    bool isChunkOrEventData = false; ///< nothing can be read for it
+    bool isChunkOrEventData = false; ///< no register of the camera
+    NumberSource chunkId; ///< which of an image's chunks it is in; none for events
     /// As the description counts them: from the least significant bit where the register is little
     /// endian, from the most significant one where it is big endian.
     unsigned lsb = 0, msb = 0;

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "frames/FrameChunks.h"
 #include "nodemap/FormulaProgram.h"
 #include "nodemap/NodeFacts.h"
 #include "registers/RegisterPort.h"
@@ -31,6 +32,14 @@ public:
     NodeMap(const NodeMap&) = delete;
     NodeMap& operator=(const NodeMap&) = delete;
     ~NodeMap();
+
+    /// From now on, registers that come with images are read from, and written to, these chunks,
+    /// which have to outlive it.
+    void useChunks(ChunkBytes& chunks) { m_chunks = &chunks; }
+    /// The id of the chunk that holds a register; a failure where none does.
+    Result<std::uint64_t> chunkId(std::size_t reg);
+    /// Where a register is at present, in the camera or in its chunk.
+    Result<Register> place(std::size_t index);
 
     /// The value of anything that is a number: an integer, or a real one where it is a float. Of an
     /// enumeration the value of its entry; of a Boolean 1 or 0, or a failure when it is neither on
@@ -98,7 +107,7 @@ private:
     Status putRegister(std::size_t index, const Number& value, Sending sending);
     Result<Number> onGrid(std::size_t index, const Number& value);
 
-    Result<Register> place(std::size_t index);
+    Result<std::uint8_t*> inChunk(std::size_t reg, const Register& place);
     Result<std::size_t> readLength(std::size_t node);
     Result<std::vector<std::uint8_t>> readBytes(std::size_t index);
     Status writeBytes(std::size_t index, const std::vector<std::uint8_t>& bytes);
@@ -106,6 +115,7 @@ private:
 
     const Description& m_description;
     RegisterPort& m_port;
+    ChunkBytes* m_chunks = nullptr;
     std::vector<std::unique_ptr<Facts>> m_facts; ///< by node, made when first needed
     int m_depth = 0;
     std::uint64_t m_visits = 0; ///< of nodes, since the outermost call

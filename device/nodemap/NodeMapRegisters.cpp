@@ -62,14 +62,44 @@ Result<Register> NodeMap::place(std::size_t index)
     return place;
 }
 
+Result<std::uint64_t> NodeMap::chunkId(std::size_t reg)
+{
+    const NumberSource& source = registerFactsOf(reg).chunkId;
+    if (!source.isGiven()) {
+        return Status(notEvaluable, "it does not come with images");
+    }
+    const Result<Number> id = sourceNumber(source);
+    return id.isOk() ? Result<std::uint64_t>(static_cast<std::uint64_t>(id.value().integer))
+                     : id.status();
+}
+
+Result<std::uint8_t*> NodeMap::inChunk(std::size_t reg, const Register& place)
+{
+    const Result<std::uint64_t> id = chunkId(reg);
+    if (!id.isOk()) {
+        return id.status();
+    }
+    const auto chunk = m_chunks->find(id.value());
+    const bool isThere = chunk != m_chunks->end() && place.size <= chunk->second.size()
+        && place.address <= chunk->second.size() - place.size;
+    return isThere ? Result<std::uint8_t*>(chunk->second.data() + place.address)
+                   : Status(notEvaluable, "it did not come with this image");
+}
+
 Result<std::vector<std::uint8_t>> NodeMap::readBytes(std::size_t index)
 {
-    if (registerFactsOf(index).isChunkOrEventData) {
+    if (m_chunks == nullptr && registerFactsOf(index).isChunkOrEventData) {
         return Status(notEvaluable, "it comes only with images or events");
     }
     const Result<Register> place = this->place(index);
     if (!place.isOk()) {
         return place.status();
+    }
+    if (registerFactsOf(index).isChunkOrEventData) {
+        const Result<std::uint8_t*> at = inChunk(index, place.value());
+        using Bytes = std::vector<std::uint8_t>;
+        return at.isOk() ? Result<Bytes>(Bytes(at.value(), at.value() + place.value().size))
+                         : at.status();
     }
     std::vector<std::uint8_t> bytes(place.value().size);
     const Status status = bytes.empty() ? Status() : m_port.read(place.value(), bytes.data());
@@ -86,7 +116,14 @@ Status NodeMap::writeBytes(std::size_t index, const std::vector<std::uint8_t>& b
     if (place.value().size != bytes.size()) { // the length has changed since
         return { notEvaluable, "its register has another length now" };
     }
-    return m_port.write(place.value(), bytes.data());
+    if (m_chunks == nullptr || !registerFactsOf(index).isChunkOrEventData) {
+        return m_port.write(place.value(), bytes.data());
+    }
+    const Result<std::uint8_t*> at = inChunk(index, place.value());
+    if (at.isOk()) {
+        std::copy(bytes.begin(), bytes.end(), at.value());
+    }
+    return at.status();
 }
 
 /// The register's present content, where only some bits of it are to be changed; zeros where nobody

@@ -5,6 +5,7 @@
 #include "opening/SceneReading.h"
 
 #include "opening/FeatureValues.h"
+#include "opening/SimulatedChunks.h"
 #include "scene/TestPattern.h"
 
 #include <algorithm>
@@ -317,6 +318,7 @@ SceneSettings readScene(ZQCamera::Impl& camera)
     readResponse(values, settings);
     readPattern(values, settings);
     settings.hasChunks = values.isOn({ "ChunkModeActive" });
+    settings.chunks = readChunks(camera);
     settings.framesPerSecond = frameRateOf(values);
     readTriggers(values, settings);
     return settings;

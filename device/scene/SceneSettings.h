@@ -4,8 +4,11 @@
 
 #pragma once
 
+#include "frames/FrameChunks.h"
+
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -65,6 +68,7 @@ struct SceneSettings {
     bool isPatternMoving = false;
     /// What follows the image in its payload is data of other kinds, and not handed out.
     bool hasChunks = false;
+    std::shared_ptr<FrameChunks> chunks; ///< that are handed out instead; may be null
     double framesPerSecond = 0.0; ///< 0: as at the start
     SceneTrigger trigger;
 };

@@ -71,6 +71,10 @@ constexpr std::initializer_list<PowerUpValue<std::uint32_t>> words = {
     { 0x11e0, 0x00000001 }, // CounterDuration
     { 0x1220, 0x00000001 }, // DecimationHorizontal
     { 0x1224, 0x00000001 }, // DecimationVertical
+    { 0x1254, 0x00000001 }, // ChunkEnable of FrameID
+    { 0x1258, 0x00000001 }, // ChunkEnable of Timestamp
+    { 0x125c, 0x00000001 }, // ChunkEnable of ExposureTime
+    { 0x1260, 0x00000001 }, // ChunkEnable of Gain
     { 0x2020, 0x0000a501 }, // DeviceHardwareID high
     { 0x2024, 0x02030405 }, // DeviceHardwareID low
     { 0x2088, 0x00001267 }, // DeviceOperatingTime

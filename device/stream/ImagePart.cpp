@@ -4,7 +4,6 @@
 
 #include "stream/ImagePart.h"
 
-#include "base/BigEndian.h"
 #include "frames/FrameSize.h"
 
 #include <algorithm>
@@ -50,45 +49,56 @@ bool takeFirstImagePart(ArvBuffer* buffer, std::size_t allocated, ZQFrame& frame
     return false;
 }
 
-bool takeFirstChunk(
-    ArvBuffer* buffer, std::size_t allocated, const ImageFormat& format, ZQFrame& frame)
+/// The image is the first of them.
+bool takeFirstChunk(const Chunks& chunks, const ImageFormat& format, ZQFrame& frame)
 {
-    std::size_t size = 0;
-    frame.data = static_cast<const std::uint8_t*>(arv_buffer_get_data(buffer, &size));
-    frame.size = firstChunk(frame.data, std::min(size, allocated));
+    if (chunks.empty()) {
+        return false;
+    }
+    frame.data = chunks.front().data;
+    frame.size = chunks.front().size;
     frame.width = static_cast<int>(format.width);
     frame.height = static_cast<int>(format.height);
     frame.pixelFormat = format.pixelFormat;
     return keepWholeRows(frame) && frame.height == format.height;
 }
 
-} // namespace
-
-std::size_t firstChunk(const std::uint8_t* data, std::size_t size)
+/// An image that chunks follow is itself the first of them.
+bool takeImageOfChunks(
+    ArvBuffer* buffer, std::size_t allocated, const Chunks& chunks, ZQFrame& frame)
 {
-    constexpr std::size_t tag = 8; // four bytes of id, four of length
-    while (size > tag) {
-        const std::size_t length = fromBigEndian<std::uint32_t>(data + size - 4);
-        if (length > size - tag) {
-            return 0;
-        }
-        if (length == size - tag) {
-            return length;
-        }
-        size -= tag + length;
+    const bool isThere = takeFirstImagePart(buffer, allocated, frame);
+    if (!isThere || chunks.empty() || chunks.front().data != frame.data) {
+        return isThere;
     }
-    return 0;
+    frame.size = chunks.front().size;
+    return keepWholeRows(frame);
 }
 
-bool findImage(ArvBuffer* buffer, std::size_t allocated, const ImageFormat& format, ZQFrame& frame)
+} // namespace
+
+Chunks findChunks(ArvBuffer* buffer, std::size_t allocated, ChunkTags tags)
+{
+    const bool isChunks = arv_buffer_get_payload_type(buffer) == ARV_BUFFER_PAYLOAD_TYPE_CHUNK_DATA;
+    if (!isChunks && !arv_buffer_has_chunks(buffer)) {
+        return {};
+    }
+    std::size_t size = 0;
+    const auto* data = static_cast<const std::uint8_t*>(arv_buffer_get_data(buffer, &size));
+    return splitChunks(data, std::min(size, allocated), tags);
+}
+
+bool findImage(ArvBuffer* buffer, std::size_t allocated, const Chunks& chunks,
+    const ImageFormat& format, ZQFrame& frame)
 {
     switch (arv_buffer_get_payload_type(buffer)) {
     case ARV_BUFFER_PAYLOAD_TYPE_IMAGE:
     case ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA:
+        return takeImageOfChunks(buffer, allocated, chunks, frame);
     case ARV_BUFFER_PAYLOAD_TYPE_MULTIPART:
         return takeFirstImagePart(buffer, allocated, frame);
     case ARV_BUFFER_PAYLOAD_TYPE_CHUNK_DATA:
-        return takeFirstChunk(buffer, allocated, format, frame);
+        return takeFirstChunk(chunks, format, frame);
     default:
         return false;
     }

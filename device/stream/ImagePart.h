@@ -5,19 +5,22 @@
 #pragma once
 
 #include "frames/FrameSource.h"
+#include "stream/ChunkLayout.h"
 
 #include <arv.h>
 
 namespace zqcameralib {
 
-/// Finds the image in a complete buffer of so many bytes: as such, in the first part that is one,
-/// or as the first of several chunks, which has the format of the start. Sets data, size, width,
-/// height and pixelFormat; the height is that of the rows that are there. False when there is none.
-bool findImage(ArvBuffer* buffer, std::size_t allocated, const ImageFormat& format,
-    featurebrowser::ZQFrame& frame);
+using Chunks = std::vector<featurebrowser::ZQFrameChunk>;
 
-/// Bytes of the first chunk of data that consist of chunks, each with its id and length (big
-/// endian) behind it; 0 when they do not.
-std::size_t firstChunk(const std::uint8_t* data, std::size_t size);
+/// The chunks that a complete buffer of so many bytes consists of, the image first; none where it
+/// has none.
+Chunks findChunks(ArvBuffer* buffer, std::size_t allocated, ChunkTags tags);
+
+/// Finds the image in such a buffer: as such, in the first part that is one, or as the first of its
+/// chunks, which has the format of the start where it tells none. Sets data, size, width, height
+/// and pixelFormat; the height is that of the rows that are there. False when there is none.
+bool findImage(ArvBuffer* buffer, std::size_t allocated, const Chunks& chunks,
+    const ImageFormat& format, featurebrowser::ZQFrame& frame);
 
 } // namespace zqcameralib

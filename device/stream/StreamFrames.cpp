@@ -4,8 +4,6 @@
 
 #include "stream/StreamFrames.h"
 
-#include "stream/ImagePart.h"
-
 #include <utility>
 
 namespace zqcameralib {
@@ -69,9 +67,15 @@ FrameSource::Outcome StreamFrames::next(featurebrowser::ZQFrame& frame)
         m_troubles.aborted += status == ARV_BUFFER_STATUS_ABORTED ? 1 : 0;
         return Outcome::Incomplete;
     }
-    if (!findImage(buffer, m_open.facts.imageBytes, m_open.format, frame)) {
+    m_chunks = findChunks(buffer, m_open.facts.imageBytes,
+        ARV_IS_UV_STREAM(m_open.stream.get()) ? ChunkTags::LittleEndian : ChunkTags::BigEndian);
+    if (!findImage(buffer, m_open.facts.imageBytes, m_chunks, m_open.format, frame)) {
         ++m_withoutImage;
         return Outcome::Incomplete;
+    }
+    if (m_chunks.size() > 1) {
+        frame.chunks = m_chunks.data() + 1;
+        frame.chunkCount = m_chunks.size() - 1;
     }
     frame.frameId = arv_buffer_get_frame_id(buffer);
     frame.timestampNs = arv_buffer_get_timestamp(buffer);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "frames/FrameSource.h"
+#include "stream/ImagePart.h"
 #include "stream/StreamOpening.h"
 
 namespace zqcameralib {
@@ -33,6 +34,7 @@ private:
     std::uint64_t m_connection;
     OpenStream m_open;
     ArvBuffer* m_current = nullptr; ///< handed out, to be given back
+    Chunks m_chunks; ///< of that
     FrameTroubles m_troubles; ///< counted here; all of them when the stream has ended
     std::uint64_t m_incomplete = 0;
     std::uint64_t m_withoutImage = 0;

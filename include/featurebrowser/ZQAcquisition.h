@@ -21,6 +21,14 @@ namespace featurebrowser {
 
 class ICameraDevice;
 
+/// One piece of what a camera sends along with an image (ChunkModeActive). ZQChunkDecoder tells
+/// which features lie in it, and their values.
+struct ZQFrameChunk {
+    std::uint64_t id = 0; ///< as the camera's description names it (ChunkID)
+    const std::uint8_t* data = nullptr;
+    std::size_t size = 0; ///< bytes of data
+};
+
 /// One image as it arrives. The data belongs to the acquisition and is valid only during the call
 /// that hands it out.
 struct ZQFrame {
@@ -32,6 +40,10 @@ struct ZQFrame {
     std::uint64_t frameId = 0; ///< as the camera counts
     std::uint64_t timestampNs = 0; ///< camera's clock, nanoseconds
     std::uint64_t systemTimestampNs = 0; ///< this computer's clock, nanoseconds since 1970
+    /// What came along with the image, without the image itself, in the order in which it was sent.
+    /// As valid as data.
+    const ZQFrameChunk* chunks = nullptr;
+    std::size_t chunkCount = 0;
 };
 
 /// What happened to the frames since start().
@@ -61,8 +73,10 @@ struct ZQFrameCounters {
 /// that move by one step a frame. They follow its settings, by the standard's names (SFNC) and
 /// older ones: region, binning, decimation, reversal, pixel format, exposure, gain, black level,
 /// gamma, white balance, test pattern, frame rate. With TriggerMode On it takes one image for each
-/// TriggerSoftware, and none for any other source. Images of the same settings and frameId are the
-/// same, byte by byte.
+/// TriggerSoftware, and none for any other source. With ChunkModeActive they carry the chunks that
+/// ChunkEnable asks for, or all without it, in the layout of the camera's description: features
+/// called Chunk and a name hold what the feature of that name says, the image's number and its
+/// time; others hold 0. Images of the same settings and frameId are the same, byte by byte.
 ///
 /// For images of a GigE Vision camera the system needs a receive buffer: that of several images, 64
 /// MiB at most, is asked for, and the setting net.core.rmem_max limits what is granted. Programs

@@ -31,7 +31,7 @@ ROOMS = {
     "device": [
         "base", "network", "usb", "frames", "scene", "registers", "formula", "description", "nodemap",
         "validation", "features",
-        "memory", "simulation", "session", "stream", "link", "camera", "operations",
+        "memory", "simulation", "session", "stream", "link", "camera", "chunks", "operations",
         "acquisition", "opening", "settings", "capture", "transfer",
     ],
     "widget": ["row", "text", "look", "model", "events", "history", "editors", "tree", "panes", "window"],

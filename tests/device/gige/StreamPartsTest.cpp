@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <sstream>
 #include <tuple>
 
 using namespace zqcameralib;
@@ -69,9 +70,19 @@ Packets parts(const std::string& all, Packets pieces)
     return pieces;
 }
 
-std::string chunk(const std::string& data)
+std::string chunk(const std::string& data, std::uint64_t id = 1)
 {
-    return data + bytes(1, 4) + bytes(data.size(), 4);
+    return data + bytes(id, 4) + bytes(data.size(), 4);
+}
+
+/// "id:data " of each, ids in hexadecimal.
+std::string wordsOf(const Chunks& chunks)
+{
+    std::ostringstream words;
+    for (const featurebrowser::ZQFrameChunk& one : chunks) {
+        words << std::hex << one.id << ':' << std::string(one.data, one.data + one.size) << ' ';
+    }
+    return words.str();
 }
 
 /// A stream of a camera that sends none of its own.
@@ -108,6 +119,7 @@ struct ImageCase {
     Packets packets;
     int height; ///< 0: there is no image
     std::size_t size;
+    std::string chunks {}; ///< what came along with it
 };
 
 TEST_F(StreamParts, ShowTheImageAmongOtherPartsAndNoMoreOfItThanCame)
@@ -127,7 +139,12 @@ TEST_F(StreamParts, ShowTheImageAmongOtherPartsAndNoMoreOfItThanCame)
         { "NegativeWidth", image(1, 0x80000000U, 16, whole), 0, 0 },
         { "WithChunksBehind", image(0x4001, 64, 16, whole), 16, 1024 },
         { "ExtendedChunks", image(5, 64, 16, whole), 16, 1024 },
+        { "ImageOfChunks", image(0x4001, 64, 15, chunk(fewer) + chunk("Four", 0xA1)), 15, 960,
+            "a1:Four " },
         { "ChunksOnly", image(4, 0, 0, chunk(fewer)), 15, 960 },
+        { "SeveralChunks",
+            image(4, 0, 0, chunk(fewer) + chunk("Four", 0xFEDCBA98) + chunk("", 2) + chunk("3", 3)),
+            15, 960, "fedcba98:Four 2: 3:3 " },
         { "ChunkTooSmall", image(4, 0, 0, chunk(fewer.substr(1))), 0, 0 },
         { "NoChunks", image(4, 0, 0, whole), 0, 0 },
         { "ChunkBeyondTheBuffer", image(4, 0, 0, chunk(whole)), 0, 0 },
@@ -156,12 +173,15 @@ TEST_F(StreamParts, ShowTheImageAmongOtherPartsAndNoMoreOfItThanCame)
         ASSERT_TRUE(buffer);
         ASSERT_EQ(arv_buffer_get_status(buffer.get()), ARV_BUFFER_STATUS_SUCCESS);
         featurebrowser::ZQFrame frame;
-        EXPECT_EQ(findImage(buffer.get(), allocated, format, frame), test.height > 0);
+        const Chunks chunks = findChunks(buffer.get(), allocated, ChunkTags::BigEndian);
+        EXPECT_EQ(findImage(buffer.get(), allocated, chunks, format, frame), test.height > 0);
         if (test.height > 0) {
             EXPECT_EQ(frame.height, test.height);
             EXPECT_EQ(frame.size, test.size);
             EXPECT_EQ(frame.pixelFormat, mono8);
             EXPECT_EQ(std::count(frame.data, frame.data + frame.size, 'i'), frame.size);
+            EXPECT_EQ(
+                chunks.empty() ? "" : wordsOf({ chunks.begin() + 1, chunks.end() }), test.chunks);
         }
     }
 }
@@ -189,26 +209,25 @@ TEST_F(StreamParts, AskForAReceiveBufferOfSeveralImages)
     }
 }
 
-TEST(Chunks, BeginWithTheOneThatAllOthersFollow)
+TEST(Chunks, AreThereWhereDataConsistsOfNothingElse)
 {
-    const std::string tagged = chunk(std::string(10, 'i'));
-    const std::pair<std::string, std::size_t> cases[] {
-        { tagged, 10 },
-        { tagged + chunk("1234"), 10 },
-        { chunk(tagged), 18 },
-        { tagged + chunk(""), 10 },
-        { tagged + "1234" + bytes(2, 4) + bytes(0xFFFFFFFF, 4), 0 },
-        { tagged + "1234" + bytes(2, 4) + bytes(23, 4), 0 },
-        { "12" + tagged, 0 },
-        { chunk(""), 0 },
-        { "i", 0 },
-        { "", 0 },
-        { std::string(300, 'i') + bytes(1, 4) + bytes(300, 4), 300 },
+    const std::string tagged = chunk("ten bytes.");
+    const std::pair<std::string, std::string> cases[] {
+        { tagged, "1:ten bytes. " },
+        { tagged + chunk("1234", 7), "1:ten bytes. 7:1234 " },
+        { tagged + chunk(""), "1:ten bytes. 1: " },
+        { tagged + "1234" + bytes(2, 4) + bytes(0xFFFFFFFF, 4), "" },
+        { tagged + "1234" + bytes(2, 4) + bytes(23, 4), "" },
+        { "12" + tagged, "" },
+        { "i", "" },
+        { "", "" },
     };
-    for (const auto& [data, size] : cases) {
-        EXPECT_EQ(firstChunk(reinterpret_cast<const std::uint8_t*>(data.data()), data.size()), size)
-            << testing::PrintToString(data);
+    for (const auto& [data, words] : cases) {
+        const auto* all = reinterpret_cast<const std::uint8_t*>(data.data());
+        EXPECT_EQ(wordsOf(splitChunks(all, data.size(), ChunkTags::BigEndian)), words);
     }
+    const std::uint8_t usb[] { 'i', 5, 0, 0, 0, 1, 0, 0, 0 };
+    EXPECT_EQ(wordsOf(splitChunks(usb, sizeof usb, ChunkTags::LittleEndian)), "5:i ");
 }
 
 TEST(FrameSizes, CountPixelsInWholeBytesAndRows)
