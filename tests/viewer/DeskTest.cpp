@@ -25,6 +25,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTableView>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTranslator>
 
@@ -79,6 +80,30 @@ TEST_F(Desk, SeveralImagesStopByThemselvesAndLeaveTheSettingsAlone)
         EXPECT_EQ(index.readAll().count(QByteArray(".png,")), count);
     }
     EXPECT_EQ(value("AcquisitionMode"), mode);
+}
+
+TEST_F(Desk, WhatComesAlongWithAnImageIsShownAndRecorded)
+{
+    auto* shown = m_viewer.child<QTableWidget>("chunks");
+    m_viewer.child<QDockWidget>("chunkDock")->show();
+    EXPECT_EQ(shown->rowCount(), 0);
+    m_viewer.edit("ExposureTime", "7000");
+    m_viewer.open("ChunkModeActive");
+    ASSERT_EQ(value("ChunkModeActive"), "True");
+    const QTemporaryDir folder;
+    live().record(folder.path(), QStringLiteral("png"));
+    live().start(2);
+    ASSERT_TRUE(waitFor([&] { return !live().isRecording(); }));
+    QFile index(folder.filePath(QStringLiteral("index.csv")));
+    ASSERT_TRUE(index.open(QFile::ReadOnly));
+    const QList<QByteArray> lines = index.readAll().split('\n');
+    EXPECT_TRUE(lines.at(0).endsWith(
+        ",ChunkFrameID,ChunkTimestamp in ns,ChunkExposureTime in us,ChunkGain in dB"));
+    const QList<QByteArray> last = lines.at(lines.size() - 2).split(',');
+    EXPECT_EQ(last.mid(4), (QList<QByteArray> { last.at(1), last.at(2), "7000", "0" }));
+    ASSERT_TRUE(waitFor([&] { return shown->rowCount() == 4; }));
+    EXPECT_EQ(shown->item(0, 1)->text().toUtf8(), last.at(1));
+    EXPECT_EQ(shown->item(2, 1)->text(), QStringLiteral("7000 us"));
 }
 
 TEST_F(Desk, ARegionDrawnWithTheMouseIsTheCamerasRegion)

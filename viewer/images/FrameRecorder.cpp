@@ -12,6 +12,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -26,6 +28,25 @@ constexpr std::size_t mostWaitingBytes = 512UL << 20;
 /// GigE Vision counts blocks in 16 bits, from 1, unless a camera has extended ids.
 constexpr std::uint64_t lastShortId = 65535;
 
+const char* const firstColumns = "file,frame id,camera time in ns,computer time in ns";
+
+QString quoted(QString text)
+{
+    const bool isPlain = !text.contains(QLatin1Char(',')) && !text.contains(QLatin1Char('"'))
+        && !text.contains(QLatin1Char('\n'));
+    return isPlain ? text
+                   : QLatin1Char('"') + text.replace(QLatin1Char('"'), QLatin1String("\"\""))
+            + QLatin1Char('"');
+}
+
+QString headingOf(const ZQChunkValue& value)
+{
+    const QString name = QString::fromStdString(value.name);
+    return value.unit.empty()
+        ? name
+        : QStringLiteral("%1 in %2").arg(name, QString::fromStdString(value.unit));
+}
+
 } // namespace
 
 FrameRecorder::FrameRecorder(const QString& folder, QString suffix)
@@ -33,11 +54,11 @@ FrameRecorder::FrameRecorder(const QString& folder, QString suffix)
     , m_suffix(std::move(suffix))
     , m_index(QDir(folder).filePath(QStringLiteral("index.csv")))
 {
-    if (!m_index.open(QFile::WriteOnly | QFile::Text)) {
+    if (!m_index.open(QFile::ReadWrite | QFile::Truncate)) {
         m_figures.problem
             = Words::tr("Cannot write '%1': %2.").arg(m_index.fileName(), m_index.errorString());
     }
-    list(QStringLiteral("file,frame id,camera time in ns,computer time in ns"));
+    list(QLatin1String(firstColumns));
     m_thread = std::thread([this] { writeAll(); });
 }
 
@@ -47,7 +68,7 @@ FrameRecorder::~FrameRecorder()
     m_thread.join();
 }
 
-void FrameRecorder::add(const ZQFrame& frame)
+void FrameRecorder::add(const ZQFrame& frame, const Values& chunks)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_hasEnded) {
@@ -59,7 +80,7 @@ void FrameRecorder::add(const ZQFrame& frame)
     const bool isFull = !m_waiting.empty() && m_waitingBytes + frame.size > mostWaitingBytes;
     if (isFull || !m_figures.problem.isEmpty()) {
         ++m_figures.unwritten;
-        list(QStringLiteral("not written,%1,,").arg(frame.frameId));
+        list(QStringLiteral("not written,%1,,").arg(frame.frameId) + columns(chunks));
         return;
     }
     const auto bytes
@@ -74,7 +95,8 @@ void FrameRecorder::add(const ZQFrame& frame)
              .arg(name)
              .arg(frame.frameId)
              .arg(frame.timestampNs)
-             .arg(frame.systemTimestampNs));
+             .arg(frame.systemTimestampNs)
+        + columns(chunks));
     m_changed.notify_one();
 }
 
@@ -87,6 +109,47 @@ void FrameRecorder::noteGap(std::uint64_t frameId)
     }
     m_figures.missing += frameId - next;
     list(QStringLiteral("not received,%1-%2,,").arg(next).arg(frameId - 1));
+}
+
+/// ",value" of each column there is by now.
+QString FrameRecorder::columns(const Values& chunks)
+{
+    QStringList texts;
+    texts.reserve(m_chunkColumns.size());
+    std::fill_n(std::back_inserter(texts), m_chunkColumns.size(), QString());
+    for (const ZQChunkValue& value : chunks) {
+        const QString heading = headingOf(value);
+        auto column = m_chunkColumns.indexOf(heading);
+        if (column < 0) {
+            column = m_chunkColumns.size();
+            m_chunkColumns.append(heading);
+            texts.append(QString());
+        }
+        texts[column] = quoted(QString::fromStdString(value.text));
+    }
+    return texts.isEmpty() ? QString() : QLatin1Char(',') + texts.join(QLatin1Char(','));
+}
+
+/// The columns are known when all images have come.
+void FrameRecorder::completeHeading()
+{
+    if (m_chunkColumns.isEmpty() || !m_figures.problem.isEmpty()) {
+        return;
+    }
+    QString heading = QLatin1String(firstColumns);
+    for (const QString& column : std::as_const(m_chunkColumns)) {
+        heading += QLatin1Char(',') + quoted(column);
+    }
+    m_index.seek(0);
+    m_index.readLine();
+    const QByteArray lines = m_index.readAll();
+    m_index.seek(0);
+    m_index.resize(0);
+    list(heading);
+    if (m_index.write(lines) < 0) {
+        m_figures.problem
+            = Words::tr("Cannot write '%1': %2.").arg(m_index.fileName(), m_index.errorString());
+    }
 }
 
 void FrameRecorder::list(const QString& line)
@@ -149,6 +212,7 @@ void FrameRecorder::writeAll()
         }
     }
     const std::lock_guard<std::mutex> lock(m_mutex);
+    completeHeading();
     if (!m_index.flush() && m_figures.problem.isEmpty()) {
         m_figures.problem
             = Words::tr("Cannot write '%1': %2.").arg(m_index.fileName(), m_index.errorString());

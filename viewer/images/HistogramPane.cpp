@@ -102,12 +102,14 @@ HistogramPane::HistogramPane(ZQImageView& view, QWidget* parent)
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(m_bars, 1);
     layout->addLayout(line);
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(refreshPeriodMs);
+    connect(&m_timer, &QTimer::timeout, this, &HistogramPane::refresh);
     connect(logarithmic, &QCheckBox::toggled, m_bars,
         [this](bool isOn) { m_bars->setLogarithmic(isOn); });
     connect(&m_view, &ZQImageView::imageChanged, this, [this] {
-        if (isVisible()
-            && (!m_sinceRefresh.isValid() || m_sinceRefresh.hasExpired(refreshPeriodMs))) {
-            refresh();
+        if (isVisible() && !m_timer.isActive()) {
+            m_timer.start();
         }
     });
 }
@@ -119,7 +121,6 @@ void HistogramPane::showEvent(QShowEvent*)
 
 void HistogramPane::refresh()
 {
-    m_sinceRefresh.start();
     std::vector<std::uint32_t> counts = m_view.histogram();
     const double all = std::accumulate(counts.begin(), counts.end(), 0.0);
     QString words;

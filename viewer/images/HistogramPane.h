@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include <QElapsedTimer>
+#include <QTimer>
 #include <QWidget>
 
 #include <cstdint>
@@ -40,7 +40,7 @@ private:
     featurebrowser::ZQImageView& m_view;
     Bars* m_bars;
     QLabel* m_words;
-    QElapsedTimer m_sinceRefresh;
+    QTimer m_timer;
 };
 
 } // namespace zqviewer

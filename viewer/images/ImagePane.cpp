@@ -53,6 +53,12 @@ void ImagePane::close()
     m_live.reset();
 }
 
+std::vector<featurebrowser::ZQChunkValue> ImagePane::shownChunks() const
+{
+    return m_live ? m_live->chunks().valuesOf(m_view->image().frameId)
+                  : std::vector<featurebrowser::ZQChunkValue>();
+}
+
 void ImagePane::arrange()
 {
     for (QLabel* label : { m_pixel, m_figures }) {

@@ -6,9 +6,12 @@
 
 #include "camera/OpenedCamera.h"
 
+#include "featurebrowser/ZQChunkDecoder.h"
+
 #include <QWidget>
 
 #include <memory>
+#include <vector>
 
 QT_BEGIN_NAMESPACE
 class QAction;
@@ -38,6 +41,8 @@ public:
 
     LiveImage& live() { return *m_live; }
     featurebrowser::ZQImageView& view() { return *m_view; }
+    /// What came along with the image that is shown.
+    std::vector<featurebrowser::ZQChunkValue> shownChunks() const;
     /// Stops the images; nothing touches the camera any more.
     void close();
 

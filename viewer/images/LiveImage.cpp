@@ -42,10 +42,11 @@ void LiveImage::show(const ZQFrame& frame)
         return;
     }
     m_bytes += frame.size;
+    m_chunks.add(frame);
     m_view.post(imageOf(frame));
     const std::lock_guard<std::mutex> lock(m_recorderMutex);
     if (m_recorder) {
-        m_recorder->add(frame);
+        m_recorder->add(frame, m_chunks.values(frame));
     }
 }
 
@@ -67,6 +68,7 @@ void LiveImage::start(int count)
         return;
     }
     m_toCome = count > 0 ? count : unlimited;
+    m_chunks.use(std::make_unique<ZQChunkDecoder>(&m_camera.camera()));
     m_tasks.run(m_acquisition.StartBeside([this](const ZQFrame& frame) { show(frame); }),
         CameraTaskBar::Appearance::WhenLong,
         [this](zqcameralib::ZQCameraTask& task, zqcameralib::ZQCameraTask::State state) {

@@ -6,6 +6,7 @@
 
 #include "camera/OpenedCamera.h"
 #include "images/FrameRecorder.h"
+#include "images/KeptChunks.h"
 
 #include "featurebrowser/ZQAcquisition.h"
 #include "featurebrowser/ZQImageView.h"
@@ -49,6 +50,9 @@ public:
     bool isRecording() const { return m_isRecording; }
     void stopRecording();
 
+    /// What came along with the images.
+    const KeptChunks& chunks() const { return m_chunks; }
+
 Q_SIGNALS:
     /// Also when the acquisition has ended by itself.
     void runningChanged(bool isRunning);
@@ -89,6 +93,7 @@ private:
     bool m_isRecording = false;
     std::mutex m_recorderMutex; ///< for the recorder
     std::unique_ptr<FrameRecorder> m_recorder;
+    KeptChunks m_chunks;
     featurebrowser::ZQAcquisition m_acquisition; ///< ends first: it calls show()
 };
 

@@ -48,6 +48,25 @@
     </message>
 </context>
 <context>
+    <name>zqviewer::ChunkPane</name>
+    <message>
+        <source>Nothing came along with this image. With ChunkModeActive the camera sends what ChunkEnable asks for.</source>
+        <translation>Mit diesem Bild kam nichts weiter. Bei eingeschaltetem ChunkModeActive sendet die Kamera mit, was ChunkEnable verlangt.</translation>
+    </message>
+    <message>
+        <source>Chunk data</source>
+        <translation>Bilddaten (Chunks)</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>Einstellung</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+</context>
+<context>
     <name>zqviewer::ComparisonWindow</name>
     <message>
         <source>(none)</source>
@@ -304,6 +323,10 @@
     <message>
         <source>Raw, without interpolated colours (*.png *.tif *.tiff)</source>
         <translation>Roh, ohne interpolierte Farben (*.png *.tif *.tiff)</translation>
+    </message>
+    <message>
+        <source>Not live: the last image, of %1</source>
+        <translation>Nicht live: das letzte Bild, von %1</translation>
     </message>
 </context>
 <context>
@@ -907,6 +930,10 @@
     <message>
         <source>&amp;Show and restore…</source>
         <translation>&amp;Zeigen und wiederherstellen…</translation>
+    </message>
+    <message>
+        <source>Chunk data</source>
+        <translation>Bilddaten (Chunks)</translation>
     </message>
 </context>
 <context>

@@ -7,6 +7,7 @@
 #include "camera/CameraKeeper.h"
 #include "camera/CameraTaskBar.h"
 #include "camera/FeaturePolling.h"
+#include "images/ChunkPane.h"
 #include "images/HistogramPane.h"
 #include "images/ImagePane.h"
 #include "images/LiveImage.h"
@@ -129,6 +130,8 @@ void ViewerWindow::makeDocks()
     QDockWidget* images = addDock(m_images, tr("Image"), "imageDock", Qt::RightDockWidgetArea);
     addDock(new HistogramPane(m_images->view(), this), tr("Histogram"), "histogramDock",
         Qt::RightDockWidgetArea)
+        ->hide();
+    addDock(new ChunkPane(*m_images, this), tr("Chunk data"), "chunkDock", Qt::RightDockWidgetArea)
         ->hide();
     auto* log = new LogPane(*m_log, this);
     addDock(log, tr("Log"), "logDock", Qt::BottomDockWidgetArea)->hide();

@@ -34,10 +34,10 @@ class OfferBar;
 class SettingsMenu;
 class WindowMemory;
 
-/// The viewer's window: the feature browser of one camera, its live image, histogram and log in
-/// docks around it, and a status bar for its messages.
-/// As the browser's receiver it carries out what the browser leaves to the application: starting
-/// and stopping acquisition, and the reset of the camera.
+/// The viewer's window: the feature browser of one camera, its live image, histogram, chunk data
+/// and log in docks around it, and a status bar for its messages. As the browser's receiver it
+/// carries out what the browser leaves to the application: starting and stopping acquisition, and
+/// the reset of the camera.
 class ViewerWindow : public QMainWindow, private featurebrowser::IEventFeatureReceiver {
     Q_OBJECT
 

@@ -112,8 +112,8 @@ void ViewerWindow::makeSettingsMenu()
 void ViewerWindow::makeViewMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&View"));
-    const std::array<std::pair<const char*, const char*>, 3> docks { { { "imageDock", "Ctrl+1" },
-        { "histogramDock", "Ctrl+2" }, { "logDock", "Ctrl+3" } } };
+    const std::array<std::pair<const char*, const char*>, 4> docks { { { "imageDock", "Ctrl+1" },
+        { "histogramDock", "Ctrl+2" }, { "logDock", "Ctrl+3" }, { "chunkDock", "Ctrl+4" } } };
     for (const auto& [name, key] : docks) {
         QAction* toggle = findChild<QDockWidget*>(QLatin1String(name))->toggleViewAction();
         toggle->setShortcut(QKeySequence(QLatin1String(key)));
