@@ -123,6 +123,17 @@ bool ZQImageView::isOverexposureShown() const
     return m_impl->isOverexposureShown;
 }
 
+void ZQImageView::setOutdated(const QString& words)
+{
+    m_impl->outdated = m_impl->isShowing() ? words : QString();
+    update();
+}
+
+QString ZQImageView::outdated() const
+{
+    return m_impl->outdated;
+}
+
 QRect ZQImageView::region() const
 {
     return m_impl->region;

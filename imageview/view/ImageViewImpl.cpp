@@ -21,6 +21,7 @@ namespace {
 
 constexpr QRgb background = 0xFF202020;
 constexpr QRgb words = 0xFFD0D0D0;
+constexpr QRgb dimming = 0xA0202020;
 constexpr int margin = 16;
 
 } // namespace
@@ -34,6 +35,7 @@ ZQImageView::Impl::Impl(ZQImageView* view)
 void ZQImageView::Impl::show(const ZQImage& shown)
 {
     image = shown;
+    outdated.clear();
     problem = problemText(image);
     if (isShowing()) {
         const QSize size(image.width, image.height);
@@ -213,6 +215,9 @@ void ZQImageView::Impl::paint(QPainter& painter, const QRect& area)
     }
     paintPicture(painter, area);
     paintRegion(painter);
+    if (!outdated.isEmpty()) {
+        paintOutdated(painter, area);
+    }
 }
 
 void ZQImageView::Impl::paintPicture(QPainter& painter, const QRect& area)
@@ -227,6 +232,19 @@ void ZQImageView::Impl::paintPicture(QPainter& painter, const QRect& area)
     QImage picture = renderPicture(ImageLines(image), mapping, visible, isOverexposureShown);
     picture.setDevicePixelRatio(ratio);
     painter.drawImage(QPointF(visible.topLeft()) / ratio, picture);
+}
+
+/// The words keep away from the middle, where the subject is.
+void ZQImageView::Impl::paintOutdated(QPainter& painter, const QRect& area)
+{
+    painter.fillRect(area, QColor::fromRgba(dimming));
+    const QRect room = m_view->rect().adjusted(margin, margin, -margin, -margin);
+    const int flags = Qt::AlignHCenter | Qt::AlignBottom | Qt::TextWordWrap;
+    const QRect place = painter.boundingRect(room, flags, outdated);
+    painter.fillRect(
+        place.adjusted(-margin / 2, -margin / 4, margin / 2, margin / 4), QColor(background));
+    painter.setPen(QColor(words));
+    painter.drawText(room, flags, outdated);
 }
 
 // White on black, so that it is seen on any picture.

@@ -62,6 +62,7 @@ public:
     QString problem;
     ViewMapping mapping;
     bool isOverexposureShown = false;
+    QString outdated; ///< why the picture is; empty where it is not
     QRect region;
 
 private:
@@ -70,6 +71,7 @@ private:
     void updateHover();
     void paintPicture(QPainter& painter, const QRect& area);
     void paintRegion(QPainter& painter);
+    void paintOutdated(QPainter& painter, const QRect& area);
 
     ZQImageView* m_view;
     bool m_isPostUnpainted = false;

@@ -84,6 +84,14 @@ public:
     void setOverexposureShown(bool isShown);
     bool isOverexposureShown() const;
 
+    /// Shows that the picture is an old one, for example of a camera that is lost: it is dimmed,
+    /// and `words` stand in it, for example "Last image, 12:34:56". Until the next image is shown,
+    /// or `words` are empty; without effect while there is none. What is told of the image, and
+    /// saved, stays as it is.
+    void setOutdated(const QString& words);
+    /// These words; empty for a picture that is not outdated.
+    QString outdated() const;
+
     /// The region that the user has drawn, in the image's pixels; null when there is none.
     QRect region() const;
 

@@ -70,6 +70,26 @@ protected:
     ZQImageView view;
 };
 
+TEST_F(ViewTest, DimsAnOutdatedPictureUntilTheNextOne)
+{
+    view.setOutdated(QStringLiteral("nothing to be seen"));
+    EXPECT_EQ(view.outdated(), QString());
+    show(colourfulImage(90, 60), { 180, 120 });
+    const QImage live = view.grab().toImage();
+    const QImage saved = view.toImage();
+    view.setOutdated(QStringLiteral("old"));
+    const QImage old = view.grab().toImage();
+    for (const QPoint at : { QPoint(5, 5), QPoint(90, 60), QPoint(170, 10) }) {
+        // Three eighths of the picture over five of the dark ground.
+        EXPECT_NEAR(qRed(old.pixel(at)), (qRed(live.pixel(at)) * 3 + 0x20 * 5) / 8, 2);
+    }
+    EXPECT_NE(old.copy(60, 90, 60, 30), live.copy(60, 90, 60, 30));
+    EXPECT_EQ(view.toImage(), saved);
+    view.setImage(colourfulImage(90, 60));
+    EXPECT_EQ(view.outdated(), QString());
+    EXPECT_EQ(view.grab().toImage(), live);
+}
+
 TEST_F(ViewTest, ShowsEachPixelWhereItSaysWhicheverWayItIsTurned)
 {
     const ZQImage image = colourfulImage(90, 60);

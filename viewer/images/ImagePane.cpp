@@ -89,8 +89,7 @@ void ImagePane::connectView()
                     : QStringLiteral("(%1, %2)  %3")
                           .arg(QString::number(pixel.x()), QString::number(pixel.y()), text));
         });
-    connect(m_view, &ZQImageView::imageChanged, this,
-        [this] { m_save->setEnabled(m_view->image().data != nullptr); });
+    connect(m_view, &ZQImageView::imageChanged, this, &ImagePane::imageChanged);
     connect(m_view, &ZQImageView::regionSelected, this,
         [this](const QRect& region) { m_region->setEnabled(!region.isNull()); });
     connect(m_live.get(), &LiveImage::runningChanged, this, &ImagePane::runningChanged);
@@ -105,6 +104,29 @@ void ImagePane::connectView()
         Q_EMIT written({ QStringLiteral("GevSCPSPacketSize"), QStringLiteral("GevSCPD") });
     });
     connect(m_live.get(), &LiveImage::told, this, &ImagePane::told);
+}
+
+void ImagePane::imageChanged()
+{
+    m_shownSince = QDateTime::currentDateTime();
+    m_save->setEnabled(m_view->image().data != nullptr);
+    if (m_isLost) { // it was on its way
+        showOutdated();
+    }
+}
+
+void ImagePane::setLost(bool isLost)
+{
+    m_isLost = isLost;
+    if (m_isLost) {
+        showOutdated();
+    }
+}
+
+void ImagePane::showOutdated()
+{
+    m_view->setOutdated(tr("Not live: the last image, of %1")
+                            .arg(m_shownSince.time().toString(QStringLiteral("HH:mm:ss"))));
 }
 
 QAction* ImagePane::add(

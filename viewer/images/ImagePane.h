@@ -8,6 +8,7 @@
 
 #include "featurebrowser/ZQChunkDecoder.h"
 
+#include <QDateTime>
 #include <QWidget>
 
 #include <memory>
@@ -43,6 +44,8 @@ public:
     featurebrowser::ZQImageView& view() { return *m_view; }
     /// What came along with the image that is shown.
     std::vector<featurebrowser::ZQChunkValue> shownChunks() const;
+    /// Whether the camera is lost: the picture is then shown as the last one, until another comes.
+    void setLost(bool isLost);
     /// Stops the images; nothing touches the camera any more.
     void close();
 
@@ -64,6 +67,8 @@ private:
     void fillBar(QToolBar& bar);
     void arrange();
     void connectView();
+    void imageChanged();
+    void showOutdated();
     void runningChanged(bool isRunning);
     void startSeveral();
     void turn(bool isClockwise);
@@ -93,6 +98,8 @@ private:
     QAction* m_packets = nullptr;
     QAction* m_save = nullptr;
     QAction* m_record = nullptr;
+    QDateTime m_shownSince; ///< the picture
+    bool m_isLost = false;
     int m_count = 10; ///< images that were wanted last
     std::unique_ptr<LiveImage> m_live; ///< ends before the view
 };

@@ -203,6 +203,7 @@ void ViewerWindow::setLost(bool isLost)
     }
     m_browser.GetWidget()->setProperty("cameraLost", isLost);
     m_reconnect->setEnabled(isLost);
+    m_images->setLost(isLost);
     if (!isLost) {
         m_banner->hideLoss();
     }
