@@ -4,6 +4,7 @@
 
 #include "featurebrowser/ZQImageView.h"
 
+#include "view/ImageTexts.h"
 #include "view/ImageViewImpl.h"
 
 #include <QCoreApplication>
@@ -23,6 +24,7 @@ ZQImageView::ZQImageView(QWidget* parent)
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     zqtranslations::load(QStringLiteral("zqimageview"), QStringLiteral(":/zqimageview"));
+    m_impl->problem = problemText({}); // in the language that was loaded
     setAccessibleName(tr("Camera image"));
 }
 

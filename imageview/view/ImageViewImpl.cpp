@@ -27,8 +27,7 @@ constexpr int margin = 16;
 } // namespace
 
 ZQImageView::Impl::Impl(ZQImageView* view)
-    : problem(problemText({}))
-    , m_view(view)
+    : m_view(view)
 {
 }
 

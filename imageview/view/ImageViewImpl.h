@@ -59,7 +59,7 @@ public:
 
     FrameSlot slot;
     ZQImage image;
-    QString problem;
+    QString problem; ///< why there is no picture; empty where there is one
     ViewMapping mapping;
     bool isOverexposureShown = false;
     QString outdated; ///< why the picture is; empty where it is not

@@ -8,6 +8,7 @@
 #include "images/ImageFile.h"
 #include "images/LiveImage.h"
 #include "images/RegionOfInterest.h"
+#include "program/PlainIcon.h"
 
 #include "featurebrowser/ZQImageView.h"
 
@@ -21,6 +22,7 @@
 #include <QLabel>
 #include <QStyle>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace zqviewer {
@@ -94,9 +96,9 @@ void ImagePane::connectView()
         [this](const QRect& region) { m_region->setEnabled(!region.isNull()); });
     connect(m_live.get(), &LiveImage::runningChanged, this, &ImagePane::runningChanged);
     connect(m_live.get(), &LiveImage::recordingChanged, m_record, &QAction::setChecked);
-    connect(m_live.get(), &LiveImage::figures, m_figures, &QLabel::setText);
+    connect(m_live.get(), &LiveImage::figures, this, &ImagePane::showFigures);
     connect(m_live.get(), &LiveImage::reasons, this, [this](const QString& text) {
-        const QString all = m_figures->text() + QLatin1Char('\n') + text; // where it does not fit
+        const QString all = m_allFigures + QLatin1Char('\n') + text; // where it does not fit
         m_figures->setToolTip(
             QStringLiteral("<div style='white-space:pre'>%1</div>").arg(all.toHtmlEscaped()));
     });
@@ -104,6 +106,14 @@ void ImagePane::connectView()
         Q_EMIT written({ QStringLiteral("GevSCPSPacketSize"), QStringLiteral("GevSCPD") });
     });
     connect(m_live.get(), &LiveImage::told, this, &ImagePane::told);
+}
+
+void ImagePane::showFigures(const QString& text)
+{
+    m_allFigures = text;
+    m_figures->setText(m_figures->isVisible()
+            ? m_figures->fontMetrics().elidedText(text, Qt::ElideRight, m_figures->width())
+            : text);
 }
 
 void ImagePane::imageChanged()
@@ -142,10 +152,10 @@ QAction* ImagePane::add(
 void ImagePane::makeAcquisitionActions()
 {
     m_start = add(m_acquisition, tr("St&art images"), "startImages", Qt::Key_F6);
-    m_start->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
+    m_start->setIcon(plainIcon(PlainSign::Start));
     m_stop = add(
         m_acquisition, tr("St&op images"), "stopImages", QKeySequence(QStringLiteral("Shift+F6")));
-    m_stop->setIcon(style()->standardIcon(QStyle::SP_MediaStop));
+    m_stop->setIcon(plainIcon(PlainSign::Stop));
     m_single = add(m_acquisition, tr("&Single image"), "singleImage", Qt::Key_F7);
     m_single->setIconText(tr("Single"));
     m_several = add(m_acquisition, tr("Se&veral images\u2026"), "severalImages", {});
@@ -215,6 +225,10 @@ void ImagePane::fillBar(QToolBar& bar)
     bar.addActions({ m_fit, m_pixels, m_marks, m_region });
     bar.addSeparator();
     bar.addActions({ m_save, m_record });
+    // What does not fit is behind a button with a sign of Qt's own, which is black on any ground.
+    for (auto* button : bar.findChildren<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
+        button->setIcon(plainIcon(PlainSign::More));
+    }
 }
 
 void ImagePane::runningChanged(bool isRunning)

@@ -67,6 +67,7 @@ private:
     void fillBar(QToolBar& bar);
     void arrange();
     void connectView();
+    void showFigures(const QString& text);
     void imageChanged();
     void showOutdated();
     void runningChanged(bool isRunning);
@@ -98,6 +99,7 @@ private:
     QAction* m_packets = nullptr;
     QAction* m_save = nullptr;
     QAction* m_record = nullptr;
+    QString m_allFigures; ///< of which the label may show the beginning
     QDateTime m_shownSince; ///< the picture
     bool m_isLost = false;
     int m_count = 10; ///< images that were wanted last

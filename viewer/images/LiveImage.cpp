@@ -9,6 +9,8 @@
 
 #include <QDir>
 
+#include <cmath>
+
 namespace zqviewer {
 
 using namespace featurebrowser;
@@ -217,7 +219,10 @@ QString LiveImage::rateText(double seconds)
     m_delivered = counters.delivered;
     QString rate = QString::number(images, 'f', 1);
     if (const QString wanted = wantedRate(); !wanted.isEmpty()) {
-        rate = tr("%1 of %2").arg(rate, wanted);
+        bool isNumber = false;
+        const double number = wanted.toDouble(&isNumber);
+        rate = tr("%1 of %2")
+                   .arg(rate, isNumber ? QString::number(std::round(number * 10) / 10) : wanted);
     }
     return tr("%1 images/s, %2 MB/s").arg(rate, QString::number(megabytes, 'f', 1));
 }

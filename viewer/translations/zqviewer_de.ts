@@ -206,7 +206,7 @@
     </message>
     <message>
         <source>Use region</source>
-        <translation>Bereich verwenden</translation>
+        <translation>Bereich</translation>
     </message>
     <message>
         <source>Have the camera send only the region that was drawn with Shift and the mouse</source>

@@ -29,10 +29,12 @@
 #include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QStyle>
 #include <QTreeView>
 #include <QVBoxLayout>
 
 #include <utility>
+#include <algorithm>
 
 using namespace featurebrowser;
 
@@ -57,7 +59,6 @@ ViewerWindow::ViewerWindow(
     m_camera.describe(m_browser);
     m_browser.ShowStandalone(
         0, 0, m_memory != nullptr ? m_memory->columns() : std::vector<int>(), level);
-    resize(QSize(1280, 860).boundedTo(screen()->availableSize()));
     if (m_memory != nullptr) {
         m_memory->restore(*this, *m_browser.GetWidget(), m_camera.name());
     }
@@ -92,8 +93,11 @@ void ViewerWindow::arrange()
 {
     setAcceptDrops(true);
     arrangeStatusBar();
+    const int frame = style()->pixelMetric(QStyle::PM_TitleBarHeight) + 8;
+    resize(QSize(1280, 860).boundedTo(screen()->availableSize() - QSize(8, frame)));
     auto* middle = new QWidget(this);
     auto* layout = new QVBoxLayout(middle);
+    middle->setMinimumWidth(fontMetrics().averageCharWidth() * 40); // docks leave so much
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_banner);
@@ -128,14 +132,16 @@ void ViewerWindow::makeDocks()
 {
     m_images = new ImagePane(m_camera, this);
     QDockWidget* images = addDock(m_images, tr("Image"), "imageDock", Qt::RightDockWidgetArea);
-    addDock(new HistogramPane(m_images->view(), this), tr("Histogram"), "histogramDock",
-        Qt::RightDockWidgetArea)
-        ->hide();
-    addDock(new ChunkPane(*m_images, this), tr("Chunk data"), "chunkDock", Qt::RightDockWidgetArea)
-        ->hide();
+    QDockWidget* histogram = addDock(new HistogramPane(m_images->view(), this), tr("Histogram"),
+        "histogramDock", Qt::RightDockWidgetArea);
+    QDockWidget* chunks = addDock(
+        new ChunkPane(*m_images, this), tr("Chunk data"), "chunkDock", Qt::RightDockWidgetArea);
+    tabifyDockWidget(histogram, chunks); // so that most of the height is left to the image
+    histogram->hide();
+    chunks->hide();
     auto* log = new LogPane(*m_log, this);
     addDock(log, tr("Log"), "logDock", Qt::BottomDockWidgetArea)->hide();
-    resizeDocks({ images }, { 640 }, Qt::Horizontal);
+    resizeDocks({ images }, { std::min(640, width() / 2) }, Qt::Horizontal);
     connect(m_images, &ImagePane::told, this, &ViewerWindow::imagesTold);
     connect(log, &LogPane::told, this, &ViewerWindow::showMessage);
     connect(m_images, &ImagePane::written, this, [this](const QStringList& features) {

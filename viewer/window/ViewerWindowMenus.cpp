@@ -115,7 +115,9 @@ void ViewerWindow::makeViewMenu()
     const std::array<std::pair<const char*, const char*>, 4> docks { { { "imageDock", "Ctrl+1" },
         { "histogramDock", "Ctrl+2" }, { "logDock", "Ctrl+3" }, { "chunkDock", "Ctrl+4" } } };
     for (const auto& [name, key] : docks) {
-        QAction* toggle = findChild<QDockWidget*>(QLatin1String(name))->toggleViewAction();
+        auto* dock = findChild<QDockWidget*>(QLatin1String(name));
+        QAction* toggle = dock->toggleViewAction();
+        connect(toggle, &QAction::triggered, dock, &QWidget::raise); // from behind another one
         toggle->setShortcut(QKeySequence(QLatin1String(key)));
         menu->addAction(toggle);
     }
