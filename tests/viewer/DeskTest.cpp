@@ -201,7 +201,7 @@ TEST_F(Desk, SettingsAreSavedLoadedComparedAndTakenBack)
 {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("a.zqs"));
-    auto& settings = *m_viewer.child<zqviewer::SettingsMenu>();
+    auto& settings = m_viewer.child<zqviewer::SettingsMenu>()->work();
     settings.save(file);
     ASSERT_TRUE(waitFor([&] { return QFile::exists(file) && !settings.isRunning(); }));
     const std::string exposure = value("ExposureTime");

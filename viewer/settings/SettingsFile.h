@@ -7,6 +7,7 @@
 #include "featurebrowser/ZQSettings.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace zqviewer {
 
@@ -14,5 +15,9 @@ namespace zqviewer {
 /// persistence layout of other tools; what a file holds when it is read shows by itself.
 bool writeSettings(const QString& file, const zqcameralib::ZQSettings& settings, QString& error);
 bool readSettings(const QString& file, zqcameralib::ZQSettings& settings, QString& error);
+
+/// Files that were saved or loaded lately, the last one first, also in earlier sessions.
+QStringList recentSettings();
+void noteRecentSettings(const QString& file);
 
 } // namespace zqviewer

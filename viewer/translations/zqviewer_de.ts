@@ -675,6 +675,47 @@
         <translation>Mit einer Datei vergleichen</translation>
     </message>
     <message>
+        <source>&amp;Undo loading %1</source>
+        <translation>Laden von %1 &amp;zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Compare two &amp;files…</source>
+        <translation>Zwei Da&amp;teien vergleichen…</translation>
+    </message>
+    <message>
+        <source>First file</source>
+        <translation>Erste Datei</translation>
+    </message>
+    <message>
+        <source>Second file</source>
+        <translation>Zweite Datei</translation>
+    </message>
+</context>
+<context>
+    <name>zqviewer::SettingsTable</name>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>zqviewer::SettingsTask</name>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>zqviewer::SettingsWork</name>
+    <message>
         <source>Reading the settings was cancelled.</source>
         <translation>Das Lesen der Einstellungen wurde abgebrochen.</translation>
     </message>
@@ -699,10 +740,6 @@
     <message>
         <source>Restoring the settings…</source>
         <translation>Einstellungen werden wiederhergestellt…</translation>
-    </message>
-    <message>
-        <source>&amp;Undo loading %1</source>
-        <translation>Laden von %1 &amp;zurücknehmen</translation>
     </message>
     <message>
         <source>the settings of before</source>
@@ -739,40 +776,6 @@
     <message>
         <source>The settings were saved into %1.</source>
         <translation>Die Einstellungen wurden in %1 gespeichert.</translation>
-    </message>
-    <message>
-        <source>Compare two &amp;files…</source>
-        <translation>Zwei Da&amp;teien vergleichen…</translation>
-    </message>
-    <message>
-        <source>First file</source>
-        <translation>Erste Datei</translation>
-    </message>
-    <message>
-        <source>Second file</source>
-        <translation>Zweite Datei</translation>
-    </message>
-</context>
-<context>
-    <name>zqviewer::SettingsTable</name>
-    <message>
-        <source>Filter</source>
-        <translation>Filter</translation>
-    </message>
-    <message>
-        <source>Settings</source>
-        <translation>Einstellungen</translation>
-    </message>
-    <message>
-        <source>&amp;Copy</source>
-        <translation>&amp;Kopieren</translation>
-    </message>
-</context>
-<context>
-    <name>zqviewer::SettingsTask</name>
-    <message>
-        <source>&amp;Cancel</source>
-        <translation>&amp;Abbrechen</translation>
     </message>
 </context>
 <context>

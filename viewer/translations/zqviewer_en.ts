@@ -36,7 +36,7 @@
     </message>
 </context>
 <context>
-    <name>zqviewer::SettingsMenu</name>
+    <name>zqviewer::SettingsWork</name>
     <message numerus="yes">
         <source>%n setting(s) saved in %1</source>
         <translation>

@@ -17,6 +17,7 @@
 #include "program/FileKind.h"
 #include "program/ViewerApplication.h"
 #include "settings/SettingsMenu.h"
+#include "settings/ShownSettings.h"
 #include "window/LostBanner.h"
 #include "window/MessageLabel.h"
 #include "window/OfferBar.h"
@@ -28,13 +29,13 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
-#include <QToolBar>
 #include <QStyle>
+#include <QToolBar>
 #include <QTreeView>
 #include <QVBoxLayout>
 
-#include <utility>
 #include <algorithm>
+#include <utility>
 
 using namespace featurebrowser;
 
@@ -92,12 +93,12 @@ ViewerWindow::~ViewerWindow()
 void ViewerWindow::arrange()
 {
     setAcceptDrops(true);
-    arrangeStatusBar();
     const int frame = style()->pixelMetric(QStyle::PM_TitleBarHeight) + 8;
     resize(QSize(1280, 860).boundedTo(screen()->availableSize() - QSize(8, frame)));
+    arrangeStatusBar();
     auto* middle = new QWidget(this);
-    auto* layout = new QVBoxLayout(middle);
     middle->setMinimumWidth(fontMetrics().averageCharWidth() * 40); // docks leave so much
+    auto* layout = new QVBoxLayout(middle);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_banner);
@@ -382,7 +383,7 @@ void ViewerWindow::dropEvent(QDropEvent* event)
     if (isDescriptionFile(file)) {
         Q_EMIT descriptionDropped(file);
     } else {
-        m_settings->load(file);
+        m_settings->work().load(file);
     }
 }
 

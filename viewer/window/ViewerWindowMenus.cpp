@@ -97,16 +97,17 @@ void ViewerWindow::makeSettingsMenu()
 {
     m_settings = new SettingsMenu(m_camera, m_images->live(), this);
     m_settings->fill(*menuBar()->addMenu(tr("&Settings")));
-    connect(m_settings, &SettingsMenu::begun, this, [this] { pause(true); });
-    connect(m_settings, &SettingsMenu::ended, this, [this] { pause(false); });
-    connect(m_settings, &SettingsMenu::changed, m_keeper.get(), &CameraKeeper::readAgain);
-    connect(m_settings, &SettingsMenu::told, this, [this](bool good, const QString& text) {
+    SettingsWork* const work = &m_settings->work();
+    connect(work, &SettingsWork::begun, this, [this] { pause(true); });
+    connect(work, &SettingsWork::ended, this, [this] { pause(false); });
+    connect(work, &SettingsWork::changed, m_keeper.get(), &CameraKeeper::readAgain);
+    connect(work, &SettingsWork::told, this, [this](bool good, const QString& text) {
         showMessage(good, text);
         m_isKeepersMessage = false;
         m_log->add(good ? LogLine::Kind::Note : LogLine::Kind::Refused, text);
     });
     connect(m_offer, &OfferBar::accepted, this,
-        [this] { m_settings->compareWith(m_lostSettings, tr("Before the loss")); });
+        [this, work] { work->compareWith(m_lostSettings, tr("Before the loss")); });
 }
 
 void ViewerWindow::makeViewMenu()
