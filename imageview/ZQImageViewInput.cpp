@@ -32,6 +32,15 @@ QPointF wayOf(int key)
     }
 }
 
+QPointF placeOf(const QMouseEvent& event)
+{
+#if QT_VERSION_MAJOR < 6
+    return event.localPos();
+#else
+    return event.position();
+#endif
+}
+
 } // namespace
 
 bool ZQImageView::event(QEvent* event)
@@ -100,7 +109,7 @@ void ZQImageView::mousePressEvent(QMouseEvent* event)
         || (!isLeft && event->button() != Qt::MiddleButton)) {
         return QWidget::mousePressEvent(event);
     }
-    const QPointF place = m_impl->toScreen(event->localPos());
+    const QPointF place = m_impl->toScreen(placeOf(*event));
     if (isLeft && event->modifiers().testFlag(Qt::ShiftModifier)) {
         m_impl->startRegion(place);
     } else {
@@ -110,7 +119,7 @@ void ZQImageView::mousePressEvent(QMouseEvent* event)
 
 void ZQImageView::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPointF place = m_impl->toScreen(event->localPos());
+    const QPointF place = m_impl->toScreen(placeOf(*event));
     if (m_impl->isDragging()) {
         m_impl->drag(place);
     }
@@ -124,7 +133,7 @@ void ZQImageView::mouseReleaseEvent(QMouseEvent* event)
     if (!m_impl->isDragging() || isHeld) {
         return QWidget::mouseReleaseEvent(event);
     }
-    m_impl->drag(m_impl->toScreen(event->localPos()));
+    m_impl->drag(m_impl->toScreen(placeOf(*event)));
     m_impl->endDrag(true);
 }
 

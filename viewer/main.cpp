@@ -76,8 +76,10 @@ int main(int argc, char** argv)
 {
     QCoreApplication::setApplicationName(QStringLiteral("zqviewer"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ZQ_VERSION));
+#if QT_VERSION_MAJOR < 6 // which always does both
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
 
     std::signal(SIGPIPE, SIG_IGN); // who does not read on is told of as a full disk is
     CommandLine options;

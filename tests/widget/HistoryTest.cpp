@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QSlider>
 #include <QTableView>
@@ -236,7 +237,7 @@ TEST_F(HistoryTest, TheListTellsFiltersAndCopies)
     auto* copy = window->findChild<QPushButton*>("copyChanges");
     const auto copied = [] {
         return QString::fromStdString(clipboard())
-            .replace(QRegExp(R"(\d\d:\d\d:\d\d)"), "T")
+            .replace(QRegularExpression(R"(\d\d:\d\d:\d\d)"), "T")
             .toStdString();
     };
     const std::string head = "Time\tFeature\tFrom\tTo\tResult\n";

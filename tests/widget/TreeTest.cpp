@@ -46,8 +46,9 @@ TEST_F(TreeTest, RolesTellAutomationWhatARowHolds)
     setFloat("ExposureTime", 2, 1, 9, 0.5);
     for (const QStringList& row : table("roles")) {
         const QVariant held = role(row[0].toStdString(), row[1].toUtf8());
-        const QString words
-            = held.type() == QVariant::StringList ? held.toStringList().join(',') : held.toString();
+        const QString words = held.userType() == QMetaType::QStringList
+            ? held.toStringList().join(',')
+            : held.toString();
         EXPECT_EQ(words.toStdString(), row[2].toStdString()) << row.join('|').toStdString();
     }
     for (const auto& [name, column, editable] : { std::tuple("PixelFormat", 1, true),

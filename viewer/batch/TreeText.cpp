@@ -39,8 +39,8 @@ public:
     {
         const QVariant value = get(row, role);
         // Names are bytes: QVariant::toString would read them in the local encoding.
-        return value.type() == QVariant::ByteArray ? QString::fromUtf8(value.toByteArray())
-                                                   : value.toString();
+        return value.userType() == QMetaType::QByteArray ? QString::fromUtf8(value.toByteArray())
+                                                         : value.toString();
     }
 
 private:
@@ -75,7 +75,7 @@ Json texts(const QStringList& list)
 
 Json number(const QVariant& value)
 {
-    if (value.type() != QVariant::Double) {
+    if (value.userType() != QMetaType::Double) {
         return value.toLongLong();
     }
     return value.toDouble(); // JSON has no infinities: they become null

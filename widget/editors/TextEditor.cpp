@@ -43,8 +43,8 @@ void TextEditor::changeEvent(QEvent* event)
 
 void TextEditor::count()
 {
-    const int bytes = textField()->text().toUtf8().size();
-    const bool isTooLong = m_maxLength > 0 && static_cast<unsigned int>(bytes) > m_maxLength;
+    const auto bytes = textField()->text().toUtf8().size();
+    const bool isTooLong = m_maxLength > 0 && bytes > qint64 { m_maxLength };
     m_counter->setText(QStringLiteral("%1/%2").arg(bytes).arg(m_maxLength));
     QPalette colors = palette();
     colors.setColor(

@@ -69,7 +69,7 @@ std::optional<EditValue> enteredAgain(const FeatureRow& row, const RowValue& hel
         return text->text;
     }
     if (std::holds_alternative<ChoiceValue>(held)) { // its place may have changed since
-        const int index = entryTexts(row).indexOf(heldText(held));
+        const auto index = static_cast<int>(entryTexts(row).indexOf(heldText(held)));
         return index < 0 ? std::nullopt : std::optional<EditValue>(EntryIndex { index });
     }
     return std::nullopt;

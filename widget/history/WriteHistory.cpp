@@ -45,7 +45,7 @@ namespace {
 QString reason(const FeatureRow& row)
 {
     const QString message = row.extras().message;
-    const int end = message.lastIndexOf(QLatin1Char('\n'));
+    const auto end = message.lastIndexOf(QLatin1Char('\n'));
     return oneLine(end < 0 ? message : message.left(end));
 }
 

@@ -236,7 +236,7 @@ void PinStrip::goTo(const Pin& pin)
     const QString words = row == nullptr
         ? tr("This camera has no such feature")
         : tr("The filter or the visibility level hides this feature in the tree");
-    QToolTip::showText(pin.line->mapToGlobal({ 0, pin.line->height() }), words, pin.line);
+    QToolTip::showText(pin.line->mapToGlobal(QPoint(0, pin.line->height())), words, pin.line);
 }
 
 void PinStrip::focus(std::size_t position)

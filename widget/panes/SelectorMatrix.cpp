@@ -203,8 +203,8 @@ void SelectorMatrix::prepare()
         column.resize(m_features.size());
     }
     m_table->clear();
-    m_table->setRowCount(labels.size());
-    m_table->setColumnCount(entries.size());
+    m_table->setRowCount(static_cast<int>(labels.size()));
+    m_table->setColumnCount(static_cast<int>(entries.size()));
     m_table->setVerticalHeaderLabels(labels);
     m_table->setHorizontalHeaderLabels(entries);
     m_others = otherStands();

@@ -95,8 +95,8 @@ QString withPoint(QString number, QString& problem)
     const QChar point = QLatin1Char('.');
     const auto commas = number.count(comma);
     const auto points = number.count(point);
-    const int lastComma = number.lastIndexOf(comma);
-    const int lastPoint = number.lastIndexOf(point);
+    const auto lastComma = number.lastIndexOf(comma);
+    const auto lastPoint = number.lastIndexOf(point);
     if (commas == 0 && points <= 1) {
         return number;
     }
@@ -137,7 +137,7 @@ NumberInput<double> readFloat(const QString& text, const QString& unit)
     if (!parts.problem.isEmpty()) {
         return { {}, parts.problem };
     }
-    const int mark = parts.number.indexOf(QLatin1Char('e'), 0, Qt::CaseInsensitive);
+    const auto mark = parts.number.indexOf(QLatin1Char('e'), 0, Qt::CaseInsensitive);
     QString mantissa = mark < 0 ? parts.number : parts.number.left(mark);
     const int exponent = mark < 0 ? 0 : parts.number.mid(mark + 1).toInt();
     QString problem;

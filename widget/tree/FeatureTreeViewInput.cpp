@@ -196,7 +196,8 @@ void FeatureTreeView::focusInEvent(QFocusEvent* event)
 
 bool FeatureTreeView::isOnButton(const QModelIndex& index, const QPoint& position) const
 {
-    QStyleOptionViewItem cell = viewOptions();
+    QStyleOptionViewItem cell;
+    cell.initFrom(this);
     cell.widget = this;
     cell.rect = visualRect(index);
     const FeatureRow& row = *FeatureModel::row(index);

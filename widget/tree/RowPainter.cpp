@@ -142,7 +142,7 @@ void RowPainter::paintMatches(const QString& text)
         m_rest.left(), m_rest.top() + 3, std::min(full, m_rest.width()), m_rest.height() - 6);
     const QRect area = QStyle::visualRect(m_option.direction, m_option.rect, block);
     for (const QString& wanted : m_around.filterWords) {
-        for (int at = shown.indexOf(wanted, 0, Qt::CaseInsensitive); at >= 0;
+        for (auto at = shown.indexOf(wanted, 0, Qt::CaseInsensitive); at >= 0;
              at = shown.indexOf(wanted, at + wanted.size(), Qt::CaseInsensitive)) {
             const int start = m_option.fontMetrics.horizontalAdvance(shown.left(at));
             const int width = m_option.fontMetrics.horizontalAdvance(shown.mid(at, wanted.size()));

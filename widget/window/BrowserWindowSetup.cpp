@@ -116,7 +116,7 @@ void BrowserWindow::makeHistory()
     m_history = new WriteHistory(*m_model, *m_writer, this);
     connect(m_history, &WriteHistory::rowWanted, this, &BrowserWindow::showRow);
     connect(m_history, &WriteHistory::said, this, [this](const QString& words) {
-        QToolTip::showText(m_tree->mapToGlobal({}), words.toHtmlEscaped(), m_tree.get());
+        QToolTip::showText(m_tree->mapToGlobal(QPoint()), words.toHtmlEscaped(), m_tree.get());
     });
 }
 
