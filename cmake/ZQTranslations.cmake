@@ -15,10 +15,16 @@ function(zq_add_translations target name)
     string(APPEND entries
       "<file alias=\"${name}_${language}.qm\">${directory}/${name}_${language}.qm</file>")
   endforeach()
-  qt5_add_translation(qm_files ${sources})
   configure_file(${PROJECT_SOURCE_DIR}/cmake/translations.qrc.in
     ${CMAKE_CURRENT_BINARY_DIR}/${name}.qrc @ONLY)
-  qt5_add_resources(resources ${CMAKE_CURRENT_BINARY_DIR}/${name}.qrc)
+  # An embedding project may have switched off the commands that name no version.
+  if(ZQ_QT_VERSION EQUAL 5)
+    qt5_add_translation(qm_files ${sources})
+    qt5_add_resources(resources ${CMAKE_CURRENT_BINARY_DIR}/${name}.qrc)
+  else()
+    qt6_add_translation(qm_files ${sources})
+    qt6_add_resources(resources ${CMAKE_CURRENT_BINARY_DIR}/${name}.qrc)
+  endif()
   set_source_files_properties(${resources} PROPERTIES COMPILE_OPTIONS -w)
   target_sources(${target} PRIVATE ${resources})
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/translations)
