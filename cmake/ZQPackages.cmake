@@ -3,11 +3,29 @@
 # SPDX-License-Identifier: MIT
 
 # `cpack -G DEB` in the build directory: one package for each component. What only packages hold is
-# left out of an ordinary installation.
+# left out of an ordinary installation. With Qt 6 there are packages of the libraries alone, beside
+# which those with Qt 5 can be installed.
 set(ZQ_MAINTAINER "The ZQFeatureBrowser maintainers <maintainers@zqfeaturebrowser.invalid>"
   CACHE STRING "Name and address of who makes the packages")
 set(runtime_package libzqfeaturebrowser${PROJECT_VERSION_MAJOR})
 set(dev_package libzqfeaturebrowser-dev)
+set(rules 60-zqfeaturebrowser.rules)
+set(for_qt "")
+set(qt_dev_package qtbase5-dev)
+set(qt_words_package qttranslations5-l10n)
+set(components runtime dev doc)
+if(ZQ_BUILD_VIEWER)
+  list(APPEND components viewer)
+endif()
+if(ZQ_QT_VERSION EQUAL 6)
+  set(runtime_package libzqfeaturebrowserqt6-${PROJECT_VERSION_MAJOR})
+  set(dev_package libzqfeaturebrowserqt6-dev)
+  set(rules 60-zqfeaturebrowserqt6.rules)
+  set(for_qt " for Qt 6")
+  set(qt_dev_package qt6-base-dev)
+  set(qt_words_package qt6-translations-l10n)
+  set(components runtime dev)
+endif()
 set(viewer_package zqviewer)
 set(doc_package libzqfeaturebrowser-doc)
 set(this_version "(= ${PROJECT_VERSION}-1)")
@@ -34,13 +52,13 @@ file(WRITE ${made}/changelog "zqfeaturebrowser (${PROJECT_VERSION}-1) unstable; 
  -- ${ZQ_MAINTAINER}  ${date}
 ")
 zq_compress(${made}/changelog ${made}/changelog.Debian.gz)
-foreach(component runtime dev viewer doc)
+foreach(component ${components})
   install(FILES ${made}/copyright ${made}/changelog.Debian.gz
     ${PROJECT_SOURCE_DIR}/NOTICE COMPONENT ${component}
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${${component}_package} EXCLUDE_FROM_ALL)
 endforeach()
 install(FILES ${packaging}/60-zqfeaturebrowser.rules COMPONENT runtime EXCLUDE_FROM_ALL
-  DESTINATION lib/udev/rules.d)
+  DESTINATION lib/udev/rules.d RENAME ${rules})
 
 # The API reference is in it when the target `docs` was built before.
 set(doc_dir ${CMAKE_INSTALL_DATADIR}/doc/${doc_package})
@@ -57,10 +75,7 @@ set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/ZQRemoveRpath.cmake)
-set(CPACK_COMPONENTS_ALL runtime dev doc)
-if(ZQ_BUILD_VIEWER)
-  list(APPEND CPACK_COMPONENTS_ALL viewer)
-endif()
+set(CPACK_COMPONENTS_ALL ${components})
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
@@ -83,13 +98,13 @@ function(zq_package component section summary description)
   endforeach()
   set(CPACK_DEBIAN_${upper}_DESCRIPTION "${summary}\n${description}" PARENT_SCOPE)
 endfunction()
-zq_package(runtime libs "Feature browser for GenICam cameras (libraries)"
+zq_package(runtime libs "Feature browser for GenICam cameras (libraries${for_qt})"
   "These are the libraries.\n.\n${about}" PACKAGE_SHLIBDEPS=ON
   PACKAGE_CONTROL_EXTRA=${made}/triggers
-  "PACKAGE_RECOMMENDS=locales" "PACKAGE_SUGGESTS=qttranslations5-l10n")
-zq_package(dev libdevel "Feature browser for GenICam cameras (development files)"
+  "PACKAGE_RECOMMENDS=locales" "PACKAGE_SUGGESTS=${qt_words_package}")
+zq_package(dev libdevel "Feature browser for GenICam cameras (development files${for_qt})"
   "These are headers, CMake package and pkg-config files.\n.\n${about}"
-  "PACKAGE_DEPENDS=${runtime_package} ${this_version}, qtbase5-dev"
+  "PACKAGE_DEPENDS=${runtime_package} ${this_version}, ${qt_dev_package}"
   "PACKAGE_SUGGESTS=${doc_package}")
 zq_package(viewer science "Viewer for GenICam cameras: features, images, settings"
   "Shows and changes the features of industrial cameras, shows their\nimages, and reads and writes settings from scripts."

@@ -40,14 +40,14 @@ function(zq_collaborators target kind)
   set_property(TARGET ${target} APPEND PROPERTY COMPATIBLE_INTERFACE_STRING ZQ_COLLABORATORS)
 endfunction()
 
-# A public shared library: versioned, installed and exported as ZQ::<name>. It shows only what
-# <name>.map beside it says.
+# A public shared library: named after Qt 6 when that is below, versioned, installed and exported as
+# ZQ::<name>. It shows only what <name>.map beside it says.
 function(zq_add_library name)
   set(map ${CMAKE_CURRENT_SOURCE_DIR}/${name}.map)
   add_library(${name} SHARED ${ARGN})
   add_library(ZQ::${name} ALIAS ${name})
-  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR})
+  set_target_properties(${name} PROPERTIES OUTPUT_NAME ${name}${zq_suffix}
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   target_compile_features(${name} PUBLIC cxx_std_17)
   target_link_libraries(${name} PUBLIC ZQ::Contract PRIVATE $<BUILD_INTERFACE:zq_options>)
   target_link_options(${name} PRIVATE -Wl,--version-script=${map})
