@@ -28,12 +28,14 @@ string(REGEX REPLACE "(^|;)([^;]+)" " -D\\2" pc_definitions "${definitions}")
 file(RELATIVE_PATH pc_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 function(zq_install_pc library description requires)
   set(name ${library}${zq_suffix})
+  set(cflags ${ARGN})
   configure_file(${PROJECT_SOURCE_DIR}/cmake/library.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
     COMPONENT dev)
 endfunction()
 zq_install_pc(ZQDeviceManager "Camera side: GenICam features over Aravis" "")
 zq_install_pc(ZQFeatureBrowserWidget "Qt widget that shows and edits camera features" "")
-zq_install_pc(ZQImageView "Qt widget that shows a camera's images" "${zq_qt}Widgets")
+zq_install_pc(ZQImageView "Qt widget that shows a camera's images" "${zq_qt}Widgets"
+  " -DZQ_QT_VERSION=${ZQ_QT_VERSION}")
 zq_install_pc(ZQFeatureBrowser "Ready-made browser for the features of a camera"
   "ZQDeviceManager${zq_suffix} ZQFeatureBrowserWidget${zq_suffix}")

@@ -31,3 +31,12 @@ if(TARGET Qt${zq_other_version}::Core AND NOT TARGET ${zq_qt}::Core)
 endif()
 # For AUTOMOC where an embedding project has found both.
 set(QT_DEFAULT_MAJOR_VERSION ${ZQ_QT_VERSION})
+
+# Links Qt behind the library's interface. Users have to have the same one, which CMake sees as with
+# Qt's own libraries, and which the library sees when it runs.
+function(zq_link_qt target)
+  target_link_libraries(${target} PRIVATE ${zq_qt}::Widgets ${CMAKE_DL_LIBS})
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/qt)
+  set_property(TARGET ${target} PROPERTY INTERFACE_QT_MAJOR_VERSION ${ZQ_QT_VERSION})
+  set_property(TARGET ${target} APPEND PROPERTY COMPATIBLE_INTERFACE_STRING QT_MAJOR_VERSION)
+endfunction()

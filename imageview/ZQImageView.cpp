@@ -12,12 +12,13 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <zqqt/RefuseOtherQt.h>
 #include <zqtranslations/LoadTranslations.h>
 
 namespace featurebrowser {
 
 ZQImageView::ZQImageView(QWidget* parent)
-    : QWidget(parent)
+    : QWidget((zqqt::refuseOtherQt("ZQImageView"), parent))
     , m_impl(std::make_unique<Impl>(this))
 {
     setFocusPolicy(Qt::StrongFocus);

@@ -11,6 +11,7 @@
 
 #include <QPointer>
 
+#include <zqqt/RefuseOtherQt.h>
 #include <zqtranslations/LoadTranslations.h>
 
 namespace featurebrowser {
@@ -88,6 +89,7 @@ public:
 CameraFeatureBrowser::CameraFeatureBrowser(QWidget* parent)
     : m_impl(std::make_unique<Impl>())
 {
+    zqqt::refuseOtherQt("ZQFeatureBrowserWidget");
     zqtranslations::load(
         QStringLiteral("zqfeaturebrowserwidget"), QStringLiteral(":/zqfeaturebrowserwidget"));
     m_impl->window = new BrowserWindow(parent);

@@ -17,6 +17,11 @@
 #include <memory>
 #include <vector>
 
+// Set by the library's CMake target and pkg-config file.
+#if defined(ZQ_QT_VERSION) && ZQ_QT_VERSION != QT_VERSION_MAJOR
+#error "The library is made for another Qt: link ZQImageView with Qt 5 and ZQImageViewQt6 with Qt 6."
+#endif
+
 namespace featurebrowser {
 
 /// Shows a camera's images. It knows nothing of cameras: an application hands it each image, with
