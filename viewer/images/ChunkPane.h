@@ -7,8 +7,10 @@
 #include <QTimer>
 #include <QWidget>
 
+QT_BEGIN_NAMESPACE
 class QLabel;
 class QTableWidget;
+QT_END_NAMESPACE
 
 namespace zqviewer {
 
