@@ -7,6 +7,7 @@
 #include "base/BigEndian.h"
 
 #include <algorithm>
+#include <array>
 
 namespace zqcameralib {
 
@@ -14,12 +15,12 @@ namespace {
 
 std::uint32_t wordAt(const std::uint8_t* bytes, ChunkTags tags)
 {
-    std::uint8_t copy[sizeof(std::uint32_t)];
-    std::copy(bytes, bytes + sizeof copy, copy);
+    std::array<std::uint8_t, sizeof(std::uint32_t)> copy {};
+    std::copy(bytes, bytes + copy.size(), copy.begin());
     if (tags == ChunkTags::LittleEndian) {
-        std::reverse(std::begin(copy), std::end(copy));
+        std::reverse(copy.begin(), copy.end());
     }
-    return fromBigEndian<std::uint32_t>(copy);
+    return fromBigEndian<std::uint32_t>(copy.data());
 }
 
 } // namespace

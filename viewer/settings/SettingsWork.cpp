@@ -17,7 +17,6 @@
 
 namespace zqviewer {
 
-using zqcameralib::ZQSettings;
 using zqcameralib::ZQSettingsRestoring;
 using zqcameralib::ZQSettingsSaving;
 using zqcameralib::ZQUserSet;
