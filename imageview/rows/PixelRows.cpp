@@ -110,7 +110,9 @@ template <class Sink> void PixelRows::readRun(int y, int first, int count, Sink 
 template <class Sink> void PixelRows::readSparse(int y, const int* columns, int count, Sink sink)
 {
     if (m_lines.kind() == PixelKind::Bayer) {
-        readBayerCells(m_lines, y, columns, count, sink);
+        if (!readNearByteCells(m_lines, y, columns, count, sink, m_colours)) {
+            readBayerCells(m_lines, y, columns, count, sink);
+        }
     } else {
         read(y, ColumnTable { columns }, count, sink);
     }

@@ -26,6 +26,7 @@ private:
 
     const ImageLines& m_lines;
     BayerInterpolation m_bayer;
+    std::vector<QRgb> m_colours; ///< of a line's cells
 };
 
 } // namespace featurebrowser

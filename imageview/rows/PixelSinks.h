@@ -27,11 +27,19 @@ public:
     {
     }
     void setLine(QRgb* out) { m_out = out; }
+    QRgb* line() const { return m_out; }
     void setLineOf(QImage& image, int y) { m_out = reinterpret_cast<QRgb*>(image.scanLine(y)); }
     void put(int i, const Pixel& pixel) const
     {
         const QRgb colour
             = 0xFF000000U | toByte(pixel.red) << 16 | toByte(pixel.green) << 8 | toByte(pixel.blue);
+        m_out[i] = isMarking && pixel.level >= m_white ? mark : colour;
+    }
+    /// The same of a format of 8 bits.
+    void putBytes(int i, const Pixel& pixel) const
+    {
+        const QRgb colour = 0xFF000000U | static_cast<unsigned>(pixel.red) << 16
+            | static_cast<unsigned>(pixel.green) << 8 | pixel.blue;
         m_out[i] = isMarking && pixel.level >= m_white ? mark : colour;
     }
 

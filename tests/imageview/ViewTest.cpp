@@ -131,6 +131,25 @@ TEST_F(ViewTest, ShowsTheColoursOfBayerImagesWhateverTheZoom)
     }
 }
 
+TEST_F(ViewTest, ShowsTheCellOfABayerImageThatIsAtItsPlace)
+{
+    const auto redOf = [](int x) { return 10 + x / 2 * 6; };
+    const auto scene = [&](int x, int) { return qRgb(redOf(x), 50, 90); };
+    for (int phase = 0; phase < 4; ++phase) {
+        for (const int width : { 4, 20, 37 }) { // cells that are far apart, and near
+            show(bayerImage(phase, 41, 41, scene), { width, width });
+            for (const bool isFlipped : { false, true }) {
+                view.setFlipped(isFlipped, false);
+                const QImage shown = view.grab().toImage();
+                for (int x = 0; x < width; ++x) {
+                    const int at = std::min(view.pixelAt({ x, 2 }).x(), 39);
+                    ASSERT_EQ(qRgb(redOf(at), 50, 90), shown.pixel(x, 2)) << phase << " " << x;
+                }
+            }
+        }
+    }
+}
+
 TEST_F(ViewTest, ZoomsAboutTheMouse)
 {
     show(colourfulImage(200, 200), { 300, 200 });
