@@ -44,7 +44,8 @@ protected:
     }
     void moveTo(const QPoint& at, Qt::MouseButton held = Qt::NoButton)
     {
-        QMouseEvent event(QEvent::MouseMove, at, Qt::NoButton, held, Qt::NoModifier);
+        QMouseEvent event(
+            QEvent::MouseMove, at, view.mapToGlobal(at), Qt::NoButton, held, Qt::NoModifier);
         QApplication::sendEvent(&view, &event);
     }
     QPoint centreOf(const QPoint& pixel) const { return view.rectOf(pixel).center().toPoint(); }

@@ -136,7 +136,8 @@ TEST_F(MessageTest, ACalloutStandsBesideItsRowAndLeavesWithIt)
     EXPECT_GT(callout->x(), 0);
 
     select("GevMACAddress");
-    window()->resize(600, 330);
+    const QFontMetrics font = window()->fontMetrics(); // Qt 6 takes no resolution from the screen
+    window()->resize(85 * font.averageCharWidth(), 20 * font.height());
     QApplication::processEvents();
     EXPECT_LE(area("GevMACAddress").bottom(), tree()->viewport()->height()) << "stays in sight";
     tree()->scrollToBottom();

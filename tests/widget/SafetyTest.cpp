@@ -130,11 +130,11 @@ TEST_F(SafetyTest, AKeyThatIsHeldActsOnce)
     }
     // The server's repetition, where it has arrived in two parts.
     select("SelfTestRun");
-    for (const auto& [type, time] : { std::pair(QEvent::KeyPress, 1000),
-             { QEvent::KeyRelease, 1700 }, { QEvent::KeyPress, 1700 }, { QEvent::KeyRelease, 1740 },
-             { QEvent::KeyPress, 1790 } }) {
+    for (const auto& [type, time] : { std::pair(QEvent::KeyPress, 1000U),
+             { QEvent::KeyRelease, 1700U }, { QEvent::KeyPress, 1700U },
+             { QEvent::KeyRelease, 1740U }, { QEvent::KeyPress, 1790U } }) {
         QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, " ");
-        event.setTimestamp(static_cast<ulong>(time));
+        event.setTimestamp(time);
         QApplication::sendEvent(tree(), &event);
     }
     EXPECT_EQ(journal.take().size(), 2U) << "pressed twice, and held once";

@@ -54,7 +54,7 @@ std::vector<QStringList> WidgetTest::table(const char* heading)
     QFile file(WIDGET_TABLES);
     EXPECT_TRUE(file.open(QFile::ReadOnly));
     const QString text = QString::fromUtf8(file.readAll()) + '\n';
-    const int start = text.indexOf(QStringLiteral("\n== %1:").arg(heading)) + 1;
+    const auto start = text.indexOf(QStringLiteral("\n== %1:").arg(heading)) + 1;
     std::vector<QStringList> rows;
     const QStringList lines = text.mid(start, text.indexOf("\n\n", start) - start).split('\n');
     for (const QString& line : lines.mid(1)) {

@@ -77,7 +77,7 @@ QString nameOf(const QString& file, int number, int count)
     if (count == 1) {
         return file;
     }
-    const int end = file.size() - QFileInfo(file).suffix().size() - 1;
+    const auto end = file.size() - QFileInfo(file).suffix().size() - 1;
     return QStringLiteral("%1-%2%3").arg(file.left(end), QString::number(number), file.mid(end));
 }
 

@@ -120,7 +120,7 @@ QString writeBoolean(OpenedCamera& camera, const FeatureItem& item, const QStrin
 {
     static const QStringList words { QStringLiteral("false"), QStringLiteral("true"),
         QStringLiteral("0"), QStringLiteral("1") };
-    const int word = words.indexOf(text.toLower());
+    const auto word = static_cast<int>(words.indexOf(text.toLower()));
     const int index = word >= 0 ? word % 2 : indexOf(item, text);
     return index < 0
         ? quoted(text) + QStringLiteral(" is neither true nor false")
