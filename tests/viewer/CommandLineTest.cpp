@@ -125,9 +125,9 @@ TEST(CommandLine, AReportTellsOfWhatIsThereAndOfWhatIsNot)
 {
     const Result good = run({ "--report" });
     EXPECT_EQ(good.status, 0);
-    for (const char* part : { "Tried:        the built-in simulated camera\n", "Aravis 0.", "Qt 5.",
-             "\nCamera:       ZQ AreaScan2K\n", "RW 512\n", "[not available]\n",
-             "<RegisterDescription" }) {
+    for (const char* part : { "Tried:        the built-in simulated camera\n", "Aravis 0.",
+             "Qt " QT_VERSION_STR, "\nCamera:       ZQ AreaScan2K\n", "RW 512\n",
+             "[not available]\n", "<RegisterDescription" }) {
         EXPECT_TRUE(good.output.contains(part)) << part;
     }
     const Result bad = run({ "missing.xml", "--report" });
