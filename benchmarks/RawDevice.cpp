@@ -4,6 +4,8 @@
 
 #include "RawDevice.h"
 
+#include "base/AravisVersions.h"
+
 #include <array>
 #include <cstring>
 
@@ -35,7 +37,8 @@ gboolean readMemory(ArvDevice* device, guint64 address, guint32 size, void* buff
         .isOk();
 }
 
-gboolean writeMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError**)
+gboolean writeMemory(ArvDevice* device, guint64 address, guint32 size,
+    zqcameralib::aravis::WrittenMemory* buffer, GError**)
 {
     ++self(device).accesses;
     return self(device)

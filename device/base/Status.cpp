@@ -4,9 +4,8 @@
 
 #include "base/Status.h"
 
+#include "base/AravisVersions.h"
 #include "base/StatusCodes.h"
-
-#include <arv.h>
 
 #include <utility>
 
@@ -18,7 +17,7 @@ namespace {
 int codeOf(const GError& error)
 {
     if (error.domain == arv_device_error_quark()) {
-        return deviceErrorBase + error.code;
+        return deviceErrorBase + aravis::deviceErrorCode(error);
     }
     return (error.domain == arv_gc_error_quark() ? nodeMapErrorBase : otherErrorBase) + error.code;
 }

@@ -4,6 +4,7 @@
 
 #include "link/CameraLink.h"
 
+#include "base/AravisVersions.h"
 #include "base/StatusCodes.h"
 #include "link/RegisterBatch.h"
 #include "stream/StreamOpening.h"

@@ -4,6 +4,7 @@
 
 #include "session/CameraSession.h"
 
+#include "base/AravisVersions.h"
 #include "base/LibraryLock.h"
 #include "base/StatusCodes.h"
 #include "session/DeviceErrors.h"
@@ -182,7 +183,8 @@ CameraSession::Retaken CameraSession::retake(bool readOnly, Status& refusal)
             return Retaken::No;
         }
         refusal = accessFailure(failure);
-        isDenied = failure.get()->code == ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED;
+        isDenied = aravis::deviceErrorCode(*failure.get())
+            == ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED;
         if (!isDenied) {
             return Retaken::Refused;
         }

@@ -4,9 +4,8 @@
 
 #include "session/DeviceErrors.h"
 
+#include "base/AravisVersions.h"
 #include "base/StatusCodes.h"
-
-#include <arv.h>
 
 #include <string>
 
@@ -22,7 +21,7 @@ std::string refusalText(const GError& error)
     if (error.domain != arv_device_error_quark()) {
         return error.message;
     }
-    switch (error.code) {
+    switch (aravis::deviceErrorCode(error)) {
     case ARV_DEVICE_ERROR_TIMEOUT:
     case ARV_DEVICE_ERROR_NOT_CONNECTED:
         return "the camera does not answer";
@@ -47,8 +46,11 @@ std::string refusalText(const GError& error)
 
 bool isAnswerMissing(const GError& error)
 {
-    return error.domain == arv_device_error_quark()
-        && (error.code == ARV_DEVICE_ERROR_TIMEOUT || error.code == ARV_DEVICE_ERROR_NOT_CONNECTED);
+    if (error.domain != arv_device_error_quark()) {
+        return false;
+    }
+    const int code = aravis::deviceErrorCode(error);
+    return code == ARV_DEVICE_ERROR_TIMEOUT || code == ARV_DEVICE_ERROR_NOT_CONNECTED;
 }
 
 bool isDescriptionMissing(const GlibError& error)

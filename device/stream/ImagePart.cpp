@@ -4,6 +4,7 @@
 
 #include "stream/ImagePart.h"
 
+#include "base/AravisVersions.h"
 #include "frames/FrameSize.h"
 
 #include <algorithm>
@@ -91,7 +92,9 @@ Chunks findChunks(ArvBuffer* buffer, std::size_t allocated, ChunkTags tags)
 bool findImage(ArvBuffer* buffer, std::size_t allocated, const Chunks& chunks,
     const ImageFormat& format, ZQFrame& frame)
 {
-    switch (arv_buffer_get_payload_type(buffer)) {
+    // Not every version knows all of them.
+    const int type = arv_buffer_get_payload_type(buffer);
+    switch (type) {
     case ARV_BUFFER_PAYLOAD_TYPE_IMAGE:
     case ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA:
         return takeImageOfChunks(buffer, allocated, chunks, frame);

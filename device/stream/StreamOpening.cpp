@@ -4,6 +4,7 @@
 
 #include "stream/StreamOpening.h"
 
+#include "base/AravisVersions.h"
 #include "base/GlibError.h"
 #include "base/StatusCodes.h"
 #include "network/Ipv4.h"
@@ -115,6 +116,16 @@ bool prepare(ArvDevice* device, OpenStream& open, int buffers)
     return checkDestination(device, open);
 }
 
+bool start(OpenStream& open)
+{
+    GlibError failure;
+    if (aravis::startStream(open.stream.get(), failure.out())) {
+        return true;
+    }
+    open.status = { noStream, failure ? failure.get()->message : "the images cannot be received" };
+    return false;
+}
+
 void openStream(ArvDevice* device, OpenStream& open, int buffers)
 {
     open.device = device;
@@ -125,11 +136,11 @@ void openStream(ArvDevice* device, OpenStream& open, int buffers)
         return;
     }
     GlibError failure;
-    open.stream.reset(arv_device_create_stream(device, nullptr, nullptr, failure.out()));
+    open.stream.reset(aravis::createStream(device, failure.out()));
     if (!open.stream) {
         open.status
             = { noStream, failure ? failure.get()->message : "the camera has no image stream" };
-    } else if (!prepare(device, open, buffers)) {
+    } else if (!prepare(device, open, buffers) || !start(open)) {
         open.stream.reset();
     }
 }

@@ -4,6 +4,8 @@
 
 #include "usb/UsbDevice.h"
 
+#include "base/AravisVersions.h"
+
 #include <gio/gio.h>
 
 #include <algorithm>
@@ -68,10 +70,11 @@ guint32 longestWrite(ArvDevice* device)
 
 /// The library cuts long writes by the longest answer, and refuses a piece without a word when it
 /// is longer than the longest command.
-gboolean writeMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer, GError** error)
+gboolean writeMemory(
+    ArvDevice* device, guint64 address, guint32 size, aravis::WrittenMemory* buffer, GError** error)
 {
     const guint32 most = size <= alwaysTaken ? alwaysTaken : longestWrite(device);
-    auto* bytes = static_cast<std::uint8_t*>(buffer);
+    auto* bytes = static_cast<aravis::WrittenByte*>(buffer);
     for (guint32 done = 0; done < size; done += most) {
         if (parent().write_memory(
                 device, address + done, std::min(most, size - done), bytes + done, error)
@@ -103,9 +106,14 @@ GType makeType()
 GObjectPointer<ArvDevice> newUsbDevice(const UsbIdentity& identity, GError** error)
 {
     static const GType type = makeType();
-    return GObjectPointer<ArvDevice>(static_cast<ArvDevice*>(
+    GObjectPointer<ArvDevice> device(static_cast<ArvDevice*>(
         g_initable_new(type, nullptr, error, "vendor", identity.vendor.c_str(), "product",
             identity.model.c_str(), "serial-number", identity.serial.c_str(), nullptr)));
+    if (device) {
+        // What the versions do by themselves differs.
+        arv_uv_device_set_usb_mode(ARV_UV_DEVICE(device.get()), ARV_UV_USB_MODE_SYNC);
+    }
+    return device;
 }
 
 } // namespace zqcameralib

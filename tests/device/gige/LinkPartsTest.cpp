@@ -4,6 +4,7 @@
 
 #include "FakeCamera.h"
 #include "FaultProxy.h"
+#include "base/AravisVersions.h"
 #include "base/StatusCodes.h"
 #include "link/CameraLink.h"
 #include "link/RegisterBatch.h"

@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "Datagram.h"
+#include "base/AravisVersions.h"
 #include "base/StatusCodes.h"
 #include "link/CameraLink.h"
 #include "network/GigeProbe.h"
@@ -12,7 +13,6 @@
 #include "session/DeviceOpening.h"
 #include "session/Discovery.h"
 
-#include <arv.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 

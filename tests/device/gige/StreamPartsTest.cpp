@@ -4,6 +4,7 @@
 
 #include "Datagram.h"
 #include "StreamFixture.h"
+#include "base/AravisVersions.h"
 #include "frames/FrameSize.h"
 #include "session/DeviceOpening.h"
 #include "stream/ImagePart.h"
@@ -90,8 +91,9 @@ class StreamParts : public testing::Test {
 protected:
     StreamParts()
         : m_device(openDevice({ "GigEVision", FakeCamera::usualAddress }, m_progress))
-        , m_stream(arv_device_create_stream(m_device.value().get(), nullptr, nullptr, nullptr))
+        , m_stream(aravis::createStream(m_device.value().get(), nullptr))
     {
+        aravis::startStream(m_stream.get(), nullptr);
     }
 
     ArvGvDevice* device() { return ARV_GV_DEVICE(m_device.value().get()); }

@@ -144,6 +144,8 @@ libusb_transfer* libusb_alloc_transfer(int) { return nullptr; }
 void libusb_free_transfer(libusb_transfer*) { }
 int libusb_submit_transfer(libusb_transfer*) { return LIBUSB_ERROR_NOT_SUPPORTED; }
 int libusb_cancel_transfer(libusb_transfer*) { return LIBUSB_ERROR_NOT_SUPPORTED; }
+unsigned char* libusb_dev_mem_alloc(libusb_device_handle*, size_t) { return nullptr; } // Aravis 0.10
+int libusb_dev_mem_free(libusb_device_handle*, unsigned char*, size_t) { return LIBUSB_SUCCESS; }
 // clang-format on
 // NOLINTEND(readability-inconsistent-declaration-parameter-name)
 

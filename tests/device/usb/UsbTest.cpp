@@ -10,6 +10,8 @@
 
 #include "featurebrowser/ZQAcquisition.h"
 
+#include <arv.h>
+
 #include <atomic>
 #include <filesystem>
 #include <regex>
@@ -19,7 +21,8 @@ using namespace zqcameralib;
 
 namespace {
 
-const char* const id = "Maker-2676F00D-S1";
+// Aravis 0.10 names a camera by its model.
+const char* const id = ARAVIS_CHECK_VERSION(0, 9, 3) ? "Maker-Model-S1" : "Maker-2676F00D-S1";
 const std::string here = std::string(id) + ": ";
 
 std::string description()
