@@ -29,6 +29,7 @@ using ArvStreamCallback = void (*)(void*, int, ArvBuffer*);
 gboolean ARV_IS_GV_DEVICE(const void* object);
 gboolean ARV_IS_UV_DEVICE(const void* object);
 gboolean ARV_IS_GV_STREAM(const void* object);
+gboolean ARV_IS_UV_STREAM(const void* object);
 GType arv_uv_device_get_type();
 
 enum ArvDeviceError {
