@@ -77,6 +77,13 @@ int deviceErrorCode(const GError& error);
 /// A stream that nothing is told of; null and an error when there is none.
 inline ArvStream* createStream(ArvDevice* device, GError** error)
 {
+#if !ARAVIS_CHECK_VERSION(0, 8, 23)
+    // Their raw sockets pass over images that come from another port than the camera tells.
+    if (ARV_IS_GV_DEVICE(device)) {
+        arv_gv_device_set_stream_options(
+            ARV_GV_DEVICE(device), ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
+    }
+#endif
 #if ARAVIS_CHECK_VERSION(0, 9, 1)
     return arv_device_create_stream(device, nullptr, nullptr, nullptr, error);
 #else

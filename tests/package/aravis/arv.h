@@ -118,6 +118,7 @@ gboolean arv_gv_device_is_controller(ArvGvDevice*);
 guint arv_gv_device_get_packet_size(ArvGvDevice*, GError**);
 ArvGvStreamOption arv_gv_device_get_stream_options(ArvGvDevice*);
 GSocketAddress* arv_gv_device_get_interface_address(ArvGvDevice*);
+void arv_gv_device_set_stream_options(ArvGvDevice*, ArvGvStreamOption);
 guint16 arv_gv_stream_get_port(ArvGvStream*);
 void arv_uv_device_set_usb_mode(ArvUvDevice*, ArvUvUsbMode);
 
