@@ -19,7 +19,7 @@
 
 // Set by the library's CMake target and pkg-config file.
 #if defined(ZQ_QT_VERSION) && ZQ_QT_VERSION != QT_VERSION_MAJOR
-#error "The library is made for another Qt: link ZQImageView with Qt 5 and ZQImageViewQt6 with Qt 6."
+#error "The library is made for another Qt: link ZQImageView with Qt 5, ZQImageViewQt6 with Qt 6."
 #endif
 
 namespace featurebrowser {
