@@ -34,6 +34,11 @@ std::string TreeUser::message() const
     return label->isVisible() ? label->text().toStdString() : std::string();
 }
 
+bool TreeUser::waitForActive(const QWidget* window)
+{
+    return QTest::qWaitFor([=] { return QApplication::activeWindow() == window; });
+}
+
 void TreeUser::select(const std::string& name) const
 {
     tree()->setFocus();

@@ -25,6 +25,9 @@ public:
     std::string text(const std::string& name) const;
     std::string message() const; ///< of the callout; empty when none is to be seen
 
+    /// Until keys go to the window. Qt's own waiting is content where they go to a dialog of it, or
+    /// for a dialog, to the window below.
+    static bool waitForActive(const QWidget* window);
     void select(const std::string& name) const;
     static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
     static void type(const char* text);

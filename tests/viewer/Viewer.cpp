@@ -79,7 +79,7 @@ void Viewer::show()
     m_window->show();
     m_window->activateWindow(); // no window manager does it
     tree()->expandAll();
-    if (!QTest::qWaitForWindowActive(m_window.get())) {
+    if (!waitForActive(m_window.get())) {
         throw std::runtime_error("the window never became active");
     }
 }

@@ -142,9 +142,9 @@ TEST_F(EditingTest, AnotherWindowInFrontDoesNotEndAnEdit)
     other.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&other));
     other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ASSERT_TRUE(waitForActive(&other));
     window()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    ASSERT_TRUE(waitForActive(window()));
     EXPECT_TRUE(isEditing() && journal.take().empty());
     EXPECT_EQ(fieldText(), "7");
 }

@@ -245,7 +245,7 @@ TEST_F(HistoryTest, TheListTellsFiltersAndCopies)
     list()->selectRow(4);
     EXPECT_EQ(copy->text(), "&Copy selection");
     window->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    EXPECT_TRUE(waitForActive(window));
     QTest::keySequence(list(), QKeySequence::Copy);
     EXPECT_EQ(copied(), head + last);
     list()->clearSelection();

@@ -59,7 +59,7 @@ protected:
     {
         choose(name, showEntries);
         ASSERT_NE(dialog(), nullptr);
-        EXPECT_TRUE(hasFilled() && QTest::qWaitForWindowActive(dialog()));
+        EXPECT_TRUE(hasFilled() && waitForActive(dialog()));
     }
     void readAgain() const
     {
@@ -214,7 +214,7 @@ TEST_F(MatrixTest, WhatIsEnteredIsWrittenAtItsEntry)
     // A step of its own, at its entry.
     delete dialog();
     window()->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window()));
+    EXPECT_TRUE(waitForActive(window()));
     QTest::keySequence(tree(), QKeySequence::Undo);
     EXPECT_EQ(message(), "Nothing was changed: this step was made at GainSelector = Red");
 }

@@ -178,7 +178,7 @@ TEST_F(TreeTest, UserSelectionIsToldAndItsDescriptionShown)
 {
     journal.hearsSelection = true;
     browser->showDialog(&journal, 600, 700, {}, {});
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    ASSERT_TRUE(waitForActive(window()));
     const auto* description = child<QPlainTextEdit>("descriptionText");
     const auto* title = child<QWidget>("descriptionPane")->findChild<QLabel*>();
     EXPECT_TRUE(journal.take().empty() && tree()->hasFocus()) << "showing selects nothing";

@@ -71,7 +71,7 @@ std::vector<QStringList> WidgetTest::table(const char* heading)
 void WidgetTest::show()
 {
     browser->showDialog(&journal, 600, 700, {}, {});
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    ASSERT_TRUE(waitForActive(window()));
     tree()->expandAll();
     tree()->setFocus();
     QApplication::processEvents();
