@@ -6,7 +6,7 @@
 
 # A Qt that was built in a namespace: ours is configured with its definition, which reaches the core,
 # that knows no Qt, and who uses pkg-config. Then the headers are read as such a Qt's: each that
-# applications include, alone, and all of a folder behind Qt's, where a class declared outside of the
+# applications include, alone, and all of ours behind Qt's, where a class declared outside of the
 # namespace is another one. Nothing is linked. Arguments: source directory of this folder, C++ compiler.
 set -euo pipefail
 here=$1 compiler=$2
@@ -26,16 +26,15 @@ cmake --build "$stage/build" --target $object >/dev/null
 nm -C "$stage/build/$object" |
   grep 'U featurebrowser::CameraFeatureBrowser::CameraFeatureBrowser(Own::QWidget\*)' >/dev/null
 
-read_headers() { # folder: reads what comes as lines
+read_headers() { # reads what comes as lines
   # shellcheck disable=SC2046
-  "$compiler" -std=c++17 -fPIC -fsyntax-only -DQT_NAMESPACE=Own -I"$source/include" -I"$source/$1" \
-    -I"$source/translations" $(pkg-config --cflags Qt5Widgets | sed 's/-I/-isystem /g') -x c++ -
+  "$compiler" -std=c++17 -fPIC -fsyntax-only -DQT_NAMESPACE=Own -I"$source/include" \
+    -I"$source/widget" -I"$source/imageview" -I"$source/viewer" -I"$source/translations" \
+    $(pkg-config --cflags Qt5Widgets | sed 's/-I/-isystem /g') -x c++ -
 }
-cd "$source"
 for header in ZQFeatureBrowser CameraFeatureBrowser ZQImageView; do
-  echo "#include \"featurebrowser/$header.h\"" | read_headers include
+  echo "#include \"featurebrowser/$header.h\"" | read_headers
 done
-for folder in widget imageview viewer; do
-  { echo '#include <QtWidgets>' && find $folder -name '*.h' -printf '#include "%P"\n'; } |
-    read_headers $folder
-done
+cd "$source"
+{ echo '#include <QtWidgets>' && find widget imageview viewer -name '*.h' -printf '#include "%P"\n'; } |
+  read_headers

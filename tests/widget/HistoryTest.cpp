@@ -254,6 +254,8 @@ TEST_F(HistoryTest, TheListTellsFiltersAndCopies)
     QTest::mouseClick(copy, Qt::LeftButton);
     EXPECT_EQ(copied(), head + last) << "what is found";
     window->findChild<QLineEdit*>("changeFilter")->clear();
+    browser->GetWidget()->activateWindow();
+    EXPECT_TRUE(waitForActive(browser->GetWidget()));
     const auto* scroll = list()->verticalScrollBar();
     for (const bool isAtEnd : { true, false }) {
         list()->verticalScrollBar()->setValue(isAtEnd ? scroll->maximum() : 0);
