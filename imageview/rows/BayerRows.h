@@ -70,7 +70,8 @@ bool readNearByteCells(const ImageLines& lines, int y, const int* columns, int c
 {
     constexpr int worthwhile = 4; // cells for a column
     const BayerCells cells(lines, y);
-    const auto [from, to] = std::minmax(cells.leftOf(columns[0]), cells.leftOf(columns[count - 1]));
+    const auto [from, to]
+        = std::minmax({ cells.leftOf(columns[0]), cells.leftOf(columns[count - 1]) });
     const int wanted = (to - from) / 2 + 1;
     if (lines.format().packing != Packing::Bytes || wanted > worthwhile * count) {
         return false;

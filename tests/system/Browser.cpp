@@ -26,7 +26,7 @@ Browser::Browser(bool hasReceiver)
     m_browser->LoadFeatureBrowser();
     m_browser->ShowStandalone(900, 900, {}, LEVEL_GURU);
     tree()->expandAll();
-    if (!waitForActive(window())) {
+    if (!waitForActive(Browser::window())) {
         throw std::runtime_error("the window never became active");
     }
 }

@@ -26,6 +26,7 @@ ChunkPane::ChunkPane(ImagePane& images, QWidget* parent)
     , m_table(new QTableWidget(0, 2, this))
 {
     m_none->setWordWrap(true);
+    m_none->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     m_table->setObjectName(QStringLiteral("chunks"));
     m_table->setAccessibleName(tr("Chunk data"));
     m_table->setHorizontalHeaderLabels({ tr("Feature"), tr("Value") });
@@ -61,6 +62,7 @@ void ChunkPane::refresh()
 {
     const auto values = m_images.shownChunks();
     m_none->setHidden(!values.empty());
+    m_table->setHidden(values.empty());
     m_table->setRowCount(static_cast<int>(values.size()));
     const auto show = [this](int row, int column, const std::string& text) {
         QTableWidgetItem* item = m_table->item(row, column);
