@@ -82,4 +82,9 @@ std::map<std::string, FEATURE_STATE>& ZQCameraRepository::GetFeatureStates()
     return m_impl->states();
 }
 
+std::string ZQCameraRepository::GetReason(const std::string& name)
+{
+    return m_impl->reason(name);
+}
+
 } // namespace featurebrowser

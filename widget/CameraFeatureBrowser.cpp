@@ -6,6 +6,7 @@
 
 #include "events/ValueWriter.h"
 #include "row/NewRows.h"
+#include "text/BrowserMessage.h"
 #include "text/NumberInput.h"
 #include "window/BrowserWindow.h"
 
@@ -13,6 +14,8 @@
 
 #include <zqqt/RefuseOtherQt.h>
 #include <zqtranslations/LoadTranslations.h>
+
+#include <algorithm>
 
 namespace featurebrowser {
 
@@ -71,7 +74,7 @@ public:
             if (auto reset = withEntered(row.value, asHeld(row, value))) {
                 present.setValue(row, std::move(*reset), row.readOnly, true);
             }
-            present.writer().showMessage(name, toText(message));
+            present.writer().showMessage(name, browserMessage(toText(message)));
         });
     }
     void show(Qt::WindowType type, IEventFeatureReceiver* receiver, int width, int height,
@@ -293,21 +296,37 @@ RowAccess accessOf(const FeatureItem& item, bool isOpenedForReading)
     }
 }
 
+/// The reason of a moment would still stand there when it holds no longer.
+std::string withoutEnd(const std::string& text, const std::string& end)
+{
+    const std::size_t kept = text.size() - std::min(text.size(), end.size());
+    return text.compare(kept, end.size(), end) == 0 ? text.substr(0, kept) : text;
+}
+
 } // namespace
 
 void describeFeatures(QWidget* window, const std::list<std::shared_ptr<FeatureItem>>& features,
     bool isOpenedForReading)
 {
+    describeFeatures(window, features, isOpenedForReading, nullptr);
+}
+
+void describeFeatures(QWidget* window, const std::list<std::shared_ptr<FeatureItem>>& features,
+    bool isOpenedForReading, std::function<std::string(const std::string& name)> reason)
+{
     auto* browser = qobject_cast<BrowserWindow*>(window);
     if (browser == nullptr) {
         return;
     }
+    FeatureModel& model = browser->model();
     for (const auto& item : features) {
-        FeatureRow* row = browser->model().find(item->name);
-        if (row != nullptr) {
-            browser->model().describe(*row, item->description, accessOf(*item, isOpenedForReading));
+        if (FeatureRow* row = model.find(item->name)) {
+            const std::string told = reason ? reason(item->name) : std::string();
+            model.describe(
+                *row, withoutEnd(item->description, told), accessOf(*item, isOpenedForReading));
         }
     }
+    model.setReasons(std::move(reason));
     browser->showDescription();
 }
 

@@ -86,26 +86,39 @@ bool ZQCameraRepository::Impl::readRecord(Record& record)
     m_states[record.feature->name] = state;
     record.isUnread = state == FEATURE_READ_FAILED;
     record.isOutstanding = !done && failures.status().code() == zqcameralib::cameraSlow;
-    if (done) {
-        explain(record, state);
-    }
+    explain(record, state, done ? m_camera.reader().reason() : failures.status().text());
     return done;
 }
 
-void ZQCameraRepository::Impl::explain(Record& record, FEATURE_STATE state)
+void ZQCameraRepository::Impl::explain(
+    Record& record, FEATURE_STATE state, const std::string& failure)
 {
-    std::string reason;
+    std::string& reason = record.reason;
+    reason.clear();
     if (state == FEATURE_READ_FAILED) {
-        reason = "Cannot be read: " + m_camera.reader().reason();
+        reason = "Cannot be read: " + failure;
     } else if (state == FEATURE_LOCKED) {
         reason = "Cannot be changed now: " + lockReason(m_camera, *record.feature);
     } else if (state == FEATURE_NOT_AVAILABLE) {
         reason = "Cannot be used: " + unavailableReason(m_camera, *record.feature);
     }
-    if (!reason.empty()) {
-        std::string& text = record.item->description;
-        text += (text.empty() ? "" : "\n") + reason + ".";
+    if (!reason.empty() && reason.back() != '.') {
+        reason += '.';
     }
+    describe(record);
+}
+
+void ZQCameraRepository::Impl::describe(Record& record)
+{
+    const std::string& text = record.feature->description;
+    record.item->description
+        = text + (text.empty() || record.reason.empty() ? "" : "\n") + record.reason;
+}
+
+std::string ZQCameraRepository::Impl::reason(const std::string& name) const
+{
+    const auto found = m_records.find(name);
+    return found == m_records.end() ? std::string() : found->second.reason;
 }
 
 bool ZQCameraRepository::Impl::isStillFresh(Record& record)
@@ -145,6 +158,10 @@ int ZQCameraRepository::Impl::updateStates()
         const RegisterPort::FailureScope failures(port);
         const FEATURE_STATE state = m_camera.reader().state(*record.feature);
         // Once a feature could not be asked, only a fresh value takes the mark away.
+        if (!record.isUnread) {
+            explain(record, state,
+                failures.hasFailed() ? failures.status().text() : m_camera.reader().reason());
+        }
         record.isUnread = record.isUnread || state == FEATURE_READ_FAILED;
         record.isFresh = record.isFresh && !record.isUnread;
         m_states[name] = record.isUnread ? FEATURE_READ_FAILED : state;

@@ -35,6 +35,7 @@ public:
     std::chrono::milliseconds pollingTime(const std::string& name);
     ItemList& items();
     std::map<std::string, FEATURE_STATE>& states() { return m_states; }
+    std::string reason(const std::string& name) const;
     bool hasOutstanding() const;
 
     /// Begins to read beside the caller what the next load() takes: all features, or those that are
@@ -53,6 +54,7 @@ private:
     struct Record {
         ItemPointer item;
         const zqcameralib::Feature* feature = nullptr;
+        std::string reason; ///< why it is as its state says; empty while it is available
         bool isFresh = false; ///< just read by load(), not handed out since
         bool isUnread = false; ///< what the item holds was not confirmed by the last reading
         bool isOutstanding = false; ///< unread only because there was no time left
@@ -78,7 +80,10 @@ private:
     bool isStillFresh(Record& record);
     bool touchesVariableAddress(const zqcameralib::Feature& feature) const;
     bool touchesWritten(const Record& record, const zqcameralib::Feature& written) const;
-    void explain(Record& record, FEATURE_STATE state);
+    /// `failure`: why nothing was read, where the state says that.
+    void explain(Record& record, FEATURE_STATE state, const std::string& failure);
+    /// Writes the description with the reason behind it.
+    static void describe(Record& record);
     ItemList affectedBy(const zqcameralib::Feature& feature) const;
 
     zqcameralib::ZQCamera::Impl& m_camera;

@@ -187,6 +187,7 @@ void ZQCameraRepository::Impl::addRecord(const Feature& feature)
     record.isFresh = readRecord(record);
     if (!record.isFresh && known != m_previous.end()) {
         *record.item = *known->second.item; // the last known value, which the state marks
+        describe(record);
     }
     m_items.push_back(record.item);
     m_records.emplace(feature.name, std::move(record));

@@ -10,6 +10,7 @@
 #include "ForwardQWidget.h"
 #include "IEventFeatureReceiver.h"
 
+#include <functional>
 #include <list>
 #include <map>
 #include <memory>
@@ -163,6 +164,13 @@ private:
 /// widget, or for features that are not in the tree; user-interface thread.
 ZQ_EXPORT void describeFeatures(QWidget* window,
     const std::list<std::shared_ptr<FeatureItem>>& features, bool isOpenedForReading = false);
+/// The same, and from then on, until the next call, `reason` is asked by feature name whenever it
+/// is shown why a row is locked, not available or unread: in the tool tip, the description pane and
+/// to screen readers. It answers at once, with a sentence (ZQCameraRepository::GetReason) that
+/// holds then; empty where it knows none. A description that ends with it is shown without it.
+ZQ_EXPORT void describeFeatures(QWidget* window,
+    const std::list<std::shared_ptr<FeatureItem>>& features, bool isOpenedForReading,
+    std::function<std::string(const std::string& name)> reason);
 
 /// Selector role of a record: whether it selects others, is selected, both or neither.
 ZQ_EXPORT TYPE_SELECTOR getSelectorState(FeatureItem* item);

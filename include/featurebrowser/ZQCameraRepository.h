@@ -89,6 +89,10 @@ public:
     /// State by feature name, as of the last Load, ReadFeature or UpdateFeatureStates. Valid as
     /// long as the repository.
     virtual std::map<std::string, FEATURE_STATE>& GetFeatureStates();
+    /// Why the feature is as GetFeatureStates says, at that same time, in a sentence: "Cannot be
+    /// changed now: locked by GainAuto." The record's description ends with it. Empty for features
+    /// that are available and for unknown names. Asks the camera nothing.
+    std::string GetReason(const std::string& name);
 
 private:
     std::unique_ptr<Impl> m_impl;

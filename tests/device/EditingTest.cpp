@@ -352,14 +352,19 @@ TEST(Acquisition, LocksWhatTheDescriptionLocksUntilItStops)
     EXPECT_NE(camera.device.IsGrabbing(), 0);
     EXPECT_EQ(camera.repository.UpdateFeatureStates(), STATUS_OK);
     EXPECT_EQ(camera.state("Streaming"), FEATURE_LOCKED);
+    const std::string reason
+        = "Cannot be changed now: locked by TLParamsLocked: stop the acquisition to change it.";
+    EXPECT_EQ(camera.repository.GetReason("Streaming"), reason);
+    EXPECT_EQ(camera.item("Streaming").description, reason);
     camera.read("Streaming");
     EXPECT_EQ(camera.read("TLParamsLocked"), "1");
     EXPECT_EQ(camera.item("Streaming").lockedFlag, 1);
-    EXPECT_NE(camera.item("Streaming").description.find("locked by TLParamsLocked: stop the "),
-        std::string::npos);
+    EXPECT_EQ(camera.item("Streaming").description, reason);
     EXPECT_EQ(camera.set("Streaming", 1), featureLocked);
 
     ASSERT_EQ(camera.device.ExecuteCommand("AcquisitionStop", 1), STATUS_OK);
+    EXPECT_EQ(camera.repository.UpdateFeatureStates(), STATUS_OK);
+    EXPECT_EQ(camera.repository.GetReason("Streaming") + camera.item("Streaming").description, "");
     EXPECT_EQ(camera.device.IsGrabbing(), 0);
     EXPECT_EQ(camera.set("Streaming", 1), STATUS_OK);
 }

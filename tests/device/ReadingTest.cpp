@@ -282,13 +282,19 @@ TEST(ReadFeature, FailedAccessKeepsTheValueAndMarksTheState)
     EXPECT_EQ(camera.read("A"), "(read failed)");
     EXPECT_EQ(camera.item("A").valueText, "5");
     EXPECT_EQ(camera.state("A"), FEATURE_READ_FAILED);
+    const std::string reason = camera.repository.GetReason("A");
+    EXPECT_EQ(reason.rfind("Cannot be read: ", 0), 0U);
+    EXPECT_GT(reason.size(), std::string("Cannot be read: .").size());
+    EXPECT_EQ(camera.item("A").description, reason);
 
     EXPECT_EQ(camera.repository.UpdateFeatureStates(), injectedFault);
     camera.port.setFaultHook(nullptr);
     EXPECT_EQ(camera.repository.UpdateFeatureStates(), STATUS_OK);
     EXPECT_EQ(camera.state("A"), FEATURE_READ_FAILED); // only a fresh value tells otherwise
+    EXPECT_EQ(camera.repository.GetReason("A"), reason);
     EXPECT_EQ(camera.read("A"), "6");
     EXPECT_EQ(camera.state("A"), FEATURE_AVAILABLE);
+    EXPECT_EQ(camera.repository.GetReason("A"), "");
 
     camera.port.invalidate();
     camera.port.setFaultHook([](std::uint64_t address, auto, bool) { return address == 4; });

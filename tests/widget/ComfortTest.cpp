@@ -248,7 +248,7 @@ TEST_F(ComfortTest, StatesAndContextsAreSaidInWords)
     for (const auto& [name, words] :
         std::map<std::string, std::string> { { "Camera", "" }, { "PixelFormat", "\nMono8" },
             { "Width",
-                "\n640 px\nLocked: cannot be changed now, for example while acquiring\n"
+                "\n640 px\nLocked: the camera takes no changes of it now\n"
                 "Range: 16 … 4096 px\nStep: 16 px" },
             { "Gain",
                 "\n2.5\nNot available in the camera's present configuration\nRange: 0 … 48\n"
@@ -263,6 +263,20 @@ TEST_F(ComfortTest, StatesAndContextsAreSaidInWords)
             "<div style='white-space:pre-wrap'>"
                 + QString::fromStdString(name + words).toHtmlEscaped().toStdString() + "</div>");
     }
+
+    std::string reason = "Cannot be changed now: locked by ReverseX.";
+    items.front()->name = "Width";
+    items.front()->description = "Columns\nUnit: px\n" + reason;
+    describeFeatures(window(), items, false,
+        [&reason](const std::string& name) { return name == "Width" ? reason : std::string(); });
+    tree()->setCurrentIndex(row("Width"));
+    const auto* pane = window()->findChild<QPlainTextEdit*>("descriptionText");
+    EXPECT_EQ(pane->toPlainText(), "Columns\nUnit: px") << "what held once does not stay there";
+    for (const char* now : { "locked by ReverseX", "locked by Gain" }) {
+        reason = now + std::string(".");
+        EXPECT_NE(said("Width").find("640 px\n" + std::string(now) + "\nRange"), std::string::npos);
+    }
+    EXPECT_NE(said("Gain").find("Not available in the camera"), std::string::npos);
     browser->modifyFeature("ReverseX", "1", CAM_TYPE_BOOLEAN, { "False", "True" }, false, true);
     setStates({});
     for (const auto& [name, words] : { std::pair("Width", "Width, 640 px, editable"),
@@ -303,6 +317,21 @@ TEST_F(ComfortTest, WordsAreOfTheDesktopsLanguage)
     edit("Width", "2");
     EXPECT_EQ(message(),
         "Die Kamera hat „2“ nicht bestätigt; die Zeile zeigt den letzten bekannten Wert");
+    for (const auto& [said, shown] :
+        { std::pair("Error writing value\nValue must be between 1 and 9",
+              "Fehler beim Schreiben des Werts\nDer Wert muss zwischen 1 und 9 liegen"),
+            { "Error adjusting to value 8\n", "Fehler beim Anpassen auf den Wert 8" },
+            { "Difference between values Min and Max not divisible by Inc = 2\nValue adjusted to 8",
+                "Die Differenz von Min und Max ist nicht durch Inc = 2 teilbar\n"
+                "Der Wert wurde auf 8 angepasst" },
+            { "Error writing feature Width\nvalue must be between 1.0 and 9.0",
+                "Fehler beim Schreiben von Width\nDer Wert muss zwischen 1.0 und 9.0 liegen" },
+            { "Error writing feature Width\n100 % %1\n",
+                "Fehler beim Schreiben von Width\n100 % %1" },
+            { "Said by a camera", "Said by a camera" } }) {
+        browser->setDefaultValue("Width", 1L, said);
+        EXPECT_EQ(message(), shown);
+    }
     QLocale::setDefault(QLocale::c());
     EXPECT_EQ(qApp->findChildren<QTranslator*>("zqfeaturebrowserwidget").size(), 1);
     qDeleteAll(qApp->findChildren<QTranslator*>());

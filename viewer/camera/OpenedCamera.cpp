@@ -98,7 +98,8 @@ QString OpenedCamera::reason(const FeatureItem& unread)
 
 void OpenedCamera::describe(ZQFeatureBrowser& browser)
 {
-    describeFeatures(browser.GetWidget(), repository().GetFeatureList(), m_camera->isReadOnly());
+    describeFeatures(browser.GetWidget(), repository().GetFeatureList(), m_camera->isReadOnly(),
+        [this](const std::string& name) { return repository().GetReason(name); });
 }
 
 OpenedCamera::Reading OpenedCamera::reading()

@@ -169,6 +169,18 @@ void FeatureModel::setMessage(FeatureRow& row, const QString& message)
     }
 }
 
+QString FeatureModel::reasonOf(const FeatureRow& row) const
+{
+    if (!m_reasons || row.lost || row.state == FEATURE_AVAILABLE) {
+        return rowReason(row);
+    }
+    QString reason = toText(m_reasons(row.name)).trimmed();
+    if (reason.endsWith(QLatin1Char('.'))) {
+        reason.chop(1);
+    }
+    return reason.isEmpty() ? rowReason(row) : reason;
+}
+
 void FeatureModel::setStates(const std::map<std::string, FEATURE_STATE>& states)
 {
     for (const auto& [name, row] : m_byName) {

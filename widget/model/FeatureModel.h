@@ -13,6 +13,7 @@
 #include <map>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 namespace featurebrowser {
 
@@ -57,6 +58,11 @@ public:
     /// Tells what a row is for, and what the camera lets one do with it, before it is selected.
     void describe(FeatureRow& row, const std::string& about, RowAccess access);
     void setMessage(FeatureRow& row, const QString& message);
+    /// Says why a row is locked, not available or unread, whenever that is shown; null: nobody.
+    using Reasons = std::function<std::string(const std::string& name)>;
+    void setReasons(Reasons reasons) { m_reasons = std::move(reasons); }
+    /// As rowReason, by who knows it.
+    QString reasonOf(const FeatureRow& row) const;
     void setStates(const std::map<std::string, FEATURE_STATE>& states);
     /// While the camera is lost nothing can be edited, also in rows that are added.
     void setLost(bool isLost);
@@ -79,6 +85,7 @@ private:
     FeatureRow m_root;
     std::unordered_map<std::string_view, FeatureRow*> m_byName; ///< keys are the rows' names
     std::unordered_map<std::string, std::vector<FeatureRow*>> m_selected; ///< by selector
+    Reasons m_reasons;
     bool m_isLost = false;
 };
 

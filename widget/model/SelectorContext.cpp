@@ -42,7 +42,7 @@ QString selectedText(const FeatureModel& model, const FeatureRow& row)
 
 std::vector<RowFact> allFacts(const FeatureModel& model, const FeatureRow& row)
 {
-    std::vector<RowFact> facts = rowFacts(row);
+    std::vector<RowFact> facts = rowFacts(row, model.reasonOf(row));
     const auto add = [&facts](const QString& label, const QString& text) {
         if (!text.isEmpty()) {
             facts.push_back({ label, text });

@@ -245,7 +245,7 @@ QTableWidgetItem* SelectorMatrix::makeItem(const FeatureRow* row, const QString&
     const bool isEditable = isKnown && row->isEditable();
     QString words = problem;
     if (isThere && (!isEditable || row->hasMessage())) {
-        words = rowExplanation(*row, rowFacts(*row));
+        words = rowExplanation(*row, rowFacts(*row, m_model->reasonOf(*row)));
     }
     item->setToolTip(words.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
     if (!isEditable) {

@@ -66,7 +66,7 @@ QString lockReason(const FeatureRow& row)
 {
     return row.access == RowAccess::ReadAndWriteButOpenedForReading
         ? Words::tr("The camera is opened for reading only")
-        : Words::tr("Locked: cannot be changed now, for example while acquiring");
+        : Words::tr("Locked: the camera takes no changes of it now");
 }
 
 QString readOnlyReason(const FeatureRow& row)
@@ -124,12 +124,12 @@ QString rowReason(const FeatureRow& row)
     return isWriteOnly ? Words::tr("Write-only: the camera does not tell its value") : QString();
 }
 
-std::vector<RowFact> rowFacts(const FeatureRow& row)
+std::vector<RowFact> rowFacts(const FeatureRow& row, const QString& reason)
 {
     if (row.isCategory()) {
         return {};
     }
-    std::vector<RowFact> facts { { {}, rowReason(row) } };
+    std::vector<RowFact> facts { { {}, reason } };
     if (const auto* integer = std::get_if<IntegerValue>(&row.value)) {
         addLimits(facts, *integer, row);
     } else if (const auto* number = std::get_if<FloatValue>(&row.value)) {

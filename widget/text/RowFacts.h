@@ -23,8 +23,8 @@ struct RowFact {
     bool isBrief = true; ///< fits into a tool tip, and says there what nothing else does
 };
 
-/// Reason, range, step, unit, access, length and entries, as far as the row has them.
-std::vector<RowFact> rowFacts(const FeatureRow& row);
+/// The reason, range, step, unit, access, length and entries, as far as the row has them.
+std::vector<RowFact> rowFacts(const FeatureRow& row, const QString& reason);
 
 /// Everything that the row itself may not have the room to show: its full name and value, the brief
 /// facts and the message, one to a line. Plain text.

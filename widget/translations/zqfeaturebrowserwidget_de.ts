@@ -2,6 +2,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
+    <name>BrowserMessage</name>
+    <message>
+        <source>Error writing value
+Value must be between %1 and %2</source>
+        <translation>Fehler beim Schreiben des Werts
+Der Wert muss zwischen %1 und %2 liegen</translation>
+    </message>
+    <message>
+        <source>Error adjusting to value %1</source>
+        <translation>Fehler beim Anpassen auf den Wert %1</translation>
+    </message>
+    <message>
+        <source>Difference between values Min and Max not divisible by Inc = %1
+Value adjusted to %2</source>
+        <translation>Die Differenz von Min und Max ist nicht durch Inc = %1 teilbar
+Der Wert wurde auf %2 angepasst</translation>
+    </message>
+    <message>
+        <source>Error writing feature %1
+value must be between %2 and %3</source>
+        <translation>Fehler beim Schreiben von %1
+Der Wert muss zwischen %2 und %3 liegen</translation>
+    </message>
+    <message>
+        <source>Error writing feature %1
+%2</source>
+        <translation>Fehler beim Schreiben von %1
+%2</translation>
+    </message>
+</context>
+<context>
     <name>featurebrowser::AddressEditor</name>
     <message>
         <source>“%1” is not an IPv4 address: four numbers from 0 to 255 with points between</source>
@@ -322,10 +353,6 @@
         <translation>Die Kamera ist nur zum Lesen geöffnet</translation>
     </message>
     <message>
-        <source>Locked: cannot be changed now, for example while acquiring</source>
-        <translation>Gesperrt: kann jetzt nicht geändert werden, zum Beispiel während der Aufnahme</translation>
-    </message>
-    <message>
         <source>Cannot be run</source>
         <translation>Kann nicht ausgeführt werden</translation>
     </message>
@@ -383,6 +410,10 @@
     <message>
         <source>The camera is lost: this is what it held last</source>
         <translation>Die Kamera ist nicht mehr da: das hielt sie zuletzt</translation>
+    </message>
+    <message>
+        <source>Locked: the camera takes no changes of it now</source>
+        <translation>Gesperrt: die Kamera nimmt jetzt keine Änderung an</translation>
     </message>
 </context>
 <context>
