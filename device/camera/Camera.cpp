@@ -139,6 +139,24 @@ const Feature* ZQCamera::Impl::feature(std::string_view name) const
     return found == m_contents->byName.end() ? nullptr : &m_contents->features[found->second];
 }
 
+const Feature* ZQCamera::Impl::featureOver(std::size_t node) const
+{
+    auto& overNode = m_contents->overNode;
+    if (overNode.empty()) {
+        for (const bool isWritable : { true, false }) {
+            for (const Feature& feature : features()) {
+                if (canWrite(feature.access) == isWritable) {
+                    for (const std::size_t link : valueChain(description(), feature.index)) {
+                        overNode.emplace(link, &feature);
+                    }
+                }
+            }
+        }
+    }
+    const auto found = overNode.find(node);
+    return found == overNode.end() ? nullptr : found->second;
+}
+
 void ZQCamera::Impl::setWritten(const Feature& feature, Registers registers)
 {
     m_contents->written[&feature] = std::move(registers);

@@ -49,6 +49,9 @@ public:
     const Feature* feature(std::string_view name) const;
     /// Built when it is first asked for.
     const DependencyGraph& dependencies() const;
+    /// The feature through which a user changes what stands in `node`, one that can be written
+    /// before others; null when there is none. Looked for when it is first asked for.
+    const Feature* featureOver(std::size_t node) const;
     /// Nothing where reading registers together gains nothing.
     const PrefetchPlan& prefetchPlan() const { return m_contents->prefetchPlan; }
     /// Where the last write to a feature went to.
@@ -79,6 +82,7 @@ private:
         std::vector<Feature> features;
         PrefetchPlan prefetchPlan;
         std::unordered_map<std::string_view, std::size_t> byName;
+        std::unordered_map<std::size_t, const Feature*> overNode;
         std::unordered_map<const Feature*, Registers> written;
     };
 

@@ -18,7 +18,18 @@ constexpr std::size_t maxNames = 3;
 
 using Nodes = std::vector<std::size_t>;
 
-/// The features behind a condition, nearest first; TLParamsLocked counts as one.
+/// The feature that a user would look at for what a condition asks: itself, or the one over the
+/// register that a formula reads. TLParamsLocked counts as one.
+std::size_t featureFor(ZQCamera::Impl& camera, std::size_t node)
+{
+    if (camera.description().node(node).name == "TLParamsLocked") {
+        return node;
+    }
+    const Feature* feature = camera.featureOver(node);
+    return feature != nullptr ? feature->index : Description::absent;
+}
+
+/// The features behind a condition, nearest first.
 Nodes inputsOf(ZQCamera::Impl& camera, const DescriptionNode& node, ReferenceTag condition)
 {
     const Description& description = camera.description();
@@ -27,11 +38,11 @@ Nodes inputsOf(ZQCamera::Impl& camera, const DescriptionNode& node, ReferenceTag
     node.forEachTarget(only(condition), reach);
     Nodes inputs;
     walk.run([&](std::size_t reached) {
-        const DescriptionNode& next = description.node(reached);
-        if (next.name == "TLParamsLocked" || camera.feature(next.name) != nullptr) {
-            inputs.push_back(reached);
-        } else {
-            next.forEachTarget(isValueSource, reach);
+        const std::size_t feature = featureFor(camera, reached);
+        if (feature == Description::absent) {
+            description.node(reached).forEachTarget(isValueSource, reach);
+        } else if (std::find(inputs.begin(), inputs.end(), feature) == inputs.end()) {
+            inputs.push_back(feature);
         }
     });
     return inputs;
