@@ -6,6 +6,7 @@
 
 #include "settings/SettingsFile.h"
 #include "settings/SettingsLayout.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -35,7 +36,7 @@ std::string ZQSettingsDifference::text() const
 {
     const auto valueOf = [](const std::optional<ZQSettingsLine>& line) {
         return line ? line->value + (line->unit.empty() ? "" : " [" + line->unit + "]")
-                    : std::string("(none)");
+                    : translated("(none)").text();
     };
     return label() + ": " + valueOf(first) + " | " + valueOf(second);
 }

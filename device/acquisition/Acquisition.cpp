@@ -5,6 +5,7 @@
 #include "acquisition/Acquisition.h"
 
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <utility>
@@ -39,8 +40,9 @@ int ZQAcquisition::Impl::start(FrameHandler handler, int buffers, std::chrono::m
 int ZQAcquisition::Impl::startForUser(
     FrameHandler handler, int buffers, std::chrono::milliseconds limit)
 {
-    return m_isMeasuring ? fail({ noImage, "no image can be acquired: packets are being measured" })
-                         : start(std::move(handler), buffers, limit);
+    return m_isMeasuring
+        ? fail({ noImage, translated("no image can be acquired: packets are being measured") })
+        : start(std::move(handler), buffers, limit);
 }
 
 int ZQAcquisition::Impl::stop()

@@ -6,6 +6,7 @@
 
 #include "base/StatusCodes.h"
 #include "frames/FrameSize.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -18,9 +19,9 @@ namespace {
 constexpr std::int64_t maxPayload = std::int64_t(1) << 31U;
 constexpr std::int64_t maxSide = 100000;
 
-Status refuse(const std::string& reason)
+Status refuse(const Words& reason)
 {
-    return { noImage, "no image can be acquired: " + reason };
+    return { noImage, translated("no image can be acquired") + ": " + reason };
 }
 
 } // namespace
@@ -115,13 +116,13 @@ Status FormatReading::readSide(const char* name, std::int64_t& value)
         return status;
     }
     if (code == unknownFeature) {
-        return refuse(std::string("the camera tells no ") + name);
+        return refuse(worded("the camera tells no %s", name));
     }
     if (code != STATUS_OK) {
         return refuse(deviceText(m_device, code));
     }
     if (value <= 0 || value > maxSide) {
-        return refuse(std::string(name) + " is " + std::to_string(value));
+        return refuse(worded("%s is %s", name, std::to_string(value).c_str()));
     }
     return {};
 }
@@ -159,13 +160,14 @@ Status FormatReading::readPayload()
         payload = static_cast<std::int64_t>(imageBytes(static_cast<std::uint64_t>(m_format.width),
             static_cast<std::uint64_t>(m_format.height), m_format.pixelFormat));
     }
-    const std::string bytes = std::to_string(payload) + " bytes";
+    const std::string bytes = std::to_string(payload);
     if (payload > maxPayload) {
-        return refuse("one image would take " + bytes);
+        return refuse(worded("one image would take %s bytes", bytes.c_str()));
     }
     m_format.payload = static_cast<std::size_t>(payload);
     if (rowsWithin(m_format.payload, m_format.width, m_format.height, m_format.pixelFormat) == 0) {
-        return refuse("PayloadSize is " + bytes + ", less than one row of the image");
+        return refuse(
+            worded("PayloadSize is %s bytes, less than one row of the image", bytes.c_str()));
     }
     return {};
 }

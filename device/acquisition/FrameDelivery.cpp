@@ -4,6 +4,8 @@
 
 #include "acquisition/FrameDelivery.h"
 
+#include "words/Words.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -16,8 +18,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-const char* const endedText
-    = "The camera was lost, and with it the acquisition; start anew when it is found again.";
+const char* const endedText = marked(
+    "The camera was lost, and with it the acquisition; start anew when it is found again.");
 
 /// How long no image is nothing to worry about.
 Clock::duration patienceFor(double framesPerSecond)
@@ -95,7 +97,7 @@ bool FrameDelivery::deliverNext()
     m_state.lost = m_source->lost();
     m_state.setTroubles(m_source->troubles());
     if (outcome == FrameSource::Outcome::Ended) {
-        endWith(endedText);
+        endWith(translated(endedText));
         return false;
     }
     if (outcome == FrameSource::Outcome::Incomplete) {

@@ -4,6 +4,8 @@
 
 #include "acquisition/PacketSearch.h"
 
+#include "words/Words.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -53,11 +55,6 @@ milliseconds ofPeriods(const PacketFacts& facts, double periods)
     const bool isRate = facts.framesPerSecond > 0.0;
     const double seconds = isRate ? std::min(periods / facts.framesPerSecond, longest) : 1.0;
     return milliseconds(static_cast<std::int64_t>(seconds * 1000.0));
-}
-
-std::string bytes(std::int64_t size)
-{
-    return std::to_string(size) + " bytes";
 }
 
 } // namespace
@@ -152,13 +149,16 @@ std::vector<std::int64_t> PacketSearch::delays() const
 std::string PacketSearch::sizeWords() const
 {
     if (!m_hasSize) {
-        return "No image arrives whole, whatever the size of its packets; that is left at "
-            + bytes(m_facts.size) + ".";
+        return worded(
+            "No image arrives whole, whatever the size of its packets; that is left at %s "
+            "bytes.",
+            std::to_string(m_facts.size).c_str());
     }
-    const std::string found = "Images arrive whole in packets of " + bytes(m_best.size);
-    return found
-        + (m_best.size == m_facts.size ? ", as set before."
-                                       : "; before, they had " + bytes(m_facts.size) + ".");
+    const std::string best = std::to_string(m_best.size);
+    return m_best.size == m_facts.size
+        ? worded("Images arrive whole in packets of %s bytes, as set before.", best.c_str())
+        : worded("Images arrive whole in packets of %s bytes; before, they had %s bytes.",
+            best.c_str(), std::to_string(m_facts.size).c_str());
 }
 
 std::string PacketSearch::delayWords() const
@@ -167,14 +167,17 @@ std::string PacketSearch::delayWords() const
         return {};
     }
     if (!m_hasDelay) {
-        return " Some packets get lost, whatever the delay between them that the frame rate "
-               "allows; it is left as it was.";
+        return " "
+            + translated(
+                "Some packets get lost, whatever the delay between them that the frame rate "
+                "allows; it is left as it was.");
     }
     if (m_best.delay == m_facts.delay) {
-        return " None gets lost with the delay between them that was set before.";
+        return " " + translated("None gets lost with the delay between them that was set before.");
     }
-    return " None gets lost with a delay of " + std::to_string(m_best.delay)
-        + " ticks between them; before, it had " + std::to_string(m_facts.delay) + ".";
+    return " "
+        + worded("None gets lost with a delay of %s ticks between them; before, it had %s.",
+            std::to_string(m_best.delay).c_str(), std::to_string(m_facts.delay).c_str());
 }
 
 std::string PacketSearch::words() const

@@ -5,6 +5,7 @@
 #include "acquisition/PacketTask.h"
 
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <utility>
@@ -39,17 +40,17 @@ std::string PacketTask::refusal()
     ZQCamera::Impl& camera = m_acquisition.camera();
     RegisterBackend& backend = camera.port().backend();
     if (!backend.isReal()) {
-        return "The camera is simulated: its images do not come over a network.";
+        return translated("The camera is simulated: its images do not come over a network.");
     }
     if (backend.isLost()) {
         return backend.loss().text();
     }
     const Feature* size = camera.feature(sizeName);
     if (size == nullptr || size->type != featurebrowser::FEATURE_INTEGER) {
-        return "The camera has no packets whose size could be set (GevSCPSPacketSize).";
+        return translated("The camera has no packets whose size could be set (GevSCPSPacketSize).");
     }
     if (m_acquisition.isBusy()) {
-        return "Images are being acquired: stop them first.";
+        return translated("Images are being acquired: stop them first.");
     }
     return {};
 }
@@ -105,7 +106,7 @@ ZQCameraTask::State PacketTask::read()
     }
     const ImageFormat& format = m_reading->format();
     if (format.isTriggered) {
-        return fail("TriggerMode is On: without a trigger there are no images to try.");
+        return fail(translated("TriggerMode is On: without a trigger there are no images to try."));
     }
     if (const Status status = readFacts(format); !status.isOk()) {
         return status.code() == stillWorking ? State::Running : fail(status.text());
@@ -133,7 +134,7 @@ Status PacketTask::readFacts(const ImageFormat& format)
     };
     const Result<Limits> sizes = limitsOf(sizeName);
     if (!sizes.isOk()) {
-        return sizes.status().withText(std::string(sizeName) + ": " + sizes.status().text());
+        return sizes.status().withText(std::string(sizeName) + ": " + sizes.status().words());
     }
     m_facts.size = integer(sizeName, 0);
     m_facts.smallest = std::max(limit(sizes.value().minimum, 0), smallest);
@@ -297,11 +298,12 @@ ZQCameraTask::Progress PacketTask::progress() const
         return { m_words, 0, 0 };
     }
     if (!m_search || m_step == Step::Reading) {
-        return { "Reading how images are sent", 0, 0 };
+        return { translated("Reading how images are sent"), 0, 0 };
     }
-    const std::string size = std::to_string(m_trial.size) + " bytes";
-    return { m_trial.countsPackets ? "Counting packets that get lost, of " + size
-                                   : "Trying packets of " + size,
+    const std::string size = std::to_string(m_trial.size);
+    return { m_trial.countsPackets
+            ? worded("Counting packets that get lost, of %s bytes", size.c_str())
+            : worded("Trying packets of %s bytes", size.c_str()),
         m_search->trialsDone(), m_search->trialsDone() + m_search->trialsLeft() };
 }
 

@@ -5,6 +5,7 @@
 #include "acquisition/StartTask.h"
 
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include "featurebrowser/FeatureTypes.h"
 
@@ -70,7 +71,7 @@ ZQCameraTask::State StartTask::poll()
 
 ZQCameraTask::Progress StartTask::progress() const
 {
-    return { "Starting the images", m_ahead.done(), m_ahead.total() };
+    return { translated("Starting the images"), m_ahead.done(), m_ahead.total() };
 }
 
 void StartTask::cancel()

@@ -6,6 +6,7 @@
 
 #include "base/AravisVersions.h"
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include <utility>
 
@@ -24,12 +25,12 @@ int codeOf(const GError& error)
 
 } // namespace
 
-Status::Status(int code, std::string text)
+Status::Status(int code, Words words)
     : m_code(code == 0 ? otherErrorBase : code)
-    , m_text(std::move(text))
+    , m_words(std::move(words))
 {
-    if (m_text.empty()) {
-        m_text = statusText(m_code);
+    if (m_words.empty()) {
+        m_words = statusText(m_code);
     }
 }
 
@@ -43,9 +44,9 @@ Status Status::fromLibrary(const GError& error)
     return { codeOf(error), error.message };
 }
 
-Status Status::withText(std::string text) const
+Status Status::withText(Words words) const
 {
-    return isOk() ? *this : Status(m_code, std::move(text));
+    return isOk() ? *this : Status(m_code, std::move(words));
 }
 
 } // namespace zqcameralib

@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "words/Words.h"
+
 #include <glib.h>
 
 #include <string>
@@ -21,7 +23,7 @@ public:
     /// Success.
     Status() = default;
     /// A failure; `code` is one of StatusCodes.h, and 0 is taken for otherErrorBase.
-    Status(int code, std::string text);
+    Status(int code, Words words);
     /// A failure with the general sentence of its code.
     static Status general(int code);
     /// A failure that the library below reports.
@@ -30,13 +32,15 @@ public:
     bool isOk() const { return m_code == 0; }
     int code() const { return m_code; }
     /// Empty for a success only.
-    const std::string& text() const { return m_text; }
+    const std::string& text() const { return m_words.text(); }
+    /// The same for what goes on with them, as of several parts, or in a file.
+    const Words& words() const { return m_words; }
     /// The same failure, with these words.
-    Status withText(std::string text) const;
+    Status withText(Words words) const;
 
 private:
     int m_code = 0;
-    std::string m_text;
+    Words m_words;
 };
 
 /// A value, or why there is none.
@@ -49,7 +53,7 @@ public:
     }
     /// A success without a value is none.
     Result(const Status& failure)
-        : m_status(failure.code(), failure.text())
+        : m_status(failure.code(), failure.words())
     {
     }
 

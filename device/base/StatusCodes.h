@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "words/Words.h"
+
 #include <string>
 
 namespace zqcameralib {
@@ -47,6 +49,6 @@ constexpr int otherErrorBase = statusBase(0x80380000U);
 /// Short name of a code, such as "FEATURE_LOCKED".
 std::string statusName(int code);
 /// A general sentence for a code, for when nothing more precise is known.
-std::string statusText(int code);
+Words statusText(int code);
 
 } // namespace zqcameralib

@@ -7,6 +7,7 @@
 #include "base/StatusCodes.h"
 #include "nodemap/LegacyAccess.h"
 #include "validation/DescriptionCheck.h"
+#include "words/Words.h"
 
 #include <utility>
 
@@ -57,7 +58,7 @@ Status ZQCamera::Impl::reconnect(bool waits)
         return found;
     }
     if (const Status followed = followCamera(); !followed.isOk()) {
-        backend.giveUp(followed.text());
+        backend.giveUp(followed.words());
         return backend.loss();
     }
     if (wasLost) {
@@ -73,7 +74,7 @@ std::string ZQCamera::Impl::errorText(int code)
         return backend.loss().text();
     }
     return !m_lastError.isOk() && code == m_lastError.code() ? m_lastError.text()
-                                                             : statusText(code);
+                                                             : statusText(code).text();
 }
 
 int ZQCamera::Impl::note(const Status& failure)
@@ -89,7 +90,8 @@ Status ZQCamera::Impl::followCamera()
         return {};
     }
     if (const Status used = use(m_port.backend().description()); !used.isOk()) {
-        return used.withText("there is another camera now, which cannot be used: " + used.text());
+        return used.withText(
+            translated("there is another camera now, which cannot be used") + ": " + used.words());
     }
     m_cameraNumber = number;
     m_isGrabbing = false;
@@ -145,7 +147,7 @@ const Feature* ZQCamera::Impl::featureOver(std::size_t node) const
     if (overNode.empty()) {
         for (const bool isWritable : { true, false }) {
             for (const Feature& feature : features()) {
-                if (canWrite(feature.access) == isWritable) {
+                if ((feature.access != featurebrowser::ACCESS_READ_ONLY) == isWritable) {
                     for (const std::size_t link : valueChain(description(), feature.index)) {
                         overNode.emplace(link, &feature);
                     }

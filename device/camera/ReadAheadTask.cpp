@@ -4,6 +4,8 @@
 
 #include "camera/ReadAheadTask.h"
 
+#include "words/Words.h"
+
 namespace zqcameralib {
 
 ReadAheadTask::ReadAheadTask(RepositoryImpl& repository, bool onlyOutstanding)
@@ -45,7 +47,7 @@ ZQCameraTask::State ReadAheadTask::poll()
 ZQCameraTask::Progress ReadAheadTask::progress() const
 {
     if (m_state == State::Running && m_repository.readAhead() == m_ahead) {
-        m_progress = { "Reading the features", m_ahead->done(), m_ahead->total() };
+        m_progress = { translated("Reading the features"), m_ahead->done(), m_ahead->total() };
     }
     return m_progress;
 }

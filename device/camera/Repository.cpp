@@ -6,6 +6,7 @@
 
 #include "base/StatusCodes.h"
 #include "camera/StateReasons.h"
+#include "words/Words.h"
 
 #include <utility>
 
@@ -86,24 +87,26 @@ bool ZQCameraRepository::Impl::readRecord(Record& record)
     m_states[record.feature->name] = state;
     record.isUnread = state == FEATURE_READ_FAILED;
     record.isOutstanding = !done && failures.status().code() == zqcameralib::cameraSlow;
-    explain(record, state, done ? m_camera.reader().reason() : failures.status().text());
+    explain(record, state, done ? m_camera.reader().reason().text() : failures.status().text());
     return done;
 }
 
 void ZQCameraRepository::Impl::explain(
     Record& record, FEATURE_STATE state, const std::string& failure)
 {
-    std::string& reason = record.reason;
-    reason.clear();
+    zqcameralib::Words reason;
     if (state == FEATURE_READ_FAILED) {
-        reason = "Cannot be read: " + failure;
+        reason = zqcameralib::translated("Cannot be read") + ": " + failure;
     } else if (state == FEATURE_LOCKED) {
-        reason = "Cannot be changed now: " + lockReason(m_camera, *record.feature);
+        reason = zqcameralib::translated("Cannot be changed now") + ": "
+            + lockReason(m_camera, *record.feature);
     } else if (state == FEATURE_NOT_AVAILABLE) {
-        reason = "Cannot be used: " + unavailableReason(m_camera, *record.feature);
+        reason = zqcameralib::translated("Cannot be used") + ": "
+            + unavailableReason(m_camera, *record.feature);
     }
-    if (!reason.empty() && reason.back() != '.') {
-        reason += '.';
+    record.reason = reason.text();
+    if (!reason.empty() && record.reason.back() != '.') {
+        record.reason += '.';
     }
     describe(record);
 }
@@ -160,7 +163,8 @@ int ZQCameraRepository::Impl::updateStates()
         // Once a feature could not be asked, only a fresh value takes the mark away.
         if (!record.isUnread) {
             explain(record, state,
-                failures.hasFailed() ? failures.status().text() : m_camera.reader().reason());
+                failures.hasFailed() ? failures.status().text()
+                                     : m_camera.reader().reason().text());
         }
         record.isUnread = record.isUnread || state == FEATURE_READ_FAILED;
         record.isFresh = record.isFresh && !record.isUnread;

@@ -5,6 +5,7 @@
 #include "camera/Repository.h"
 
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <optional>
@@ -57,8 +58,9 @@ zqcameralib::Status ZQCameraRepository::Impl::awaitReadAhead()
         }
         if (backend().isTimeOver()) {
             return { zqcameralib::stillWorking,
-                "the camera is slow: " + std::to_string(m_ahead->done()) + " of "
-                    + std::to_string(m_ahead->total()) + " registers read, the rest follows" };
+                zqcameralib::worded(
+                    "the camera is slow: %zu of %zu registers read, the rest follows",
+                    m_ahead->done(), m_ahead->total()) };
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }

@@ -5,6 +5,7 @@
 #include "camera/StateReasons.h"
 
 #include "description/ReferenceWalk.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -76,26 +77,27 @@ Nodes allInputs(
 
 } // namespace
 
-std::string lockReason(ZQCamera::Impl& camera, const Feature& feature)
+Words lockReason(ZQCamera::Impl& camera, const Feature& feature)
 {
     if (camera.port().backend().isReadOnly()) {
-        return "the camera is opened for reading only";
+        return translated("the camera is opened for reading only");
     }
     Nodes inputs = allInputs(camera, feature.conditions.lockedIf, ReferenceTag::IsLocked);
     const std::size_t acquisition = camera.description().find("TLParamsLocked");
     if (std::find(inputs.begin(), inputs.end(), acquisition) != inputs.end()
         && isTrueNow(camera, acquisition)) {
-        return "locked by TLParamsLocked: stop the acquisition to change it";
+        return translated("locked by TLParamsLocked: stop the acquisition to change it");
     }
     inputs.erase(std::remove(inputs.begin(), inputs.end(), acquisition), inputs.end());
     const std::string names = namesOf(camera, inputs);
-    return names.empty() ? "locked by the camera" : "locked by " + names;
+    return names.empty() ? translated("locked by the camera")
+                         : worded("locked by %s", names.c_str());
 }
 
-std::string unavailableReason(ZQCamera::Impl& camera, const Feature& feature)
+Words unavailableReason(ZQCamera::Impl& camera, const Feature& feature)
 {
     if (feature.isChunkOrEventData) {
-        return "comes only with images or events";
+        return translated("comes only with images or events");
     }
     Nodes inputs = allInputs(camera, feature.conditions.availableIf, ReferenceTag::IsAvailable);
     for (const std::size_t input :
@@ -105,7 +107,8 @@ std::string unavailableReason(ZQCamera::Impl& camera, const Feature& feature)
         }
     }
     const std::string names = namesOf(camera, inputs);
-    return names.empty() ? "not available now" : "not available now, depends on " + names;
+    return names.empty() ? translated("not available now")
+                         : worded("not available now, depends on %s", names.c_str());
 }
 
 } // namespace zqcameralib

@@ -9,6 +9,7 @@
 #include "capture/SettingsPlan.h"
 #include "settings/Comparison.h"
 #include "settings/TextLines.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <map>
@@ -36,7 +37,7 @@ Result<SelectorPath> pathOf(const Features& selectors, const ZQSettingsLine& lin
             continue; // where it stands
         }
         if (const Status status = checkSetting(*selector, *value); !status.isOk()) {
-            return Status(status.code(), selector->name + ": " + status.text());
+            return Status(status.code(), selector->name + ": " + status.words());
         }
         path.push_back({ selector, *value });
     }
@@ -49,7 +50,8 @@ Status checkSelectors(const Features& selectors, const ZQSettingsLine& line)
         const bool selects = std::any_of(selectors.begin(), selectors.end(),
             [&state](const Feature* selector) { return selector->name == state.name; });
         if (!selects) {
-            return { unknownFeature, shown(state.name) + " does not select it here" };
+            return { unknownFeature,
+                worded("%s does not select it here", shown(state.name).c_str()) };
         }
     }
     return {};
@@ -58,12 +60,13 @@ Status checkSelectors(const Features& selectors, const ZQSettingsLine& line)
 Status checkValue(const ZQCamera::Impl& camera, const Feature& feature, const ZQSettingsLine& line)
 {
     if (feature.access == featurebrowser::ACCESS_READ_ONLY) {
-        return { notWritable, "is read-only" };
+        return { notWritable, translated("is read-only") };
     }
     const std::string unit = unitOf(camera.description(), feature);
     if (!line.unit.empty() && !unit.empty() && !isSameUnit(line.unit, unit)) {
         return { invalidArgument,
-            "its unit is " + shown(line.unit) + ", and " + shown(unit) + " in the camera" };
+            worded("its unit is %s, and %s in the camera", shown(line.unit).c_str(),
+                shown(unit).c_str()) };
     }
     return checkSetting(feature, line.value);
 }
@@ -76,10 +79,10 @@ Result<LineTarget> lineTarget(
     const ZQSettingsLine& asked = settings.lines()[line];
     const Feature* feature = camera.feature(asked.name);
     if (feature == nullptr) {
-        return Status(unknownFeature, "the camera has no such feature");
+        return Status(unknownFeature, translated("the camera has no such feature"));
     }
     if (!hasSetting(*feature)) {
-        return Status(wrongKind, "is no feature that holds a value of one line");
+        return Status(wrongKind, translated("is no feature that holds a value of one line"));
     }
     const Features selectors = selectorsOf(camera, *feature);
     if (!settings.hasAllPositions()) {

@@ -7,6 +7,7 @@
 #include "base/StatusCodes.h"
 #include "capture/SettingAccess.h"
 #include "settings/TextLines.h"
+#include "words/Words.h"
 
 #include <utility>
 
@@ -19,7 +20,7 @@ constexpr int tries = 3;
 
 Status named(const Feature& selector, const Status& status)
 {
-    return status.withText(selector.name + ": " + status.text());
+    return status.withText(selector.name + ": " + status.words());
 }
 
 Result<std::string> readPosition(ZQCamera::Impl& camera, const Feature& selector)
@@ -44,10 +45,11 @@ Status place(ZQCamera::Impl& camera, const Feature& selector, const std::string&
     if (now.isOk() && isSetting(selector, value, now.value())) {
         return {};
     }
-    return status.isOk() && now.isOk()
-        ? Status(refused, "does not take " + shown(value) + ", stands at " + shown(now.value()))
-        : !status.isOk() ? status
-                         : now.status();
+    return status.isOk() && now.isOk() ? Status(refused,
+               worded("does not take %s, stands at %s", shown(value).c_str(),
+                   shown(now.value()).c_str()))
+        : !status.isOk()               ? status
+                                       : now.status();
 }
 
 } // namespace
@@ -85,14 +87,15 @@ Status SelectorPositions::move(Moved& moved, const std::string& value)
 Status SelectorPositions::backOne()
 {
     const Moved& last = m_moved.back();
-    const std::string what = last.selector->name + " could not be put back to " + last.original;
+    const Words what = worded(
+        "%s could not be put back to %s", last.selector->name.c_str(), last.original.c_str());
     Status status = move(m_moved.back(), last.original);
     RegisterBackend& backend = m_camera.port().backend();
     if (!status.isOk() && backend.isLost() && !backend.isGivenUp() && !m_isLastCall) {
         return status;
     }
     if (!status.isOk() && m_stuck.isOk()) {
-        m_stuck = status.withText(what + ": " + status.text());
+        m_stuck = status.withText(what + ": " + status.words());
     }
     m_moved.pop_back();
     return {};

@@ -11,6 +11,7 @@
 #include "operations/DeviceOperations.h"
 #include "settings/Comparison.h"
 #include "settings/TextLines.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <cmath>
@@ -40,9 +41,9 @@ Result<std::string> entryText(const Feature& feature, std::int64_t value)
 {
     const auto entry = std::find_if(feature.entries.begin(), feature.entries.end(),
         [value](const EnumEntry& candidate) { return candidate.value == value; });
-    return entry == feature.entries.end()
-        ? Result<std::string>(Status(notEvaluable, "its register holds none of its entries"))
-        : entry->name;
+    return entry == feature.entries.end() ? Result<std::string>(
+               Status(notEvaluable, translated("its register holds none of its entries")))
+                                          : entry->name;
 }
 
 Result<std::string> presentText(ZQCamera::Impl& camera, const Feature& feature)
@@ -56,7 +57,7 @@ Result<std::string> presentText(ZQCamera::Impl& camera, const Feature& feature)
     }
     const Number& value = number.value();
     if (!value.isFinite()) {
-        return Status(notEvaluable, "its register holds no finite number");
+        return Status(notEvaluable, translated("its register holds no finite number"));
     }
     switch (feature.type) {
     case FEATURE_ENUMERATION:
@@ -80,22 +81,23 @@ Status readability(ZQCamera::Impl& camera, const Feature& feature)
     if (state == FEATURE_NOT_AVAILABLE) {
         const bool canBe = camera.reader().canBeImplemented(feature);
         return { canBe ? notAvailable : unknownFeature,
-            canBe ? unavailableReason(camera, feature) : "the camera does not implement it" };
+            canBe ? unavailableReason(camera, feature)
+                  : translated("the camera does not implement it") };
     }
     if (state == FEATURE_READ_FAILED) {
-        return { notEvaluable, "cannot be read, " + camera.reader().reason() };
+        return { notEvaluable, translated("cannot be read") + ", " + camera.reader().reason() };
     }
     const std::uint16_t access = camera.reader().presentAccess(feature);
     return access == ACCESS_READ_ONLY || access == ACCESS_READ_WRITE
         ? Status()
-        : Status(notReadable, "can only be written");
+        : Status(notReadable, translated("can only be written"));
 }
 
 Status withoutName(const Feature& feature, const Status& status)
 {
     const std::string begin = feature.name + ": ";
     const bool isNamed = status.text().compare(0, begin.size(), begin) == 0;
-    return isNamed ? status.withText(status.text().substr(begin.size())) : status;
+    return isNamed ? status.withText(status.words().behind(begin.size())) : status;
 }
 
 Status written(DeviceOperations& operations, const Feature& feature, const std::string& value)
@@ -141,26 +143,33 @@ Status writeSetting(ZQCamera::Impl& camera, const Feature& feature, const std::s
 
 Status checkSetting(const Feature& feature, const std::string& value)
 {
-    const auto fault
-        = [&value](int code, const std::string& what) { return Status(code, shown(value) + what); };
+    const std::string given = shown(value);
     switch (feature.type) {
     case FEATURE_INTEGER:
-        return exactInteger(value) ? Status() : fault(invalidArgument, " is no integer");
+        return exactInteger(value)
+            ? Status()
+            : Status(invalidArgument, worded("%s is no integer", given.c_str()));
     case FEATURE_FLOAT: {
         const auto number = exactDouble(value);
-        return number && std::isfinite(*number) ? Status()
-                                                : fault(invalidArgument, " is no number");
+        return number && std::isfinite(*number)
+            ? Status()
+            : Status(invalidArgument, worded("%s is no number", given.c_str()));
     }
     case FEATURE_BOOLEAN:
-        return booleanOf(value) ? Status() : fault(invalidArgument, " is neither True nor False");
+        return booleanOf(value)
+            ? Status()
+            : Status(invalidArgument, worded("%s is neither True nor False", given.c_str()));
     case FEATURE_ENUMERATION: {
         const bool isKnown = std::any_of(feature.entries.begin(), feature.entries.end(),
             [&value](const EnumEntry& entry) { return entry.name == value; });
-        return isKnown ? Status() : fault(unknownEntry, " is none of its entries here");
+        return isKnown
+            ? Status()
+            : Status(unknownEntry, worded("%s is none of its entries here", given.c_str()));
     }
     default:
-        return value.find('\0') == std::string::npos ? Status()
-                                                     : fault(invalidArgument, " holds a NUL");
+        return value.find('\0') == std::string::npos
+            ? Status()
+            : Status(invalidArgument, worded("%s holds a NUL", given.c_str()));
     }
 }
 

@@ -72,11 +72,12 @@ bool isCandidate(const Feature& feature, bool isMarked)
     return isWritable && !isOfTransportLayer(feature) && !isNamedSelector(feature);
 }
 
-/// Why it cannot be saved, whatever the camera holds; empty when it can.
+/// Why it cannot be saved, whatever the camera holds; empty when it can. In English, like all of a
+/// settings file.
 std::string obstacle(const Feature& feature)
 {
     if (feature.node->isBroken()) {
-        return "cannot be used, " + feature.node->broken;
+        return "cannot be used, " + feature.node->broken.english();
     }
     if (feature.isChunkOrEventData) {
         return "comes only with images or events";

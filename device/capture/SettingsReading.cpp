@@ -183,7 +183,7 @@ bool SettingsReading::readFeature(const Feature& feature)
         m_lines.emplace_back(
             &feature, lineOf(m_camera.description(), feature, m_path, value.value()));
     } else if (value.status().code() != unknownFeature) {
-        m_leftOut.push_back({ label, value.status().text() });
+        m_leftOut.push_back({ label, value.status().words().english() });
     }
     return true;
 }
@@ -230,14 +230,14 @@ bool SettingsReading::open(const Feature& selector, const Group& group)
         return false;
     }
     if (!positions.isOk()) {
-        leaveOut(group, selector.name + ": " + positions.status().text());
+        leaveOut(group, selector.name + ": " + positions.status().words().english());
         return true;
     }
     const Status canMove = movability(selector, present.value(), positions.value());
     if (!canMove.isOk()) {
         leaveOut(group,
             "saved only as it is at " + selector.name + "=" + present.value() + ", which "
-                + canMove.text());
+                + canMove.words().english());
         positions.value() = { present.value() };
     }
     m_path.push_back({ &selector, positions.value().front() });

@@ -4,6 +4,8 @@
 
 #include "capture/SettingsTask.h"
 
+#include "words/Words.h"
+
 #include <chrono>
 
 namespace zqcameralib {
@@ -30,7 +32,7 @@ bool SettingsTask::look()
     RegisterBackend& backend = m_camera.port().backend();
     if (!isSameCamera()) {
         m_positions.forget();
-        fail("there is another camera now");
+        fail(translated("there is another camera now"));
     } else if (backend.isGivenUp()) {
         fail(backend.loss().text());
     }

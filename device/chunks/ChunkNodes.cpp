@@ -7,6 +7,7 @@
 #include "base/StatusCodes.h"
 #include "description/ReferenceWalk.h"
 #include "description/RegisterPlace.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <set>
@@ -56,14 +57,14 @@ public:
     {
         const auto found = m_known.find(place);
         if (found == m_known.end()) {
-            return { notEvaluable, "it was not known when the images began" };
+            return { notEvaluable, translated("it was not known when the images began") };
         }
         std::copy(found->second.bytes.begin(), found->second.bytes.end(), buffer);
         return {};
     }
     Status write(const Register&, const std::uint8_t*, AccessKind) override
     {
-        return { notWritable, "it is a register of the camera" };
+        return { notWritable, translated("it is a register of the camera") };
     }
 
 private:

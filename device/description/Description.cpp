@@ -4,6 +4,8 @@
 
 #include "description/Description.h"
 
+#include "words/Words.h"
+
 #include <glib.h>
 
 #include <algorithm>
@@ -215,7 +217,7 @@ std::unique_ptr<Description> Description::parse(std::string text, std::string& e
     if (!isUtf16(text)) {
         eraseBeforeFirstTag(text);
         if (text.empty()) {
-            error = "not XML";
+            error = translated("not XML");
             return nullptr;
         }
         if (!isLatin1(text)) {
@@ -229,7 +231,7 @@ std::unique_ptr<Description> Description::parse(std::string text, std::string& e
     }
     description->collectNodes();
     if (description->find("Root") == absent) {
-        error = "not a camera description: no root category";
+        error = translated("not a camera description: no root category");
         return nullptr;
     }
     description->resolveReferences();
@@ -244,12 +246,12 @@ bool Description::load(std::string& error)
     const pugi::xml_parse_result result = m_document.load_buffer_inplace(
         m_text.data(), m_text.size(), pugi::parse_default | pugi::parse_embed_pcdata, encoding);
     if (!result) {
-        error = "malformed XML at byte " + std::to_string(result.offset) + ": "
+        error = worded("malformed XML at byte %s", std::to_string(result.offset).c_str()) + ": "
             + result.description();
         return false;
     }
     if (nodeKind(root().name()) != NodeKind::RegisterDescription) {
-        error = "not a camera description: no RegisterDescription element";
+        error = translated("not a camera description: no RegisterDescription element");
         return false;
     }
     return true;

@@ -6,6 +6,7 @@
 
 #include "description/NodeKind.h"
 #include "description/ReferenceTag.h"
+#include "words/Words.h"
 
 #include <pugixml.hpp>
 
@@ -33,7 +34,7 @@ struct DescriptionNode {
     NodeKind kind = NodeKind::Other;
     std::vector<Reference> references; ///< in document order
     /// Set when the node cannot be evaluated: why, for the user.
-    std::string broken;
+    Words broken;
 
     bool isBroken() const { return !broken.empty(); }
     /// The element that says where the register is: that of the whole register, for an entry of it.

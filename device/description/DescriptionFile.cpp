@@ -4,6 +4,8 @@
 
 #include "description/DescriptionFile.h"
 
+#include "words/Words.h"
+
 #include <glib.h>
 #include <minizip/unzip.h>
 
@@ -62,12 +64,12 @@ bool unzip(const std::string& path, std::string& text, std::string& error)
 {
     const Archive archive(unzOpen(path.c_str()), &unzClose);
     if (!archive || !findXml(archive.get())) {
-        error = path + ": the archive holds no XML file";
+        error = path + ": " + translated("the archive holds no XML file");
         return false;
     }
     text.clear();
     if (!inflate(archive.get(), text)) {
-        error = path + ": the archive is damaged or too large";
+        error = path + ": " + translated("the archive is damaged or too large");
         return false;
     }
     return true;
@@ -80,29 +82,29 @@ bool readDescriptionFile(const std::string& path, std::string& text, std::string
     std::error_code failure;
     const std::filesystem::file_status status = std::filesystem::status(path, failure);
     if (!std::filesystem::exists(status)) {
-        error = path + ": no such file";
+        error = path + ": " + translated("no such file");
         return false;
     }
     if (!std::filesystem::is_regular_file(status)) {
-        error = path + ": not a file";
+        error = path + ": " + translated("not a file");
         return false;
     }
     const std::uintmax_t size = std::filesystem::file_size(path, failure);
     if (failure || size > maxFileSize) {
-        error = path + ": too large for a camera description";
+        error = path + ": " + translated("too large for a camera description");
         return false;
     }
     text.resize(size);
     std::ifstream file(path, std::ios::binary);
     if (!file.read(text.data(), static_cast<std::streamsize>(size))) {
-        error = path + ": cannot be read";
+        error = path + ": " + translated("cannot be read");
         return false;
     }
     if (text.compare(0, 4, "PK\x03\x04") == 0 && !unzip(path, text, error)) {
         return false;
     }
     if (text.empty()) {
-        error = path + ": the file is empty";
+        error = path + ": " + translated("the file is empty");
         return false;
     }
     return true;

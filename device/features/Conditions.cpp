@@ -6,6 +6,7 @@
 
 #include "description/ReferenceWalk.h"
 #include "nodemap/AccessMode.h"
+#include "words/Words.h"
 
 #include "featurebrowser/FeatureItem.h"
 
@@ -96,7 +97,8 @@ Truth Conditions::isThere(std::size_t node)
     const std::uint16_t access = known(node).access;
     if (access == featurebrowser::ACCESS_WRITE_ONLY
         || access == featurebrowser::ACCESS_NOT_AVAILABLE) {
-        m_why = "it needs " + std::string(m_description.node(node).name) + ", which cannot be read";
+        m_why = worded("it needs %s, which cannot be read",
+            std::string(m_description.node(node).name).c_str());
         return Truth::Unknown;
     }
     m_asking.push_back(node);
@@ -118,7 +120,7 @@ Truth Conditions::find(const Condition& condition)
         return isThere;
     }
     const Result<Number> value = m_nodes.number(condition.target);
-    m_why = value.status().text();
+    m_why = value.status().words();
     if (!value.isOk()) {
         return Truth::Unknown;
     }
@@ -138,7 +140,7 @@ Truth Conditions::anyHolds(const std::vector<Condition>& conditions)
 Truth Conditions::combined(
     const std::vector<Condition>& conditions, Truth deciding, Truth otherwise)
 {
-    std::string why;
+    Words why;
     for (const Condition& condition : conditions) {
         const Truth truth = ask(condition);
         if (truth == deciding) {

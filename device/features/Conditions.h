@@ -7,6 +7,7 @@
 #include "description/Description.h"
 #include "nodemap/NodeMap.h"
 #include "registers/RegisterPort.h"
+#include "words/Words.h"
 
 #include <string>
 #include <unordered_map>
@@ -60,12 +61,12 @@ public:
     /// of it can only be written.
     Truth isThere(std::size_t node);
     /// Why the last answer was Unknown.
-    const std::string& why() const { return m_why; }
+    const Words& why() const { return m_why; }
 
 private:
     struct Answer {
         Truth truth;
-        std::string why;
+        Words why;
         Registers read;
     };
 
@@ -82,7 +83,7 @@ private:
     const Description& m_description;
     NodeMap& m_nodes;
     RegisterPort& m_port;
-    std::string m_why;
+    Words m_why;
     std::vector<std::size_t> m_asking; ///< nodes that are being looked at
     std::unordered_map<std::size_t, Known> m_known; ///< by node
     std::uint64_t m_snapshot = 0;

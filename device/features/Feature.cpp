@@ -9,6 +9,7 @@
 #include "description/RegisterPlace.h"
 #include "nodemap/AccessMode.h"
 #include "nodemap/NodeFacts.h"
+#include "words/Words.h"
 
 #include "featurebrowser/FeatureItem.h"
 #include "featurebrowser/FeatureTypes.h"
@@ -154,10 +155,10 @@ void addCommandFacts(Feature& feature, const Description& description)
     });
 }
 
-void appendLine(std::string& text, const char* title, std::string_view line)
+void appendLine(std::string& text, const Words& title, std::string_view line)
 {
     if (!line.empty()) {
-        text += (text.empty() ? "" : "\n") + std::string(title) + ": " + std::string(line);
+        text += (text.empty() ? "" : "\n") + title.text() + ": " + std::string(line);
     }
 }
 
@@ -167,8 +168,8 @@ std::string descriptionText(const DescriptionNode& node, std::string_view unit)
     if (text.empty()) {
         text = childText(node.element, "ToolTip");
     }
-    appendLine(text, "Values", childText(node.element, "ValidValueSet"));
-    appendLine(text, "Unit", unit);
+    appendLine(text, translated("Values"), childText(node.element, "ValidValueSet"));
+    appendLine(text, "Unit", unit); // by which the widget finds it, in every language
     return text;
 }
 

@@ -9,6 +9,7 @@
 #include "description/ReferenceWalk.h"
 #include "features/FeatureLimits.h"
 #include "nodemap/AccessMode.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -213,7 +214,7 @@ Status FeatureReader::limitsStatus(const Feature& feature)
         case Truth::Yes:
             break;
         case Truth::No:
-            return { notEvaluable, "its limit " + name + " is not available now" };
+            return { notEvaluable, worded("its limit %s is not available now", name.c_str()) };
         default:
             return { notEvaluable, m_conditions.why() };
         }
@@ -273,7 +274,7 @@ Result<std::string> FeatureReader::readValue(const Feature& feature)
         return isNeither ? Result<std::string>(std::string()) : value.status();
     }
     if (!value.value().isFinite()) {
-        return Status(notEvaluable, "its register holds no finite number");
+        return Status(notEvaluable, translated("its register holds no finite number"));
     }
     return feature.type == FEATURE_FLOAT ? floatText(value.value().asReal())
                                          : integerText(value.value().integer);
@@ -304,7 +305,7 @@ void FeatureReader::readAvailable(const Feature& feature, Item& item, FEATURE_ST
     }
     item.displayFlag = isShown ? 1 : 0;
     if (!status.isOk()) {
-        m_reason = status.text();
+        m_reason = status.words();
         state = FEATURE_READ_FAILED;
     }
     if (!isShown) {
@@ -315,7 +316,7 @@ void FeatureReader::readAvailable(const Feature& feature, Item& item, FEATURE_ST
 bool FeatureReader::read(const Feature& feature, FeatureItem& item, FEATURE_STATE& state)
 {
     const RegisterPort::FailureScope failures(m_port);
-    m_reason.clear();
+    m_reason = {};
     state = this->state(feature);
     if (m_port.backend().isLost() || failures.hasFailed()) {
         return false;

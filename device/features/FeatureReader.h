@@ -8,6 +8,7 @@
 #include "features/Conditions.h"
 #include "features/Feature.h"
 #include "registers/RegisterPort.h"
+#include "words/Words.h"
 
 #include "featurebrowser/FeatureItem.h"
 #include "featurebrowser/FeatureTypes.h"
@@ -45,7 +46,7 @@ public:
     Status limitsStatus(const Feature& feature);
 
     /// Why the last state() or read() ended in FEATURE_READ_FAILED although the camera answered.
-    const std::string& reason() const { return m_reason; }
+    const Words& reason() const { return m_reason; }
 
     /// Fills `item` and `state`. False when a register access failed: `item` is then unchanged.
     bool read(const Feature& feature, featurebrowser::FeatureItem& item,
@@ -75,7 +76,7 @@ private:
     NodeMap& m_nodes;
     RegisterPort& m_port;
     Conditions m_conditions;
-    std::string m_reason;
+    Words m_reason;
     std::unique_ptr<ChangingNodes> m_changing; ///< made when first needed
 };
 

@@ -5,6 +5,7 @@
 #include "formula/FormulaEvaluation.h"
 
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -91,21 +92,22 @@ std::size_t Formula::places(std::size_t index) const
 Result<Number> Formula::evaluate(Arithmetic arithmetic, const Lookup& lookup) const
 {
     if (m_terms.empty()) {
-        return Status(notEvaluable, "there is no formula");
+        return Status(notEvaluable, translated("there is no formula"));
     }
     Result<Number> value = FormulaEvaluation(*this, arithmetic, lookup).run();
     if (!value.isOk()) {
         return value;
     }
     if (!value.value().isFinite()) {
-        return Status(notEvaluable, "its formula has no finite result now");
+        return Status(notEvaluable, translated("its formula has no finite result now"));
     }
     if (arithmetic == Arithmetic::Real) {
         return value;
     }
     const auto integer = value.value().rounded();
-    return integer ? Result<Number>(Number::of(*integer))
-                   : Status(notEvaluable, "its formula has a result beyond 64 bits now");
+    return integer
+        ? Result<Number>(Number::of(*integer))
+        : Status(notEvaluable, translated("its formula has a result beyond 64 bits now"));
 }
 
 } // namespace zqcameralib

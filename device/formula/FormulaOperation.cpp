@@ -4,6 +4,7 @@
 
 #include "base/StatusCodes.h"
 #include "formula/FormulaEvaluation.h"
+#include "words/Words.h"
 
 #include <cmath>
 
@@ -13,10 +14,9 @@ namespace {
 
 using Operation = FormulaOperation;
 
-const Status& divisionByZero()
+Status divisionByZero()
 {
-    static const Status failure(notEvaluable, "its formula divides by zero now");
-    return failure;
+    return { notEvaluable, translated("its formula divides by zero now") };
 }
 
 std::uint64_t bits(std::int64_t value)
@@ -238,8 +238,9 @@ Result<Number> applyOperation(Operation operation, const Number& a, const Number
     if (worksOnBits(operation)) {
         const auto left = wholePart(a);
         const auto right = wholePart(b);
-        return left && right ? ofIntegers(operation, *left, *right)
-                             : Status(notEvaluable, "its formula takes bits of no integer now");
+        return left && right
+            ? ofIntegers(operation, *left, *right)
+            : Status(notEvaluable, translated("its formula takes bits of no integer now"));
     }
     if (!a.isReal && !b.isReal && !isOnlyOfReals(operation)) {
         return ofIntegers(operation, a.integer, b.integer);

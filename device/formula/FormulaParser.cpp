@@ -5,6 +5,7 @@
 #include "formula/FormulaParser.h"
 
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include <glib.h>
 
@@ -99,10 +100,10 @@ Result<Formula> FormulaParser::parse()
     m_formula.m_terms.reserve(m_text.size() / charactersPerTerm);
     choice();
     if (m_fault.empty() && !isAtEnd()) {
-        fail("\"" + std::string(m_text.substr(m_at, 10)) + "\" is not expected");
+        unexpected();
     }
     if (m_fault.empty() && m_formula.m_terms.size() > maxTerms) {
-        fail("it is too long");
+        fail(translated("it is too long"));
     }
     if (!m_fault.empty()) {
         return Status(notEvaluable, m_fault);
@@ -143,7 +144,7 @@ std::size_t FormulaParser::unary()
 {
     const Nesting nesting(m_depth);
     if (m_depth > maxDepth) {
-        return fail("it is nested too deeply");
+        return fail(translated("it is nested too deeply"));
     }
     if (take('-')) {
         return add(Operation::Negate, unary());
@@ -168,8 +169,7 @@ std::size_t FormulaParser::primary()
     if (g_ascii_isalpha(next) || next == '_') {
         return word();
     }
-    return fail(next == '\0' ? "it ends too early"
-                             : "\"" + std::string(m_text.substr(m_at, 10)) + "\" is not expected");
+    return next == '\0' ? fail(translated("it ends too early")) : unexpected();
 }
 
 std::size_t FormulaParser::number()
@@ -187,7 +187,8 @@ std::size_t FormulaParser::number()
     const std::string_view text = m_text.substr(first, m_at - first);
     skipBlanks();
     const std::optional<Number> value = parseNumber(text);
-    return value ? addConstant(*value) : fail("\"" + std::string(text) + "\" is no number");
+    return value ? addConstant(*value)
+                 : fail(worded("\"%s\" is no number", std::string(text).c_str()));
 }
 
 std::size_t FormulaParser::word()
@@ -209,7 +210,7 @@ std::size_t FormulaParser::call(std::string_view name)
     const auto* const function = std::find_if(functions.begin(), functions.end(),
         [name](const Function& known) { return known.name == name; });
     if (function == functions.end()) {
-        return fail("there is no function " + std::string(name));
+        return fail(worded("there is no function %s", std::string(name).c_str()));
     }
     const std::size_t argument = choice();
     if (function->operation == Operation::Round && take(',')) {
@@ -246,13 +247,18 @@ std::size_t FormulaParser::addConstant(const Number& value)
 }
 
 /// Ends the text, so that nothing more is found.
-std::size_t FormulaParser::fail(const std::string& why)
+std::size_t FormulaParser::fail(const Words& why)
 {
     if (m_fault.empty()) {
         m_fault = why;
     }
     m_at = m_text.size();
     return 0;
+}
+
+std::size_t FormulaParser::unexpected()
+{
+    return fail(worded("\"%s\" is not expected", std::string(m_text.substr(m_at, 10)).c_str()));
 }
 
 const FormulaParser::Operator* FormulaParser::nextOperator()
@@ -280,7 +286,7 @@ bool FormulaParser::take(char sign)
 void FormulaParser::expect(char sign)
 {
     if (!take(sign)) {
-        fail(std::string("\"") + sign + "\" is missing");
+        fail(worded("\"%c\" is missing", sign));
     }
 }
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "formula/Formula.h"
+#include "words/Words.h"
 
 #include <string_view>
 
@@ -43,7 +44,8 @@ private:
 
     std::size_t add(Operation operation, std::size_t a = 0, std::size_t b = 0, std::size_t c = 0);
     std::size_t addConstant(const Number& value);
-    std::size_t fail(const std::string& why);
+    std::size_t fail(const Words& why);
+    std::size_t unexpected();
     /// The one that follows, or null; it is not taken yet.
     const Operator* nextOperator();
     bool take(char sign);
@@ -56,7 +58,7 @@ private:
     std::size_t m_at = 0; ///< never at a blank between two rules
     int m_depth = 0;
     Formula m_formula;
-    std::string m_fault;
+    Words m_fault;
 };
 
 } // namespace zqcameralib

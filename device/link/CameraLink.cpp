@@ -8,6 +8,7 @@
 #include "base/StatusCodes.h"
 #include "link/RegisterBatch.h"
 #include "stream/StreamOpening.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <utility>
@@ -23,12 +24,13 @@ constexpr std::chrono::milliseconds waitSlice(50);
 /// How long opening may take beyond what it is expected to: packets get lost, cameras are busy.
 constexpr std::chrono::seconds openSlack(30);
 
-const char* const silentText = "the camera does not answer";
-const char* const lostText = "the camera does not answer any more; reconnect to it";
+const char* const silentText = marked("the camera does not answer");
+const char* const lostText = marked("the camera does not answer any more; reconnect to it");
 const char* const unpluggedText
-    = "the camera was unplugged or has lost its power; reconnect to it when it is back";
-const char* const exchangedText = "another camera is there now; reconnect to it";
-const char* const controlLostText = "control of the camera was lost; reconnect to take it back";
+    = marked("the camera was unplugged or has lost its power; reconnect to it when it is back");
+const char* const exchangedText = marked("another camera is there now; reconnect to it");
+const char* const controlLostText
+    = marked("control of the camera was lost; reconnect to take it back");
 
 } // namespace
 
@@ -89,13 +91,13 @@ Result<std::unique_ptr<CameraLink>> CameraLink::open(
         link->m_thread->run([] {}, Clock::now() + waitSlice);
     }
     if (!connecting->isOver) {
-        const char* const reason = state.isCancelled ? "cancelled"
+        const char* const reason = state.isCancelled ? marked("cancelled")
             : state.step == OpeningProgress::Step::Waiting
-            ? "another camera is being opened and does not come to an end"
-            : "the camera does not hand out its description";
+            ? marked("another camera is being opened and does not come to an end")
+            : marked("the camera does not hand out its description");
         connecting->progress->isCancelled = true;
         link->abandonThread();
-        return Status(cameraSlow, place.words(reason));
+        return Status(cameraSlow, place.words(translated(reason)));
     }
     if (Status adopted = link->adopt(*connecting); !adopted.isOk()) {
         return adopted;
@@ -129,13 +131,13 @@ void CameraLink::abandonThread()
     m_thread = std::make_unique<AccessThread>();
 }
 
-void CameraLink::lose(int code, const std::string& message)
+void CameraLink::lose(int code, const Words& message)
 {
     m_loss = { code, m_place.words(message) };
     m_health->lost = true;
 }
 
-void CameraLink::giveUp(const std::string& reason)
+void CameraLink::giveUp(const Words& reason)
 {
     lose(cameraLost, reason);
 }
@@ -149,13 +151,13 @@ bool CameraLink::isGivenUp()
 {
     if (m_loss.isOk() && m_session) {
         if (m_session->health()->unplugged) {
-            lose(cameraLost, unpluggedText);
+            lose(cameraLost, translated(unpluggedText));
         } else if (!m_isReadOnly && m_session->health()->controlLost) {
-            lose(cameraLost, controlLostText);
+            lose(cameraLost, translated(controlLostText));
         } else if (m_session->health()->exchanged) {
-            lose(cameraLost, exchangedText);
+            lose(cameraLost, translated(exchangedText));
         } else if (m_session->health()->unanswered) {
-            lose(cameraLost, lostText);
+            lose(cameraLost, translated(lostText));
         }
     }
     return !m_loss.isOk();
@@ -174,7 +176,7 @@ bool CameraLink::isLost()
 
 Status CameraLink::loss() const
 {
-    return m_loss.isOk() ? Status(cameraLost, m_place.words(silentText)) : m_loss;
+    return m_loss.isOk() ? Status(cameraLost, m_place.words(translated(silentText))) : m_loss;
 }
 
 void CameraLink::beginCall()
@@ -205,13 +207,14 @@ AccessThread::Outcome CameraLink::run(SessionTask task, Clock::time_point until)
 
 Status CameraLink::tooSlow(AccessThread::Outcome outcome, bool isWrite) const
 {
-    const std::string text = m_place.words("the camera answers too slowly");
+    const Words text = m_place.words(translated("the camera answers too slowly"));
     if (!isWrite) {
         return { cameraSlow, text };
     }
     return outcome == AccessThread::Outcome::NotBegun
-        ? Status(notSent, text + "; nothing was sent")
-        : Status(cameraSlow, text + "; it has not confirmed what was sent, and may still take it");
+        ? Status(notSent, text + "; " + translated("nothing was sent"))
+        : Status(cameraSlow,
+            text + "; " + translated("it has not confirmed what was sent, and may still take it"));
 }
 
 Status CameraLink::beginWithSession(SessionTask task)
@@ -243,8 +246,9 @@ Status CameraLink::transfer(std::function<Status(CameraSession&)> access, bool i
     }
     // An access that nobody knows the end of is told of even where the camera is lost by now.
     const bool isOpenEnded = isWrite && outcome == AccessThread::Outcome::GoesOn;
-    return isOpenEnded ? loss().withText(loss().text() + "; it has not confirmed what was sent")
-                       : loss();
+    return isOpenEnded
+        ? loss().withText(loss().words() + "; " + translated("it has not confirmed what was sent"))
+        : loss();
 }
 
 Status CameraLink::read(const Register& place, std::uint8_t* buffer, AccessKind kind)
@@ -263,7 +267,7 @@ Status CameraLink::read(const Register& place, std::uint8_t* buffer, AccessKind 
 Status CameraLink::write(const Register& place, const std::uint8_t* buffer, AccessKind kind)
 {
     if (m_isReadOnly) {
-        return { accessDenied, m_place.words("opened for reading only") };
+        return { accessDenied, m_place.words(translated("opened for reading only")) };
     }
     const auto access
         = [bytes = std::vector<std::uint8_t>(buffer, buffer + place.size), place, kind](
@@ -271,7 +275,7 @@ Status CameraLink::write(const Register& place, const std::uint8_t* buffer, Acce
     Status status = transfer(access, true);
     // A camera does not tell when another application, or a restart, has taken its control away.
     if (status.code() == deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED) {
-        lose(cameraLost, controlLostText);
+        lose(cameraLost, translated(controlLostText));
         return m_loss;
     }
     return status;
@@ -309,7 +313,7 @@ Status CameraLink::reconnect(bool waits)
     const CallScope call(*this);
     if (!m_connecting) {
         if (m_loss.isOk()) {
-            lose(cameraLost, lostText);
+            lose(cameraLost, translated(lostText));
         }
         m_connecting = std::make_shared<Connecting>();
         m_connecting->place = m_place;
@@ -321,7 +325,7 @@ Status CameraLink::reconnect(bool waits)
         m_thread->run([] {}, deadline());
     }
     if (!m_connecting->isOver) {
-        return { cameraLost, m_place.words("the camera does not answer yet") };
+        return { cameraLost, m_place.words(translated("the camera does not answer yet")) };
     }
     const std::shared_ptr<Connecting> connecting = std::move(m_connecting);
     return adopt(*connecting);

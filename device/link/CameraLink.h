@@ -7,6 +7,7 @@
 #include "base/AccessThread.h"
 #include "link/Connecting.h"
 #include "session/SessionAccess.h"
+#include "words/Words.h"
 
 #include "featurebrowser/ZQCamera.h"
 
@@ -52,7 +53,7 @@ public:
     bool isGivenUp() override;
     Status loss() const override;
     void check() override;
-    void giveUp(const std::string& reason) override;
+    void giveUp(const Words& reason) override;
     bool isReal() const override { return true; }
     bool isReadOnly() const override { return m_isReadOnly; }
     Status reconnect(bool waits) override;
@@ -79,7 +80,7 @@ private:
     Status transfer(std::function<Status(CameraSession&)> access, bool isWrite);
     Status tooSlow(AccessThread::Outcome outcome, bool isWrite) const;
     bool isSilent() const;
-    void lose(int code, const std::string& message);
+    void lose(int code, const Words& message);
     Status adopt(Connecting& connecting);
     void watch();
     void abandonThread();

@@ -6,6 +6,7 @@
 
 #include "base/StatusCodes.h"
 #include "session/DeviceOpening.h"
+#include "words/Words.h"
 
 #include <utility>
 
@@ -23,7 +24,7 @@ void Connecting::run()
 
 void Connecting::refuseControl()
 {
-    status = { accessDenied, place.words("another application controls the camera") };
+    status = { accessDenied, place.words(translated("another application controls the camera")) };
 }
 
 void Connecting::findAgain()
@@ -39,7 +40,7 @@ void Connecting::findAgain()
         }
         return;
     case CameraSession::Retaken::Refused:
-        status = refusal.withText(place.words(refusal.text()));
+        status = refusal.withText(place.words(refusal.words()));
         return;
     case CameraSession::Retaken::OtherCamera:
         isOtherCamera = true;

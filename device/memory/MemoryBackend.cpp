@@ -6,6 +6,7 @@
 
 #include "base/StatusCodes.h"
 #include "memory/SimulatedFrames.h"
+#include "words/Words.h"
 
 #include <new>
 #include <utility>
@@ -109,8 +110,8 @@ Result<std::unique_ptr<FrameSourceOpening>> MemoryBackend::openFrames(
         return std::make_unique<OpenedFrames>(
             std::make_unique<SimulatedFrames>(format, std::move(feed)));
     } catch (const std::bad_alloc&) {
-        return Status(noImage,
-            "not enough memory for an image of " + std::to_string(format.payload) + " bytes");
+        return Status(
+            noImage, worded("not enough memory for an image of %zu bytes", format.payload));
     }
 }
 

@@ -5,6 +5,7 @@
 #include "memory/SimulatedFrames.h"
 
 #include "frames/FrameSize.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <cmath>
@@ -179,10 +180,12 @@ std::string SimulatedFrames::whyNothing() const
     if (!trigger.isAwaited) {
         return {};
     }
-    return "TriggerMode is On: the camera waits for "
-        + (trigger.isSoftware ? "TriggerSoftware."
-                              : "a trigger from " + trigger.source
-                    + ", which never comes to a simulated camera.");
+    return trigger.isSoftware
+        ? translated("TriggerMode is On: the camera waits for TriggerSoftware.")
+        : worded(
+            "TriggerMode is On: the camera waits for a trigger from %s, which never comes to a "
+            "simulated camera.",
+            trigger.source.c_str());
 }
 
 } // namespace zqcameralib

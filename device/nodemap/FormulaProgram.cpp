@@ -5,6 +5,7 @@
 #include "nodemap/FormulaProgram.h"
 
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include <array>
 #include <cmath>
@@ -69,7 +70,7 @@ public:
             ? Arithmetic::Integer
             : Arithmetic::Real;
         if (!collectNames()) {
-            return { notEvaluable, "its formula has a variable without a name" };
+            return { notEvaluable, translated("its formula has a variable without a name") };
         }
         if (isFormula(m_kind)) {
             return bind(m_element.child("Formula"), m_program.m_value);
@@ -100,11 +101,12 @@ private:
     {
         const std::string_view text = elementText(element);
         if (text.size() > maxFormulaLength) {
-            return { notEvaluable, "its formula is too long" };
+            return { notEvaluable, translated("its formula is too long") };
         }
         Result<Formula> formula = Formula::parse(text);
         if (!formula.isOk()) {
-            return formula.status().withText("its formula is wrong: " + formula.status().text());
+            return formula.status().withText(
+                translated("its formula is wrong") + ": " + formula.status().words());
         }
         part.formula = std::move(formula.value());
         part.cost = part.formula.size();
@@ -116,8 +118,9 @@ private:
             addCost(part, found.value());
             part.symbols.push_back(found.value());
         }
-        return part.cost <= maxCost ? Status()
-                                    : Status(notEvaluable, "it takes too long to evaluate");
+        return part.cost <= maxCost
+            ? Status()
+            : Status(notEvaluable, translated("it takes too long to evaluate"));
     }
 
     void addCost(FormulaProgram::Part& part, const FormulaSymbol& symbol) const
@@ -144,7 +147,8 @@ private:
         if (owner != m_names.end() && owner->second.name() == std::string_view("pVariable")) {
             return ofVariable(symbol, owner->second);
         }
-        return Status(notEvaluable, "its formula uses " + symbol + ", which is not defined");
+        return Status(
+            notEvaluable, worded("its formula uses %s, which is not defined", symbol.c_str()));
     }
 
     Result<FormulaSymbol> ofElement(const std::string& symbol, const pugi::xml_node& element)
@@ -156,8 +160,9 @@ private:
         if (tag == "Constant") {
             const std::string_view text = elementText(element);
             const auto number = parseNumber(text);
-            return number ? constant(*number)
-                          : Status(notEvaluable, "its constant " + symbol + " is no number");
+            return number
+                ? constant(*number)
+                : Status(notEvaluable, worded("its constant %s is no number", symbol.c_str()));
         }
         return ofExpression(symbol, element);
     }
@@ -173,7 +178,8 @@ private:
         const std::size_t node = m_description.find(elementText(element));
         if (node == Description::absent) {
             return Status(notEvaluable,
-                "it refers to " + std::string(elementText(element)) + ", which does not exist");
+                worded("it refers to %s, which does not exist",
+                    std::string(elementText(element)).c_str()));
         }
         for (const Suffix& suffix : suffixes) {
             if (endsWith(symbol, suffix.text)) {
@@ -192,9 +198,10 @@ private:
             }
             const std::string name = symbol.substr(at + marker.size() + 1);
             const auto value = entryValue(m_description.node(node), name);
-            return value ? constant(*value)
-                         : Status(notEvaluable,
-                             "its formula uses the entry " + name + ", which does not exist");
+            return value
+                ? constant(*value)
+                : Status(notEvaluable,
+                    worded("its formula uses the entry %s, which does not exist", name.c_str()));
         }
         return FormulaSymbol { Kind::Value, {}, node };
     }
@@ -205,13 +212,13 @@ private:
         const auto [known, isFirst] = m_expressions.emplace(name, unfinished);
         if (!isFirst) {
             return known->second == unfinished
-                ? Result<FormulaSymbol>(
-                    Status(notEvaluable, "its expression " + name + " depends on itself"))
+                ? Result<FormulaSymbol>(Status(
+                    notEvaluable, worded("its expression %s depends on itself", name.c_str())))
                 : FormulaSymbol { Kind::Expression, {}, known->second };
         }
         FormulaProgram::Part part;
         if (++m_nesting > maxNesting) {
-            return Status(notEvaluable, "its expressions are nested too deeply");
+            return Status(notEvaluable, translated("its expressions are nested too deeply"));
         }
         if (Status status = bind(element, part); !status.isOk()) {
             return status;
@@ -257,7 +264,7 @@ Result<Number> FormulaProgram::run(
         }
         const auto integer = value.value().rounded();
         return integer ? Result<Number>(Number::of(*integer))
-                       : Status(notEvaluable, "its formula takes 64-bit integers only");
+                       : Status(notEvaluable, translated("its formula takes 64-bit integers only"));
     };
     const auto symbolValue = [&](std::size_t index) -> Result<Number> {
         const FormulaSymbol& symbol = part.symbols[index];

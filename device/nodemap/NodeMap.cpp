@@ -9,6 +9,7 @@
 #include "nodemap/AccessMode.h"
 #include "nodemap/NodeMapFacts.h"
 #include "nodemap/RegisterCodec.h"
+#include "words/Words.h"
 
 #include "featurebrowser/FeatureItem.h"
 
@@ -38,10 +39,11 @@ NodeMap::Visit::Visit(NodeMap& nodes)
 Status NodeMap::Visit::status() const
 {
     if (m_nodes.m_depth > maxDepth) {
-        return { notEvaluable, "it depends on itself" };
+        return { notEvaluable, translated("it depends on itself") };
     }
-    return m_nodes.m_visits > maxVisits ? Status(notEvaluable, "it takes too long to evaluate")
-                                        : Status();
+    return m_nodes.m_visits > maxVisits
+        ? Status(notEvaluable, translated("it takes too long to evaluate"))
+        : Status();
 }
 
 NodeMap::NodeMap(const Description& description, RegisterPort& port)
@@ -103,7 +105,7 @@ Result<NumberSource*> NodeMap::selectedSource(std::size_t node)
     const auto at = known.indexed.find(index.value().rounded().value_or(INT64_MIN));
     NumberSource& selected = at == known.indexed.end() ? known.otherwise : at->second;
     if (!selected.isGiven()) {
-        return Status(notEvaluable, "it has no value for the present index");
+        return Status(notEvaluable, translated("it has no value for the present index"));
     }
     return &selected;
 }
@@ -118,7 +120,7 @@ Result<Number> NodeMap::sourceNumber(const NumberSource& source, bool asReal)
 {
     if (source.node == Description::absent) {
         return source.constant ? Result<Number>(*source.constant)
-                               : Status(notEvaluable, "it has no value");
+                               : Status(notEvaluable, translated("it has no value"));
     }
     const bool isNumeric = asReal && node(source.node).kind == NodeKind::Enumeration;
     return isNumeric ? numericValue(source.node) : number(source.node);
@@ -155,7 +157,8 @@ Result<Number> NodeMap::booleanNumber(std::size_t node)
     }
     return raw.value() == Number::of(facts.off)
         ? Result<Number>(Number::of(std::int64_t(0)))
-        : Status(notEvaluable, "its register holds neither the value for on nor that for off");
+        : Status(notEvaluable,
+            translated("its register holds neither the value for on nor that for off"));
 }
 
 /// A command is done when what it has written has gone again, where that can be seen; a zero cannot
@@ -207,7 +210,7 @@ Result<Number> NodeMap::findNumber(std::size_t index)
     }
     const auto integer = value.value().rounded();
     return integer ? Result<Number>(Number::of(*integer))
-                   : Status(notEvaluable, "its value does not fit into 64 bits");
+                   : Status(notEvaluable, translated("its value does not fit into 64 bits"));
 }
 
 Result<Number> NodeMap::valueOf(std::size_t index)
@@ -238,7 +241,7 @@ Result<Number> NodeMap::valueOf(std::size_t index)
     const std::uint8_t* data = bytes.value().data();
     const std::size_t size = bytes.value().size();
     if (!(kind == NodeKind::FloatReg ? holdsReal(size) : holdsInteger(facts, size))) {
-        return Status(notEvaluable, "its register has an impossible length now");
+        return Status(notEvaluable, translated("its register has an impossible length now"));
     }
     return kind == NodeKind::FloatReg ? Number::of(decodeReal(facts, data, size))
                                       : Number::of(decodeInteger(facts, data, size));
@@ -276,7 +279,8 @@ Result<Number> NodeMap::symbolValue(const FormulaSymbol& symbol)
         return Number::of(std::int64_t(1));
     }
     return Status(notEvaluable,
-        "it needs a limit of " + std::string(node(symbol.index).name) + ", which has none");
+        worded("it needs a limit of %s, which has none",
+            std::string(node(symbol.index).name).c_str()));
 }
 
 Result<Number> NodeMap::convertedFrom(std::size_t converter)
@@ -309,14 +313,14 @@ Status NodeMap::errorOf(std::size_t index)
     if (error.value().isZero()) {
         return {};
     }
-    std::string name = "error " + std::to_string(error.value().integer);
+    Words name = worded("error %s", std::to_string(error.value().integer).c_str());
     for (const pugi::xml_node& entry : node(reporting).element.children("EnumEntry")) {
         const std::string_view text = childText(entry, "Value");
         if (parseNumber(text) == error.value()) {
             name = entry.attribute("Name").value();
         }
     }
-    return { refused, "the camera reports " + name };
+    return { refused, translated("the camera reports") + " " + name };
 }
 
 } // namespace zqcameralib

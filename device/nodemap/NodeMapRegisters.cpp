@@ -5,6 +5,7 @@
 #include "base/StatusCodes.h"
 #include "description/RegisterPlace.h"
 #include "nodemap/NodeMapFacts.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -66,7 +67,7 @@ Result<std::uint64_t> NodeMap::chunkId(std::size_t reg)
 {
     const NumberSource& source = registerFactsOf(reg).chunkId;
     if (!source.isGiven()) {
-        return Status(notEvaluable, "it does not come with images");
+        return Status(notEvaluable, translated("it does not come with images"));
     }
     const Result<Number> id = sourceNumber(source);
     return id.isOk() ? Result<std::uint64_t>(static_cast<std::uint64_t>(id.value().integer))
@@ -83,13 +84,13 @@ Result<std::uint8_t*> NodeMap::inChunk(std::size_t reg, const Register& place)
     const bool isThere = chunk != m_chunks->end() && place.size <= chunk->second.size()
         && place.address <= chunk->second.size() - place.size;
     return isThere ? Result<std::uint8_t*>(chunk->second.data() + place.address)
-                   : Status(notEvaluable, "it did not come with this image");
+                   : Status(notEvaluable, translated("it did not come with this image"));
 }
 
 Result<std::vector<std::uint8_t>> NodeMap::readBytes(std::size_t index)
 {
     if (m_chunks == nullptr && registerFactsOf(index).isChunkOrEventData) {
-        return Status(notEvaluable, "it comes only with images or events");
+        return Status(notEvaluable, translated("it comes only with images or events"));
     }
     const Result<Register> place = this->place(index);
     if (!place.isOk()) {
@@ -114,7 +115,7 @@ Status NodeMap::writeBytes(std::size_t index, const std::vector<std::uint8_t>& b
     }
     m_found.clear();
     if (place.value().size != bytes.size()) { // the length has changed since
-        return { notEvaluable, "its register has another length now" };
+        return { notEvaluable, translated("its register has another length now") };
     }
     if (m_chunks == nullptr || !registerFactsOf(index).isChunkOrEventData) {
         return m_port.write(place.value(), bytes.data());
@@ -150,7 +151,7 @@ Result<std::vector<std::uint8_t>> NodeMap::bytes(std::size_t index, std::size_t 
     const Visit visit(*this);
     const Result<std::size_t> size = length(index);
     if (!size.isOk() || size.value() > most) {
-        return size.isOk() ? Status(notEvaluable, "it has too many bytes to be shown")
+        return size.isOk() ? Status(notEvaluable, translated("it has too many bytes to be shown"))
                            : size.status();
     }
     return readBytes(index);

@@ -6,6 +6,7 @@
 #include "base/StatusCodes.h"
 #include "nodemap/NodeMapFacts.h"
 #include "nodemap/RegisterCodec.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <cfloat>
@@ -23,7 +24,8 @@ std::string textOf(const Number& value)
 Status doesNotFit(const Number& value)
 {
     return { notConvertible,
-        "it is converted into " + textOf(value) + ", which its register does not hold" };
+        worded(
+            "it is converted into %s, which its register does not hold", textOf(value).c_str()) };
 }
 
 std::int64_t integerOr(const std::optional<Number>& number, std::int64_t otherwise)
@@ -103,12 +105,12 @@ Status NodeMap::put(std::size_t index, const Number& value, Sending sending)
         return putConverted(index, value, sending);
     }
     if (isFormula(kind)) {
-        return { notWritable, "it is calculated" };
+        return { notWritable, translated("it is calculated") };
     }
     if (kind == NodeKind::Boolean) {
         const ValueFacts& facts = valueFactsOf(index);
         if (!(value == Number::of(std::int64_t(0))) && !(value == Number::of(std::int64_t(1)))) {
-            return { notConvertible, textOf(value) + " is neither on nor off" };
+            return { notConvertible, worded("%s is neither on nor off", textOf(value).c_str()) };
         }
         return putSource(index, Number::of(value.isZero() ? facts.off : facts.on), sending);
     }
@@ -153,14 +155,15 @@ Status NodeMap::putConverted(std::size_t converter, const Number& value, Sending
     const bool takesIntegers = node(converter).kind == NodeKind::IntConverter;
     const auto integer = value.rounded();
     if (takesIntegers && !integer) {
-        return { notConvertible, "the camera's formula takes 64-bit integers only" };
+        return { notConvertible, translated("the camera's formula takes 64-bit integers only") };
     }
     const Number wanted = takesIntegers ? Number::of(*integer) : value;
     const Result<Number> converted
         = evaluated(converter, FormulaProgram::Entry::ToRegister, wanted);
     if (!converted.isOk()) {
         return { notConvertible,
-            "the camera's formula cannot convert it: " + converted.status().text() };
+            translated("the camera's formula cannot convert it") + ": "
+                + converted.status().words() };
     }
     const RegisterPort::FailureScope failures(m_port);
     const Result<Number> raw = rawNumber(converter);
@@ -214,13 +217,13 @@ Status NodeMap::putRegister(std::size_t index, const Number& value, Sending send
     const RegisterFacts& facts = registerFactsOf(index);
     const bool isFloat = node(index).kind == NodeKind::FloatReg;
     if (!(isFloat ? holdsReal(size.value()) : holdsInteger(facts, size.value()))) {
-        return { notEvaluable, "its register has an impossible length now" };
+        return { notEvaluable, translated("its register has an impossible length now") };
     }
     const auto integer = value.rounded();
     if (isFloat) {
         const bool isSingle = size.value() == sizeof(float);
         if (!value.isFinite() || (isSingle && std::fabs(value.asReal()) > double(FLT_MAX))) {
-            return { notConvertible, "it is more than its register holds" };
+            return { notConvertible, translated("it is more than its register holds") };
         }
     } else {
         const IntegerRange range = integerRange(facts, size.value());

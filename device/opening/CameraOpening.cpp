@@ -7,6 +7,7 @@
 #include "camera/Camera.h"
 #include "link/CameraLink.h"
 #include "session/Discovery.h"
+#include "words/Words.h"
 
 #include <thread>
 #include <utility>
@@ -69,17 +70,17 @@ ZQCameraTask::Progress ZQCameraOpening::Impl::progress() const
 {
     switch (m_shared->progress->step) {
     case OpeningProgress::Step::Searching:
-        return { "Searching", 0, 0 };
+        return { translated("Searching"), 0, 0 };
     case OpeningProgress::Step::Asking:
-        return { "Connecting", 0, 0 };
+        return { translated("Connecting"), 0, 0 };
     case OpeningProgress::Step::Waiting:
-        return { "Waiting for another camera that is being opened", 0, 0 };
+        return { translated("Waiting for another camera that is being opened"), 0, 0 };
     case OpeningProgress::Step::Reading:
-        return { "Reading the camera's description", 0, 0 };
+        return { translated("Reading the camera's description"), 0, 0 };
     case OpeningProgress::Step::Preparing:
         break;
     }
-    return { "Preparing the features", 0, 0 };
+    return { translated("Preparing the features"), 0, 0 };
 }
 
 void ZQCameraOpening::Impl::cancel()

@@ -8,6 +8,7 @@
 #include "base/StatusCodes.h"
 #include "camera/StateReasons.h"
 #include "features/FeatureLimits.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <cfloat>
@@ -21,7 +22,8 @@ namespace {
 
 Status limitsUnknown(const Feature& feature, const Status& why)
 {
-    return { why.code(), feature.name + ": its limits cannot be told, " + why.text() };
+    return { why.code(),
+        feature.name + ": " + translated("its limits cannot be told") + ", " + why.words() };
 }
 
 /// Where nothing limits a number from below, its grid begins at 0.
@@ -58,16 +60,18 @@ Result<const Feature*> DeviceOperations::lookup(const char* name, std::uint8_t t
     const Feature* feature = name == nullptr ? nullptr : m_camera.feature(name);
     if (feature == nullptr) {
         return Status(unknownFeature,
-            std::string(name == nullptr ? "(no name)" : name) + ": the camera has no such feature");
+            (name == nullptr ? translated("(no name)") : Words(name)) + ": "
+                + translated("the camera has no such feature"));
     }
     if (feature->type != type
         && !(type == FEATURE_STRING && feature->type == FEATURE_READ_ONLY_STRING)) {
-        return Status(wrongKind, feature->name + ": holds another kind of value");
+        return Status(wrongKind, feature->name + ": " + translated("holds another kind of value"));
     }
     if (!feature->isUsable() || feature->node->kind == NodeKind::Register) {
         return Status(notReadable,
-            feature->name + ": cannot be used, "
-                + (feature->node->isBroken() ? feature->node->broken : "it is raw data"));
+            feature->name + ": " + translated("cannot be used") + ", "
+                + (feature->node->isBroken() ? feature->node->broken
+                                             : translated("it is raw data")));
     }
     return feature;
 }
@@ -84,7 +88,8 @@ Status DeviceOperations::checkAvailable(const Feature& feature, FEATURE_STATE& s
     }
     if (state == FEATURE_READ_FAILED) {
         return { notEvaluable,
-            feature.name + ": cannot be used now, " + m_camera.reader().reason() };
+            feature.name + ": " + translated("cannot be used now") + ", "
+                + m_camera.reader().reason() };
     }
     return {};
 }
@@ -99,7 +104,7 @@ Status DeviceOperations::checkReadable(const Feature& feature)
     const std::uint16_t access = m_camera.reader().presentAccess(feature);
     return access == ACCESS_READ_ONLY || access == ACCESS_READ_WRITE
         ? Status()
-        : Status(notReadable, feature.name + ": can only be written");
+        : Status(notReadable, feature.name + ": " + translated("can only be written"));
 }
 
 Status DeviceOperations::checkWritable(const Feature& feature)
@@ -110,11 +115,12 @@ Status DeviceOperations::checkWritable(const Feature& feature)
     }
     const std::uint16_t access = m_camera.reader().presentAccess(feature);
     if (access != ACCESS_WRITE_ONLY && access != ACCESS_READ_WRITE) {
-        return { notWritable, feature.name + ": is read-only" };
+        return { notWritable, feature.name + ": " + translated("is read-only") };
     }
     if (m_camera.port().backend().isReadOnly()) {
         return { accessDenied,
-            feature.name + ": the camera is opened for reading only, another application has it" };
+            feature.name + ": "
+                + translated("the camera is opened for reading only, another application has it") };
     }
     if (state == FEATURE_LOCKED) {
         return { featureLocked, feature.name + ": " + lockReason(m_camera, feature) };
@@ -141,30 +147,38 @@ Status DeviceOperations::checkInteger(const Feature& feature, std::int64_t value
         return failures.hasFailed() ? failures.status() : limitsUnknown(feature, told.status());
     }
     const IntegerLimits& limits = told.value();
-    const std::string what = feature.name + ": " + integerText(value) + " is ";
+    const std::string what = feature.name + ": ";
+    const std::string wanted = integerText(value);
     if (value < limits.minimum) {
         return { ERROR_VALUE_OUT_OF_RANGE,
-            what + "below the minimum of " + integerText(limits.minimum) };
+            what
+                + worded("%s is below the minimum of %s", wanted.c_str(),
+                    integerText(limits.minimum).c_str()) };
     }
     if (value > limits.maximum) {
         return { ERROR_VALUE_OUT_OF_RANGE,
-            what + "above the maximum of " + integerText(limits.maximum) };
+            what
+                + worded("%s is above the maximum of %s", wanted.c_str(),
+                    integerText(limits.maximum).c_str()) };
     }
     // What a camera holds beside its grid may be written back.
     if (!isOnGrid(value, limits.minimum, limits.increment)
         && !isPresent(feature, Number::of(value))) {
         return { ERROR_VALUE_NOT_ON_INCREMENT,
-            what + "not a multiple of " + integerText(limits.increment) + " from "
-                + integerText(limits.minimum) };
+            what
+                + worded("%s is not a multiple of %s from %s", wanted.c_str(),
+                    integerText(limits.increment).c_str(), integerText(limits.minimum).c_str()) };
     }
     if (!isInValueSet(*feature.node, value)) {
         return { notInValueSet,
-            what + "not one of " + std::string(childText(feature.node->element, "ValidValueSet")) };
+            what
+                + worded("%s is not one of %s", wanted.c_str(),
+                    std::string(childText(feature.node->element, "ValidValueSet")).c_str()) };
     }
     const Status fault = checkConversion(feature, Number::of(value));
-    return fault.code() == notConvertible && !feature.isConverted
-        ? Status(ERROR_VALUE_OUT_OF_RANGE, what + "more than its register holds")
-        : fault;
+    return fault.code() == notConvertible && !feature.isConverted ? Status(ERROR_VALUE_OUT_OF_RANGE,
+               what + worded("%s is more than its register holds", wanted.c_str()))
+                                                                  : fault;
 }
 
 Status DeviceOperations::checkFloat(const Feature& feature, double value)
@@ -178,21 +192,28 @@ Status DeviceOperations::checkFloat(const Feature& feature, double value)
     }
     const FloatLimits& limits = told.value();
     if (!std::isfinite(value)) {
-        return { ERROR_FLOAT_OUT_OF_RANGE, feature.name + ": the value is not a number" };
+        return { ERROR_FLOAT_OUT_OF_RANGE,
+            feature.name + ": " + translated("the value is not a number") };
     }
-    const std::string what = feature.name + ": " + floatText(value) + " is ";
+    const std::string what = feature.name + ": ";
+    const std::string wanted = floatText(value);
     if (value < limits.minimum) {
         return { ERROR_FLOAT_OUT_OF_RANGE,
-            what + "below the minimum of " + floatText(limits.minimum) };
+            what
+                + worded("%s is below the minimum of %s", wanted.c_str(),
+                    floatText(limits.minimum).c_str()) };
     }
     if (value > limits.maximum) {
         return { ERROR_FLOAT_OUT_OF_RANGE,
-            what + "above the maximum of " + floatText(limits.maximum) };
+            what
+                + worded("%s is above the maximum of %s", wanted.c_str(),
+                    floatText(limits.maximum).c_str()) };
     }
     if (!isOnGrid(value, limits) && !isPresent(feature, Number::of(value))) {
         return { ERROR_VALUE_NOT_ON_INCREMENT,
-            what + "not a multiple of " + floatText(limits.increment) + " from "
-                + floatText(gridOrigin(limits)) };
+            what
+                + worded("%s is not a multiple of %s from %s", wanted.c_str(),
+                    floatText(limits.increment).c_str(), floatText(gridOrigin(limits)).c_str()) };
     }
     return checkConversion(feature, Number::of(value));
 }
@@ -207,8 +228,8 @@ Status DeviceOperations::checkText(const Feature& feature, const std::string& te
     if (feature.textRegister != Description::absent
         && (length.value() == 0 || text.size() > length.value())) {
         return { textTooLong,
-            feature.name + ": the text has " + std::to_string(text.size()) + " bytes, at most "
-                + std::to_string(length.value()) + " fit" };
+            feature.name + ": "
+                + worded("the text has %zu bytes, at most %u fit", text.size(), length.value()) };
     }
     return {};
 }
@@ -223,9 +244,10 @@ Status DeviceOperations::checkConversion(const Feature& feature, const Number& v
     if (fault.isOk()) {
         return {};
     }
+    const std::string wanted = value.isReal ? floatText(value.real) : integerText(value.integer);
     return { fault.code(),
-        feature.name + ": " + (value.isReal ? floatText(value.real) : integerText(value.integer))
-            + " cannot be written, " + fault.text() };
+        feature.name + ": " + worded("%s cannot be written", wanted.c_str()) + ", "
+            + fault.words() };
 }
 
 } // namespace zqcameralib

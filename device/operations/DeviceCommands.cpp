@@ -5,6 +5,7 @@
 #include "operations/DeviceOperations.h"
 
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <thread>
@@ -88,7 +89,8 @@ Status DeviceOperations::waitUntilDone(const Feature& feature, Clock::time_point
             return {};
         }
         if (!failure.isOk() || Clock::now() >= deadline) {
-            return { commandTimeout, feature.name + ": not done yet; it goes on in the camera" };
+            return { commandTimeout,
+                feature.name + ": " + translated("not done yet; it goes on in the camera") };
         }
         std::this_thread::sleep_for(pause);
     }

@@ -6,6 +6,7 @@
 
 #include "base/StatusCodes.h"
 #include "features/FeatureLimits.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -18,7 +19,7 @@ namespace {
 Status named(const Feature& feature, const Status& failure)
 {
     const bool isNamed = failure.text().find(feature.name) != std::string::npos;
-    return isNamed ? failure : failure.withText(feature.name + ": " + failure.text());
+    return isNamed ? failure : failure.withText(feature.name + ": " + failure.words());
 }
 
 } // namespace
@@ -61,7 +62,8 @@ Status DeviceOperations::write(const Feature& feature, const Access& access)
         return named(feature, status);
     }
     if (feature.endsInRegister && port.writes() == writes) {
-        return { notWritable, feature.name + ": the value could not be sent to the camera" };
+        return { notWritable,
+            feature.name + ": " + translated("the value could not be sent to the camera") };
     }
     status = m_camera.nodes().reportedError(feature.index);
     return failures.hasFailed() ? failures.status() : named(feature, status);
@@ -123,7 +125,7 @@ Status DeviceOperations::getFloat(const char* name, double& value)
     return read(feature, [&](NodeMap& nodes) {
         const Result<Number> result = nodes.number(feature.index);
         if (!result.value().isFinite()) {
-            return Status(notReadable, "the camera holds no finite number");
+            return Status(notReadable, translated("the camera holds no finite number"));
         }
         value = result.isOk() ? result.value().asReal() : value;
         return result.status();
@@ -138,7 +140,7 @@ Status DeviceOperations::setString(const char* name, const char* value)
     }
     const Feature& feature = *found.value();
     if (value == nullptr) {
-        return { invalidArgument, feature.name + ": no text given" };
+        return { invalidArgument, feature.name + ": " + translated("no text given") };
     }
     const std::string text = value;
     Status status = checkWritable(feature);
@@ -190,7 +192,8 @@ Status DeviceOperations::setEnum(const char* name, const char* entry, int index)
         return failures.status();
     }
     if (chosen == nullptr) {
-        return { unknownEntry, feature.name + ": there is no entry \"" + wanted + "\" now" };
+        return { unknownEntry,
+            feature.name + ": " + worded("there is no entry \"%s\" now", wanted.c_str()) };
     }
     const std::int64_t value = chosen->value;
     Status status = checkConversion(feature, Number::of(value));

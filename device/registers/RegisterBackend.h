@@ -6,6 +6,7 @@
 
 #include "base/Register.h"
 #include "base/Status.h"
+#include "words/Words.h"
 
 #include <chrono>
 #include <cstddef>
@@ -93,7 +94,7 @@ public:
     /// waiting for the answer, before anything that is asked for later.
     virtual void check() { }
     /// Gives the camera up, for instance because it is another one that cannot be used.
-    virtual void giveUp(const std::string& /*reason*/) { }
+    virtual void giveUp(const Words& /*reason*/) { }
     /// Whether it is a camera beyond this process.
     virtual bool isReal() const { return false; }
     /// Whether the camera takes no writes in this session.

@@ -5,6 +5,7 @@
 #include "registers/RegisterPort.h"
 
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <cstring>
@@ -116,7 +117,7 @@ std::optional<Status> RegisterPort::readAhead(
         m_ahead->m_isMissing = true;
         m_ahead->m_missing->emplace_back(place, kind);
     }
-    return noted({ notReadYet, "not read yet" });
+    return noted({ notReadYet, translated("not read yet") });
 }
 
 Status RegisterPort::read(const Register& place, std::uint8_t* buffer)

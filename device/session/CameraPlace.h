@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "words/Words.h"
+
 #include <atomic>
 #include <cstdint>
 #include <string>
@@ -17,7 +19,7 @@ struct CameraPlace {
 
     bool isUsb() const { return protocol == "USB3Vision"; }
     /// Words about the camera there, as a user reads them.
-    std::string words(const std::string& text) const { return address + ": " + text; }
+    Words words(const Words& text) const { return address + ": " + text; }
 };
 
 /// How far the opening of a camera is; any thread.

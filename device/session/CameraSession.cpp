@@ -9,6 +9,7 @@
 #include "base/StatusCodes.h"
 #include "session/DeviceErrors.h"
 #include "session/DeviceOpening.h"
+#include "words/Words.h"
 
 #include <array>
 #include <chrono>
@@ -75,7 +76,7 @@ Result<std::shared_ptr<CameraSession>> CameraSession::open(
         [&progress] { return progress.isCancelled.load(); });
     if (!parser) {
         return Status(stillWorking,
-            place.words("another camera is being opened and does not come to an end"));
+            place.words(translated("another camera is being opened and does not come to an end")));
     }
     progress.step = OpeningProgress::Step::Reading;
     Result<GObjectPointer<ArvDevice>> device = openDevice(place, progress);
@@ -84,10 +85,11 @@ Result<std::shared_ptr<CameraSession>> CameraSession::open(
     }
     std::shared_ptr<CameraSession> session(new CameraSession(std::move(device.value())));
     if (!session->readIdentity(session->m_identity)) {
-        return Status(cameraLost, place.words("the camera stopped answering while it was opened"));
+        return Status(cameraLost,
+            place.words(translated("the camera stopped answering while it was opened")));
     }
     if (progress.isCancelled) { // closed before anybody else opens one
-        return Status(cameraLost, place.words("cancelled"));
+        return Status(cameraLost, place.words(translated("cancelled")));
     }
     return session;
 }
@@ -162,7 +164,7 @@ CameraSession::Retaken CameraSession::askAgain(Status& refusal)
     if (m_health->unplugged) {
         return Retaken::No;
     }
-    refusal = { cameraLost, "the camera does not answer" };
+    refusal = { cameraLost, translated("the camera does not answer") };
     return m_health->unanswered ? Retaken::Refused : Retaken::Yes;
 }
 
@@ -196,7 +198,7 @@ CameraSession::Retaken CameraSession::retake(bool readOnly, Status& refusal)
     }
     for (std::size_t i = 0; i < identity.size(); ++i) {
         if (identity[i].empty() && !m_identity[i].empty()) {
-            refusal = { notReadable, "the camera does not let itself be read" };
+            refusal = { notReadable, translated("the camera does not let itself be read") };
             return isDenied ? Retaken::Denied : Retaken::Refused;
         }
     }
@@ -257,7 +259,7 @@ Status CameraSession::finish(gboolean isDone, const GlibError& failure)
     return isGige() || status.code() != deviceErrorBase + denied
         ? status
         : Status(deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR,
-            "the camera does not allow this access");
+            translated("the camera does not allow this access"));
 }
 
 std::string CameraSession::description() const

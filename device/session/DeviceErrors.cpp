@@ -6,6 +6,7 @@
 
 #include "base/AravisVersions.h"
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include <string>
 
@@ -16,7 +17,7 @@ namespace {
 constexpr int unknownError = deviceErrorBase + ARV_DEVICE_ERROR_UNKNOWN;
 
 /// In words for a user; the library below names its functions.
-std::string refusalText(const GError& error)
+Words refusalText(const GError& error)
 {
     if (error.domain != arv_device_error_quark()) {
         return error.message;
@@ -24,19 +25,19 @@ std::string refusalText(const GError& error)
     switch (aravis::deviceErrorCode(error)) {
     case ARV_DEVICE_ERROR_TIMEOUT:
     case ARV_DEVICE_ERROR_NOT_CONNECTED:
-        return "the camera does not answer";
+        return translated("the camera does not answer");
     case ARV_DEVICE_ERROR_PROTOCOL_ERROR_BUSY:
-        return "the camera is busy";
+        return translated("the camera is busy");
     case ARV_DEVICE_ERROR_PROTOCOL_ERROR_ACCESS_DENIED:
-        return "access denied by the camera; another application may control it";
+        return translated("access denied by the camera; another application may control it");
     case ARV_DEVICE_ERROR_PROTOCOL_ERROR_INVALID_ADDRESS:
-        return "the camera has no such register";
+        return translated("the camera has no such register");
     case ARV_DEVICE_ERROR_PROTOCOL_ERROR_WRITE_PROTECT:
-        return "the camera does not let the register be written";
+        return translated("the camera does not let the register be written");
     case ARV_DEVICE_ERROR_PROTOCOL_ERROR_INVALID_PARAMETER:
     case ARV_DEVICE_ERROR_PROTOCOL_ERROR_BAD_ALIGNMENT:
     case ARV_DEVICE_ERROR_PROTOCOL_ERROR_NOT_IMPLEMENTED:
-        return "the camera does not take such an access";
+        return translated("the camera does not take such an access");
     default:
         return error.message;
     }
@@ -62,7 +63,7 @@ bool isDescriptionMissing(const GlibError& error)
 Status accessFailure(const GlibError& error)
 {
     if (!error) {
-        return { unknownError, "the camera refused the access" };
+        return { unknownError, translated("the camera refused the access") };
     }
     return Status::fromLibrary(*error.get()).withText(refusalText(*error.get()));
 }
@@ -70,17 +71,17 @@ Status accessFailure(const GlibError& error)
 Status openingFailure(const GlibError& error)
 {
     if (!error) {
-        return { unknownError, "it cannot be opened" };
+        return { unknownError, translated("it cannot be opened") };
     }
     const Status failure = Status::fromLibrary(*error.get());
     if (isAnswerMissing(*error.get())) {
-        return failure.withText(
-            "the camera stopped answering while it was opened; packets to or from it get lost");
+        return failure.withText(translated(
+            "the camera stopped answering while it was opened; packets to or from it get lost"));
     }
     if (isDescriptionMissing(error)) {
-        return failure.withText(
+        return failure.withText(translated(
             "the camera's description did not arrive; packets to or from it get lost, or it has "
-            "none that can be read");
+            "none that can be read"));
     }
     return failure.withText(refusalText(*error.get()));
 }

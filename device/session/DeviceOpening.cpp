@@ -12,6 +12,7 @@
 #include "network/SourceFilter.h"
 #include "session/DeviceErrors.h"
 #include "session/UsbOpening.h"
+#include "words/Words.h"
 
 #include <sys/socket.h>
 
@@ -65,8 +66,8 @@ DevicePointer openGigE(const std::string& address, GError** error)
     const std::optional<in_addr> device = parseIpv4(address);
     const std::string local = device ? localAddressFor(*device) : std::string();
     if (local.empty()) {
-        g_set_error_literal(
-            error, arv_device_error_quark(), ARV_DEVICE_ERROR_NOT_FOUND, "no network leads to it");
+        g_set_error_literal(error, arv_device_error_quark(), ARV_DEVICE_ERROR_NOT_FOUND,
+            translated("no network leads to it").text().c_str());
         return nullptr;
     }
     const GObjectPointer<GInetAddress> from(g_inet_address_new_from_string(local.c_str()));
@@ -93,12 +94,14 @@ Status askForAnswer(const CameraPlace& place, OpeningProgress& progress)
     progress.expectedMs = expectedTime(probe);
     switch (probe.answer) {
     case GigeProbe::Answer::NoWay:
-        return { cameraLost, place.words("no network of this computer leads to this address") };
+        return { cameraLost,
+            place.words(translated("no network of this computer leads to this address")) };
     case GigeProbe::Answer::None:
         return { cameraLost,
-            place.words("no camera answers there; check power, cable and the address") };
+            place.words(
+                translated("no camera answers there; check power, cable and the address")) };
     case GigeProbe::Answer::Waits:
-        return { cameraLost, place.words("the camera is busy and asks to wait") };
+        return { cameraLost, place.words(translated("the camera is busy and asks to wait")) };
     case GigeProbe::Answer::Refused:
     case GigeProbe::Answer::Given:
         break;
@@ -111,7 +114,7 @@ Result<DevicePointer> openDevice(const CameraPlace& place, OpeningProgress& prog
     if (place.isUsb()) {
         Result<DevicePointer> opened = openUsb(place.address);
         return opened.isOk() ? std::move(opened)
-                             : opened.status().withText(place.words(opened.status().text()));
+                             : opened.status().withText(place.words(opened.status().words()));
     }
     for (int tries = 1;; ++tries) {
         GlibError failure;
@@ -121,7 +124,7 @@ Result<DevicePointer> openDevice(const CameraPlace& place, OpeningProgress& prog
         }
         if (progress.isCancelled || tries == openTries || !isDescriptionMissing(failure)) {
             const Status why = openingFailure(failure);
-            return why.withText(place.words(why.text()));
+            return why.withText(place.words(why.words()));
         }
     }
 }

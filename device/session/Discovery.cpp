@@ -7,6 +7,7 @@
 #include "base/LibraryLock.h"
 #include "network/Ipv4.h"
 #include "usb/UsbPermission.h"
+#include "words/Words.h"
 
 #include <arv.h>
 #include <ifaddrs.h>
@@ -87,10 +88,12 @@ std::string whyUnreachable(const std::string& address)
         }
     }
     const std::string possible = possibleAddresses(all.get());
-    return "the camera has the address " + address
-        + ", which no network of this computer leads to; "
-        + (possible.empty() ? "no network is up in which a camera could be"
-                            : "one that would be reached, if it is free: " + possible);
+    return worded("the camera has the address %s, which no network of this computer leads to",
+               address.c_str())
+        + "; "
+        + (possible.empty()
+                ? translated("no network is up in which a camera could be")
+                : translated("one that would be reached, if it is free") + ": " + possible);
 }
 
 std::string textOf(const char* text)
@@ -165,8 +168,9 @@ bool findCamera(const std::string& id, CameraPlace& place, std::string& error)
     if (!lookUp(id, camera)) {
         discoverCameras({});
         if (!lookUp(id, camera)) {
-            const std::string unpermitted = unpermittedUsbCameras();
-            error = id + ": no such camera found" + (unpermitted.empty() ? "" : "; ") + unpermitted;
+            const Words unpermitted = unpermittedUsbCameras();
+            error = id + ": " + translated("no such camera found")
+                + (unpermitted.empty() ? "" : "; ") + unpermitted;
             return false;
         }
     }

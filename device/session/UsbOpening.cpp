@@ -11,6 +11,7 @@
 #include "session/DeviceOpening.h"
 #include "usb/UsbDevice.h"
 #include "usb/UsbPermission.h"
+#include "words/Words.h"
 
 #include <optional>
 #include <string_view>
@@ -41,9 +42,9 @@ std::optional<UsbIdentity> find(const std::string& id)
 
 Status missing()
 {
-    const std::string unpermitted = unpermittedUsbCameras();
+    const Words unpermitted = unpermittedUsbCameras();
     return unpermitted.empty()
-        ? Status(cameraLost, "no such camera is plugged in; check its cable and power")
+        ? Status(cameraLost, translated("no such camera is plugged in; check its cable and power"))
         : Status(accessDenied, unpermitted);
 }
 
@@ -52,13 +53,15 @@ Status failure(const GlibError& error)
     const std::string_view said = error ? error.get()->message : "";
     if (said.find("LIBUSB_ERROR_BUSY") != std::string_view::npos) {
         return { accessDenied,
-            "the camera is in use: by another program, or for images that were not stopped" };
+            translated(
+                "the camera is in use: by another program, or for images that were not stopped") };
     }
     if (isDescriptionMissing(error)) {
-        return { notLoaded, "the camera has no description that can be read" };
+        return { notLoaded, translated("the camera has no description that can be read") };
     }
     return { cameraLost,
-        "the camera stopped answering while it was opened; check its cable, and plug it in again" };
+        translated("the camera stopped answering while it was opened; check its cable, and plug it "
+                   "in again") };
 }
 
 } // namespace
@@ -67,7 +70,7 @@ Result<GObjectPointer<ArvDevice>> openUsb(const std::string& id)
 {
     const LibraryLock interfaces(LibraryPart::Interfaces, LibraryLock::Clock::now() + libraryLimit);
     if (!interfaces) {
-        return Status(stillWorking, "the search for cameras does not end");
+        return Status(stillWorking, translated("the search for cameras does not end"));
     }
     const std::optional<UsbIdentity> camera = find(id);
     if (!camera) {

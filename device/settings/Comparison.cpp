@@ -5,6 +5,7 @@
 #include "settings/Comparison.h"
 
 #include "settings/SettingsLayout.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <charconv>
@@ -175,9 +176,11 @@ bool areDistinct(const std::vector<ZQSettingsLine>& settings, TextLines& lines)
         const auto [known, isFirst] = seen.emplace(keyOf(line), &line);
         if (!isFirst) {
             const bool isSame = known->second->value == line.value;
-            return lines.fail(shown(line.label()) + " stands in line "
-                    + std::to_string(known->second->number) + " already"
-                    + (isSame ? "" : ", with another value"),
+            const std::string label = shown(line.label());
+            const std::size_t first = known->second->number;
+            return lines.fail(isSame ? worded("%s stands in line %zu already", label.c_str(), first)
+                                     : worded("%s stands in line %zu already, with another value",
+                                         label.c_str(), first),
                 line.number);
         }
     }

@@ -4,6 +4,7 @@
 
 #include "settings/SettingsBuilding.h"
 #include "settings/SettingsLayout.h"
+#include "words/Words.h"
 
 #include <array>
 #include <utility>
@@ -77,27 +78,30 @@ bool parseLine(std::string_view text, ZQSettingsLine& line, TextLines& lines)
     LineCursor cursor(text);
     const auto name = cursor.word();
     if (!name) {
-        return lines.fail("does not begin with the name of a feature: " + shown(text));
+        return lines.fail(
+            translated("does not begin with the name of a feature") + ": " + shown(text));
     }
     line.name = *name;
     line.number = lines.number();
     if (cursor.take('[') && !parseSelectors(cursor, line)) {
-        return lines.fail("the selectors are not told as [Name=value, Name=value]: " + shown(text));
+        return lines.fail(translated("the selectors are not told as [Name=value, Name=value]")
+            + ": " + shown(text));
     }
     if (!cursor.take('=')) {
-        return lines.fail("has no \"=\" behind the name: " + shown(text));
+        return lines.fail(translated("has no \"=\" behind the name") + ": " + shown(text));
     }
     const auto value = cursor.phrase();
     if (!value) {
         return lines.fail(
-            "has no value, or one with other characters that is not in quotes: " + shown(text));
+            translated("has no value, or one with other characters that is not in quotes") + ": "
+            + shown(text));
     }
     line.value = *value;
     if (cursor.take('[') && !parseUnit(cursor, line)) {
-        return lines.fail("the unit is not told as [unit]: " + shown(text));
+        return lines.fail(translated("the unit is not told as [unit]") + ": " + shown(text));
     }
     return cursor.isAtEnd() || cursor.take('#')
-        || lines.fail("goes on behind the value: " + shown(text));
+        || lines.fail(translated("goes on behind the value") + ": " + shown(text));
 }
 
 /// "key = value"
@@ -112,15 +116,16 @@ bool parseHeaderLine(std::string_view text, ZQSettingsHeader& header, TextLines&
         LineCursor cursor(text.substr(equals + 1));
         const auto value = cursor.phrase();
         if (!value || !cursor.isAtEnd()) {
-            return lines.fail("has no value, or one that is not in quotes: " + shown(text));
+            return lines.fail(
+                translated("has no value, or one that is not in quotes") + ": " + shown(text));
         }
         if (!(header.*member).empty()) {
-            return lines.fail(std::string(name) + " stands there twice");
+            return lines.fail(worded("%s stands there twice", name));
         }
         header.*member = *value;
         return true;
     }
-    return lines.fail("is no line of the header: " + shown(text));
+    return lines.fail(translated("is no line of the header") + ": " + shown(text));
 }
 
 bool parseHeader(ZQSettings::Access& settings, TextLines& lines)
@@ -134,7 +139,7 @@ bool parseHeader(ZQSettings::Access& settings, TextLines& lines)
             return false;
         }
     }
-    return lines.fail("the text ends here, without " + std::string(beginOfLines));
+    return lines.fail(worded("the text ends here, without %s", std::string(beginOfLines).c_str()));
 }
 
 bool parseLines(ZQSettings::Access& settings, TextLines& lines)
@@ -149,7 +154,7 @@ bool parseLines(ZQSettings::Access& settings, TextLines& lines)
         }
         settings.lines().push_back(std::move(line));
     }
-    return lines.fail("the text ends here, without " + std::string(endOfLines));
+    return lines.fail(worded("the text ends here, without %s", std::string(endOfLines).c_str()));
 }
 
 } // namespace
@@ -179,14 +184,14 @@ std::optional<ZQSettings> parseOwnText(TextLines& lines)
     const auto first = nextContent(lines);
     if (first && *first != title) {
         const bool isOther = first->substr(0, titleBegin.size()) == titleBegin;
-        lines.fail(isOther ? "the layout " + shown(*first) + " is not known here"
-                           : "is not " + std::string(title));
+        lines.fail(isOther ? worded("the layout %s is not known here", shown(*first).c_str())
+                           : worded("is not %s", std::string(title).c_str()));
     }
     if (!parseHeader(access, lines) || !parseLines(access, lines)) {
         return std::nullopt;
     }
     if (nextContent(lines)) {
-        lines.fail("stands behind " + std::string(endOfLines));
+        lines.fail(worded("stands behind %s", std::string(endOfLines).c_str()));
     }
     const bool isGood = lines.fault().empty() && areDistinct(settings.lines(), lines);
     return isGood ? std::optional(settings) : std::nullopt;
@@ -196,7 +201,7 @@ std::optional<ZQSettings> parseSettings(TextLines& lines)
 {
     const auto first = nextContent(lines);
     if (lines.number() == 0) {
-        lines.fail("the text is empty");
+        lines.fail(translated("the text is empty"));
     }
     lines.rewind();
     return first && first->front() == '[' ? parseOwnText(lines) : parsePersistenceText(lines);

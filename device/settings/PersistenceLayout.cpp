@@ -4,6 +4,7 @@
 
 #include "settings/SettingsBuilding.h"
 #include "settings/SettingsLayout.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <map>
@@ -127,7 +128,7 @@ public:
         }
         access.setAllPositions(!m_hasBraces && !m_positions.empty());
         if (access.lines().empty()) {
-            m_lines.fail("there is no setting in the text");
+            m_lines.fail(translated("there is no setting in the text"));
         }
         const bool isGood = m_lines.fault().empty() && areDistinct(settings.lines(), m_lines);
         return isGood ? std::optional(settings) : std::nullopt;
@@ -155,17 +156,19 @@ private:
         const Fields fields = fieldsOf(text);
         ZQSettingsLine line;
         if (fields.size() < 2 || fields.size() > 3) {
-            return m_lines.fail(
-                "is not a name and a value with a tab between them: " + shown(text));
+            return m_lines.fail(translated("is not a name and a value with a tab between them")
+                + ": " + shown(text));
         }
         if (!isName(fields.front())) {
-            return m_lines.fail("does not begin with the name of a feature: " + shown(text));
+            return m_lines.fail(
+                translated("does not begin with the name of a feature") + ": " + shown(text));
         }
         if (!m_lines.isEnded()) {
-            return m_lines.fail("the text ends within this line: " + shown(text));
+            return m_lines.fail(translated("the text ends within this line") + ": " + shown(text));
         }
         if (fields.size() == 3 && !parseBraces(fields[1], line.selectors)) {
-            return m_lines.fail("the selectors are not told as {Name=value}: " + shown(text));
+            return m_lines.fail(
+                translated("the selectors are not told as {Name=value}") + ": " + shown(text));
         }
         line.name = fields.front();
         line.value = fields.back();

@@ -4,6 +4,8 @@
 
 #include "settings/TextLines.h"
 
+#include "words/Words.h"
+
 #include "featurebrowser/ZQSettings.h"
 
 #include <algorithm>
@@ -17,20 +19,20 @@ namespace {
 using Outcome = ZQRestoredLine::Outcome;
 
 constexpr std::array<std::pair<Outcome, const char*>, 7> words { {
-    { Outcome::Restored, "restored" },
-    { Outcome::AlreadySo, "already so" },
-    { Outcome::Adjusted, "adjusted by the camera" },
-    { Outcome::Refused, "refused" },
-    { Outcome::UnknownHere, "unknown here" },
-    { Outcome::WouldBeWritten, "would be written" },
-    { Outcome::NotKnown, "not known" },
+    { Outcome::Restored, marked("restored") },
+    { Outcome::AlreadySo, marked("already so") },
+    { Outcome::Adjusted, marked("adjusted by the camera") },
+    { Outcome::Refused, marked("refused") },
+    { Outcome::UnknownHere, marked("unknown here") },
+    { Outcome::WouldBeWritten, marked("would be written") },
+    { Outcome::NotKnown, marked("not known") },
 } };
 
-const char* wordOf(Outcome outcome)
+Words wordOf(Outcome outcome)
 {
     const auto* const found = std::find_if(
         words.begin(), words.end(), [outcome](const auto& word) { return word.first == outcome; });
-    return found->second;
+    return translated(found->second);
 }
 
 bool isGood(Outcome outcome)
@@ -43,7 +45,7 @@ bool isGood(Outcome outcome)
 std::string lineText(const ZQRestoredLine& line)
 {
     const std::string unit = line.line.unit.empty() ? "" : " [" + line.line.unit + "]";
-    const std::string outcome = std::string(": ") + wordOf(line.outcome);
+    const std::string outcome = ": " + wordOf(line.outcome);
     const std::string label = line.line.label();
     switch (line.outcome) {
     case Outcome::Restored:
@@ -79,16 +81,16 @@ int ZQRestoreReport::exitStatus() const
 
 std::string ZQRestoreReport::toText(bool all) const
 {
-    std::string text = std::to_string(lines.size()) + " settings";
+    std::string text = worded("%zu settings", lines.size());
     for (const auto& [outcome, word] : words) {
         const std::size_t number = count(outcome);
-        text += number == 0 ? "" : ", " + std::to_string(number) + " " + word;
+        text += number == 0 ? "" : ", " + std::to_string(number) + " " + translated(word).text();
     }
     text += "\n";
     for (const std::string& warning : warnings) {
-        text += "warning: " + warning + "\n";
+        text += translated("warning").text() + ": " + warning + "\n";
     }
-    text += error.empty() ? "" : "interrupted: " + error + "\n";
+    text += error.empty() ? "" : translated("interrupted").text() + ": " + error + "\n";
     for (const ZQRestoredLine& line : lines) {
         const bool isToldAlways = !isGood(line.outcome) || line.outcome == Outcome::WouldBeWritten;
         if (all || isToldAlways) {

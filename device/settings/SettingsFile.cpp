@@ -5,6 +5,7 @@
 #include "settings/SettingsFile.h"
 
 #include "base/GlibError.h"
+#include "words/Words.h"
 
 #include <glib.h>
 
@@ -28,7 +29,7 @@ std::optional<std::string> readSettingsFile(const std::string& path, std::string
         return std::nullopt;
     }
     if (size > mostBytes) {
-        error = "larger than 64 MiB";
+        error = translated("larger than 64 MiB");
         return std::nullopt;
     }
     gchar* content = nullptr;

@@ -4,6 +4,8 @@
 
 #include "settings/TextLines.h"
 
+#include "words/Words.h"
+
 #include <glib.h>
 
 #include <algorithm>
@@ -129,7 +131,7 @@ void TextLines::rewind()
 bool TextLines::fail(const std::string& what, std::size_t number)
 {
     if (m_fault.empty()) {
-        m_fault = "line " + std::to_string(std::max<std::size_t>(number, 1)) + ": " + what;
+        m_fault = worded("line %zu", std::max<std::size_t>(number, 1)) + ": " + what;
     }
     return false;
 }
@@ -153,16 +155,17 @@ std::optional<std::string_view> TextLines::next()
 bool TextLines::check(std::string_view line)
 {
     if (m_number == 1 && (line.substr(0, 2) == "\xFF\xFE" || line.substr(0, 2) == "\xFE\xFF")) {
-        return fail("the text is UTF-16; it has to be UTF-8");
+        return fail(translated("the text is UTF-16; it has to be UTF-8"));
     }
     if (line.size() > longestLine) {
-        return fail("longer than " + std::to_string(longestLine) + " bytes");
+        return fail(worded("longer than %zu bytes", longestLine));
     }
     const auto control = std::find_if(line.begin(), line.end(), isControl);
     if (control != line.end()) {
-        return fail("holds a control character, 0x" + hexByte(*control));
+        return fail(
+            worded("holds a control character, 0x%s", std::string(hexByte(*control)).c_str()));
     }
-    return isUtf8(line) || fail("is not UTF-8 text");
+    return isUtf8(line) || fail(translated("is not UTF-8 text"));
 }
 
 void LineCursor::skipBlanks()

@@ -11,6 +11,7 @@
 #include "stream/ReceiveBuffer.h"
 #include "stream/StreamFrames.h"
 #include "stream/UsbStream.h"
+#include "words/Words.h"
 
 #include <condition_variable>
 #include <cstring>
@@ -35,7 +36,7 @@ struct Destination {
     }
     std::string text() const
     {
-        return ipv4Text({ htonl(address) }) + ", port " + std::to_string(port);
+        return worded("%s, port %u", ipv4Text({ htonl(address) }).c_str(), port);
     }
 };
 
@@ -82,8 +83,9 @@ bool checkDestination(ArvDevice* device, OpenStream& open)
         return true;
     }
     open.status = { noStream,
-        "the camera does not send its images here: it did not take " + wanted.text()
-            + " as their destination, and keeps " + taken.text() };
+        worded("the camera does not send its images here: it did not take %s as their destination, "
+               "and keeps %s",
+            wanted.text().c_str(), taken.text().c_str()) };
     return false;
 }
 
@@ -103,8 +105,8 @@ bool prepare(ArvDevice* device, OpenStream& open, int buffers)
 {
     if (!addBuffers(open.stream.get(), open.facts.imageBytes, buffers)) {
         open.status = { noStream,
-            "not enough memory for " + std::to_string(buffers) + " images of "
-                + std::to_string(open.facts.imageBytes) + " bytes" };
+            worded(
+                "not enough memory for %d images of %zu bytes", buffers, open.facts.imageBytes) };
         return false;
     }
     if (!ARV_IS_GV_DEVICE(device)) {
@@ -122,7 +124,8 @@ bool start(OpenStream& open)
     if (aravis::startStream(open.stream.get(), failure.out())) {
         return true;
     }
-    open.status = { noStream, failure ? failure.get()->message : "the images cannot be received" };
+    open.status = { noStream,
+        failure ? failure.get()->message : translated("the images cannot be received") };
     return false;
 }
 
@@ -138,8 +141,8 @@ void openStream(ArvDevice* device, OpenStream& open, int buffers)
     GlibError failure;
     open.stream.reset(aravis::createStream(device, failure.out()));
     if (!open.stream) {
-        open.status
-            = { noStream, failure ? failure.get()->message : "the camera has no image stream" };
+        open.status = { noStream,
+            failure ? failure.get()->message : translated("the camera has no image stream") };
     } else if (!prepare(device, open, buffers) || !start(open)) {
         open.stream.reset();
     }

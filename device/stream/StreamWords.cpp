@@ -4,6 +4,8 @@
 
 #include "stream/StreamWords.h"
 
+#include "words/Words.h"
+
 namespace zqcameralib {
 
 namespace {
@@ -20,37 +22,44 @@ bool areSmallOnesOnly(const StreamFacts& facts, const StreamArrivals& arrivals)
         && arrivals.bytes / arrivals.packets < facts.packetSize / 4;
 }
 
-std::string nothingArrives(const StreamFacts& facts)
+Words nothingArrives(const StreamFacts& facts)
 {
-    const std::string to = facts.destination.empty() ? "" : " at " + facts.destination;
-    const std::string otherwise = facts.isUsb
-        ? ". The camera may not send any."
-        : ". The camera may not send any, or a firewall holds it back on the way.";
-    return "Nothing of an image arrives" + to
-        + (facts.isTriggered ? ". TriggerMode is On: the camera waits for its trigger."
-                             : otherwise);
+    const Words begin = facts.destination.empty()
+        ? translated("Nothing of an image arrives.")
+        : worded("Nothing of an image arrives at %s.", facts.destination.c_str());
+    if (facts.isTriggered) {
+        return begin + " " + translated("TriggerMode is On: the camera waits for its trigger.");
+    }
+    return begin + " "
+        + (facts.isUsb ? translated("The camera may not send any.")
+                       : translated("The camera may not send any, or a firewall holds it back on "
+                                    "the way."));
 }
 
-std::string nothingIsComplete(const StreamFacts& facts, const StreamArrivals& arrivals)
+Words reasonOfIncomplete(const StreamFacts& facts, const StreamArrivals& arrivals)
 {
-    const std::string begin = "Images arrive, but none is complete ("
-        + std::to_string(arrivals.incomplete) + " are not). ";
     if (facts.isUsb) {
-        return begin
-            + "The connection may be too slow or disturbed: use a USB 3 port and cable, and no "
-              "hub.";
+        return translated("The connection may be too slow or disturbed: use a USB 3 port and "
+                          "cable, and no hub.");
     }
     const std::string size = std::to_string(facts.packetSize);
     if (areSmallOnesOnly(facts, arrivals)) {
-        return begin
-            + "Their large packets are missing: the network between may not take packets of " + size
-            + " bytes.";
+        return worded("Their large packets are missing: the network between may not take packets "
+                      "of %s bytes.",
+            size.c_str());
     }
-    const std::string buffer = receiveBufferWords(facts);
-    return begin
-        + (buffer.empty()
-                ? "Packets get lost on the way or come too fast (packet size " + size + " bytes)."
-                : buffer);
+    if (std::string buffer = receiveBufferWords(facts); !buffer.empty()) {
+        return buffer;
+    }
+    return worded(
+        "Packets get lost on the way or come too fast (packet size %s bytes).", size.c_str());
+}
+
+Words nothingIsComplete(const StreamFacts& facts, const StreamArrivals& arrivals)
+{
+    return worded("Images arrive, but none is complete (%s are not).",
+               std::to_string(arrivals.incomplete).c_str())
+        + " " + reasonOfIncomplete(facts, arrivals);
 }
 
 } // namespace
@@ -60,16 +69,17 @@ std::string receiveBufferWords(const StreamFacts& facts)
     if (facts.wantedBuffer == 0 || facts.grantedBuffer >= facts.imageBytes) {
         return {};
     }
-    return "The system grants a receive buffer of " + kibibytes(facts.grantedBuffer)
-        + ", but one image takes " + kibibytes(facts.imageBytes)
-        + ", so that images can arrive incomplete: raise net.core.rmem_max to "
-        + std::to_string(facts.wantedBuffer) + ".";
+    return worded(
+        "The system grants a receive buffer of %s, but one image takes %s, so that images "
+        "can arrive incomplete: raise net.core.rmem_max to %s.",
+        kibibytes(facts.grantedBuffer).c_str(), kibibytes(facts.imageBytes).c_str(),
+        std::to_string(facts.wantedBuffer).c_str());
 }
 
 std::string noImageWords(const StreamFacts& facts, const StreamArrivals& arrivals)
 {
     if (arrivals.withoutImage != 0) {
-        return "What the camera sends holds no image.";
+        return translated("What the camera sends holds no image.");
     }
     return arrivals.packets == 0 ? nothingArrives(facts) : nothingIsComplete(facts, arrivals);
 }

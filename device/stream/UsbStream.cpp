@@ -6,6 +6,7 @@
 
 #include "base/GlibError.h"
 #include "base/StatusCodes.h"
+#include "words/Words.h"
 
 #include <string>
 
@@ -58,9 +59,10 @@ bool readAll(ArvDevice* device, Required& required)
         && read(device, stream + trailerSize, required.trailer);
 }
 
-Status refuse(const std::string& what)
+Status refuse(const Words& what)
 {
-    return { noStream, "the camera requires a stream that cannot be made: " + what };
+    return { noStream,
+        translated("the camera requires a stream that cannot be made") + ": " + what };
 }
 
 } // namespace
@@ -69,17 +71,17 @@ Status checkUsbStream(ArvDevice* device, StreamFacts& facts)
 {
     Required required;
     if (!readAll(device, required)) {
-        return { noStream, "the camera does not tell what its images require" };
+        return { noStream, translated("the camera does not tell what its images require") };
     }
     // The library divides by the first and by what the second leaves of its transfers.
     if (required.payload == 0 || required.payload > mostOfImage) {
-        return refuse("of images of " + std::to_string(required.payload) + " bytes");
+        return refuse(worded("of images of %s bytes", std::to_string(required.payload).c_str()));
     }
     if (required.information >> alignmentShift > mostAlignment) {
-        return refuse("of too large an alignment");
+        return refuse(translated("of too large an alignment"));
     }
     if (required.leader > mostOfPacket || required.trailer > mostOfPacket) {
-        return refuse("of too large packets around the images");
+        return refuse(translated("of too large packets around the images"));
     }
     // It takes images of that size only, whatever the size of its buffers.
     facts.imageBytes = required.payload;

@@ -6,6 +6,7 @@
 #include "capture/SettingsPlan.h"
 #include "settings/SettingsBuilding.h"
 #include "transfer/SettingsRestoring.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <map>
@@ -24,7 +25,7 @@ constexpr std::size_t fewestOfATable = 64;
 SettingsTask::Step ZQSettingsRestoring::Impl::begin()
 {
     if (camera().port().backend().isReadOnly()) {
-        fail("the camera is opened for reading only");
+        fail(translated("the camera is opened for reading only"));
         return Step::Over;
     }
     resolve();
@@ -110,7 +111,7 @@ void ZQSettingsRestoring::Impl::resolve()
         } else {
             ZQRestoredLine& earlier = m_report.lines[m_goals[same->second].target.line];
             earlier.outcome = Outcome::Refused;
-            earlier.reason = "a later line says it again";
+            earlier.reason = translated("a later line says it again");
         }
         m_goals[same->second].target = found;
     }
@@ -124,20 +125,20 @@ void ZQSettingsRestoring::Impl::warn()
     const auto differs = [&](Member member) {
         return !(there.*member).empty() && !(here.*member).empty() && there.*member != here.*member;
     };
-    const auto add = [this](const char* what, const std::string& of, const std::string& now) {
-        m_report.warnings.push_back(
-            std::string("the settings are of another ") + what + ": " + of + ", here " + now);
-    };
+    std::vector<std::string>& warnings = m_report.warnings;
     if (differs(&ZQSettingsHeader::vendor) || differs(&ZQSettingsHeader::model)) {
-        add("model", there.vendor + " " + there.model, here.vendor + " " + here.model);
+        warnings.push_back(worded("the settings are of another model: %s, here %s",
+            (there.vendor + " " + there.model).c_str(), (here.vendor + " " + here.model).c_str()));
         return;
     }
     if (differs(&ZQSettingsHeader::firmware)) {
-        add("firmware", there.firmware, here.firmware);
+        warnings.push_back(worded("the settings are of another firmware: %s, here %s",
+            there.firmware.c_str(), here.firmware.c_str()));
     }
     if (differs(&ZQSettingsHeader::descriptionChecksum)) {
-        add("description", "version " + there.descriptionVersion,
-            "version " + here.descriptionVersion);
+        warnings.push_back(
+            worded("the settings are of another description: version %s, here version %s",
+                there.descriptionVersion.c_str(), here.descriptionVersion.c_str()));
     }
 }
 

@@ -5,6 +5,7 @@
 #include "base/StatusCodes.h"
 #include "capture/SettingAccess.h"
 #include "transfer/SettingsRestoring.h"
+#include "words/Words.h"
 
 namespace zqcameralib {
 
@@ -46,15 +47,15 @@ void ZQSettingsRestoring::Impl::conclude(const Goal& goal, ZQRestoredLine& line)
 void ZQSettingsRestoring::Impl::concludeUnread(const Goal& goal, ZQRestoredLine& line) const
 {
     line.outcome = Outcome::NotKnown;
-    const std::string begin = goal.writes > 0 ? "was written, and " : "";
+    const Words begin = goal.writes > 0 ? translated("was written, and") + " " : Words();
     if (goal.now && !goal.now->isOk()) {
-        line.reason = begin + "cannot be read: " + goal.now->status().text();
+        line.reason = begin + translated("cannot be read") + ": " + goal.now->status().text();
     } else if (!goal.refusal.isOk()) {
         line.reason = begin + goal.refusal.text();
     } else if (goal.before && !goal.now) {
-        line.reason = begin + "not read again after other writes";
+        line.reason = begin + translated("not read again after other writes");
     } else {
-        line.reason = "not reached";
+        line.reason = translated("not reached");
     }
 }
 
@@ -66,7 +67,7 @@ void ZQSettingsRestoring::Impl::finish()
         conclude(goal, m_report.lines[goal.target.line]);
     }
     if (state() == State::Cancelled) {
-        m_report.error = "cancelled";
+        m_report.error = translated("cancelled");
     } else if (state() == State::Failed) {
         m_report.error = error();
     }

@@ -7,6 +7,7 @@
 #include "base/StatusCodes.h"
 #include "capture/SettingAccess.h"
 #include "capture/SettingsPlan.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <set>
@@ -32,7 +33,7 @@ ZQSettingsRestoring::Impl::Impl(
 {
     m_report.isDryRun = options.isDryRun;
     for (const ZQSettingsLine& line : settings.lines()) {
-        m_report.lines.push_back({ line, Outcome::NotKnown, {}, {}, "not reached" });
+        m_report.lines.push_back({ line, Outcome::NotKnown, {}, {}, translated("not reached") });
     }
 }
 
@@ -42,11 +43,11 @@ ZQCameraTask::Progress ZQSettingsRestoring::Impl::progress() const
     const std::size_t total = m_reading ? m_reading->total() : m_queue.size();
     switch (m_phase) {
     case Phase::Check:
-        return { "Reading the settings back", done, total };
+        return { translated("Reading the settings back"), done, total };
     case Phase::Write:
-        return { "Writing the settings", done, total };
+        return { translated("Writing the settings"), done, total };
     default:
-        return { "Reading the settings", done, total };
+        return { translated("Reading the settings"), done, total };
     }
 }
 
@@ -71,7 +72,7 @@ bool ZQSettingsRestoring::Impl::checkTime()
     if (m_isStopped || !m_end || Clock::now() < *m_end) {
         return true;
     }
-    m_stopReason = "not done within " + std::to_string(m_options.limit.count()) + " ms";
+    m_stopReason = worded("not done within %s ms", std::to_string(m_options.limit.count()).c_str());
     if (m_writes == 0) {
         fail(m_stopReason);
         return false;

@@ -7,6 +7,7 @@
 #include "capture/SettingAccess.h"
 #include "capture/SettingsPlan.h"
 #include "settings/SettingsBuilding.h"
+#include "words/Words.h"
 
 #include <utility>
 
@@ -23,7 +24,7 @@ ZQCameraTask::Progress ZQSettingsSaving::Impl::progress() const
 {
     const bool isOver = state() == State::Done;
     const std::size_t all = m_settings.lines().size();
-    return { "Reading the settings",
+    return { translated("Reading the settings"),
         m_reading    ? m_reading->done()
             : isOver ? all
                      : 0,
@@ -41,7 +42,8 @@ void ZQSettingsSaving::Impl::begin()
         if (target.isOk()) {
             targets.push_back(target.value());
         } else {
-            settings.leftOut().push_back({ m_asked.lines()[i].label(), target.status().text() });
+            settings.leftOut().push_back(
+                { m_asked.lines()[i].label(), target.status().words().english() });
         }
     }
     SettingsPlan plan = m_isAsked ? SettingsPlan() : settingsPlan(camera());
@@ -78,7 +80,7 @@ void ZQSettingsSaving::Impl::collect()
     for (const auto& [index, value] : m_reading->targets()) {
         ZQSettingsLine line = m_asked.lines()[index];
         if (!value.isOk()) {
-            settings.leftOut().push_back({ line.label(), value.status().text() });
+            settings.leftOut().push_back({ line.label(), value.status().words().english() });
             continue;
         }
         const Feature* feature = camera().feature(line.name);

@@ -7,6 +7,7 @@
 #include "capture/SettingAccess.h"
 #include "operations/DeviceOperations.h"
 #include "settings/TextLines.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <thread>
@@ -63,7 +64,9 @@ ZQCameraTask::Progress ZQUserSet::Impl::progress() const
     if (m_saving) {
         return m_saving->progress();
     }
-    return { m_action == Action::Save ? "Saving the user set" : "Loading the user set", 0, 0 };
+    return { m_action == Action::Save ? translated("Saving the user set")
+                                      : translated("Loading the user set"),
+        0, 0 };
 }
 
 SettingsTask::Step ZQUserSet::Impl::step()
@@ -105,8 +108,8 @@ SettingsTask::Step ZQUserSet::Impl::start()
 {
     const std::vector<std::string> known = names(camera());
     if (std::find(known.begin(), known.end(), m_set) == known.end()) {
-        fail(known.empty() ? "the camera offers no user sets now"
-                           : "there is no user set " + shown(m_set) + " now");
+        fail(known.empty() ? translated("the camera offers no user sets now")
+                           : worded("there is no user set %s now", shown(m_set).c_str()));
         return Step::Over;
     }
     Status status = positions().goTo({ { setSelector(camera()), m_set } });
@@ -142,8 +145,8 @@ SettingsTask::Step ZQUserSet::Impl::run()
     positions().doubt(); // where a set keeps the position as well
     const Status back = positions().putBack();
     if (goesOn || !back.isOk()) {
-        fail(goesOn ? std::string(command()) + ": not done yet; it goes on in the camera"
-                    : back.text());
+        fail(goesOn ? command() + (": " + translated("not done yet; it goes on in the camera"))
+                    : back.words());
         return Step::Over;
     }
     m_phase = Phase::ReadContents;
@@ -185,12 +188,12 @@ void ZQUserSet::Impl::warn()
     if (leftOut.empty()) {
         return;
     }
-    std::string text = "not put back, since it could not be saved: ";
+    std::string text = translated("not put back, since it could not be saved").text() + ": ";
     for (std::size_t i = 0; i < std::min(leftOut.size(), mostNamed); ++i) {
         text += (i == 0 ? "" : ", ") + leftOut[i].label;
     }
     const std::size_t more = leftOut.size() - std::min(leftOut.size(), mostNamed);
-    m_report.warnings.push_back(text + (more == 0 ? "" : " and " + std::to_string(more) + " more"));
+    m_report.warnings.push_back(text + (more == 0 ? "" : " " + worded("and %zu more", more)));
 }
 
 } // namespace zqcameralib

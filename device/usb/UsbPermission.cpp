@@ -4,6 +4,8 @@
 
 #include "usb/UsbPermission.h"
 
+#include "words/Words.h"
+
 #include <libusb.h>
 
 #include <array>
@@ -20,10 +22,9 @@ constexpr std::uint8_t associationProtocol = 0x01;
 constexpr std::uint8_t visionSubClass = 0x05;
 constexpr std::uint8_t controlProtocol = 0x00;
 
-/// README.md says the same.
-const char* const whatToDo
-    = ": put this line into /etc/udev/rules.d/60-usb3-vision.rules and plug it in again: "
-      R"(SUBSYSTEM=="usb", ENV{ID_USB_INTERFACES}=="*:ef0500:*", MODE="0660", GROUP="plugdev", )"
+/// As in README.md.
+const char* const rule
+    = R"(SUBSYSTEM=="usb", ENV{ID_USB_INTERFACES}=="*:ef0500:*", MODE="0660", GROUP="plugdev", )"
       R"(TAG+="uaccess")";
 
 struct EndUsb {
@@ -86,7 +87,7 @@ std::string unpermittedCamera(libusb_device* device)
 
 } // namespace
 
-std::string unpermittedUsbCameras()
+Words unpermittedUsbCameras()
 {
     libusb_context* context = nullptr;
     if (libusb_init(&context) != LIBUSB_SUCCESS) {
@@ -101,8 +102,11 @@ std::string unpermittedUsbCameras()
         const std::string name = unpermittedCamera(list[i]);
         names += (names.empty() || name.empty() ? "" : ", ") + name;
     }
-    return names.empty() ? names
-                         : "no permission to open the USB3 Vision camera " + names + whatToDo;
+    return names.empty()
+        ? Words()
+        : worded("no permission to open the USB3 Vision camera %s: put this line into "
+                 "/etc/udev/rules.d/60-usb3-vision.rules and plug it in again: %s",
+            names.c_str(), rule);
 }
 
 } // namespace zqcameralib

@@ -6,6 +6,7 @@
 
 #include "validation/EvaluationCost.h"
 #include "validation/NodeFault.h"
+#include "words/Words.h"
 
 #include <algorithm>
 
@@ -33,12 +34,11 @@ bool checkSize(const Description& description, std::string& error)
     Counter counter;
     description.root().traverse(counter);
     if (counter.deepest > maxElementDepth) {
-        error = "not a camera description: elements nested too deeply";
+        error = translated("not a camera description: elements nested too deeply");
         return false;
     }
     if (counter.elements > maxElements) {
-        error = "the description is too large: more than " + std::to_string(maxElements)
-            + " elements";
+        error = worded("the description is too large: more than %zu elements", maxElements);
         return false;
     }
     return true;
@@ -55,7 +55,7 @@ bool checkDescription(Description& description, std::string& error)
         node.broken = nodeFault(description, node);
     }
     if (markUnevaluable(description) > maxTotalCost) {
-        error = "the description takes too long to evaluate";
+        error = translated("the description takes too long to evaluate");
         return false;
     }
     return true;

@@ -4,6 +4,8 @@
 
 #include "validation/EvaluationCost.h"
 
+#include "words/Words.h"
+
 #include <algorithm>
 #include <vector>
 
@@ -55,7 +57,7 @@ public:
         }
         for (std::size_t i = 0; i < m_nodes.size(); ++i) {
             if (m_needed[i] != 0 && !m_nodes[i].isBroken()) {
-                m_nodes[i].broken = "its value depends on itself";
+                m_nodes[i].broken = translated("its value depends on itself");
             }
         }
     }
@@ -84,7 +86,7 @@ private:
     void finish(std::size_t node)
     {
         if (!m_nodes[node].isBroken() && (m_cost[node] > maxCost || m_chain[node] > maxChain)) {
-            m_nodes[node].broken = "it takes too long to evaluate";
+            m_nodes[node].broken = translated("it takes too long to evaluate");
         }
         if (m_nodes[node].isBroken()) {
             m_cost[node] = 1;
@@ -94,8 +96,8 @@ private:
     void passOn(std::size_t node, std::size_t user)
     {
         if (m_nodes[node].isBroken() && !m_nodes[user].isBroken()) {
-            m_nodes[user].broken
-                = "it needs " + std::string(m_nodes[node].name) + ", which cannot be read";
+            m_nodes[user].broken = worded(
+                "it needs %s, which cannot be read", std::string(m_nodes[node].name).c_str());
         }
         m_cost[user] = std::min(m_cost[user] + m_cost[node], maxCost + 1);
         m_chain[user] = std::max(m_chain[user], m_chain[node] + 1);

@@ -7,6 +7,7 @@
 #include "base/NumberText.h"
 #include "description/RegisterPlace.h"
 #include "nodemap/FormulaProgram.h"
+#include "words/Words.h"
 
 #include <algorithm>
 #include <array>
@@ -66,22 +67,22 @@ bool hasImpossibleBits(const pugi::xml_node& element, std::int64_t length)
     });
 }
 
-std::string registerFault(const Description& description, const DescriptionNode& node)
+Words registerFault(const Description& description, const DescriptionNode& node)
 {
     const pugi::xml_node reg = node.registerElement();
     if (node.kind == NodeKind::StructEntry && nodeKind(reg.name()) != NodeKind::StructReg) {
-        return "it stands outside of a register";
+        return translated("it stands outside of a register");
     }
     if (!hasPort(description, reg)) {
-        return "its register has no port";
+        return translated("its register has no port");
     }
     const std::int64_t length = registerLength(description, reg);
     if (!isPossibleLength(node.kind, length) && !(isByteRegister(node.kind) && length == told)) {
-        return "its register has an impossible length";
+        return translated("its register has an impossible length");
     }
     return isBitField(node.kind) && hasImpossibleBits(node.element, length)
-        ? "its bits lie outside of its register"
-        : "";
+        ? translated("its bits lie outside of its register")
+        : Words();
 }
 
 /// Whether there is anything that holds the value of a node.
@@ -94,39 +95,40 @@ bool hasSource(const DescriptionNode& node)
 }
 
 /// What is wrong with a node that is neither a register nor a formula.
-std::string sourceFault(const DescriptionNode& node)
+Words sourceFault(const DescriptionNode& node)
 {
     if (node.kind == NodeKind::Command && !node.element.child("CommandValue")
         && !node.element.child("pCommandValue")) {
-        return "it has no value to write";
+        return translated("it has no value to write");
     }
-    return isFormula(node.kind) || hasSource(node) ? "" : "it has no value";
+    return isFormula(node.kind) || hasSource(node) ? Words() : translated("it has no value");
 }
 
-std::string formulaFault(const Description& description, const DescriptionNode& node)
+Words formulaFault(const Description& description, const DescriptionNode& node)
 {
     if (!isFormula(node.kind) && !isConverter(node.kind)) {
         return {};
     }
-    return FormulaProgram::compile(description, description.indexOf(node)).status().text();
+    return FormulaProgram::compile(description, description.indexOf(node)).status().words();
 }
 
-std::string referenceFault(const Description& description, const DescriptionNode& node)
+Words referenceFault(const Description& description, const DescriptionNode& node)
 {
     for (const Reference& reference : node.references) {
         if (!isValueReference(reference.tag)) {
             continue;
         }
         if (!reference.isResolved()) {
-            return "it refers to " + std::string(elementText(reference.element))
-                + ", which does not exist";
+            return worded("it refers to %s, which does not exist",
+                std::string(elementText(reference.element)).c_str());
         }
         const DescriptionNode& target = description.node(reference.target);
         const bool isText = node.kind == NodeKind::String && reference.tag == ReferenceTag::Value;
         const bool isState
             = reference.tag == ReferenceTag::Variable && target.kind == NodeKind::Command;
         if (isText ? !hasText(target.kind) : !hasNumber(target.kind) && !isState) {
-            return "it refers to " + std::string(target.name) + ", which has no such value";
+            return worded(
+                "it refers to %s, which has no such value", std::string(target.name).c_str());
         }
     }
     return {};
@@ -134,16 +136,15 @@ std::string referenceFault(const Description& description, const DescriptionNode
 
 } // namespace
 
-std::string nodeFault(const Description& description, const DescriptionNode& node)
+Words nodeFault(const Description& description, const DescriptionNode& node)
 {
     if (!hasValue(node.kind)) {
         return {};
     }
     if (node.name.size() > maxNameLength) {
-        return "its name is too long";
+        return translated("its name is too long");
     }
-    std::string fault
-        = isRegister(node.kind) ? registerFault(description, node) : sourceFault(node);
+    Words fault = isRegister(node.kind) ? registerFault(description, node) : sourceFault(node);
     fault = fault.empty() ? formulaFault(description, node) : fault;
     return fault.empty() ? referenceFault(description, node) : fault;
 }

@@ -29,7 +29,7 @@ UI_FACES = {"include/featurebrowser/ZQImageView.h"}
 # From the ground up: a room may include those before it. docs/architecture.md draws them.
 ROOMS = {
     "device": [
-        "base", "network", "usb", "frames", "scene", "registers", "formula", "description", "nodemap",
+        "words", "base", "network", "usb", "frames", "scene", "registers", "formula", "description", "nodemap",
         "validation", "features",
         "memory", "simulation", "session", "stream", "link", "camera", "chunks", "operations",
         "acquisition", "opening", "settings", "capture", "transfer",
