@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QIcon>
 
+#include <clocale>
 #include <csignal>
 
 namespace {
@@ -86,6 +87,10 @@ int main(int argc, char** argv)
     QString error;
     if (!readCommandLine(argc, argv, options, error)) {
         return fail(error);
+    }
+    // Scripts and support read the same words everywhere; a picture shows what a user sees.
+    if ((options.list || options.needsNoWindow()) && options.screenshot.isEmpty()) {
+        std::setlocale(LC_MESSAGES, "C");
     }
     if (options.list) {
         return listCameras();

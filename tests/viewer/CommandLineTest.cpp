@@ -26,6 +26,7 @@ Result run(const QStringList& arguments, const char* output = nullptr)
     for (const char* name : { "DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR" }) {
         environment.remove(name);
     }
+    environment.insert("LANGUAGE", "de"); // of which scripts notice nothing
     program.setProcessEnvironment(environment);
     if (output != nullptr) {
         program.setStandardOutputFile(output);
