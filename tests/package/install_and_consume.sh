@@ -41,6 +41,8 @@ cmake -G Ninja -S "$source/consumer" -B "$stage/consumer" -DCMAKE_PREFIX_PATH="$
   -DREADME="$stage/readme" -DQT="$qt" -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" >/dev/null
 cmake --build "$stage/consumer" >/dev/null
 "$stage/consumer/consumer"
+! command -v msgfmt >/dev/null ||
+  LC_ALL=C.UTF-8 LANGUAGE=de "$stage/consumer/consumer" | grep -x "none: keine solche Datei"
 "$stage/consumer/image"
 echo "find_package(ZQFeatureBrowser$suffix): built and ran; README's examples: built"
 

@@ -38,6 +38,8 @@ lintian --allow-root --fail-on error "$stage"/*.deb >"$stage/lint" 2>&1 || { cat
 echo "Packages: fields and lintian"
 
 root=$stage/root/usr
+words=share/locale/de/LC_MESSAGES/zqdevicemanager$([ "$qt" = 5 ] || echo qt6).mo
+dpkg-deb -c "$stage/$runtime"_*.deb | grep -qF "$words" || { echo "missing: $words"; exit 1; }
 check_viewer() { # and the documentation: the packages that there are with Qt 5 only
   check_fields <<END
 zqviewer Depends $runtime (= $(field $runtime Version))

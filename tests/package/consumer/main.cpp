@@ -21,6 +21,8 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "%s\n", error.c_str());
         return 1;
     }
+    zqcameralib::ZQCamera::OpenDescription("none", error);
+    std::puts(error.c_str()); // in the user's language
     featurebrowser::ZQFeatureBrowser browser(camera.get(), nullptr);
     browser.GetCameraRepository()->Load();
     const int status = browser.LoadFeatureBrowser();
