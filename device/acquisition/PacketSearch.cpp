@@ -4,8 +4,6 @@
 
 #include "acquisition/PacketSearch.h"
 
-#include "words/Words.h"
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -146,7 +144,7 @@ std::vector<std::int64_t> PacketSearch::delays() const
     return delays;
 }
 
-std::string PacketSearch::sizeWords() const
+Words PacketSearch::sizeWords() const
 {
     if (!m_hasSize) {
         return worded(
@@ -161,7 +159,7 @@ std::string PacketSearch::sizeWords() const
             best.c_str(), std::to_string(m_facts.size).c_str());
 }
 
-std::string PacketSearch::delayWords() const
+Words PacketSearch::delayWords() const
 {
     if (!m_hasSize || !m_facts.hasDelay) {
         return {};
@@ -182,7 +180,7 @@ std::string PacketSearch::delayWords() const
 
 std::string PacketSearch::words() const
 {
-    return sizeWords() + delayWords();
+    return (sizeWords() + delayWords()).text();
 }
 
 } // namespace zqcameralib

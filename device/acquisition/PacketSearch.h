@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "words/Words.h"
+
 #include "featurebrowser/ZQAcquisition.h"
 
 #include <chrono>
@@ -60,8 +62,8 @@ public:
 
 private:
     std::vector<std::int64_t> delays() const;
-    std::string sizeWords() const;
-    std::string delayWords() const;
+    Words sizeWords() const;
+    Words delayWords() const;
 
     PacketFacts m_facts;
     std::vector<std::int64_t> m_sizes; ///< to be tried, the next one last

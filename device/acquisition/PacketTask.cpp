@@ -5,7 +5,6 @@
 #include "acquisition/PacketTask.h"
 
 #include "base/StatusCodes.h"
-#include "words/Words.h"
 
 #include <algorithm>
 #include <utility>
@@ -27,7 +26,7 @@ PacketTask::PacketTask(Acquisition& acquisition, double framesPerSecond)
     : m_acquisition(acquisition)
     , m_framesPerSecond(framesPerSecond)
 {
-    if (std::string reason = refusal(); !reason.empty()) {
+    if (const Words reason = refusal(); !reason.empty()) {
         (void)fail(reason);
         return;
     }
@@ -35,7 +34,7 @@ PacketTask::PacketTask(Acquisition& acquisition, double framesPerSecond)
     m_reading = std::make_unique<FormatReading>(m_acquisition.camera(), m_acquisition.device());
 }
 
-std::string PacketTask::refusal()
+Words PacketTask::refusal()
 {
     ZQCamera::Impl& camera = m_acquisition.camera();
     RegisterBackend& backend = camera.port().backend();
@@ -43,7 +42,7 @@ std::string PacketTask::refusal()
         return translated("The camera is simulated: its images do not come over a network.");
     }
     if (backend.isLost()) {
-        return backend.loss().text();
+        return backend.loss().words();
     }
     const Feature* size = camera.feature(sizeName);
     if (size == nullptr || size->type != featurebrowser::FEATURE_INTEGER) {

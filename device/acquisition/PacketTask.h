@@ -6,6 +6,7 @@
 
 #include "acquisition/Acquisition.h"
 #include "acquisition/PacketSearch.h"
+#include "words/Words.h"
 
 #include "featurebrowser/ZQCameraTask.h"
 
@@ -31,7 +32,7 @@ private:
     enum class Step { Reading, Setting, Starting, Watching, Over };
 
     /// Why it cannot be done; empty when it can.
-    std::string refusal();
+    Words refusal();
     State advance();
     State read();
     Status readFacts(const ImageFormat& format);

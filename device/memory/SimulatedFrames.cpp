@@ -180,12 +180,13 @@ std::string SimulatedFrames::whyNothing() const
     if (!trigger.isAwaited) {
         return {};
     }
-    return trigger.isSoftware
+    const Words words = trigger.isSoftware
         ? translated("TriggerMode is On: the camera waits for TriggerSoftware.")
         : worded(
             "TriggerMode is On: the camera waits for a trigger from %s, which never comes to a "
             "simulated camera.",
             trigger.source.c_str());
+    return words.text();
 }
 
 } // namespace zqcameralib

@@ -78,7 +78,7 @@ std::string possibleAddresses(const ifaddrs* all)
 }
 
 /// Empty where an interface of this computer is part of the network of `address`.
-std::string whyUnreachable(const std::string& address)
+Words whyUnreachable(const std::string& address)
 {
     const std::optional<in_addr> camera = parseIpv4(address);
     const auto all = networkInterfaces();
@@ -113,7 +113,7 @@ void search(ArvInterface* interface, const std::string& protocol, std::vector<Ca
         camera.serial = textOf(arv_interface_get_device_serial_nbr(interface, i));
         camera.address = textOf(arv_interface_get_device_address(interface, i));
         camera.protocol = protocol;
-        camera.hint = protocol == "GigEVision" ? whyUnreachable(camera.address) : std::string();
+        camera.hint = protocol == "GigEVision" ? whyUnreachable(camera.address) : Words();
         camera.reachable = camera.hint.empty();
         found.push_back(std::move(camera));
     }

@@ -36,7 +36,7 @@ struct Destination {
     }
     std::string text() const
     {
-        return worded("%s, port %u", ipv4Text({ htonl(address) }).c_str(), port);
+        return worded("%s, port %u", ipv4Text({ htonl(address) }).c_str(), port).text();
     }
 };
 

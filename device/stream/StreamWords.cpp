@@ -73,15 +73,18 @@ std::string receiveBufferWords(const StreamFacts& facts)
         "The system grants a receive buffer of %s, but one image takes %s, so that images "
         "can arrive incomplete: raise net.core.rmem_max to %s.",
         kibibytes(facts.grantedBuffer).c_str(), kibibytes(facts.imageBytes).c_str(),
-        std::to_string(facts.wantedBuffer).c_str());
+        std::to_string(facts.wantedBuffer).c_str())
+        .text();
 }
 
 std::string noImageWords(const StreamFacts& facts, const StreamArrivals& arrivals)
 {
     if (arrivals.withoutImage != 0) {
-        return translated("What the camera sends holds no image.");
+        return translated("What the camera sends holds no image.").text();
     }
-    return arrivals.packets == 0 ? nothingArrives(facts) : nothingIsComplete(facts, arrivals);
+    const Words words
+        = arrivals.packets == 0 ? nothingArrives(facts) : nothingIsComplete(facts, arrivals);
+    return words.text();
 }
 
 } // namespace zqcameralib

@@ -8,6 +8,7 @@
 #include <glib.h>
 #include <libintl.h>
 
+#include <array>
 #include <cstdarg>
 #include <filesystem>
 #include <memory>
@@ -21,7 +22,8 @@ namespace {
 namespace fs = std::filesystem;
 
 /// From the library's folder: where it is installed, and in a tree that was built or moved.
-constexpr const char* placesOfCatalogues[] = { ZQ_LIBRARY_TO_LOCALES, "../share/locale" };
+constexpr std::array<const char*, 2> placesOfCatalogues { ZQ_LIBRARY_TO_LOCALES,
+    "../share/locale" };
 
 /// Whatever links lead there: the loader may have come by /lib, which is /usr/lib.
 fs::path ownFolder()
@@ -36,10 +38,12 @@ fs::path ownFolder()
 /// Relative to the library and not to a prefix, since what is installed can be moved.
 bool bindCatalogue()
 {
+    const fs::path own = ownFolder();
     std::error_code ignored;
     for (const char* place : placesOfCatalogues) {
-        const fs::path folder = ownFolder() / place;
-        if (fs::exists(folder / "de" / "LC_MESSAGES" / ZQ_TEXT_DOMAIN ".mo", ignored)) {
+        const fs::path folder = own / place; // never the program's present one
+        if (!own.empty()
+            && fs::exists(folder / "de" / "LC_MESSAGES" / ZQ_TEXT_DOMAIN ".mo", ignored)) {
             bindtextdomain(ZQ_TEXT_DOMAIN, folder.c_str());
             bind_textdomain_codeset(ZQ_TEXT_DOMAIN, "UTF-8");
             return true;

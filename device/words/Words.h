@@ -24,6 +24,7 @@ public:
         : m_text(text)
     {
     }
+    /// In the user's language, and in English.
     Words(std::string text, std::string english);
 
     /// In the user's language.
