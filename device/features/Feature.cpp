@@ -84,7 +84,8 @@ std::uint16_t representation(std::string_view name, std::string_view text)
             { "IPAddress", "SubnetMask", "Gateway", "GevMCDA", "GevSCDA", "MulticastAddress" })) {
         return REPRESENTATION_IPV4;
     }
-    const auto contains = [name](const char* part) { return name.find(part) != name.npos; };
+    const auto contains
+        = [name](const char* part) { return name.find(part) != std::string_view::npos; };
     // One that the core would show as an IPv4 address stays a number.
     const bool isMac = endsWithAny(name, { "MACAddress" })
         || (text == "MACAddress" && (contains("MAC") || !contains("Gev")));
