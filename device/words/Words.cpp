@@ -53,13 +53,14 @@ bool bindCatalogue()
 }
 
 /// `english` itself where there is no translation.
-const char* translationOf(const char* english)
+__attribute__((format_arg(1))) const char* translationOf(const char* english)
 {
     static const bool hasCatalogue = bindCatalogue();
     return hasCatalogue && *english != '\0' ? g_dgettext(ZQ_TEXT_DOMAIN, english) : english;
 }
 
-std::string filledIn(const char* format, std::va_list arguments)
+__attribute__((format(printf, 1, 0))) std::string filledIn(
+    const char* format, std::va_list arguments)
 {
     std::va_list copy;
     va_copy(copy, arguments);
