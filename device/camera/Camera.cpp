@@ -5,6 +5,7 @@
 #include "camera/Camera.h"
 
 #include "base/StatusCodes.h"
+#include "description/ReferenceWalk.h"
 #include "nodemap/LegacyAccess.h"
 #include "validation/DescriptionCheck.h"
 #include "words/Words.h"

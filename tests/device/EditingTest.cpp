@@ -33,6 +33,8 @@ const std::string nodes = intReg("Reg", 0) + reg("FloatReg", "FReg", 4, "<Length
     + reg("StringReg", "Vague", 88, "<pLength>Quotient</pLength>")
     + intReg("Astray", 88, "<pAddress>Quotient</pAddress>")
     + intReg("Either", 84, "<pIsLocked>One</pIsLocked>") + knife("IntSwissKnife", "Never", {}, "0")
+    + intReg("Under", 92, "<pIsLocked>OverTwins</pIsLocked>")
+    + knife("IntSwissKnife", "OverTwins", { "TwinReg" }, "1")
     + knife("IntSwissKnife", "Always", {}, "1")
     + knife("IntSwissKnife", "Quotient", { "Never" }, "1/Never")
     + knife("IntSwissKnife", "Inputs", { "Step", "Set", "Wide", "Int" }, "Step*Set")
@@ -73,7 +75,8 @@ const std::string nodes = intReg("Reg", 0) + reg("FloatReg", "FReg", 4, "<Length
 const char* const members
     = "Int Set Wide Float Text Bool Enum Run AcquisitionStart "
       "AcquisitionStop ReadOnly WriteOnly Streaming Absent Rate Tenfold Step Whole Big Over Broken "
-      "Fixed Nil Bytes Chunk Odd Twins Quotient Unset Held Sealed Mode Level Flag Stuck Either "
+      "Fixed Nil Bytes Under Chunk Odd Twins Quotient Unset Held Sealed Mode Level Flag Stuck "
+      "Either "
       "TLParamsLocked Bound Limitless Far Vague Astray Picked";
 
 struct Refusal {
@@ -159,6 +162,7 @@ TEST(Writes, AreRefusedWithCodeAndSentenceBeforeAnythingIsSent)
         { "Chunk", set(1), notAvailable, "comes only with images or events" },
         { "Held", set(1), featureLocked, "locked by Step, Set, Wide" },
         { "Sealed", set(1), featureLocked, "locked by the camera" },
+        { "Under", set(1), featureLocked, "locked by Twins" },
         { "Absent", get, notAvailable, "not available now" },
         { "WriteOnly", get, notReadable, "can only be written" },
         { "Quotient", get, notEvaluable, "its formula divides by zero now" },
