@@ -162,9 +162,9 @@ void joinTexts(pugi::xml_node element)
 std::string_view targetName(const Reference& reference)
 {
     const bool canBeAttribute = reference.tag == ReferenceTag::Offset;
-    const pugi::xml_attribute offset
-        = canBeAttribute ? reference.element.attribute("pOffset") : pugi::xml_attribute();
-    return offset ? trimmed(offset.value()) : elementText(reference.element);
+    return canBeAttribute && reference.element.attribute("pOffset")
+        ? attributeText(reference.element, "pOffset")
+        : elementText(reference.element);
 }
 
 void addReferences(std::vector<Reference>& references, const pugi::xml_node& element)
@@ -202,6 +202,11 @@ bool DescriptionNode::refersBy(ReferenceTag tag) const
 std::string_view elementText(const pugi::xml_node& element)
 {
     return trimmed(element.text().get());
+}
+
+std::string_view attributeText(const pugi::xml_node& element, const char* name)
+{
+    return trimmed(element.attribute(name).value());
 }
 
 std::string_view childText(const pugi::xml_node& element, const char* tag)

@@ -56,7 +56,9 @@ struct DescriptionNode {
 
 /// The text of an element without surrounding blanks.
 std::string_view elementText(const pugi::xml_node& element);
-/// The text of a child element without surrounding blanks; empty when there is none.
+/// The text of an attribute or a child element without surrounding blanks; empty when there is
+/// none.
+std::string_view attributeText(const pugi::xml_node& element, const char* name);
 std::string_view childText(const pugi::xml_node& element, const char* tag);
 
 /// A camera's description as a graph of named nodes. Holds static facts only; values are the node

@@ -67,6 +67,22 @@ bool hasImpossibleBits(const pugi::xml_node& element, std::int64_t length)
     });
 }
 
+/// Why the address of a register cannot be told.
+Words placeFault(const pugi::xml_node& reg)
+{
+    bool hasPlace = false;
+    for (const pugi::xml_node& child : reg.children()) {
+        const std::string_view tag = child.name();
+        const bool isFormula = nodeKind(tag) == NodeKind::IntSwissKnife;
+        if (isFormula && attributeText(child, "Name").empty()) {
+            return translated("its address has a formula without a name");
+        }
+        hasPlace
+            = hasPlace || isFormula || tag == "Address" || tag == "pAddress" || tag == "pIndex";
+    }
+    return hasPlace ? Words() : translated("its register has no address");
+}
+
 Words registerFault(const Description& description, const DescriptionNode& node)
 {
     const pugi::xml_node reg = node.registerElement();
@@ -75,6 +91,9 @@ Words registerFault(const Description& description, const DescriptionNode& node)
     }
     if (!hasPort(description, reg)) {
         return translated("its register has no port");
+    }
+    if (Words fault = placeFault(reg); !fault.empty()) {
+        return fault;
     }
     const std::int64_t length = registerLength(description, reg);
     if (!isPossibleLength(node.kind, length) && !(isByteRegister(node.kind) && length == told)) {
