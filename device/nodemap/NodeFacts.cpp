@@ -46,8 +46,7 @@ void addIndexed(const Description& description, const pugi::xml_node& element, V
             } else {
                 source.constant = numberIn(child);
             }
-            const std::string_view at = child.attribute("Index").value();
-            const auto number = parseNumber(at);
+            const auto number = parseNumber(attributeText(child, "Index"));
             facts.indexed.emplace(number ? number->integer : 0, source);
         }
     }
@@ -110,9 +109,8 @@ void addPlace(const Description& description, const pugi::xml_node& reg, Registe
             facts.addends.push_back(description.find(child.attribute("Name").value()));
         } else if (tag == "pIndex") {
             RegisterFacts::Step step { description.find(elementText(child)), {} };
-            const std::string_view offset = child.attribute("Offset").value();
-            step.size.constant = parseNumber(offset);
-            step.size.node = description.find(child.attribute("pOffset").value());
+            step.size.constant = parseNumber(attributeText(child, "Offset"));
+            step.size.node = description.find(attributeText(child, "pOffset"));
             facts.steps.push_back(step);
         }
     }

@@ -60,7 +60,7 @@ const std::string oneIsReadOnly = "<AccessMode>RO</AccessMode>";
 std::string indexed(const std::string& one, const std::string& more = {})
 {
     return node("Integer", "F",
-               "<pIndex>R</pIndex><pValueIndexed Index=\"1\">One</pValueIndexed>"
+               "<pIndex>R</pIndex><pValueIndexed Index=\" 1\">One</pValueIndexed>"
                "<pValueDefault>R</pValueDefault>"
                    + more)
         + intReg("R", 0) + intReg("One", 8, one);
@@ -254,8 +254,8 @@ const std::vector<Meaning> meanings {
     { "steps are as long as the register", placed("<Address>-8</Address><pIndex>Two</pIndex>"), 5,
         "5 1 RW" },
     { "steps of a length",
-        placed("<Address>-14</Address><pIndex Offset=\"5\">Two</pIndex>"
-               "<pIndex pOffset=\"Two\">Two</pIndex>"),
+        placed("<Address>-14</Address><pIndex Offset=\" 5\">Two</pIndex>"
+               "<pIndex pOffset=\"Two \">Two</pIndex>"),
         5, "5 1 RW" },
     { "address that has no value", placed("<Address>0</Address><pAddress>None</pAddress>"), 5,
         unread },
