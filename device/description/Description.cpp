@@ -29,9 +29,12 @@ bool isUtf16(std::string_view text)
     return text.substr(0, 2) == "\xFF\xFE" || text.substr(0, 2) == "\xFE\xFF";
 }
 
+/// Windows' own set has the same signs where descriptions have any: degrees, micro, accents.
 bool isLatin1(std::string_view text)
 {
-    return text.substr(0, 200).find("8859-1") != std::string_view::npos;
+    const std::string_view declaration = text.substr(0, 200);
+    return declaration.find("8859-1") != std::string_view::npos
+        || declaration.find("indows-1252") != std::string_view::npos;
 }
 
 /// Camera tools write a line about the camera before the XML.

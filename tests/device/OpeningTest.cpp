@@ -58,12 +58,15 @@ TEST_F(Opening, TakesEveryFormThatCamerasDeliver)
     std::string latin1 = good;
     latin1.replace(latin1.find("utf-8"), 5, "iso-8859-1");
     latin1.replace(latin1.find("\"V\""), 3, "\"V\xE9\"");
+    std::string windows = latin1;
+    windows.replace(windows.find("iso-8859-1"), 10, "Windows-1252");
     write("note.txt", "no XML");
 
     for (const std::string& path :
         { write("plain.xml", good), write("bom.xml", "\xEF\xBB\xBF" + good),
             write("line.xml", "Camera 1 (10.0.0.1)\n" + good), write("legacy.xml", legacy),
-            write("latin1.xml", latin1), zip(write("A.XML", good) + " note.txt") }) {
+            write("latin1.xml", latin1), write("windows-latin1.xml", windows),
+            zip(write("A.XML", good) + " note.txt") }) {
         std::string error;
         std::unique_ptr<ZQCamera> camera = ZQCamera::OpenDescription(path, error);
         ASSERT_TRUE(camera) << path << ": " << error;
