@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace zqcameralib {
 
@@ -28,6 +29,8 @@ public:
     virtual void beforeRead(RegisterMemory& memory, std::uint64_t address, std::size_t size) = 0;
     /// Reacts to a write to [address, address + size), which the memory holds already.
     virtual void afterWrite(RegisterMemory& memory, std::uint64_t address, std::size_t size) = 0;
+    /// A command has been written, by its feature's name.
+    virtual void executed(RegisterMemory& /*memory*/, const std::string& /*command*/) { }
     /// The images of an acquisition that ends by itself have been taken.
     virtual void afterLastImage(RegisterMemory& /*memory*/) { }
 };

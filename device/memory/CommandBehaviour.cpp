@@ -8,35 +8,33 @@
 
 namespace zqcameralib {
 
-void CommandBehaviour::addCommand(
-    const Register& place, std::vector<std::uint8_t> bits, std::vector<std::uint8_t> value)
+void CommandBehaviour::addCommand(const std::string& name, std::vector<std::uint8_t> bits)
 {
-    m_commands.push_back({ place, std::move(bits), std::move(value) });
+    m_bits.emplace(name, std::move(bits));
 }
 
 void CommandBehaviour::start(RegisterMemory&) { }
 
 void CommandBehaviour::beforeRead(RegisterMemory&, std::uint64_t, std::size_t) { }
 
-void CommandBehaviour::afterWrite(RegisterMemory& memory, std::uint64_t address, std::size_t size)
+void CommandBehaviour::afterWrite(RegisterMemory&, std::uint64_t address, std::size_t size)
 {
-    for (const Command& command : m_commands) {
-        const Register& place = command.place;
-        if (place.address < address || place.address + place.size > address + size) {
-            continue; // only a write to all of it runs it
-        }
-        std::vector<std::uint8_t> bytes(place.size);
-        memory.read(place.address, bytes.data(), bytes.size());
-        std::vector<std::uint8_t> others(place.size);
-        bool isRunning = true;
-        for (std::size_t i = 0; i < bytes.size(); ++i) {
-            isRunning = isRunning && (bytes[i] & command.bits[i]) == command.value[i];
-            others[i] = static_cast<std::uint8_t>(bytes[i] & ~command.bits[i]);
-        }
-        if (isRunning) {
-            memory.write(place.address, others.data(), others.size());
-        }
+    m_written = { address, size };
+}
+
+/// Which register it is may depend on a selector: it is the one just written.
+void CommandBehaviour::executed(RegisterMemory& memory, const std::string& command)
+{
+    const auto known = m_bits.find(command);
+    if (known == m_bits.end() || known->second.size() != m_written.size) {
+        return;
     }
+    std::vector<std::uint8_t> bytes(m_written.size);
+    memory.read(m_written.address, bytes.data(), bytes.size());
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        bytes[i] = static_cast<std::uint8_t>(bytes[i] & ~known->second[i]);
+    }
+    memory.write(m_written.address, bytes.data(), bytes.size());
 }
 
 } // namespace zqcameralib

@@ -9,6 +9,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace zqcameralib {
@@ -17,23 +19,18 @@ namespace zqcameralib {
 /// commands are done at once, which their bits tell by being zero again.
 class CommandBehaviour : public CameraBehaviour {
 public:
-    /// Both have as many bytes as the register: `bits` ones where the command's bits are, `value`
-    /// what runs it.
-    void addCommand(
-        const Register& place, std::vector<std::uint8_t> bits, std::vector<std::uint8_t> value);
+    /// `bits`: as many bytes as the command's register has, with ones where its bits are.
+    void addCommand(const std::string& name, std::vector<std::uint8_t> bits);
 
     void start(RegisterMemory& memory) override;
     void beforeRead(RegisterMemory& memory, std::uint64_t address, std::size_t size) override;
     void afterWrite(RegisterMemory& memory, std::uint64_t address, std::size_t size) override;
 
-private:
-    struct Command {
-        Register place;
-        std::vector<std::uint8_t> bits;
-        std::vector<std::uint8_t> value;
-    };
+    void executed(RegisterMemory& memory, const std::string& command) override;
 
-    std::vector<Command> m_commands;
+private:
+    std::unordered_map<std::string, std::vector<std::uint8_t>> m_bits; ///< by command
+    Register m_written; ///< the last register that was
 };
 
 } // namespace zqcameralib

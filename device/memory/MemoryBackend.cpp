@@ -85,6 +85,9 @@ void MemoryBackend::endCall()
 
 void MemoryBackend::executed(const std::string& command)
 {
+    if (m_behaviour) {
+        m_behaviour->executed(m_memory, command);
+    }
     const std::shared_ptr<SceneFeed> feed = m_feed.lock();
     if (!feed) {
         return;

@@ -18,33 +18,22 @@ namespace zqcameralib {
 
 namespace {
 
-void addCommand(CommandBehaviour& behaviour, ZQCamera::Impl& camera, const Feature& feature,
-    const Register& place)
-{
-    const Description& description = camera.description();
-    const RegisterFacts facts
-        = registerFacts(description, valueChain(description, feature.commandRegister).back());
-    const std::optional<Number> run = valueFacts(description, feature.index).command.constant;
-    if (!run || !holdsInteger(facts, place.size)) {
-        return;
-    }
-    std::vector<std::uint8_t> bits(place.size);
-    std::vector<std::uint8_t> value(place.size);
-    encodeInteger(facts, -1, bits.data(), bits.size());
-    encodeInteger(facts, run->integer, value.data(), value.size());
-    behaviour.addCommand(place, std::move(bits), std::move(value));
-}
-
 void addCommands(ZQCamera::Impl& camera, CommandBehaviour& behaviour)
 {
-    for (const Feature& feature : camera.features()) {
-        if (feature.commandRegister == Description::absent) {
+    const Description& description = camera.description();
+    for (const DescriptionNode& node : description.nodes()) {
+        const Feature* command
+            = node.kind == NodeKind::Command ? camera.anyFeature(node.name) : nullptr;
+        if (command == nullptr || command->commandRegister == Description::absent) {
             continue;
         }
-        const RegisterPort::Recorder recorder(camera.port());
-        const Result<Number> value = camera.nodes().number(feature.commandRegister);
-        if (value.isOk() && !recorder.read.empty()) {
-            addCommand(behaviour, camera, feature, recorder.read.back());
+        const std::size_t reg = valueChain(description, command->commandRegister).back();
+        const RegisterFacts facts = registerFacts(description, reg);
+        const Result<std::size_t> length = camera.nodes().length(reg);
+        if (length.isOk() && holdsInteger(facts, length.value())) {
+            std::vector<std::uint8_t> bits(length.value());
+            encodeInteger(facts, -1, bits.data(), bits.size());
+            behaviour.addCommand(command->name, std::move(bits));
         }
     }
 }

@@ -523,4 +523,14 @@ TEST(Standard, ADescribedCamerasCommandLeavesTheBitsBesideIt)
     EXPECT_EQ(camera.read("Sel"), "0"); // the command had the whole register
 }
 
+TEST(Standard, ADescribedCamerasCommandIsDoneWhereverItIsWritten)
+{
+    TestCamera camera("Sel Fire",
+        node("Integer", "Sel", "<Value>0</Value>") + node("Integer", "Code", "<Value>9</Value>")
+            + node("Command", "Fire", "<pValue>R</pValue><pCommandValue>Code</pCommandValue>")
+            + intReg("R", 0, "<pIndex Offset=\"4\">Sel</pIndex>"));
+    EXPECT_EQ(camera.set("Sel", 1), STATUS_OK);
+    EXPECT_EQ(camera.device.ExecuteCommand("Fire", 1), STATUS_OK);
+}
+
 } // namespace
