@@ -69,7 +69,7 @@ Status FormatReading::mayGoOn(int code)
 Status FormatReading::readInteger(const char* name, std::int64_t& value, int& code)
 {
     code = unknownFeature;
-    if (m_camera.feature(name) == nullptr) {
+    if (m_camera.anyFeature(name) == nullptr) {
         return {};
     }
     long result = 0;
@@ -94,7 +94,7 @@ Status FormatReading::readEnum(const Feature& feature, std::int64_t& value)
 
 Status FormatReading::readEntry(const char* name, std::string& entry)
 {
-    const Feature* feature = m_camera.feature(name);
+    const Feature* feature = m_camera.anyFeature(name);
     if (feature == nullptr || feature->type != FEATURE_ENUMERATION) {
         return {};
     }
@@ -139,7 +139,7 @@ Status FormatReading::readHeight()
 
 Status FormatReading::readPixelFormat()
 {
-    const Feature* feature = m_camera.feature("PixelFormat");
+    const Feature* feature = m_camera.anyFeature("PixelFormat");
     std::int64_t value = 0;
     Status status;
     if (feature != nullptr && feature->type == FEATURE_ENUMERATION) {
@@ -177,8 +177,9 @@ Status FormatReading::readRate()
     for (const char* name :
         { "AcquisitionResultingFrameRate", "AcquisitionFrameRate", "AcquisitionFrameRateAbs" }) {
         double value = 0.0;
-        const int code = m_camera.feature(name) == nullptr ? unknownFeature
-                                                           : m_device.GetFloatValue(name, &value);
+        const int code = m_camera.anyFeature(name) == nullptr
+            ? unknownFeature
+            : m_device.GetFloatValue(name, &value);
         if (Status status = mayGoOn(code); !status.isOk()) {
             return status;
         }

@@ -44,7 +44,7 @@ Words PacketTask::refusal()
     if (backend.isLost()) {
         return backend.loss().words();
     }
-    const Feature* size = camera.feature(sizeName);
+    const Feature* size = camera.anyFeature(sizeName);
     if (size == nullptr || size->type != featurebrowser::FEATURE_INTEGER) {
         return translated("The camera has no packets whose size could be set (GevSCPSPacketSize).");
     }
@@ -57,7 +57,7 @@ Words PacketTask::refusal()
 std::int64_t PacketTask::integer(const char* name, std::int64_t otherwise)
 {
     long value = 0;
-    const int status = m_acquisition.camera().feature(name) == nullptr
+    const int status = m_acquisition.camera().anyFeature(name) == nullptr
         ? unknownFeature
         : m_acquisition.device().GetIntegerValue(name, &value);
     m_isSlow = m_isSlow || status == cameraSlow;
@@ -124,7 +124,7 @@ Status PacketTask::readFacts(const ImageFormat& format)
     constexpr double usualTicks = 1e9;
     ZQCamera::Impl& camera = m_acquisition.camera();
     const auto limitsOf = [&camera](const char* name) {
-        const Feature* feature = camera.feature(name);
+        const Feature* feature = camera.anyFeature(name);
         return feature == nullptr ? Result<Limits>(Limits())
                                   : camera.nodes().limits(feature->index);
     };
@@ -155,7 +155,7 @@ void PacketTask::forbidFragments()
 {
     bool isForbidden = true;
     featurebrowser::ICameraDevice& device = m_acquisition.device();
-    m_mayFragment = m_acquisition.camera().feature(fragmentName) != nullptr
+    m_mayFragment = m_acquisition.camera().anyFeature(fragmentName) != nullptr
         && device.GetBooleanValue(fragmentName, &isForbidden) == STATUS_OK && !isForbidden
         && device.SetBooleanValue(fragmentName, 1) == STATUS_OK;
 }

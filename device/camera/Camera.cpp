@@ -37,9 +37,14 @@ Status ZQCamera::Impl::use(std::string text)
         wantsRegisterAccess(description) ? AccessKind::Register : AccessKind::Memory);
     contents->nodes = std::make_unique<NodeMap>(description, m_port);
     contents->reader = std::make_unique<FeatureReader>(description, *contents->nodes, m_port);
-    contents->features = collectFeatures(description, listFeatures(description));
-    for (std::size_t i = 0; i < contents->features.size(); ++i) {
-        contents->byName.emplace(contents->features[i].name, i);
+    const std::vector<ListedNode> listed = listFeatures(description);
+    contents->features = collectFeatures(description, listed);
+    contents->unlisted = collectFeatures(description, unlistedFeatures(description, listed));
+    for (const Feature& feature : contents->features) {
+        contents->byName.emplace(feature.name, &feature);
+    }
+    for (const Feature& feature : contents->unlisted) {
+        contents->unlistedByName.emplace(feature.name, &feature);
     }
     if (m_port.backend().prefersBatches()) {
         contents->prefetchPlan = PrefetchPlan(description, contents->features);
@@ -105,7 +110,7 @@ void ZQCamera::Impl::endAcquisition()
     if (!std::exchange(m_isGrabbing, false)) {
         return;
     }
-    const Feature* stop = feature("AcquisitionStop");
+    const Feature* stop = anyFeature("AcquisitionStop");
     if (stop != nullptr && stop->type == featurebrowser::FEATURE_COMMAND) {
         (void)nodes().execute(stop->index); // one that was restarted has none to stop
     }
@@ -139,7 +144,14 @@ const DependencyGraph& ZQCamera::Impl::dependencies() const
 const Feature* ZQCamera::Impl::feature(std::string_view name) const
 {
     const auto found = m_contents->byName.find(name);
-    return found == m_contents->byName.end() ? nullptr : &m_contents->features[found->second];
+    return found == m_contents->byName.end() ? nullptr : found->second;
+}
+
+const Feature* ZQCamera::Impl::anyFeature(std::string_view name) const
+{
+    const Feature* listed = feature(name);
+    const auto found = m_contents->unlistedByName.find(name);
+    return listed != nullptr || found == m_contents->unlistedByName.end() ? listed : found->second;
 }
 
 const Feature* ZQCamera::Impl::featureOver(std::size_t node) const

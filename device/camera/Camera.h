@@ -47,6 +47,8 @@ public:
     const std::vector<Feature>& features() const { return m_contents->features; }
     /// Null when there is no feature of that name.
     const Feature* feature(std::string_view name) const;
+    /// The same, with those that are not listed because nobody is to see them.
+    const Feature* anyFeature(std::string_view name) const;
     /// Built when it is first asked for.
     const DependencyGraph& dependencies() const;
     /// The feature through which a user changes what stands in `node`, one that can be written
@@ -80,8 +82,10 @@ private:
         std::unique_ptr<NodeMap> nodes;
         std::unique_ptr<FeatureReader> reader;
         std::vector<Feature> features;
+        std::vector<Feature> unlisted;
         PrefetchPlan prefetchPlan;
-        std::unordered_map<std::string_view, std::size_t> byName;
+        std::unordered_map<std::string_view, const Feature*> byName;
+        std::unordered_map<std::string_view, const Feature*> unlistedByName;
         std::unordered_map<std::size_t, const Feature*> overNode;
         std::unordered_map<const Feature*, Registers> written;
     };

@@ -122,7 +122,7 @@ bool ZQCameraRepository::Impl::touchesWritten(const Record& record, const Featur
 ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::invalidatedBy(const std::string& name)
 {
     dropOtherCamera();
-    const Feature* feature = m_camera.feature(name);
+    const Feature* feature = m_camera.anyFeature(name);
     if (feature == nullptr) {
         return {};
     }
@@ -136,7 +136,7 @@ ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::invalidatedBy(const
 ZQCameraRepository::Impl::ItemList ZQCameraRepository::Impl::selectedBy(const std::string& name)
 {
     dropOtherCamera();
-    const Feature* feature = m_camera.feature(name);
+    const Feature* feature = m_camera.anyFeature(name);
     return feature != nullptr && feature->isSelector ? affectedBy(*feature) : ItemList {};
 }
 

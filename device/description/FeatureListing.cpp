@@ -4,6 +4,8 @@
 
 #include "description/FeatureListing.h"
 
+#include "description/ReferenceWalk.h"
+
 #include "featurebrowser/FeatureTypes.h"
 
 namespace zqcameralib {
@@ -40,10 +42,11 @@ private:
         m_description.node(category).forEachTarget(only(ReferenceTag::Feature), visit);
     }
 
-    /// Whether the node is a category, or a feature that is shown, and not listed yet.
+    /// Whether the node is a category, or a feature, that is shown, and not listed yet.
     bool takeCategory(std::size_t node)
     {
-        return m_description.node(node).kind == NodeKind::Category && take(node);
+        const DescriptionNode& category = m_description.node(node);
+        return category.kind == NodeKind::Category && levelOf(category.element) != 0 && take(node);
     }
     bool takeFeature(std::size_t node)
     {
@@ -104,6 +107,23 @@ private:
 std::vector<ListedNode> listFeatures(const Description& description)
 {
     return Lister(description).list();
+}
+
+std::vector<ListedNode> unlistedFeatures(
+    const Description& description, const std::vector<ListedNode>& listed)
+{
+    std::vector<bool> isListed(description.nodes().size(), false);
+    for (const ListedNode& entry : listed) {
+        isListed[entry.node] = true;
+    }
+    std::vector<ListedNode> unlisted;
+    for (const std::size_t node :
+        reachable(description, description.find("Root"), only(ReferenceTag::Feature))) {
+        if (!isListed[node] && hasValue(description.node(node).kind)) {
+            unlisted.push_back({ node, 0, false, 0 });
+        }
+    }
+    return unlisted;
 }
 
 std::uint8_t levelOf(const pugi::xml_node& element)

@@ -23,8 +23,12 @@ struct ListedNode {
 /// The features below the root category in the order of the categories, each once, at the first
 /// place that names it. The root itself is not listed, unless it holds features directly: then it
 /// stands first, as a top-level category with those features. References to nodes that do not
-/// exist, and of categories to themselves, are left out, as are Invisible features.
+/// exist, and of categories to themselves, are left out, as are Invisible features and categories.
 std::vector<ListedNode> listFeatures(const Description& description);
+
+/// The features below the root category that are not listed, for programs: nobody is to see them.
+std::vector<ListedNode> unlistedFeatures(
+    const Description& description, const std::vector<ListedNode>& listed);
 
 /// TYPE_LEVEL of a node or an enumeration's entry, 0 for an Invisible one.
 std::uint8_t levelOf(const pugi::xml_node& element);

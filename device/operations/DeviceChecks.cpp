@@ -57,7 +57,7 @@ Result<const Feature*> DeviceOperations::lookup(const char* name, std::uint8_t t
     if (backend.isLost()) {
         return backend.loss();
     }
-    const Feature* feature = name == nullptr ? nullptr : m_camera.feature(name);
+    const Feature* feature = name == nullptr ? nullptr : m_camera.anyFeature(name);
     if (feature == nullptr) {
         return Status(unknownFeature,
             (name == nullptr ? translated("(no name)") : Words(name)) + ": "

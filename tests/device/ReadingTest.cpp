@@ -14,12 +14,15 @@ namespace {
 
 TEST(FeatureListing, EachNameOnceInTreeOrderInsideACategory)
 {
-    std::string xml = TestCamera::description("A Missing Main Sub A Hidden",
+    std::string xml = TestCamera::description("A Missing Main Secret Sub A Hidden",
         intReg("A", 0) + intReg("B", 4) + intReg("Direct", 8)
             + intReg("Hidden", 12, element("Visibility", "Invisible"))
             + R"(<Category Name="Sub"><pFeature>B</pFeature><pFeature>A</pFeature>
                  <pFeature>Main</pFeature><pFeature>Empty</pFeature></Category>
-                 <Category Name="Empty"><pFeature>Hidden</pFeature></Category>)");
+                 <Category Name="Empty"><pFeature>Hidden</pFeature></Category>
+                 <Category Name="Secret"><Visibility>Invisible</Visibility>
+                 <pFeature>B</pFeature><pFeature>InSecret</pFeature></Category>)"
+            + intReg("InSecret", 16));
     xml.replace(xml.find("Main</pFeature></Category>"), 4, "Main</pFeature><pFeature>Bare");
     xml.replace(xml.find("<Port"), 0, "<Category Name=\"Bare\"/>");
     std::string direct = xml;
@@ -27,6 +30,17 @@ TEST(FeatureListing, EachNameOnceInTreeOrderInsideACategory)
 
     EXPECT_EQ(TestCamera(openDescription(xml)).listed(), "Main:0 A:1 Sub:1 B:2");
     EXPECT_EQ(TestCamera(openDescription(direct)).listed(), "Root:0 Direct:1 Main:0 A:1 Sub:1 B:2");
+}
+
+TEST(FeatureListing, WhatNobodyIsToSeeIsThereForPrograms)
+{
+    TestCamera camera("A Hidden",
+        intReg("A", 0) + intReg("Hidden", 4, element("Visibility", "Invisible"))
+            + intReg("Unnamed", 8));
+    EXPECT_EQ(camera.listed(), "Main:0 A:1");
+    EXPECT_EQ(camera.set("Hidden", 7), STATUS_OK);
+    EXPECT_EQ(camera.registerAt(4), 7);
+    EXPECT_EQ(camera.set("Unnamed", 7), unknownFeature);
 }
 
 TEST(FeatureListing, NotImplementedIsLeftOutAndNotAvailableIsListedAsSuch)
