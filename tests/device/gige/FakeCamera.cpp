@@ -135,7 +135,7 @@ bool FakeCamera::isInstalled()
 
 namespace {
 
-using Changes = std::initializer_list<std::pair<const char*, const char*>>;
+using Changes = std::initializer_list<std::pair<const char*, std::string>>;
 
 /// A camera on 127.0.0.4 whose description has other words in it.
 std::unique_ptr<FakeCamera> changed(const Changes& changes, const char* serial)
@@ -164,4 +164,16 @@ std::unique_ptr<FakeCamera> otherModel()
 std::unique_ptr<FakeCamera> olderSchema()
 {
     return changed({ { "SchemaMinorVersion=\"1\"", "SchemaMinorVersion=\"0\"" } }, "GV03");
+}
+
+std::unique_ptr<FakeCamera> oddRegisters()
+{
+    const std::string more = "<AccessMode>RW</AccessMode><pPort>Device</pPort>";
+    return changed(
+        { { "<pFeature>Gamma</pFeature>", "<pFeature>Words</pFeature><pFeature>Odd</pFeature>" },
+            { "<Port Name=\"Device\"",
+                "<StringReg Name=\"Words\"><Address>0xE000</Address><Length>6</Length>" + more
+                    + "</StringReg><IntReg Name=\"Odd\"><Address>0xE006</Address><Length>2</Length>"
+                    + more + "</IntReg><Port Name=\"Device\"" } },
+        "GV05");
 }

@@ -44,6 +44,15 @@ bool isWriteTo(const Packet& packet, std::uint32_t address)
     return isWrite && target == address;
 }
 
+/// Cameras refuse accesses to memory that are not whole words.
+bool isOfParts(const Packet& packet)
+{
+    const bool isRead = packet[3] == 0x84 && packet.size() == 16;
+    const bool isWrite = packet[3] == 0x86 && packet.size() >= 12;
+    return ((isRead || isWrite) && packet[11] % 4 != 0) || (isRead && packet[15] % 4 != 0)
+        || (isWrite && packet.size() % 4 != 0);
+}
+
 } // namespace
 
 FaultProxy::FaultProxy(std::uint32_t seed)
@@ -156,6 +165,11 @@ void FaultProxy::onRequest(Client& client, Packet packet, const Faults& faults)
     if (faults.status != 0
         && (faults.refusedWrite == 0 || isWriteTo(packet, faults.refusedWrite))) {
         reply(client, refusal(packet, faults.status), replyTime(faults));
+        return;
+    }
+    if (isOfParts(packet)) {
+        constexpr int badAlignment = 0x8005;
+        reply(client, refusal(packet, badAlignment), replyTime(faults));
         return;
     }
     if (faults.pendingMs > 0) {

@@ -75,6 +75,18 @@ TEST_F(GigE, FourBytesOfAnOlderDescriptionAreReadAndWrittenAsRegisters)
     EXPECT_EQ(value("Width"), "64");
 }
 
+TEST_F(GigE, PartsOfWordsAreReadAndWrittenWithTheirWords)
+{
+    const std::unique_ptr<FakeCamera> odd = oddRegisters();
+    m_proxy.switchTo("127.0.0.4");
+    open();
+    EXPECT_EQ(set("Odd", 0x1234), STATUS_OK);
+    EXPECT_EQ(set("Words", "abcdef"), STATUS_OK);
+    EXPECT_EQ(read("Odd") + read("Words"), "4660abcdef");
+    EXPECT_EQ(set("Odd", 7), STATUS_OK);
+    EXPECT_EQ(read("Odd") + read("Words"), "7abcdef");
+}
+
 TEST_F(GigE, DiscoveryListsTheCameraAndItsIdOpensIt)
 {
     ZQDiscovery discovery;
