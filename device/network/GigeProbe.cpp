@@ -31,6 +31,7 @@ constexpr std::uint16_t readMemoryAck = 0x0085;
 constexpr std::uint16_t pendingAck = 0x0089;
 constexpr std::uint32_t modelRegister = 0x0068;
 constexpr std::uint32_t urlRegister = 0x0200;
+constexpr std::uint32_t secondUrlRegister = 0x0400; ///< for where the first one leads nowhere
 constexpr std::uint16_t modelSize = 32;
 constexpr std::uint16_t urlSize = 512;
 constexpr std::size_t headerSize = 8;
@@ -157,7 +158,8 @@ GigeProbe probeGige(const std::string& address, const std::atomic<bool>& isCance
     probe.roundTrip = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     if (probe.answer == GigeProbe::Answer::Given) {
         const Reply url = ask(channel, urlRegister, urlSize, 2, isCancelled);
-        probe.descriptionSize = sizeInUrl(url.data);
+        const Reply second = ask(channel, secondUrlRegister, urlSize, 3, isCancelled);
+        probe.descriptionSize = std::max(sizeInUrl(url.data), sizeInUrl(second.data));
     }
     return probe;
 }

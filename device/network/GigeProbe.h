@@ -22,10 +22,11 @@ struct GigeProbe {
     };
     Answer answer = Answer::None;
     std::chrono::milliseconds roundTrip { 0 }; ///< of one register, lost packets included
-    std::uint64_t descriptionSize = 0; ///< bytes as they are transferred; 0 where it does not say
+    /// Bytes as they are transferred, of the larger of two; 0 where it does not say.
+    std::uint64_t descriptionSize = 0;
 };
 
-/// Asks the camera at `address` (IPv4) for its model and for the place of its description, by
+/// Asks the camera at `address` (IPv4) for its model and for the places of its description, by
 /// reads that everybody is allowed. Waits at most about 2.5 s, less once `isCancelled` is set.
 GigeProbe probeGige(const std::string& address, const std::atomic<bool>& isCancelled);
 

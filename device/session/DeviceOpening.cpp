@@ -25,6 +25,8 @@ namespace {
 using DevicePointer = GObjectPointer<ArvDevice>;
 
 constexpr int openTries = 2;
+/// As of a file. The library asks for as much memory as the camera states, or ends the program.
+constexpr std::uint64_t largestDescription = 32U << 20U;
 
 /// The local address from which the network reaches `device`; empty when it does not. Nothing is
 /// sent.
@@ -92,6 +94,11 @@ Status askForAnswer(const CameraPlace& place, OpeningProgress& progress)
     progress.step = OpeningProgress::Step::Asking;
     const GigeProbe probe = probeGige(place.address, progress.isCancelled);
     progress.expectedMs = expectedTime(probe);
+    if (probe.descriptionSize > largestDescription) {
+        return { notLoaded,
+            place.words("the camera states an impossible size of its description, "
+                + std::to_string(probe.descriptionSize) + " bytes") };
+    }
     switch (probe.answer) {
     case GigeProbe::Answer::NoWay:
         return { cameraLost,

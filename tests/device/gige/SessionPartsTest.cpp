@@ -142,6 +142,7 @@ struct ProbeCase {
     GigeProbe::Answer answer;
     std::uint64_t size;
     int lost = 0;
+    Datagram onSecond = acknowledge(readAck, 3, 8, {}, 0x80);
 };
 
 TEST(GigeProbes, TellWhatAnswersAtAnAddress)
@@ -149,13 +150,16 @@ TEST(GigeProbes, TellWhatAnswersAtAnAddress)
     const Datagram forModel { 0x42, 1, 0, 0x84, 0, 8, 0, 1, 0, 0, 0, 0x68, 0, 0, 0, 32 };
     const Datagram forUrl { 0x42, 1, 0, 0x84, 0, 8, 0, 2, 0, 0, 2, 0, 0, 0, 2, 0 };
     using Answer = GigeProbe::Answer;
-    const auto url = [](const char* text) { return acknowledge(readAck, 2, 12 + 512, text); };
+    const auto url = [](const char* text, std::uint8_t number = 2) {
+        return acknowledge(readAck, number, 12 + 512, text);
+    };
     const Datagram model = acknowledge(readAck, 1, 12 + 32);
     const Datagram wait = acknowledge(pendingAck, 1, 12);
     const Datagram sized = url("Local:name.zip;8000;1D8F2");
     const std::vector<ProbeCase> cases {
         { "Sized", { model }, { sized }, Answer::Given, 0x1D8F2 },
         { "NoSize", { model }, { url("FACADE.xml") }, Answer::Given, 0 },
+        { "SecondUrl", { model }, { url("") }, Answer::Given, 7, 0, url("b;7", 3) },
         { "NoUrl", { model }, { acknowledge(readAck, 2, 8, {}, 0x80) }, Answer::Given, 0 },
         { "Refused", { acknowledge(readAck, 1, 8, {}, 0x80) }, {}, Answer::Refused, 0 },
         { "WaitThenAnswer", { wait, model }, { sized }, Answer::Given, 0x1D8F2 },
@@ -171,7 +175,8 @@ TEST(GigeProbes, TellWhatAnswersAtAnAddress)
     for (const ProbeCase& test : cases) {
         SCOPED_TRACE(test.name);
         const bool isGiven = test.answer == Answer::Given;
-        Answering camera("127.0.0.8", { { 1, test.onModel }, { 2, test.onUrl } }, test.lost);
+        Answering camera("127.0.0.8",
+            { { 1, test.onModel }, { 2, test.onUrl }, { 3, { test.onSecond } } }, test.lost);
         const GigeProbe probe = probeGige("127.0.0.8", false);
         EXPECT_EQ(probe.answer, test.answer);
         EXPECT_EQ(probe.descriptionSize, test.size);
@@ -209,6 +214,18 @@ TEST(Places, ThatOnlyAnswerAProbeAreNoCameras)
     EXPECT_FALSE(opened.value());
     EXPECT_GT(progress->expectedMs, 0); // as the first packet was lost
     EXPECT_EQ(progress->step, OpeningProgress::Step::Reading);
+}
+
+TEST(Places, ThatStateADescriptionNobodyHasMemoryFor)
+{
+    const Answering camera("127.0.0.8",
+        { { 1, { acknowledge(readAck, 1, 12 + 32) } },
+            { 2, { acknowledge(readAck, 2, 12 + 512, "Local:a.xml;0;FFFFFFFFFFFF") } },
+            { 3, { acknowledge(readAck, 3, 8, {}, 0x80) } } });
+    OpeningProgress progress;
+    EXPECT_EQ(askForAnswer({ "GigEVision", "127.0.0.8" }, progress).text(),
+        "127.0.0.8: the camera states an impossible size of its description, 281474976710655 "
+        "bytes");
 }
 
 TEST(SourceFilters, FindTheSocketsThatHearEverybody)
