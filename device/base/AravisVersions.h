@@ -52,6 +52,11 @@ inline gint arv_buffer_get_part_height(ArvBuffer* buffer, guint)
     return arv_buffer_get_image_height(buffer);
 }
 
+inline void arv_buffer_get_part_padding(ArvBuffer*, guint, gint* x, gint*)
+{
+    *x = 0;
+}
+
 inline ArvPixelFormat arv_buffer_get_part_pixel_format(ArvBuffer* buffer, guint)
 {
     return arv_buffer_get_image_pixel_format(buffer);

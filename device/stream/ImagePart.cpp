@@ -8,6 +8,7 @@
 #include "frames/FrameSize.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace zqcameralib {
 
@@ -23,8 +24,28 @@ bool keepWholeRows(ZQFrame& frame)
     return frame.height > 0;
 }
 
-/// Part lengths are what the camera announces, too.
-bool takePart(ArvBuffer* buffer, guint part, std::size_t allocated, ZQFrame& frame)
+/// GigE Vision and USB3 Vision: lines may be longer than their pixels. Those of a frame are not;
+/// the buffer is ours until it is given back.
+void dropPadding(ZQFrame& frame, gint padding)
+{
+    const std::uint64_t bits = std::uint64_t(frame.width) * bitsPerPixel(frame.pixelFormat);
+    const std::size_t row = bits / 8;
+    const std::size_t line = row + static_cast<std::size_t>(std::max(padding, 0));
+    const auto rows = static_cast<std::size_t>(frame.height);
+    if (line == row || bits % 8 != 0 || (frame.size + line - row) / line < rows) {
+        return;
+    }
+    auto* const data = const_cast<std::uint8_t*>(frame.data);
+    for (std::size_t i = 1; i < rows; ++i) {
+        std::memmove(data + i * row, data + i * line, row);
+    }
+    frame.size = rows * row;
+}
+
+/// Part lengths are what the camera announces, too. An image that chunks follow is itself the first
+/// of them.
+bool takePart(
+    ArvBuffer* buffer, guint part, std::size_t allocated, const Chunks& chunks, ZQFrame& frame)
 {
     std::size_t size = 0;
     const auto* all = static_cast<const std::uint8_t*>(arv_buffer_get_data(buffer, nullptr));
@@ -33,18 +54,25 @@ bool takePart(ArvBuffer* buffer, guint part, std::size_t allocated, ZQFrame& fra
     if (offset >= allocated) {
         return false;
     }
-    frame.size = std::min(size, allocated - offset);
+    const bool isChunk = !chunks.empty() && chunks.front().data == frame.data;
+    frame.size = isChunk ? chunks.front().size : std::min(size, allocated - offset);
     frame.width = arv_buffer_get_part_width(buffer, part);
     frame.height = arv_buffer_get_part_height(buffer, part);
     frame.pixelFormat = arv_buffer_get_part_pixel_format(buffer, part);
+    if (frame.width > 0 && frame.height > 0) {
+        gint padding = 0;
+        arv_buffer_get_part_padding(buffer, part, &padding, nullptr);
+        dropPadding(frame, padding);
+    }
     return keepWholeRows(frame);
 }
 
-bool takeFirstImagePart(ArvBuffer* buffer, std::size_t allocated, ZQFrame& frame)
+bool takeFirstImagePart(
+    ArvBuffer* buffer, std::size_t allocated, const Chunks& chunks, ZQFrame& frame)
 {
     for (guint part = 0; part < arv_buffer_get_n_parts(buffer); ++part) {
         if (arv_buffer_get_part_data_type(buffer, part) == ARV_BUFFER_PART_DATA_TYPE_2D_IMAGE) {
-            return takePart(buffer, part, allocated, frame);
+            return takePart(buffer, part, allocated, chunks, frame);
         }
     }
     return false;
@@ -62,18 +90,6 @@ bool takeFirstChunk(const Chunks& chunks, const ImageFormat& format, ZQFrame& fr
     frame.height = static_cast<int>(format.height);
     frame.pixelFormat = format.pixelFormat;
     return keepWholeRows(frame) && frame.height == format.height;
-}
-
-/// An image that chunks follow is itself the first of them.
-bool takeImageOfChunks(
-    ArvBuffer* buffer, std::size_t allocated, const Chunks& chunks, ZQFrame& frame)
-{
-    const bool isThere = takeFirstImagePart(buffer, allocated, frame);
-    if (!isThere || chunks.empty() || chunks.front().data != frame.data) {
-        return isThere;
-    }
-    frame.size = chunks.front().size;
-    return keepWholeRows(frame);
 }
 
 } // namespace
@@ -97,9 +113,9 @@ bool findImage(ArvBuffer* buffer, std::size_t allocated, const Chunks& chunks,
     switch (type) {
     case ARV_BUFFER_PAYLOAD_TYPE_IMAGE:
     case ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA:
-        return takeImageOfChunks(buffer, allocated, chunks, frame);
+        return takeFirstImagePart(buffer, allocated, chunks, frame);
     case ARV_BUFFER_PAYLOAD_TYPE_MULTIPART:
-        return takeFirstImagePart(buffer, allocated, frame);
+        return takeFirstImagePart(buffer, allocated, {}, frame);
     case ARV_BUFFER_PAYLOAD_TYPE_CHUNK_DATA:
         return takeFirstChunk(chunks, format, frame);
     default:

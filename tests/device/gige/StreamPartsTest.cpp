@@ -46,9 +46,11 @@ constexpr std::uint32_t payload = 0x03000000;
 constexpr std::uint32_t partOfPayload = 0x07000000;
 constexpr std::uint64_t mono8 = 0x01080001;
 
-Packets image(int type, std::uint64_t width, std::uint64_t height, const std::string& data)
+Packets image(int type, std::uint64_t width, std::uint64_t height, const std::string& data,
+    std::uint64_t padding = 0)
 {
-    const std::string size = bytes(mono8, 4) + bytes(width, 4) + bytes(height, 4) + bytes(0, 12);
+    const std::string size = bytes(mono8, 4) + bytes(width, 4) + bytes(height, 4) + bytes(0, 8)
+        + bytes(padding, 2) + bytes(0, 2);
     return { { leader, bytes(static_cast<unsigned>(type), 4) + bytes(0, 8) + size },
         { payload, data }, { trailer, bytes(0, 8) } };
 }
@@ -132,11 +134,17 @@ TEST_F(StreamParts, ShowTheImageAmongOtherPartsAndNoMoreOfItThanCame)
     const std::string other(16, 'x');
     const std::string fewer = whole.substr(allocated - 960);
     const std::string more = whole.substr(0, allocated - 16);
+    std::string padded;
+    for (int line = 0; line < 16; ++line) {
+        padded += whole.substr(0, 60) + "pad ";
+    }
     const std::vector<ImageCase> cases {
         { "Whole", image(1, 64, 16, whole), 16, 1024 },
         { "MoreAnnounced", image(1, 64, 17, whole), 16, 1024 },
         { "LessSent", image(1, 64, 16, whole.substr(700)), 5, 324 },
         { "LessThanARow", image(1, 64, 16, whole.substr(allocated - 63)), 0, 63 },
+        { "PaddedLines", image(1, 60, 16, padded.substr(0, 1020), 4), 16, 960 },
+        { "PaddedMoreThanSent", image(1, 64, 16, whole, 4), 16, 1024 },
         { "NoRows", image(1, 64, 0, whole), 0, 0 },
         { "NegativeWidth", image(1, 0x80000000U, 16, whole), 0, 0 },
         { "WithChunksBehind", image(0x4001, 64, 16, whole), 16, 1024 },
