@@ -29,13 +29,14 @@ std::vector<EnumEntry> enumEntries(const Description& description, std::size_t e
     for (const pugi::xml_node& element :
         description.node(enumeration).element.children("EnumEntry")) {
         const std::string_view text = childText(element, "Value");
-        const auto value = parseNumber(text);
+        const auto number = parseNumber(text);
+        const auto value = number ? number->rounded() : std::nullopt;
         if (!value) {
             continue;
         }
         EnumEntry entry;
         entry.name = element.attribute("Name").value();
-        entry.value = value->integer;
+        entry.value = *value;
         entry.isInvisible = levelOf(element) == 0;
         addCondition(entry, description, enumeration, element.child("pIsImplemented"));
         addCondition(entry, description, enumeration, element.child("pIsAvailable"));

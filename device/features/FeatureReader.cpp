@@ -276,7 +276,8 @@ Result<std::string> FeatureReader::readValue(const Feature& feature)
     if (!value.value().isFinite()) {
         return Status(notEvaluable, translated("its register holds no finite number"));
     }
-    return feature.type == FEATURE_FLOAT ? floatText(value.value().asReal())
+    constexpr double noSign = 0.0; // added to a negative zero, it takes its sign
+    return feature.type == FEATURE_FLOAT ? floatText(value.value().asReal() + noSign)
                                          : integerText(value.value().integer);
 }
 
