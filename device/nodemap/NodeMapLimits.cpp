@@ -13,6 +13,28 @@
 
 namespace zqcameralib {
 
+namespace {
+
+Number halfway(const Number& a, const Number& b)
+{
+    if (a.isReal || b.isReal) {
+        return Number::of(a.asReal() / 2 + b.asReal() / 2);
+    }
+    return Number::of(a.integer / 2 + b.integer / 2 + (a.integer % 2 + b.integer % 2) / 2);
+}
+
+/// A formula that turns round somewhere gives values beyond those of both ends.
+bool isBeyond(const std::optional<Number>& value, const Limits& ends)
+{
+    if (!value || !ends.minimum || !ends.maximum) {
+        return false;
+    }
+    const auto [least, most] = std::minmax(*ends.minimum, *ends.maximum);
+    return *value < least || most < *value;
+}
+
+} // namespace
+
 Result<Limits> NodeMap::limits(std::size_t index)
 {
     const Visit visit(*this);
@@ -128,6 +150,11 @@ Limits NodeMap::converterLimits(std::size_t converter, const Limits& raw)
         return value.isOk() ? std::optional(value.value()) : std::nullopt;
     };
     Limits limits { converted(raw.minimum), converted(raw.maximum), std::nullopt };
+    const bool isTold = slope == "Increasing" || slope == "Decreasing";
+    if (!isTold && raw.minimum && raw.maximum
+        && isBeyond(converted(halfway(*raw.minimum, *raw.maximum)), limits)) {
+        return {};
+    }
     const bool isSwapped
         = slope == "Decreasing" || (slope != "Increasing" && isFalling(converter, raw, limits));
     if (isSwapped) {

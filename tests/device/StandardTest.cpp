@@ -383,6 +383,7 @@ TEST(Standard, LimitsOfConvertersFollowTheirSlope)
     EXPECT_EQ(limits("<Slope>Automatic</Slope>", "10 - TO"), std::pair(-40.0, 10.0));
     EXPECT_EQ(limits("<Slope>Decreasing</Slope>", "10 - TO"), std::pair(-40.0, 10.0));
     EXPECT_EQ(limits("<Slope>Varying</Slope>", "TO * TO"), std::pair(-DBL_MAX, DBL_MAX));
+    EXPECT_EQ(limits("", "TO > 20 ? TO - 51 : TO"), std::pair(-DBL_MAX, DBL_MAX)); // a sign
     EXPECT_EQ(limits("", "1 / TO"), std::pair(0.02, DBL_MAX)); // the raw 0 has no value
     EXPECT_EQ(limits("", "0 - 1 / TO"), std::pair(-DBL_MAX, -0.02));
     EXPECT_EQ(limits("<Slope>Increasing</Slope>", "100 / (50 - TO)"), std::pair(2.0, DBL_MAX));
