@@ -79,6 +79,7 @@ private:
     bool isGige() const { return ARV_IS_GV_DEVICE(m_device.get()); }
     ArvGvDevice* gige() const { return ARV_GV_DEVICE(m_device.get()); }
     bool isReadAsRegister(const Register& place, AccessKind kind) const;
+    bool canReach(const Register& place) const;
     Register wordsOf(const Register& place) const;
     Status readMemory(const Register& place, void* buffer);
     Status finish(gboolean isDone, const GlibError& failure);

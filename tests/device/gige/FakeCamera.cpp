@@ -168,12 +168,17 @@ std::unique_ptr<FakeCamera> olderSchema()
 
 std::unique_ptr<FakeCamera> oddRegisters()
 {
-    const std::string more = "<AccessMode>RW</AccessMode><pPort>Device</pPort>";
+    const auto placed = [](const std::string& begin, const std::string& end) {
+        return "<" + begin + "</Length><AccessMode>RW</AccessMode><pPort>Device</pPort></" + end
+            + ">";
+    };
+    const std::string nodes
+        = placed("StringReg Name=\"Words\"><Address>0xE000</Address><Length>6", "StringReg")
+        + placed("IntReg Name=\"Odd\"><Address>0xE006</Address><Length>2", "IntReg")
+        + placed("IntReg Name=\"Far\"><Address>0x10000E006</Address><Length>2", "IntReg");
     return changed(
-        { { "<pFeature>Gamma</pFeature>", "<pFeature>Words</pFeature><pFeature>Odd</pFeature>" },
-            { "<Port Name=\"Device\"",
-                "<StringReg Name=\"Words\"><Address>0xE000</Address><Length>6</Length>" + more
-                    + "</StringReg><IntReg Name=\"Odd\"><Address>0xE006</Address><Length>2</Length>"
-                    + more + "</IntReg><Port Name=\"Device\"" } },
+        { { "<pFeature>Gamma</pFeature>",
+              "<pFeature>Words</pFeature><pFeature>Odd</pFeature><pFeature>Far</pFeature>" },
+            { "<Port Name=\"Device\"", nodes + "<Port Name=\"Device\"" } },
         "GV05");
 }

@@ -57,5 +57,5 @@ std::unique_ptr<FakeCamera> otherModel();
 /// The usual camera, on 127.0.0.4, with a description of schema 1.0.
 std::unique_ptr<FakeCamera> olderSchema();
 /// The usual camera, on 127.0.0.4, with the text Words of 6 bytes and the number Odd in the two
-/// bytes behind it.
+/// bytes behind it; Far has the same address beyond 32 bits.
 std::unique_ptr<FakeCamera> oddRegisters();

@@ -85,6 +85,9 @@ TEST_F(GigE, PartsOfWordsAreReadAndWrittenWithTheirWords)
     EXPECT_EQ(read("Odd") + read("Words"), "4660abcdef");
     EXPECT_EQ(set("Odd", 7), STATUS_OK);
     EXPECT_EQ(read("Odd") + read("Words"), "7abcdef");
+    EXPECT_EQ(read("Far"), failed);
+    EXPECT_NE(set("Far", 9), STATUS_OK);
+    EXPECT_EQ(read("Odd"), "7");
 }
 
 TEST_F(GigE, DiscoveryListsTheCameraAndItsIdOpensIt)
