@@ -101,7 +101,7 @@ Status CameraSession::write(const Register& place, const std::uint8_t* buffer, A
     std::string bytes(words.size, '\0');
     if (!(words == place)) {
         // What stands beside it in the same words stays, as far as it can be read.
-        const Status status = readMemory(words, bytes.data());
+        Status status = readMemory(words, bytes.data());
         if (m_health->unanswered) {
             return status;
         }
