@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: MIT
 
-#include "base/AravisVersions.h"
+#include "base/AravisVersions.h" // IWYU pragma: keep (earlier versions lack the code)
 #include "base/StatusCodes.h"
 #include "session/CameraSession.h"
 
