@@ -5,6 +5,7 @@
 #include "base/AravisVersions.h" // IWYU pragma: keep (earlier versions lack the code)
 #include "base/StatusCodes.h"
 #include "session/CameraSession.h"
+#include "words/Words.h"
 
 #include <chrono>
 #include <cstring>
@@ -18,7 +19,7 @@ using Clock = std::chrono::steady_clock;
 Status noSuchRegister()
 {
     return { deviceErrorBase + ARV_DEVICE_ERROR_PROTOCOL_ERROR_INVALID_ADDRESS,
-        "the camera has no such register" };
+        translated("the camera has no such register") };
 }
 
 } // namespace

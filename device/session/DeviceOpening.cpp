@@ -96,8 +96,8 @@ Status askForAnswer(const CameraPlace& place, OpeningProgress& progress)
     progress.expectedMs = expectedTime(probe);
     if (probe.descriptionSize > largestDescription) {
         return { notLoaded,
-            place.words("the camera states an impossible size of its description, "
-                + std::to_string(probe.descriptionSize) + " bytes") };
+            place.words(worded("the camera states an impossible size of its description, %s bytes",
+                std::to_string(probe.descriptionSize).c_str())) };
     }
     switch (probe.answer) {
     case GigeProbe::Answer::NoWay:
