@@ -3,6 +3,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "SettingsUser.h"
+#include "base/StatusCodes.h"
+#include "memory/MemoryBackend.h"
 #include "memory/RegisterMemory.h"
 #include "memory/RegisterValues.h"
 
@@ -205,6 +207,69 @@ TEST(SettingsRestoring, WritesNothingThatAlreadyHoldsAndMovesEachSelectorFewTime
     camera.port.setFaultHook(nullptr);
     EXPECT_EQ(writes[0x100], 0);
     EXPECT_EQ(writes[0x4000], 0);
+    const ZQSettings here = settings.only({ "Gain[GainSelector=All]" }); // where it stands
+    const RegisterCount none(camera.port);
+    EXPECT_EQ(savedAs(camera, here).lines().size(), 1U);
+    EXPECT_EQ(none.writes(), 0U);
+}
+
+/// Whatever the order of the tree.
+TEST(SettingsRestoring, WritesFirstWhatOthersWaitFor)
+{
+    const std::string limited = element("pMax", "B");
+    for (const auto& [ofA, ofB, order] :
+        { std::tuple(element("pInvalidator", "B"), std::string(), "BA"),
+            { limited, element("pInvalidator", "A"), "BA" }, // the limit counts more
+            { std::string(), element("pInvalidator", "A"), "AB" } }) {
+        TestCamera camera("A B",
+            node("Integer", "A", element("pValue", "R0") + ofA)
+                + node("Integer", "B", element("pValue", "R1") + ofB) + intReg("R0", 0)
+                + intReg("R1", 4));
+        camera.set("B", 10);
+        std::string written;
+        camera.port.setFaultHook([&written](std::uint64_t address, auto, bool isWrite) {
+            written += !isWrite ? "" : address == 0 ? "A" : "B";
+            return false;
+        });
+        EXPECT_EQ(restored(camera, settingsOf("A = 5\nB = 20\n")).exitStatus(), 0);
+        camera.port.setFaultHook(nullptr);
+        EXPECT_EQ(written, order) << ofA << ofB;
+    }
+}
+
+/// Takes what it is told and says that it does not.
+class Unconfirming : public MemoryBackend {
+public:
+    using MemoryBackend::MemoryBackend;
+    Status write(const Register& place, const std::uint8_t* buffer, AccessKind kind) override
+    {
+        (void)MemoryBackend::write(place, buffer, kind);
+        return { cameraSlow, "no answer" };
+    }
+};
+
+TEST(SettingsRestoring, CanTakeBackWhatArrivedUnconfirmed)
+{
+    TestCamera camera(openOver(
+        TestCamera::description("A", intReg("A", 0)), std::make_unique<Unconfirming>(nullptr)));
+    ZQSettingsRestoring restoring(*camera.camera, settingsOf("A = 5\n"));
+    EXPECT_EQ(restoring.wait(settingsLimit), State::Done);
+    EXPECT_EQ(details(restoring.report()), "A: restored: 0 -> 5\n");
+    EXPECT_EQ(valueIn(restoring.before(), "A"), "0");
+}
+
+TEST(SettingsRestoring, SaysWhetherWhatCannotBeReadWasWritten)
+{
+    TestCamera camera("A", intReg("A", 0));
+    for (const auto& [areWritesLost, text] :
+        { std::pair(false, "was written, and "), { true, "" } }) {
+        camera.port.setFaultHook([lost = areWritesLost](std::uint64_t address, auto, bool isWrite) {
+            return address == 0 && (!isWrite || lost);
+        });
+        EXPECT_EQ(details(restored(camera, settingsOf("A = 5\n"))),
+            std::string("A = 5: not known: ") + text + "cannot be read: injected fault\n");
+    }
+    camera.port.setFaultHook(nullptr);
 }
 
 TEST(SettingsRestoring, ADryRunWritesNoValueAndSaysWhatWouldBeWritten)
@@ -220,6 +285,17 @@ TEST(SettingsRestoring, ADryRunWritesNoValueAndSaysWhatWouldBeWritten)
     EXPECT_EQ(details(report, false), "Width: would be written: 640 -> 512 [px]\n");
     EXPECT_EQ(report.exitStatus(), 0);
     EXPECT_EQ(everything(camera), before);
+
+    camera.port.setFaultHook([](auto, auto, bool) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(6)); // more than a poll takes
+        return false;
+    });
+    ZQSettingsRestoring cut(*camera.camera, settings, options);
+    cut.poll();
+    cut.cancel();
+    camera.port.setFaultHook(nullptr);
+    EXPECT_EQ(cut.report().lines.back().reason, "not reached");
+    EXPECT_EQ(cut.report().exitStatus(), 2);
 }
 
 TEST(SettingsRestoring, IsTakenBackAsOneStep)
@@ -230,6 +306,8 @@ TEST(SettingsRestoring, IsTakenBackAsOneStep)
     const ZQSettings other = savedAs(camera, settings);
     ZQSettingsRestoring restoring(*camera.camera, settings);
     ASSERT_EQ(restoring.wait(settingsLimit), State::Done);
+    restoring.cancel(); // too late
+    EXPECT_EQ(restoring.poll(), State::Done);
     EXPECT_EQ(differences(settings, savedAs(camera, settings)), "");
     restored(camera, restoring.before());
     EXPECT_EQ(differences(other, savedAs(camera, settings)), "");
@@ -253,6 +331,9 @@ TEST(SettingsRestoring, TakesFilesOfOtherToolsAndOfOtherCameras)
         = restored(camera, settingsOf("Width = 640\n", "vendor = V\nmodel = M\n"));
     EXPECT_EQ(foreign.warnings.size(), 1U);
     EXPECT_EQ(foreign.count(Outcome::Restored), 1U);
+    EXPECT_EQ(details(restored(camera, settingsOf("Gain[GainSelector=X] = 1\n"))),
+        "Gain[GainSelector=X] = 1: unknown here: GainSelector: \"X\" is none of its entries "
+        "here\n");
 }
 
 /// A few settings of several kinds, with a selector, in a state to which the camera can be put back

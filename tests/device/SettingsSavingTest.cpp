@@ -67,10 +67,11 @@ TEST(SettingsSaving, IsTheSameInEveryLocale)
 
 TEST(SettingsSaving, WithoutMarksTakesWhatCanBeWrittenAndNamesWhatItLeavesOut)
 {
-    TestCamera camera("Plain Only Secret Raw Addr Run ExtraSelector Kind",
+    TestCamera camera("Plain Only Secret SetLoad Raw Addr Run ExtraSelector Kind",
         node("Integer", "Plain", element("pValue", "R0"))
             + node("Integer", "Only", element("pValue", "R1"))
             + node("Integer", "Secret", element("pValue", "R2"))
+            + node("Integer", "SetLoad", element("pValue", "R0"))
             + reg("Register", "Raw", 12, element("Length", "8"))
             + node("Integer", "Addr",
                 element("pValue", "R3") + element("Representation", "IPV4Address"))
@@ -85,7 +86,22 @@ TEST(SettingsSaving, WithoutMarksTakesWhatCanBeWrittenAndNamesWhatItLeavesOut)
             + intReg("R5", 28));
     const ZQSettings settings = saved(camera);
     EXPECT_EQ(labels(settings), "Plain Kind[ExtraSelector=A] Kind[ExtraSelector=B]");
-    EXPECT_EQ(leftOut(settings), "Secret: can only be written\nRaw: is raw data\n");
+    EXPECT_EQ(leftOut(settings),
+        "Secret: can only be written\nSetLoad: writing it replaces other settings\n"
+        "Raw: is raw data\n");
+}
+
+TEST(SettingsSaving, ASelectorThatIsNotThereDoesNotChoose)
+{
+    for (const char* condition : { "pIsAvailable", "pIsImplemented" }) {
+        TestCamera camera("KindSelector Kind",
+            node("Boolean", "KindSelector",
+                element(condition, "No") + element("pValue", "R0") + element("pSelected", "Kind"))
+                + node("Integer", "No", element("Value", "0")) + intReg("R0", 0)
+                + intReg("Kind", 4));
+        const ZQSettings settings = saved(camera);
+        EXPECT_EQ(labels(settings) + leftOut(settings), "Kind") << condition;
+    }
 }
 
 /// A table of 2 by `size` values, selected by a nested selector whose own place depends on the

@@ -75,6 +75,7 @@ TEST(SettingsText, ReadsBackWhateverAValueHolds)
         EXPECT_EQ(read.lines()[i].selectors[0].value, values[i]);
     }
     EXPECT_EQ(read.header().model, "M \"quoted\"");
+    EXPECT_NE(settings.toText().find(R"("\xFF\xFE raw")"), std::string::npos);
 }
 
 TEST(SettingsText, TakesWhatEditorsAndPeopleMakeOfIt)
@@ -123,6 +124,8 @@ TEST(SettingsText, RefusesADamagedTextAsAWholeAndNamesTheLine)
         { whole("A[S=1, T=2] = 1\nA[T=2, S=1] = 2\n"),
             "line 4: \"A[T=2, S=1]\" stands in line 3 already, with another value" },
         { whole("A = 1\n") + "B = 2\n", "line 5: stands behind [end]" },
+        { whole(std::string(59, 'A') + "\xC3\xA4\n"), // cut between characters
+            "line 3: has no \"=\" behind the name: \"" + std::string(59, 'A') + "...\"" },
         { whole("A = \xC3\n"), "line 3: is not UTF-8 text" },
         { whole(std::string("A = 1\0\n", 7)), "line 3: holds a control character, 0x00" },
         { "\xFF\xFE[", "line 1: the text is UTF-16; it has to be UTF-8" },
@@ -130,6 +133,8 @@ TEST(SettingsText, RefusesADamagedTextAsAWholeAndNamesTheLine)
         { "A\t1\nB 2\n", "line 2: is not a name and a value with a tab between them: \"B 2\"" },
         { "A\t1\nB\t{S}\t2\n",
             "line 2: the selectors are not told as {Name=value}: \"B\\x09{S}\\x092\"" },
+        { "A\t1\nB\t{S=x\t2\n",
+            "line 2: the selectors are not told as {Name=value}: \"B\\x09{S=x\\x092\"" },
         { "A\t1\nA b\t2\n", "line 2: does not begin with the name of a feature: \"A b\\x092\"" },
         { "A\t1\nB\t2", "line 2: the text ends within this line: \"B\\x092\"" },
         { "A\t1\nB\t2\nA\t3\n", "line 3: \"A\" stands in line 1 already, with another value" },
