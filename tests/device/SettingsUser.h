@@ -122,3 +122,47 @@ inline zqcameralib::ZQRestoreReport restored(TestCamera& camera,
         << restoring.error();
     return restoring.report();
 }
+
+inline zqcameralib::ZQSettings settingsOf(const std::string& lines, const std::string& header = "")
+{
+    zqcameralib::ZQSettings settings;
+    std::string error;
+    const std::string text = "[camera settings 1]\n" + header + "[lines]\n" + lines + "[end]\n";
+    EXPECT_TRUE(zqcameralib::ZQSettings::Parse(text, settings, error)) << error;
+    return settings;
+}
+
+/// Whether every line of a report says what the camera holds.
+inline void expectTrue(TestCamera& camera, const zqcameralib::ZQSettings& settings,
+    const zqcameralib::ZQRestoreReport& report, const std::string& when)
+{
+    const zqcameralib::ZQSettings now = savedAs(camera, settings);
+    ASSERT_EQ(report.lines.size(), settings.lines().size());
+    for (const zqcameralib::ZQRestoredLine& line : report.lines) {
+        const std::string label = line.line.label();
+        const std::string held = valueIn(now, label);
+        const bool isHeld = zqcameralib::isSameValue(held, line.line.value);
+        switch (line.outcome) {
+        case zqcameralib::ZQRestoredLine::Outcome::Restored:
+        case zqcameralib::ZQRestoredLine::Outcome::AlreadySo:
+            EXPECT_TRUE(isHeld) << label << " " << held << " " << when;
+            break;
+        case zqcameralib::ZQRestoredLine::Outcome::Adjusted:
+            EXPECT_EQ(held, line.now) << label << " " << when;
+            EXPECT_FALSE(isHeld) << label << " " << when;
+            break;
+        case zqcameralib::ZQRestoredLine::Outcome::Refused:
+            EXPECT_FALSE(isHeld) << label << " " << line.reason << " " << when;
+            break;
+        default:
+            EXPECT_NE(line.reason, "") << label << " " << when;
+        }
+    }
+}
+
+/// Text of a report without its first line.
+inline std::string details(const zqcameralib::ZQRestoreReport& report, bool all = true)
+{
+    const std::string text = report.toText(all);
+    return text.substr(text.find('\n') + 1);
+}
