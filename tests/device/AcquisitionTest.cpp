@@ -118,6 +118,25 @@ TEST(Acquisition, SaysWhyItDoesNotStart)
     EXPECT_EQ(acquisition.lastError(), "");
 }
 
+TEST(Acquisition, SaysWhyNoImageComesWhereNoRateIsTold)
+{
+    TestCamera camera("Width Height AcquisitionFrameRate TriggerMode AcquisitionStart "
+                      "AcquisitionStop TriggerSoftware",
+        intReg("Width", 0) + intReg("Height", 4) + reg("FloatReg", "AcquisitionFrameRate", 8)
+            + node("Enumeration", "TriggerMode",
+                R"(<EnumEntry Name="On"><Value>0</Value></EnumEntry><pValue>Go</pValue>)")
+            + intReg("Go", 12) + intReg("Run", 16) + command("AcquisitionStart", "Run", "1")
+            + command("AcquisitionStop", "Run", "0") + command("TriggerSoftware", "Run", "2"));
+    camera.set("Width", 8);
+    camera.set("Height", 8);
+    ZQAcquisition acquisition(camera.camera.get(), &camera.device);
+    ASSERT_EQ(acquisition.start(nullptr), STATUS_OK) << acquisition.lastError();
+    EXPECT_TRUE(eventually([&] {
+        return acquisition.problem().find("the camera waits for TriggerSoftware")
+            != std::string::npos;
+    })) << acquisition.problem();
+}
+
 TEST(Acquisition, IsNotDisturbedByOtherCamerasThatComeAndGo)
 {
     TestCamera streaming(TestCamera::simulated());
