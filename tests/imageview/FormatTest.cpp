@@ -270,6 +270,8 @@ TEST(ImageFormats, AreReadToTheirLastByteAndNotBeyond)
         EXPECT_EQ("", imageProblem(image).toStdString()) << std::hex << format;
         EXPECT_FALSE(convertImage(image).isNull());
         EXPECT_FALSE(componentsAt(image, 4, 2).empty());
+        EXPECT_TRUE(componentsAt(image, 5, 2).empty() && componentsAt(image, 4, 3).empty());
+        EXPECT_TRUE(componentsAt(image, -1, 2).empty() && componentsAt(image, 4, -1).empty());
         EXPECT_FALSE(histogramOf(image).empty());
         for (const int side : { 2, 3, 40 }) { // smaller and larger than the image
             ZQImageView view;

@@ -192,6 +192,22 @@ TEST_F(ViewTest, ObeysItsKeys)
     EXPECT_EQ(4, zooms.count());
     view.resize(200, 200);
     EXPECT_EQ(1, view.zoom()); // fitted again
+    EXPECT_EQ(Qt::StrongFocus, view.focusPolicy());
+    view.setZoom(2);
+    for (int i = 0; i < 8; ++i) {
+        QTest::keyClick(&view, Qt::Key_Right);
+    }
+    view.resize(300, 200);
+    EXPECT_EQ(199, view.pixelAt({ 299, 99 }).x()); // no gap where the view grows
+}
+
+TEST_F(ViewTest, SaysWhyThereIsNoPicture)
+{
+    show(testImage(0x01080001, 4, 4, QByteArray(15, '\0')), { 300, 100 });
+    const QImage shown = view.grab().toImage();
+    QImage ground = shown;
+    ground.fill(qRgb(0x20, 0x20, 0x20));
+    EXPECT_NE(ground, shown);
 }
 
 TEST_F(ViewTest, SelectsARegionInTheImagesPixels)
@@ -209,6 +225,15 @@ TEST_F(ViewTest, SelectsARegionInTheImagesPixels)
         EXPECT_EQ(expected, selected.takeLast().at(0).toRect());
     }
     const QRect before = view.region();
+    QTest::mousePress(&view, Qt::LeftButton, Qt::ShiftModifier, centreOf(before.topLeft()));
+    QTest::mousePress(&view, Qt::MiddleButton, {}, { 9, 9 }); // does not take it over
+    moveTo(centreOf(before.center()), Qt::LeftButton);
+    QTest::mouseRelease(&view, Qt::MiddleButton, {}, centreOf(before.center()));
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, centreOf(before.center()));
+    EXPECT_EQ(QRect(before.topLeft(), before.center()), view.region());
+    drag(Qt::LeftButton, Qt::ShiftModifier, centreOf(before.topLeft()),
+        centreOf(before.bottomRight()));
+    selected.clear();
     QTest::mouseClick(&view, Qt::LeftButton, Qt::ShiftModifier, { 9, 9 });
     QTest::mousePress(&view, Qt::LeftButton, Qt::ShiftModifier, { 9, 9 });
     moveTo({ 90, 90 }, Qt::LeftButton);
@@ -262,6 +287,13 @@ TEST_F(ViewTest, MarksWhatIsTooBright)
         const QImage shown = view.grab().toImage();
         EXPECT_EQ(isMarked ? qRgb(255, 0, 0) : qRgb(255, 255, 255), shown.pixel(5, 5));
         EXPECT_EQ(qRgb(255, 255, 255), shown.pixel(15, 5));
+    }
+    view.setOverexposureShown(true);
+    for (const QRgb colour : { qRgb(255, 1, 1), qRgb(1, 255, 1), qRgb(1, 1, 255) }) {
+        for (const int width : { 4, 20 }) { // cells that are far apart, and near
+            show(bayerImage(1, 41, 41, [&](int, int) { return colour; }), { width, width });
+            EXPECT_EQ(qRgb(255, 0, 0), view.grab().toImage().pixel(2, 2)) << width;
+        }
     }
 }
 
