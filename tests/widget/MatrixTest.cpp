@@ -211,8 +211,11 @@ TEST_F(MatrixTest, WhatIsEnteredIsWrittenAtItsEntry)
     EXPECT_TRUE(QTest::qWaitFor([this] { return journal.lines.size() == 3; }));
     EXPECT_EQ(journal.take().at(1), "Bool Auto 1");
     EXPECT_EQ(text(1, 0), "On");
+    enter(0, 1, "5", Qt::Key_Shift); // not ended
+    dialog()->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(journal.take().empty());
     // A step of its own, at its entry.
-    delete dialog();
     window()->activateWindow();
     EXPECT_TRUE(waitForActive(window()));
     QTest::keySequence(tree(), QKeySequence::Undo);
@@ -281,6 +284,18 @@ TEST_F(MatrixTest, CancelAndClosingSetTheSelectorBack)
     EXPECT_EQ(TreeUser::text("GainSelector"), "Green");
 }
 
+TEST_F(MatrixTest, WhatIsGoneIsNotSet)
+{
+    open("GainSelector");
+    journal.take();
+    journal.answer = [this](const std::string&) {
+        browser->clearFeatureItems();
+        addSelector("", "GainSelector", { "Red", "Green" });
+    };
+    enter(0, 0, "7");
+    EXPECT_EQ(journal.take(), (Lines { "Enum GainSelector Red 0", "Enum GainSelector Green 1" }));
+}
+
 TEST_F(MatrixTest, SurvivesWhatTheApplicationDoesMeanwhile)
 {
     open("GainSelector");
@@ -293,6 +308,7 @@ TEST_F(MatrixTest, SurvivesWhatTheApplicationDoesMeanwhile)
     };
     readAgain();
     EXPECT_EQ(events, 2) << "cancelled in the first, set back";
+    EXPECT_EQ(values(), " ") << "what was read before is old";
     journal.answer = [this](const std::string&) {
         browser->clearFeatureItems();
         addSelector("", "GainSelector", { "Red", "Green" });

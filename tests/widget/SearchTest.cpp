@@ -69,6 +69,11 @@ TEST_F(SearchTest, EnterGoesThroughTheHitsFromTheBestOneOn)
     EXPECT_EQ(enter(), "Black_Level 1 of 2");
     find("BlackLev");
     EXPECT_EQ(enter(Qt::ShiftModifier), "BlackLevelRaw 2 of 2") << "around the beginning";
+    find("a");
+    for (const char* place : { "1 of 12", "2 of 12", "3 of 12" }) {
+        press(Qt::Key_Return);
+        EXPECT_EQ(hits(), place) << "one by one";
+    }
     find("nothing of that");
     EXPECT_EQ(enter(), " 0 hits");
     EXPECT_TRUE(journal.take().empty());
