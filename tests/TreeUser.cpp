@@ -41,6 +41,10 @@ bool TreeUser::waitForActive(const QWidget* window)
 
 void TreeUser::select(const std::string& name) const
 {
+    if (QApplication::activeWindow() == nullptr) { // a dialog that went gives its focus to nobody
+        tree()->window()->activateWindow();
+        waitForActive(tree()->window());
+    }
     tree()->setFocus();
     tree()->setCurrentIndex(row(name, 1));
 }
