@@ -8,7 +8,6 @@
 #include "featurebrowser/ZQImageView.h"
 #include "images/ImagePane.h"
 #include "images/LiveImage.h"
-#include "images/RegionOfInterest.h"
 #include "log/EventLog.h"
 #include "settings/SettingsMenu.h"
 #include "window/CameraWindows.h"
@@ -29,6 +28,7 @@
 #include <QTemporaryDir>
 #include <QTranslator>
 
+#include <array>
 #include <set>
 
 namespace {
@@ -106,6 +106,23 @@ TEST_F(Desk, WhatComesAlongWithAnImageIsShownAndRecorded)
     EXPECT_EQ(shown->item(2, 1)->text(), QStringLiteral("7000 us"));
 }
 
+TEST_F(Desk, TheHistogramSaysHowBrightTheImageIs)
+{
+    m_viewer.child<QDockWidget>("histogramDock")->show();
+    const std::array<std::uint8_t, 4> bytes { 0, 0, 0, 255 };
+    featurebrowser::ZQImage image;
+    image.data = bytes.data();
+    image.size = bytes.size();
+    image.width = 4;
+    image.height = 1;
+    image.pixelFormat = 0x01080001;
+    view().setImage(image);
+    const auto* words = m_viewer.child<QLabel>("histogramWords");
+    EXPECT_TRUE(waitFor([&] {
+        return words->text() == QStringLiteral("Mean 25.1 %, black 75.0 %, brightest 25.0 %");
+    })) << words->text().toStdString();
+}
+
 TEST_F(Desk, ARegionDrawnWithTheMouseIsTheCamerasRegion)
 {
     m_viewer.edit("Width", "256");
@@ -135,35 +152,6 @@ TEST_F(Desk, ARegionDrawnWithTheMouseIsTheCamerasRegion)
     EXPECT_EQ(number("OffsetX") + number("OffsetY"), 0);
     EXPECT_EQ(value("Width"), value("WidthMax"));
     EXPECT_EQ(value("Height"), value("HeightMax"));
-}
-
-/// From any region to any other, without a refusal on the way.
-TEST(Region, GrowsAndShrinksInTheOrderThatTheCameraTakes)
-{
-    std::string error;
-    zqviewer::OpenedCamera camera(zqcameralib::ZQCamera::OpenSimulated(error));
-    ASSERT_EQ(camera.repository().Load(), 0);
-    zqviewer::RegionOfInterest region(camera);
-    ASSERT_EQ(region.selectAll(), QString());
-    long width = 0;
-    long height = 0;
-    camera.device().GetIntegerValue("Width", &width);
-    camera.device().GetIntegerValue("Height", &height);
-    const int w = static_cast<int>(width);
-    const int h = static_cast<int>(height);
-    for (const QRect& wanted : { QRect(w - 64, h - 64, 64, 64), QRect(0, 0, 64, 64),
-             QRect(w / 2, 0, w / 2, h), QRect(0, h / 2, w, h / 2), QRect(64, 64, w - 128, 64) }) {
-        ASSERT_EQ(region.select(wanted), QString());
-        EXPECT_EQ(region.words(),
-            QStringLiteral("%1 \u00D7 %2 at (%3, %4)")
-                .arg(wanted.width())
-                .arg(wanted.height())
-                .arg(wanted.left())
-                .arg(wanted.top()));
-        ASSERT_EQ(region.selectAll(), QString()) << "pixels count from the present region";
-    }
-    EXPECT_TRUE(region.isOfSize({ w, h }));
-    EXPECT_FALSE(region.isOfSize({ w, h - 1 }));
 }
 
 TEST_F(Desk, FeaturesThatChangeByThemselvesFollowWhileTheyAreSeen)
