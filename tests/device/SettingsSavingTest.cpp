@@ -27,6 +27,7 @@ TEST(SettingsSaving, FindsEverySettingOfTheSimulatedCameraAndChangesNothing)
     EXPECT_EQ(everything(camera), before);
 
     EXPECT_EQ(settings.header().model, camera.camera->model());
+    EXPECT_EQ(settings.header().descriptionVersion, "1.0.0");
     EXPECT_EQ(valueIn(settings, "Width"), camera.read("Width"));
     EXPECT_EQ(valueIn(settings, "DeviceUserTag"), "7");
     EXPECT_EQ(valueIn(settings, "PixelFormat"), "Mono8");
@@ -130,24 +131,26 @@ std::string tables(int size)
 
 TEST(SettingsSaving, MovesNestedSelectorsAndLeavesEachWhereItStoodUnderTheOuterOne)
 {
-    TestCamera camera("TableSelector TableIndex TableValue Binning Width", tables(3));
-    camera.set("TableIndex", 2);
-    camera.set("TableValue", 9);
-    camera.device.SetBooleanValue("TableSelector", 1);
-    camera.set("TableIndex", 1);
-    const ZQSettings settings = saved(camera);
-    EXPECT_EQ(labels(settings),
-        "TableSelector TableValue[TableSelector=False, TableIndex=0] "
-        "TableValue[TableSelector=False, TableIndex=1] "
-        "TableValue[TableSelector=False, TableIndex=2] "
-        "TableValue[TableSelector=True, TableIndex=0] "
-        "TableValue[TableSelector=True, TableIndex=1] "
-        "TableValue[TableSelector=True, TableIndex=2] Binning Width");
-    EXPECT_EQ(valueIn(settings, "TableValue[TableSelector=False, TableIndex=2]"), "9");
-    EXPECT_EQ(valueIn(settings, "TableSelector"), "True");
-    EXPECT_EQ(camera.registerAt(0), 1);
-    EXPECT_EQ(camera.registerAt(4), 2);
-    EXPECT_EQ(camera.registerAt(8), 1);
+    for (const char* selectors : { "TableSelector TableIndex", "TableIndex TableSelector" }) {
+        TestCamera camera(std::string(selectors) + " TableValue Binning Width", tables(3));
+        camera.set("TableIndex", 2);
+        camera.set("TableValue", 9);
+        camera.device.SetBooleanValue("TableSelector", 1);
+        camera.set("TableIndex", 1);
+        const ZQSettings settings = saved(camera);
+        EXPECT_EQ(labels(settings),
+            "TableSelector TableValue[TableSelector=False, TableIndex=0] "
+            "TableValue[TableSelector=False, TableIndex=1] "
+            "TableValue[TableSelector=False, TableIndex=2] "
+            "TableValue[TableSelector=True, TableIndex=0] "
+            "TableValue[TableSelector=True, TableIndex=1] "
+            "TableValue[TableSelector=True, TableIndex=2] Binning Width");
+        EXPECT_EQ(valueIn(settings, "TableValue[TableSelector=False, TableIndex=2]"), "9");
+        EXPECT_EQ(valueIn(settings, "TableSelector"), "True");
+        EXPECT_EQ(camera.registerAt(0), 1);
+        EXPECT_EQ(camera.registerAt(4), 2);
+        EXPECT_EQ(camera.registerAt(8), 1);
+    }
 }
 
 TEST(SettingsSaving, NamesWhatHasTooManyPositions)
@@ -197,15 +200,19 @@ TEST(SettingsSaving, PutsSelectorsBackWhenItIsCancelledOrDestroyed)
 
 TEST(SettingsSaving, SaysSoWhenASelectorCannotBePutBack)
 {
-    TestCamera camera("TableSelector TableIndex TableValue", tables(2));
-    camera.port.setFaultHook([writes = 0](std::uint64_t address, auto, bool isWrite) mutable {
-        return isWrite && address == 0 && ++writes > 1;
-    });
-    ZQSettingsSaving saving(*camera.camera);
-    EXPECT_EQ(saving.wait(settingsLimit), ZQCameraTask::State::Failed);
-    EXPECT_EQ(saving.error(),
-        "TableSelector could not be put back to False: TableSelector: injected fault");
-    camera.port.setFaultHook(nullptr);
+    for (const bool areReadsLost : { false, true }) {
+        TestCamera camera("TableSelector TableIndex TableValue", tables(2));
+        camera.port.setFaultHook(
+            [areReadsLost, writes = 0](std::uint64_t address, auto, bool isWrite) mutable {
+                writes += address == 0 && isWrite ? 1 : 0;
+                return address == 0 && isWrite != areReadsLost && writes > (areReadsLost ? 0 : 1);
+            });
+        ZQSettingsSaving saving(*camera.camera);
+        EXPECT_EQ(saving.wait(settingsLimit), ZQCameraTask::State::Failed);
+        EXPECT_EQ(saving.error(),
+            "TableSelector could not be put back to False: TableSelector: injected fault");
+        camera.port.setFaultHook(nullptr);
+    }
 }
 
 /// Counts what is read beside the caller.

@@ -106,6 +106,8 @@ TEST_F(ViewTest, ShowsEachPixelWhereItSaysWhicheverWayItIsTurned)
             checkPicture(whole);
             view.setZoom(8);
             checkPicture(whole);
+            drag(Qt::MiddleButton, {}, { 2000, 2000 }, { 0, 0 });
+            checkPicture(whole);
             drag(Qt::MiddleButton, {}, { 0, 0 }, { 2000, 2000 });
             checkPicture(whole);
             if (flip < 2) {
