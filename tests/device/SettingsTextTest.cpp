@@ -128,6 +128,7 @@ TEST(SettingsText, RefusesADamagedTextAsAWholeAndNamesTheLine)
             "line 3: has no \"=\" behind the name: \"" + std::string(59, 'A') + "...\"" },
         { whole("A = \xC3\n"), "line 3: is not UTF-8 text" },
         { whole(std::string("A = 1\0\n", 7)), "line 3: holds a control character, 0x00" },
+        { whole("A = 1\x7F\n"), "line 3: holds a control character, 0x7F" },
         { "\xFF\xFE[", "line 1: the text is UTF-16; it has to be UTF-8" },
         { whole("A = " + std::string(10U << 20U, 'x') + "\n"), "line 3: longer than 65536 bytes" },
         { "A\t1\nB 2\n", "line 2: is not a name and a value with a tab between them: \"B 2\"" },
@@ -172,6 +173,10 @@ TEST(SettingsText, ReadsAndWritesThePersistenceLayoutOfOtherTools)
                        "ReverseX = True\nLUTSelector = A\n"));
     EXPECT_EQ(differencesOf(sequence, exact), "Gain[GainSelector=Blue]: 2 | 3\n");
 
+    const ZQSettings torn = parsed(whole(R"(A = "a\x09b\nc\x0D")"
+                                         "\n"));
+    EXPECT_EQ(labelsOf(parsed(torn.toPersistenceText())), "A=a b c ");
+
     const ZQSettings again = parsed(exact.toPersistenceText());
     EXPECT_EQ(differencesOf(again, exact), "");
     EXPECT_EQ(labelsOf(parsed("A\t{S=x}\t1\nA\t{S=y}{T=z w}\t2\nB\t{S=1,T=2}\t3\nS\tx\n")),
@@ -181,9 +186,10 @@ TEST(SettingsText, ReadsAndWritesThePersistenceLayoutOfOtherTools)
 TEST(SettingsText, ComparesValuesAndUnits)
 {
     const ZQSettings a
-        = parsed(whole("A = 1.0 [us]\nB = 9007199254740993\nC = 5 [ms]\nD = x\nE = 0x10\n"));
-    const ZQSettings b = parsed(
-        whole("A = 1 [\xC2\xB5s]\nB = 9007199254740992\nC = 5 [us]\nE = 16\nF[S=q] = \"\"\n"));
+        = parsed(whole("A = 1.0 [us]\nB = 9007199254740993\nC = 5 [ms]\nD = x\nE = 0x10\n"
+                       "G = 0xFFFFFFFFFFFFFFFF\n"));
+    const ZQSettings b = parsed(whole(
+        "A = 1 [\xC2\xB5s]\nB = 9007199254740992\nC = 5 [us]\nE = 16\nF[S=q] = \"\"\nG = -1\n"));
     EXPECT_EQ(differencesOf(a, b),
         "B: 9007199254740993 | 9007199254740992\nC: 5 [ms] | 5 [us]\nD: x | (none)\n"
         "F[S=q]: (none) | \n");

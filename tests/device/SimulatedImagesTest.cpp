@@ -154,7 +154,6 @@ TEST(MadeUpFrames, HoldPixelsAsTheirFormatSays)
              { 0x0210001F, { 0xAD, 0x4A, 0x58, 0x4A } }, // YUV422_8_UYVY
              { 0x020C001E, { 0xAD, 0x4A, 0x4A, 0x58, 0x4A, 0x4A } }, // YUV411_8_UYYVYY
              { 0x02180040, { 0xA5, 0x52, 0x5F } }, // YCbCr709_8_CbYCr
-             { 0x01040BAD, { 0xDD, 0xDD } }, // unknown, of four bits
          }) {
         const PixelWriter writer(test.format, 4);
         std::vector<std::uint8_t> image(64);

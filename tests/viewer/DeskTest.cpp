@@ -68,6 +68,8 @@ TEST_F(Desk, SeveralImagesStopByThemselvesAndLeaveTheSettingsAlone)
         EXPECT_TRUE(waitFor([&] { return told.size() == 3; }))
             << told.join(QLatin1Char('|')).toStdString();
         QObject::disconnect(connection);
+        EXPECT_EQ(told.mid(0, 2).join(QLatin1Char('|')).toStdString(),
+            "Images are being acquired.|The acquisition has stopped.");
         EXPECT_TRUE(isEnabled("startImages") && !isEnabled("stopImages"));
         const QStringList files = QDir(folder.path()).entryList({ QStringLiteral("*.png") });
         EXPECT_EQ(files.size(), count) << told.join(QLatin1Char('|')).toStdString();
@@ -162,6 +164,14 @@ TEST_F(Desk, FeaturesThatChangeByThemselvesFollowWhileTheyAreSeen)
         seen.insert(value("DeviceTemperature"));
         return seen.size() > 2; // one more than is read when it is selected
     }));
+}
+
+TEST_F(Desk, ReadingAgainSaysWhatWasRead)
+{
+    m_viewer.pressF5();
+    EXPECT_TRUE(waitFor([&] {
+        return m_viewer.words().find(" features read.") != std::string::npos;
+    })) << m_viewer.words();
 }
 
 TEST_F(Desk, TheLogTellsWhatTheCameraHoldsAndKeepsWhatIsFound)

@@ -207,6 +207,21 @@ TEST_F(Story, ALostCameraIsFoundByItselfAndNothingIsEditedMeanwhile)
     EXPECT_EQ(readRegister(place::width), 128U);
 }
 
+TEST_F(Story, AReconnectingThatIsCancelledIsNotBegunAgain)
+{
+    Viewer viewer;
+    viewer.child<QAction>("reconnectByItself")->setChecked(true);
+    m_fake.kill();
+    EXPECT_TRUE(waitFor([&] { return viewer.isBusy(); }, 30000));
+    viewer.pressCancel();
+    EXPECT_TRUE(waitFor([&] { return !viewer.isBusy() && viewer.offersReconnect(); }));
+    EXPECT_NE(viewer.words().find("Reconnecting was cancelled."), std::string::npos)
+        << viewer.words();
+    for (const QLabel* label : viewer.child<QWidget>("lostBanner")->findChildren<QLabel*>()) {
+        EXPECT_FALSE(label->text().contains(QStringLiteral("Next try")));
+    }
+}
+
 TEST_F(Story, GeometryIsFreeAfterACameraThatDiedWhileAcquiringIsBack)
 {
     Viewer viewer;
