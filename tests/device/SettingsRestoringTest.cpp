@@ -165,7 +165,7 @@ TEST(SettingsRestoring, WritesNothingThatAlreadyHoldsAndMovesEachSelectorFewTime
     EXPECT_EQ(writes[0x4000], 0);
     const ZQSettings here = settings.only({ "Gain[GainSelector=All]" }); // where it stands
     const RegisterCount none(camera.port);
-    EXPECT_EQ(savedAs(camera, here).lines().size(), 1U);
+    EXPECT_EQ(savedAs(camera, here).lines().at(0).unit, "dB");
     EXPECT_EQ(none.writes(), 0U);
 }
 
@@ -287,6 +287,13 @@ TEST(SettingsRestoring, TakesFilesOfOtherToolsAndOfOtherCameras)
         = restored(camera, settingsOf("Width = 640\n", "vendor = V\nmodel = M\n"));
     EXPECT_EQ(foreign.warnings.size(), 1U);
     EXPECT_EQ(foreign.count(Outcome::Restored), 1U);
+    for (const auto& [header, warning] :
+        { std::pair("firmware = 0\n", "firmware: 0, here " + settings.header().firmware),
+            { "description version = 0\ndescription checksum = 0\n",
+                "description: version 0, here version 1.0.0" } }) {
+        EXPECT_EQ(restored(camera, settingsOf("Width = 640\n", header)).warnings,
+            std::vector { "the settings are of another " + warning });
+    }
     EXPECT_EQ(details(restored(camera, settingsOf("Gain[GainSelector=X] = 1\n"))),
         "Gain[GainSelector=X] = 1: unknown here: GainSelector: \"X\" is none of its entries "
         "here\n");

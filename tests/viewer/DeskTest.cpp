@@ -10,11 +10,13 @@
 #include "images/LiveImage.h"
 #include "log/EventLog.h"
 #include "settings/SettingsMenu.h"
+#include "settings/ShownSettings.h"
 #include "window/CameraWindows.h"
 
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QClipboard>
 #include <QDialog>
 #include <QDir>
 #include <QDockWidget>
@@ -195,6 +197,23 @@ TEST_F(Desk, TheLogTellsWhatTheCameraHoldsAndKeepsWhatIsFound)
     EXPECT_EQ(table->model()->rowCount(), 1);
 }
 
+TEST(ShownSettings, AreWhatCanBeWrittenBack)
+{
+    std::string error;
+    zqviewer::OpenedCamera camera(zqcameralib::ZQCamera::OpenSimulated(error));
+    ASSERT_EQ(camera.repository().Load(), 0);
+    const zqcameralib::ZQSettings settings = zqviewer::shownSettings(camera);
+    for (const auto& [label, value] : { std::pair("Width", "512"), { "PixelFormat", "Mono8" },
+             { "ReverseX", "False" }, { "Gain[GainSelector=All]", "0" } }) {
+        const zqcameralib::ZQSettingsLine* line = settings.find(label);
+        EXPECT_EQ(line == nullptr ? "(none)" : line->value, value) << label;
+    }
+    for (const char* none : { "ImageFormatControl", "UserSetLoad", "GainSelector",
+             "GevPersistentIPAddress", "DeviceModelName" }) {
+        EXPECT_EQ(settings.find(none), nullptr) << none;
+    }
+}
+
 TEST_F(Desk, SettingsAreSavedLoadedComparedAndTakenBack)
 {
     const QTemporaryDir folder;
@@ -231,7 +250,18 @@ TEST_F(Desk, SettingsAreSavedLoadedComparedAndTakenBack)
     }
     EXPECT_EQ(rows.join(QLatin1Char(';')).toStdString(),
         "Width|512 px|256 px;ExposureTime|" + exposure + " us|7000 us");
-    comparison->findChild<QPushButton*>(QStringLiteral("putIntoSecond"))->click();
+    auto* filter = comparison->findChild<QLineEdit*>(QStringLiteral("settingsFilter"));
+    filter->setText(QStringLiteral("exposure"));
+    auto* table = comparison->findChild<QTableView*>();
+    table->actions().first()->trigger(); // copies
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
+        "ExposureTime\t" + exposure + " us\t7000 us\n");
+    filter->clear();
+    auto* put = comparison->findChild<QPushButton*>(QStringLiteral("putIntoSecond"));
+    model->setData(model->index(0, 0), Qt::Unchecked, Qt::CheckStateRole);
+    EXPECT_FALSE(put->isEnabled()) << "nothing is chosen";
+    model->setData(model->index(0, 0), Qt::Checked, Qt::CheckStateRole);
+    put->click();
     EXPECT_TRUE(waitFor([&] { return value("Width") == "512"; }));
     EXPECT_EQ(value("ExposureTime"), "7000") << "was not chosen";
 
@@ -253,13 +283,19 @@ TEST_F(Desk, MenusAreOperatedByLetters)
             words.load(QStringLiteral(":/zqviewer/zqviewer_%1").arg(QLatin1String(language))));
         QCoreApplication::installTranslator(&words);
         const Viewer viewer(simulated());
+        std::set<const QAction*> offered;
         for (const QMenu* menu : viewer.tree()->window()->findChildren<QMenu*>()) {
             std::set<QString> letters;
             for (const QAction* action : menu->actions()) {
+                offered.insert(action);
                 const QString letter = QKeySequence::mnemonic(action->text()).toString();
                 EXPECT_TRUE(letter.isEmpty() || letters.insert(letter).second)
                     << language << ' ' << action->text().toStdString();
             }
+        }
+        for (const char* name : { "saveSettings", "loadSettings", "takeBackSettings",
+                 "compareSettings", "rememberSettings", "compareRemembered" }) {
+            EXPECT_EQ(offered.count(viewer.child<QAction>(name)), 1U) << name;
         }
         const QList<QAction*> bar = viewer.child<QMenuBar>()->actions();
         EXPECT_EQ(bar.size(), 5);
