@@ -193,6 +193,15 @@ TEST(BayerImages, AreInterpolatedBetweenNeighboursOfTheSameColour)
     }
 }
 
+TEST(BayerImages, AreGreyWithoutAWholeCell)
+{
+    for (const QSize& size : { QSize(1, 4), QSize(4, 1) }) {
+        const auto colourAt = [](int x, int y) { return qRgb(9 * x, 9 * y, 200); };
+        const QImage image = convertImage(bayerImage(1, size.width(), size.height(), colourAt));
+        EXPECT_TRUE(image.isGrayscale()) << size.width();
+    }
+}
+
 TEST(Histogram, CountsASampleOfAllColours)
 {
     constexpr int width = 1000;

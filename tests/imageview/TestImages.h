@@ -62,4 +62,14 @@ template <class ColourAt> ZQImage bayerImage(int phase, int width, int height, C
     return testImage(0x01080008 + static_cast<std::uint32_t>(phase), width, height, bytes);
 }
 
+/// The same Bayer image with 16 bits.
+inline ZQImage widened(const ZQImage& image)
+{
+    QByteArray bytes;
+    for (std::size_t i = 0; i < image.size; ++i) {
+        bytes.append(2, static_cast<char>(image.data[i]));
+    }
+    return testImage(image.pixelFormat - 0x01080008 + 0x0110002E, image.width, image.height, bytes);
+}
+
 } // namespace featurebrowser

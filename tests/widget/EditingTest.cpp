@@ -181,6 +181,9 @@ TEST_F(EditingTest, ListsOpenAtOnceAndWriteTheChosenEntry)
     EXPECT_TRUE(QTest::qWaitFor([this] { return tree()->hasFocus(); }));
     EXPECT_TRUE(journal.take().empty());
     EXPECT_EQ(text("PixelFormat"), "Only");
+    setChoice("PixelFormat", "1", { "A", "B" });
+    choose("PixelFormat", "A");
+    EXPECT_EQ(journal.take(), Lines { "Enum PixelFormat A 0" });
 }
 
 TEST_F(EditingTest, KeysActOnEveryKindOfRow)
@@ -266,6 +269,11 @@ TEST_F(EditingTest, StepsFollowTheGrid)
         EXPECT_EQ(journal.take(), Lines { "Int Width " + row[5].toStdString() })
             << row.join('|').toStdString();
     }
+    setInteger("Width", 640, 0, 1000, 10);
+    open("Width");
+    press(Qt::Key_Up); // without a letter
+    press(Qt::Key_Return);
+    EXPECT_EQ(journal.take(), Lines { "Int Width 650" });
 }
 
 TEST_F(EditingTest, ArrowsStepAFloatThroughRoundNumbersAndWriteNothingBeforeItIsAccepted)

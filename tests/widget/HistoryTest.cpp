@@ -274,6 +274,10 @@ TEST_F(HistoryTest, TheListTellsFiltersAndCopies)
     press(Qt::Key_H, Qt::ControlModifier);
     EXPECT_EQ(list()->model()->rowCount(), 10000);
     EXPECT_EQ(line(0), "AcquisitionStart|||Command run") << "the oldest are gone";
+    this->window()->activateWindow();
+    EXPECT_TRUE(waitForActive(this->window()));
+    press(Qt::Key_F2);
+    EXPECT_EQ(list()->model()->rowCount(), 10000) << "while they are seen";
 }
 
 } // namespace featurebrowser
