@@ -203,13 +203,14 @@ TEST_F(ViewTest, ObeysItsKeys)
     for (int i = 0; i < 8; ++i) {
         QTest::keyClick(&view, Qt::Key_Right);
     }
+    EXPECT_EQ(199, view.pixelAt({ 199, 99 }).x()); // no further
     view.resize(300, 200);
     EXPECT_EQ(199, view.pixelAt({ 299, 99 }).x()); // no gap where the view grows
 }
 
 TEST_F(ViewTest, SaysWhyThereIsNoPicture)
 {
-    show(testImage(0x01080001, 4, 4, QByteArray(15, '\0')), { 300, 100 });
+    show({}, { 300, 100 });
     const QImage shown = view.grab().toImage();
     QImage ground = shown;
     ground.fill(qRgb(0x20, 0x20, 0x20));
@@ -299,7 +300,8 @@ TEST_F(ViewTest, MarksWhatIsTooBright)
     view.setOverexposureShown(true);
     for (const QRgb colour : { qRgb(255, 1, 1), qRgb(1, 255, 1), qRgb(1, 1, 255) }) {
         for (const int width : { 4, 20 }) { // cells that are far apart, and near
-            show(bayerImage(1, 41, 41, [&](int, int) { return colour; }), { width, width });
+            const auto scene = [&](int, int) { return colour; };
+            show(widened(bayerImage(1, 41, 41, scene)), { width, width });
             EXPECT_EQ(qRgb(255, 0, 0), view.grab().toImage().pixel(2, 2)) << width;
         }
     }

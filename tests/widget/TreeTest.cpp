@@ -248,4 +248,13 @@ TEST_F(TreeTest, SizesAndColumnsAreTheApplications)
     EXPECT_EQ(journal.take(), Lines { "Column 0 180" }) << "the last column only follows";
 }
 
+TEST_F(TreeTest, ADoubleClickBesideTheRowsDoesNothing)
+{
+    show();
+    tree()->collapseAll();
+    const QPoint corner = tree()->viewport()->rect().bottomLeft();
+    QTest::mouseDClick(tree()->viewport(), Qt::LeftButton, {}, corner + QPoint(5, -5));
+    EXPECT_TRUE(journal.take().empty());
+}
+
 } // namespace featurebrowser
