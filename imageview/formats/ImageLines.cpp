@@ -89,10 +89,9 @@ ImageLines::ImageLines(const ZQImage& image)
     , m_data(image.data)
     , m_width(image.width)
     , m_height(image.height)
-    , m_lineBytes(bytesOfLine(image, *m_format))
     , m_stride(areLinesJoined(image, *m_format) ? 0
               : image.lineStride                ? image.lineStride
-                                                : m_lineBytes)
+                                                : bytesOfLine(image, *m_format))
 {
 }
 

@@ -37,15 +37,12 @@ public:
     int width() const { return m_width; }
     int height() const { return m_height; }
     Line line(int y) const;
-    /// Bytes of a line that hold pixels.
-    std::size_t lineBytes() const { return m_lineBytes; }
 
 private:
     const PixelFormat* m_format;
     const std::uint8_t* m_data;
     int m_width;
     int m_height;
-    std::size_t m_lineBytes; ///< of pixels
     std::size_t m_stride; ///< 0: lines are joined within bytes
 };
 
