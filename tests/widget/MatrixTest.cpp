@@ -284,18 +284,6 @@ TEST_F(MatrixTest, CancelAndClosingSetTheSelectorBack)
     EXPECT_EQ(TreeUser::text("GainSelector"), "Green");
 }
 
-TEST_F(MatrixTest, WhatIsGoneIsNotSet)
-{
-    open("GainSelector");
-    journal.take();
-    journal.answer = [this](const std::string&) {
-        browser->clearFeatureItems();
-        addSelector("", "GainSelector", { "Red", "Green" });
-    };
-    enter(0, 0, "7");
-    EXPECT_EQ(journal.take(), (Lines { "Enum GainSelector Red 0", "Enum GainSelector Green 1" }));
-}
-
 TEST_F(MatrixTest, SurvivesWhatTheApplicationDoesMeanwhile)
 {
     open("GainSelector");
