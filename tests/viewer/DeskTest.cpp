@@ -10,7 +10,6 @@
 #include "images/LiveImage.h"
 #include "log/EventLog.h"
 #include "settings/SettingsMenu.h"
-#include "settings/ShownSettings.h"
 #include "window/CameraWindows.h"
 
 #include <gtest/gtest.h>
@@ -195,23 +194,6 @@ TEST_F(Desk, TheLogTellsWhatTheCameraHoldsAndKeepsWhatIsFound)
     EXPECT_EQ(line(1), "Command|TimestampLatch|||Command run");
     m_viewer.child<QLineEdit>("logFilter")->setText(QStringLiteral("WIDTH written"));
     EXPECT_EQ(table->model()->rowCount(), 1);
-}
-
-TEST(ShownSettings, AreWhatCanBeWrittenBack)
-{
-    std::string error;
-    zqviewer::OpenedCamera camera(zqcameralib::ZQCamera::OpenSimulated(error));
-    ASSERT_EQ(camera.repository().Load(), 0);
-    const zqcameralib::ZQSettings settings = zqviewer::shownSettings(camera);
-    for (const auto& [label, value] : { std::pair("Width", "512"), { "PixelFormat", "Mono8" },
-             { "ReverseX", "False" }, { "Gain[GainSelector=All]", "0" } }) {
-        const zqcameralib::ZQSettingsLine* line = settings.find(label);
-        EXPECT_EQ(line == nullptr ? "(none)" : line->value, value) << label;
-    }
-    for (const char* none : { "ImageFormatControl", "UserSetLoad", "GainSelector",
-             "GevPersistentIPAddress", "DeviceModelName" }) {
-        EXPECT_EQ(settings.find(none), nullptr) << none;
-    }
 }
 
 TEST_F(Desk, SettingsAreSavedLoadedComparedAndTakenBack)

@@ -85,6 +85,9 @@ TEST(Region, GrowsAndShrinksInTheOrderThatTheCameraTakes)
     }
     EXPECT_TRUE(region.isOfSize({ w, h }));
     EXPECT_FALSE(region.isOfSize({ w, h - 1 }));
+    camera.device().ExecuteCommand("AcquisitionStart", 0); // locks it
+    EXPECT_TRUE(
+        region.select({ 0, 0, 64, 64 }).startsWith(QStringLiteral("Width cannot be set: ")));
 }
 
 } // namespace
