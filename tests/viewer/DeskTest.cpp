@@ -85,6 +85,17 @@ TEST_F(Desk, SeveralImagesStopByThemselvesAndLeaveTheSettingsAlone)
     EXPECT_EQ(value("AcquisitionMode"), mode);
 }
 
+TEST_F(Desk, ClosingWhileImagesStartCancelsThat)
+{
+    QString last;
+    QObject::connect(
+        &live(), &zqviewer::LiveImage::told, [&last](bool, const QString& text) { last = text; });
+    live().start(1);
+    ASSERT_FALSE(live().isRunning()); // not yet
+    m_viewer.close();
+    EXPECT_EQ(last.toStdString(), "Starting the images was cancelled.");
+}
+
 TEST_F(Desk, WhatComesAlongWithAnImageIsShownAndRecorded)
 {
     auto* shown = m_viewer.child<QTableWidget>("chunks");

@@ -34,6 +34,7 @@ LiveImage::LiveImage(OpenedCamera& camera, ZQImageView& view, CameraTaskBar& tas
 
 LiveImage::~LiveImage()
 {
+    m_tasks.cancel(); // what is under way holds on to the acquisition
     m_acquisition.stop();
 }
 
