@@ -42,11 +42,11 @@ private:
         m_description.node(category).forEachTarget(only(ReferenceTag::Feature), visit);
     }
 
-    /// Whether the node is a category, or a feature, that is shown, and not listed yet.
+    /// Whether the node is a category, or a feature that is shown, and not listed yet. A category
+    /// is as visible as what is in it.
     bool takeCategory(std::size_t node)
     {
-        const DescriptionNode& category = m_description.node(node);
-        return category.kind == NodeKind::Category && levelOf(category.element) != 0 && take(node);
+        return m_description.node(node).kind == NodeKind::Category && take(node);
     }
     bool takeFeature(std::size_t node)
     {

@@ -23,7 +23,7 @@ struct ListedNode {
 /// The features below the root category in the order of the categories, each once, at the first
 /// place that names it. The root itself is not listed, unless it holds features directly: then it
 /// stands first, as a top-level category with those features. References to nodes that do not
-/// exist, and of categories to themselves, are left out, as are Invisible features and categories.
+/// exist, and of categories to themselves, are left out, as are Invisible features.
 std::vector<ListedNode> listFeatures(const Description& description);
 
 /// The features below the root category that are not listed, for programs: nobody is to see them.

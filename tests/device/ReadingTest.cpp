@@ -21,15 +21,16 @@ TEST(FeatureListing, EachNameOnceInTreeOrderInsideACategory)
                  <pFeature>Main</pFeature><pFeature>Empty</pFeature></Category>
                  <Category Name="Empty"><pFeature>Hidden</pFeature></Category>
                  <Category Name="Secret"><Visibility>Invisible</Visibility>
-                 <pFeature>B</pFeature><pFeature>InSecret</pFeature></Category>)"
+                 <pFeature>Hidden</pFeature><pFeature>InSecret</pFeature></Category>)"
             + intReg("InSecret", 16));
     xml.replace(xml.find("Main</pFeature></Category>"), 4, "Main</pFeature><pFeature>Bare");
     xml.replace(xml.find("<Port"), 0, "<Category Name=\"Bare\"/>");
     std::string direct = xml;
     direct.replace(direct.find("<pFeature>Main"), 0, "<pFeature>Direct</pFeature>");
 
-    EXPECT_EQ(TestCamera(openDescription(xml)).listed(), "Main:0 A:1 Sub:1 B:2");
-    EXPECT_EQ(TestCamera(openDescription(direct)).listed(), "Root:0 Direct:1 Main:0 A:1 Sub:1 B:2");
+    const std::string listed = "Main:0 A:1 Secret:1 InSecret:2 Sub:1 B:2";
+    EXPECT_EQ(TestCamera(openDescription(xml)).listed(), listed);
+    EXPECT_EQ(TestCamera(openDescription(direct)).listed(), "Root:0 Direct:1 " + listed);
 }
 
 TEST(FeatureListing, WhatNobodyIsToSeeIsThereForPrograms)

@@ -146,6 +146,7 @@ const void* arv_buffer_get_part_data(ArvBuffer*, guint, std::size_t*);
 gint arv_buffer_get_part_width(ArvBuffer*, guint);
 gint arv_buffer_get_part_height(ArvBuffer*, guint);
 ArvPixelFormat arv_buffer_get_part_pixel_format(ArvBuffer*, guint);
+void arv_buffer_get_part_padding(ArvBuffer*, guint, gint*, gint*);
 #else
 gint arv_buffer_get_image_width(ArvBuffer*);
 gint arv_buffer_get_image_height(ArvBuffer*);
